@@ -1,0 +1,75 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+// The program's numbered texts (English). Messages are addressed by number and composed with
+// plain "%1"/"%2" substitution, so the core builds its own messages without any UI library.
+namespace StringTable {
+
+// File and validation errors.
+enum MessageId : int {
+    IDS_WRITE_ERROR = 4000,
+    IDS_OPEN_FAILED = 4001,
+    IDS_SAVE_FAILED = 4002,
+    IDS_MAX_LICENSES = 4003,
+    IDS_MAX_RATINGS = 4004,
+    IDS_MAX_AWARDS = 4005,
+    IDS_INVALID_VALUE = 4006,
+    IDS_NEED_HARNESS = 4007,
+    IDS_NEED_MAIN = 4008,
+    IDS_VALUE_RANGE = 4009,
+    IDS_OPEN_ABOVE_EXIT = 4010,
+    IDS_NEED_TIME = 4012,
+    IDS_BAD_EQUIPMENT = 4013,
+    IDS_NOT_TERVOLA = 4014,
+    IDS_BAD_VERSION = 4015,
+    IDS_PARSER_ERROR = 4016,
+    IDS_NEED_SIGNER = 4017,
+    IDS_NEED_SIGNATURE = 4018,
+    IDS_DUPLICATE_NUMBER = 4019,
+    IDS_MEMBERSHIP_EXPIRES = 5005,
+    IDS_INSPECTION_DUE = 5006,
+    IDS_DELETE_JUMP = 5007,
+    IDS_USER_PROFILE = 6000,
+    IDS_MEMBERSHIP = 6001,
+    IDS_LICENSES = 6002,
+    IDS_RATINGS = 6003,
+    IDS_AWARDS = 6004,
+    IDS_ALARM = 6008,
+    IDS_CUSTOM_FALLRATE = 6009,
+    IDS_NUMBER_OF_JUMPS = 6010,
+    IDS_FREEFALL_TIME = 6011,
+    IDS_FREEFALL_DIST = 6012,
+    IDS_CANOPY_DIST = 6013,
+    IDS_LAST_JUMP = 6014,
+    IDS_JUMP = 6018,
+    IDS_DETAILS = 6019,
+    IDS_FALLRATE = 6021,
+    IDS_STANDARD = 6022,
+    IDS_VERTICAL = 6023,
+    IDS_CUSTOM = 6024,
+    IDS_IMPORT = 6025,
+    IDS_MANUAL = 6026,
+    IDS_INFO = 6027,
+    IDS_NOTE = 6028,
+    IDS_SIGNATURE = 6029,
+};
+
+// The maker's support address, which ends message 4015.
+inline constexpr std::string_view kSupportAddress = "support@tervola.example.org";
+// The maker's web address, written into each file's "creator".
+inline constexpr std::string_view kWebAddress = "https://tervola.example.org";
+// The product version written into "creator".
+inline constexpr std::string_view kProductVersion = "1.0.0";
+
+// The text of a message id; empty for an unknown id.
+std::string_view Text(int id);
+// True when the table holds the id.
+bool Has(int id);
+// The text with every "%1" replaced by arg1 and every "%2" by arg2 (plain substitution).
+std::string Format(int id, std::string_view arg1 = {}, std::string_view arg2 = {});
+// Plain substitution on any text.
+std::string Substitute(std::string_view text, std::string_view arg1, std::string_view arg2 = {});
+
+} // namespace StringTable

@@ -1,0 +1,124 @@
+#pragma once
+
+#include "xml/CXmlHandler.h"
+#include "xml/XmlEncoding.h"
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+// The logbook's event-driven XML reader: a ten-state byte machine fed in chunks. It keeps no
+// tree; start and end tags go to a stack of handlers (see CXmlHandler and Delegate).
+class CXmlParser
+{
+public:
+    // The parser reports to root until a handler delegates an element to another handler.
+    explicit CXmlParser(CXmlHandler* root);
+    ~CXmlParser();
+    CXmlParser(const CXmlParser&) = delete;
+    CXmlParser& operator=(const CXmlParser&) = delete;
+
+    // Clears all state: encoding Utf8, state 0, first-tag flag on, no error text.
+    void Reset();
+
+    // Reads a plain file in chunks. An unopenable file returns false with no error text.
+    bool ParseFile(const std::string& path);
+    // Reads a gzip file (zlib also reads an uncompressed file transparently).
+    bool ParseGzipFile(const std::string& path);
+    // Parses Unicode text held in memory as Latin-1 (characters above 255 become '?').
+    // An empty text returns true.
+    bool ParseString(std::string_view text);
+
+    // Push interface: Reset, then Feed chunks of any size, then Finish.
+    // Feed returns false once the parse has stopped; Finish returns true only when every chunk
+    // was accepted and every element was closed.
+    bool Feed(const char* data, std::size_t size);
+    bool Finish();
+
+    // --- Accessors for handlers (valid during OnOpenTag/OnCloseTag) ---
+
+    // The element's name, decoded.
+    std::string_view GetElementName() const;
+    // The element's name as raw bytes.
+    std::string_view GetElementNameRaw() const { return m_tagName; }
+    // The element's text, decoded (cut at line breaks as the reader does).
+    const std::string& GetElementText() const;
+    // The element's text as raw bytes, for the 8-bit typed readers.
+    std::string_view GetElementTextRaw() const { return m_text; }
+    // Decoded attribute value; false when absent.
+    bool GetAttribute(std::string_view name, std::string& value) const;
+    // True when the start tag carries the attribute.
+    bool HasAttribute(std::string_view name) const;
+    // Typed attribute values with the 8-bit conversions; false when absent or not convertible.
+    bool GetAttributeBool(std::string_view name, bool& value) const;
+    bool GetAttributeInt(std::string_view name, int& value, bool allowMinus) const;
+    bool GetAttributeDouble(std::string_view name, double& value, bool allowMinus) const;
+    // Number of attributes of the current start tag.
+    std::size_t GetAttributeCount() const { return m_attrCount; }
+
+    // Only inside OnOpenTag: the element just opened, its children and its end tag go to child.
+    void Delegate(CXmlHandler* child);
+    // Sets the text the user will see when the handler then returns false.
+    void SetErrorMessage(int messageId);
+    void SetErrorMessage(std::string text);
+    // The error text of the last parse; empty when none was set.
+    const std::string& GetErrorMessage() const { return m_error; }
+
+    // The encoding selected by the declaration (Utf8 until one says otherwise).
+    XmlEncoding GetEncoding() const { return m_encoding; }
+    // Number of open elements.
+    std::size_t GetDepth() const { return m_stack.size(); }
+
+    // Limits that keep a hostile file from exhausting memory; exceeding one stops the parse
+    // with an error text. Real logbooks stay far below the defaults.
+    void SetLimits(std::size_t maxTokenBytes, std::size_t maxDepth);
+    static constexpr std::size_t kDefaultMaxTokenBytes = 64u * 1024u * 1024u;
+    static constexpr std::size_t kDefaultMaxDepth = 256;
+
+    // Decodes raw 8-bit text (entities, UTF-8 or Latin-1 by encoding) to UTF-8 Unicode text,
+    // appending to out.
+    static void DecodeAppend(std::string_view raw, XmlEncoding encoding, std::string& out);
+    static std::string Decode(std::string_view raw, XmlEncoding encoding);
+
+private:
+    struct Entry
+    {
+        std::string name;
+        CXmlHandler* handler;
+    };
+    struct Attribute
+    {
+        std::string name;
+        std::string value;
+    };
+
+    bool ReportStartTag();
+    bool ReportEndTag();
+    const Attribute* FindAttribute(std::string_view name) const;
+    bool ParseChunk(const char* data, std::size_t size);
+
+    CXmlHandler* m_root;
+    XmlEncoding m_encoding = Utf8;
+    int m_state = 0;
+    bool m_firstTag = true;
+    bool m_stopped = false;
+    bool m_delegateAllowed = false;
+
+    std::string m_tagName;
+    std::string m_attrName;
+    std::vector<Attribute> m_attrs;   // reused between tags; m_attrCount are in use
+    std::size_t m_attrCount = 0;
+    std::string m_text;
+    std::string m_carry;
+    std::vector<Entry> m_stack;
+    std::size_t m_stackSize = 0;
+    std::string m_error;
+
+    mutable std::string m_decodedName;
+    mutable std::string m_decodedText;
+    mutable bool m_textDecoded = false;
+
+    std::size_t m_maxToken = kDefaultMaxTokenBytes;
+    std::size_t m_maxDepth = kDefaultMaxDepth;
+};

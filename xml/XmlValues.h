@@ -1,0 +1,46 @@
+#pragma once
+
+#include "xml/CDateTime.h"
+
+#include <string>
+#include <string_view>
+
+// Text encodings of typed values, both directions. "Text" functions take decoded Unicode text
+// (UTF-8); "Bytes" functions take the undecoded 8-bit text exactly as read from the file.
+// Every reader returns a success flag and writes its result only on success.
+
+// Wide booleans: "true"/"1"/"wahr" and "false"/"0"/"falsch", any case; anything else fails.
+bool XmlBoolFromString(std::string_view text, bool& value);
+// 8-bit booleans: exact spellings only; the empty text is false and succeeds.
+bool XmlBoolFromBytes(std::string_view raw, bool& value);
+
+// "%d"; a zero becomes the empty text unless force is set.
+std::string XmlIntToString(int value, bool force);
+// Wide integers: non-empty, digits, one '-' when allowMinus.
+bool XmlIntFromString(std::string_view text, int& value, bool allowMinus);
+// 8-bit integers: empty is 0; digits and one '-' (first or last) when allowMinus; leading integer.
+bool XmlIntFromBytes(std::string_view raw, int& value, bool allowMinus);
+
+// "%0.14f" with trailing zeros trimmed (one decimal kept); |value| <= 1e-8 is empty unless forced.
+std::string XmlDoubleToString(double value, bool force);
+// Appends the same text as XmlDoubleToString to out (no temporary string).
+void XmlAppendDouble(std::string& out, double value, bool force);
+// Wide doubles: non-empty, digits, at most one '.', one '-' when allowMinus.
+bool XmlDoubleFromString(std::string_view text, double& value, bool allowMinus);
+// 8-bit doubles: empty is 0.0; digits, at most one '.', '-' as for 8-bit integers.
+bool XmlDoubleFromBytes(std::string_view raw, double& value, bool allowMinus);
+
+// "YYYY-MM-DDTHH:MM:SS[.mmm]Z" of a valid value; empty for any other.
+std::string XmlDateTimeToString(const CDateTime& value);
+// Reads the 20- or 24-character form; 't' and 'z' may be lower case.
+bool XmlDateTimeFromString(std::string_view text, CDateTime& value);
+
+// "YYYY-MM-DDTHH:MM:SS[.mmm]" and "Z", "+HH", "-HH:MM" ...; empty when invalid.
+std::string XmlZonedDateTimeToString(const CZonedDateTime& value);
+// Reads lengths 20, 22, 25 (no milliseconds) or 24, 26, 29; upper-case 'T' and 'Z' only.
+bool XmlZonedDateTimeFromString(std::string_view text, CZonedDateTime& value);
+
+// "HH:MM" on the date of the given date-time, seconds 0.
+bool XmlTimeOfDayFromString(std::string_view raw, const CDateTime& date, CDateTime& value);
+// Flight durations: "M:SS" (minutes and seconds) or "M.T" (minutes and tenths); empty is 0.
+bool XmlMinutesFromString(std::string_view raw, int& seconds);
