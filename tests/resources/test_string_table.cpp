@@ -1,0 +1,54 @@
+#include "resources/StringTable.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace {
+
+using namespace StringTable;
+
+TEST(StringTable, KeepsTheProgramsTextsLetterForLetter)
+{
+    // Typos are part of the program's texts and stay.
+    EXPECT_EQ(Text(IDS_WRITE_ERROR), "An error occured while writing the tervola file.");
+    EXPECT_EQ(Text(IDS_BAD_EQUIPMENT),
+              "Please select an eqipment from the list or enter your equipment without preceeding [n].");
+    EXPECT_EQ(Text(IDS_MAX_RATINGS), "Max. ratings are allowed.");
+    EXPECT_EQ(Text(IDS_MAX_AWARDS), "Max. 10 awards are allowed.");
+    EXPECT_EQ(Text(IDS_NOT_TERVOLA), "The file is no valid tervola file.");
+}
+
+TEST(StringTable, EveryNumberedRangeIsPresent)
+{
+    for (int id : {4000, 4001, 4002, 4003, 4004, 4005, 4006, 4007, 4008, 4009, 4010, 4012, 4013, 4014, 4015,
+                   4016, 4017, 4018, 4019, 5005, 5006, 5007, 6000, 6001, 6002, 6003, 6004, 6008, 6009, 6010,
+                   6011, 6012, 6013, 6014, 6018, 6019, 6021, 6022, 6023, 6024, 6025, 6026, 6027, 6028, 6029})
+        EXPECT_TRUE(Has(id)) << id;
+    EXPECT_FALSE(Has(4011));
+    EXPECT_EQ(Text(4011), "");
+}
+
+TEST(StringTable, SubstitutionIsPlainText)
+{
+    struct Case { int id; const char* a1; const char* a2; const char* expected; };
+    const Case cases[] = {
+        {IDS_VALUE_RANGE, "1", "99999", "Please enter a value between 1 and 99999."},
+        {IDS_PARSER_ERROR, "Open Tag: jump", "", "Parser error: Open Tag: jump"},
+        {IDS_INSPECTION_DUE, "3", "21/11/2026", "Equipment 3 needs to be inspected 21/11/2026."},
+        // Arguments are inserted as they are: a "%2" inside the first argument is not expanded again.
+        {IDS_VALUE_RANGE, "%2", "x", "Please enter a value between %2 and x."},
+        {IDS_DELETE_JUMP, "12", "", "Do you want to delete jump number 12?"},
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ(Format(c.id, c.a1, c.a2), c.expected);
+}
+
+TEST(StringTable, VersionMessageEndsWithTheSupportAddress)
+{
+    const std::string text = Format(IDS_BAD_VERSION, "1.3");
+    EXPECT_EQ(text.rfind("The file version (1.3) can not be processed. Please install an actual version of Tervola or contact ", 0), 0u);
+    EXPECT_TRUE(text.ends_with(kSupportAddress));
+}
+
+} // namespace

@@ -1,0 +1,111 @@
+#include "units/CUnitSettings.h"
+
+#include "units/ISettingsStore.h"
+
+namespace {
+
+// The program's own conversion constants. Some pairs are deliberately not exact inverses in the
+// last digits; stored values must convert exactly as they always have.
+constexpr double kMetresToFeet = 3.280839895013123;
+constexpr double kFeetToMetres = 0.3048;
+constexpr double kMpsToKmh = 3.6;
+constexpr double kKmhToMps = 0.2777777777777778;
+constexpr double kMpsToMph = 2.2369362920275586;
+constexpr double kMphToMps = 0.44704000000536454;
+// Wind: metric shows m/s times the miles-per-hour factor under the label "kn", imperial the knots
+// factor under "mph". Within one system the pair round-trips, so stored winds survive editing.
+constexpr double kWindToDisplayMetric = 2.236936292054402;
+constexpr double kWindFromDisplayMetric = 0.44704;
+constexpr double kWindToDisplayImperial = 1.9438339965766924;
+constexpr double kWindFromDisplayImperial = 0.5144472222222222;
+constexpr double kMetresToKilometres = 0.001;
+constexpr double kMetresToMiles = 0.0006213711922000001;
+
+} // namespace
+
+CUnitSettings::CUnitSettings(int units, int speedDisplay, int glideDisplay)
+    : m_units(units), m_speedDisplay(speedDisplay), m_glideDisplay(glideDisplay)
+{
+}
+
+void CUnitSettings::Set(int units, int speedDisplay, int glideDisplay)
+{
+    m_units = units;
+    m_speedDisplay = speedDisplay;
+    m_glideDisplay = glideDisplay;
+}
+
+void CUnitSettings::Load(const ISettingsStore& store)
+{
+    m_units = store.GetInt(kSection, kUnits, 0);
+    m_speedDisplay = store.GetInt(kSection, kSpeed, 0);
+    m_glideDisplay = store.GetInt(kSection, kGlide, 0);
+}
+
+void CUnitSettings::Save(ISettingsStore& store) const
+{
+    store.SetInt(kSection, kUnits, m_units);
+    store.SetInt(kSection, kSpeed, m_speedDisplay);
+    store.SetInt(kSection, kGlide, m_glideDisplay);
+}
+
+double CUnitSettings::HeightToDisplay(double metres) const
+{
+    return IsMetric() ? metres : metres * kMetresToFeet;
+}
+
+double CUnitSettings::HeightFromDisplay(double value) const
+{
+    return IsMetric() ? value : value * kFeetToMetres;
+}
+
+double CUnitSettings::SpeedToDisplay(double mps) const
+{
+    if (IsMetric())
+        return IsPerHour() ? mps * kMpsToKmh : mps;
+    return IsPerHour() ? mps * kMpsToMph : mps * kMetresToFeet;
+}
+
+double CUnitSettings::SpeedFromDisplay(double value) const
+{
+    if (IsMetric())
+        return IsPerHour() ? value * kKmhToMps : value;
+    return IsPerHour() ? value * kMphToMps : value * kFeetToMetres;
+}
+
+double CUnitSettings::WindToDisplay(double mps) const
+{
+    return mps * (IsMetric() ? kWindToDisplayMetric : kWindToDisplayImperial);
+}
+
+double CUnitSettings::WindFromDisplay(double value) const
+{
+    return value * (IsMetric() ? kWindFromDisplayMetric : kWindFromDisplayImperial);
+}
+
+double CUnitSettings::DistanceToDisplay(double metres) const
+{
+    return metres * (IsMetric() ? kMetresToKilometres : kMetresToMiles);
+}
+
+std::string_view CUnitSettings::HeightLabel() const
+{
+    return IsMetric() ? "m" : "ft";
+}
+
+std::string_view CUnitSettings::SpeedLabel() const
+{
+    if (IsMetric())
+        return IsPerHour() ? "km/h" : "m/s";
+    return IsPerHour() ? "mph" : "ft/s";
+}
+
+std::string_view CUnitSettings::WindLabel() const
+{
+    return IsMetric() ? "kn" : "mph";
+}
+
+std::string_view CUnitSettings::DistanceLabel() const
+{
+    return IsMetric() ? " [km]" : " [mi]";
+}
