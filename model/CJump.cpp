@@ -1,0 +1,362 @@
+#include "model/CJump.h"
+
+#include "model/CEquipmentList.h"
+#include "model/CLogbookSettings.h"
+#include "model/CNoteTextCollector.h"
+#include "units/RoundValue.h"
+#include "xml/CXmlParser.h"
+#include "xml/CXmlWriter.h"
+#include "xml/XmlValues.h"
+
+#include <cmath>
+
+namespace {
+
+// Stores value into field; true when it differed.
+template <typename T>
+bool Assign(T& field, T value)
+{
+    if (field == value)
+        return false;
+    field = std::move(value);
+    return true;
+}
+
+// The opening tag of each note paragraph.
+constexpr std::string_view kParagraphStart = "<p style=\"margin: 0\">";
+constexpr std::string_view kParagraphEnd = "</p>";
+
+// Speeds and distances are in metres and metres per second; times in seconds.
+constexpr double kTimeStep = 0.1;
+constexpr double kGravityStep = 0.981;   // 9.81 m/s² over one step
+// A fall that has not ended after this many steps never will (an unstable tiny speed).
+constexpr long kMaxSteps = 10'000'000;
+
+} // namespace
+
+CJump::CJump(int number, const CZonedDateTime& timestamp, const CDateTime& modified)
+    : m_number(number), m_timestamp(timestamp), m_modified(modified)
+{
+}
+
+bool CJump::SetNumber(int number) { return Assign(m_number, number); }
+bool CJump::SetTimestamp(const CZonedDateTime& timestamp) { return Assign(m_timestamp, timestamp); }
+bool CJump::SetModified(const CDateTime& modified) { return Assign(m_modified, modified); }
+bool CJump::SetPlace(std::string text) { return Assign(m_place, std::move(text)); }
+bool CJump::SetAircraft(std::string text) { return Assign(m_aircraft, std::move(text)); }
+bool CJump::SetType(std::string text) { return Assign(m_type, std::move(text)); }
+bool CJump::SetLanding(std::string text) { return Assign(m_landing, std::move(text)); }
+bool CJump::SetTeam(std::string text) { return Assign(m_team, std::move(text)); }
+bool CJump::SetMalfunction(std::string text) { return Assign(m_malfunction, std::move(text)); }
+bool CJump::SetSize(int size) { return Assign(m_size, size); }
+bool CJump::SetPoints(int points) { return Assign(m_points, points); }
+bool CJump::SetNote(std::string markup) { return Assign(m_note, std::move(markup)); }
+bool CJump::SetImages(std::vector<CJumpImage> images) { return Assign(m_images, std::move(images)); }
+
+bool CJump::SetFallrate(int kind, int exitHeight, int openHeight, int freefallTime, double maxSpeed,
+                        double avgSpeed)
+{
+    bool changed = Assign(m_fallrate.kind, kind);
+    if (kind == Import)
+        return changed;   // imported values come from the recording and are never edited
+    changed |= Assign(m_fallrate.exitHeight, exitHeight);
+    changed |= Assign(m_fallrate.openHeight, openHeight);
+    if (kind != Manual) {
+        changed |= Assign(m_fallrate.freefallTime, 0);
+        changed |= Assign(m_fallrate.canopyTime, 0);
+        for (double* speed : {&m_fallrate.maxSpeed, &m_fallrate.avgSpeed}) {
+            if (std::fabs(*speed) > 1e-8) {
+                *speed = 0.0;
+                changed = true;
+            }
+        }
+        return changed;
+    }
+    changed |= Assign(m_fallrate.freefallTime, freefallTime);
+    // A change of sign alone does not count: only the magnitude of a speed is compared.
+    auto storeSpeed = [&changed](double& speed, double value) {
+        if (std::fabs(std::fabs(speed) - std::fabs(value)) > 1e-8) {
+            speed = value;
+            changed = true;
+        }
+    };
+    storeSpeed(m_fallrate.maxSpeed, maxSpeed);
+    storeSpeed(m_fallrate.avgSpeed, avgSpeed);
+    return changed;
+}
+
+int CJump::FreefallTime(const CLogbookSettings& settings) const
+{
+    const int kind = m_fallrate.kind;
+    if (FallrateKindIsComputed(kind)) {
+        const double seconds = ComputeFreefallTime(GetFreefallDistance(), settings.FallrateSpeed(kind));
+        return static_cast<int>(RoundValue(seconds, RoundHalfUp, 0));
+    }
+    if (kind == Manual || kind == Import)
+        return m_fallrate.freefallTime;
+    return 0;
+}
+
+double CJump::ComputeFreefallTime(double distance, double terminalSpeed)
+{
+    if (std::fabs(terminalSpeed) < 1e-8 || distance <= 0)
+        return 0;
+    const double vt2 = terminalSpeed * terminalSpeed;
+    double v = 0;
+    double s = 0;
+    double t = 0;
+    long steps = 0;
+    do {
+        v = v + (1 - v * v / vt2) * kGravityStep;
+        s = s + v * kTimeStep;
+        t = t + kTimeStep;
+        if (!std::isfinite(s) || ++steps >= kMaxSteps)
+            return 0;
+    } while (s < distance);
+    return t;
+}
+
+bool CJump::SetWind(int direction, double speed)
+{
+    return Assign(m_wind, CJumpWind{direction, speed});
+}
+
+bool CJump::SetEquipmentByIndex(int index)
+{
+    return Assign(m_equipment, CJumpEquipmentRef{CJumpEquipmentRef::ByIndex, index, {}});
+}
+
+bool CJump::SetEquipmentByDescription(std::string description)
+{
+    if (description.empty())
+        return ClearEquipment();
+    return Assign(m_equipment, CJumpEquipmentRef{CJumpEquipmentRef::ByDescription, 0, std::move(description)});
+}
+
+bool CJump::ClearEquipment()
+{
+    return Assign(m_equipment, CJumpEquipmentRef{});
+}
+
+std::string CJump::GetEquipmentText(const CEquipmentList& rigs) const
+{
+    switch (m_equipment.mode) {
+    case CJumpEquipmentRef::ByIndex:
+        if (m_equipment.index >= 0 && static_cast<std::size_t>(m_equipment.index) < rigs.GetCount())
+            return rigs.Get(static_cast<std::size_t>(m_equipment.index)).GetDisplayText();
+        return {};
+    case CJumpEquipmentRef::ByDescription:
+        return m_equipment.description;
+    default:
+        return {};
+    }
+}
+
+void CJump::AddImage(std::string name, std::string thumbnail)
+{
+    m_images.push_back(CJumpImage{std::move(name), std::move(thumbnail)});
+}
+
+std::string CJump::GetPictureName() const
+{
+    return m_images.empty() ? std::string() : m_images.front().name;
+}
+
+bool CJump::SetVideo(std::string name, double offset)
+{
+    return Assign(m_video, CJumpVideo{std::move(name), offset});
+}
+
+bool CJump::SetSignature(std::string signer, std::vector<CJumpSignature::Stroke> strokes)
+{
+    bool changed = false;
+    if (m_signature.GetName() != signer) {
+        m_signature.SetName(std::move(signer));
+        changed = true;
+    }
+    if (m_signature.GetStrokes() != strokes) {
+        m_signature.SetStrokes(std::move(strokes));
+        changed = true;
+    }
+    return changed;
+}
+
+bool CJump::NoteIsMarkupBroken() const
+{
+    std::string ignored;
+    return !m_note.empty() && !CNoteTextCollector::Collect(m_note, ignored);
+}
+
+bool CJump::GetNoteText(std::string& text) const
+{
+    text.clear();
+    if (m_note.empty())
+        return true;
+    return CNoteTextCollector::Collect(m_note, text);
+}
+
+bool CJump::SetNoteText(std::string_view text)
+{
+    if (NoteIsMarkupBroken())
+        return false;
+    if (text.empty()) {
+        if (m_note.empty())
+            return false;
+        m_note.clear();
+        return true;
+    }
+    std::string current;
+    GetNoteText(current);
+    if (text == current)
+        return false;
+    // One paragraph per line, the lines put in as they are: no escaping, on purpose.
+    std::string note;
+    std::string_view rest = text;
+    for (std::size_t i = rest.find("\r\n"); i != std::string_view::npos; i = rest.find("\r\n")) {
+        note.append(kParagraphStart).append(rest.substr(0, i)).append(kParagraphEnd);
+        rest.remove_prefix(i + 2);
+    }
+    if (!rest.empty())
+        note.append(kParagraphStart).append(rest).append(kParagraphEnd);
+    m_note = std::move(note);
+    return true;
+}
+
+void CJump::Write(CXmlWriter& writer) const
+{
+    writer.StartElement("jump", {{"n", XmlIntToString(m_number, true)},
+                                 {"ts", XmlZonedDateTimeToString(m_timestamp)},
+                                 {"mod", XmlDateTimeToString(m_modified)}});
+    writer.WriteElement("dz", m_place);
+    writer.WriteElement("ac", m_aircraft);
+    writer.WriteElement("type", m_type);
+
+    const int kind = m_fallrate.kind;
+    writer.WriteElement("fallrate", "", "name", FallrateKindName(kind));
+    writer.WriteElement("exit", XmlIntToString(m_fallrate.exitHeight, false));
+    writer.WriteElement("open", XmlIntToString(m_fallrate.openHeight, false));
+    if (kind == Manual || kind == Import)
+        writer.WriteElement("ffTime", XmlIntToString(m_fallrate.freefallTime, false));
+    if (kind == Import)
+        writer.WriteElement("cpTime", XmlIntToString(m_fallrate.canopyTime, false));
+    if (kind == Manual || kind == Import) {
+        writer.WriteElement("vMax", XmlDoubleToString(m_fallrate.maxSpeed, false));
+        writer.WriteElement("vAvg", XmlDoubleToString(m_fallrate.avgSpeed, false));
+    }
+
+    if (m_wind.IsSet())
+        writer.WriteElement("wind", "", "direction", XmlIntToString(m_wind.direction, true), "speed",
+                            XmlDoubleToString(m_wind.speed, false));
+    writer.WriteElement("landing", m_landing);
+    if (m_equipment.mode == CJumpEquipmentRef::ByIndex)
+        writer.WriteElement("equipment", "", "n", XmlIntToString(m_equipment.index, true));
+    else if (m_equipment.mode == CJumpEquipmentRef::ByDescription)
+        writer.WriteElement("equipment", "", "description", m_equipment.description);
+    writer.WriteElement("size", XmlIntToString(m_size, false));
+    writer.WriteElement("points", XmlIntToString(m_points, false));
+    writer.WriteElement("team", m_team);
+    writer.WriteElement("malfunction", m_malfunction);
+    for (const CJumpImage& image : m_images)
+        writer.WriteElement("image", "", "name", image.name, "thumbnail", image.thumbnail);
+    if (m_video.IsSet())
+        writer.WriteElement("video", "", "name", m_video.name, "offset", XmlDoubleToString(m_video.offset, true));
+    writer.WriteElement("note", m_note);
+    m_recording.Write(writer);
+    m_signature.Write(writer);
+    writer.EndElement();
+}
+
+bool CJump::OnOpenTag(CXmlParser& parser)
+{
+    const std::string_view name = parser.GetElementName();
+    if (name == "fallrate") {
+        std::string kindName;
+        FallrateKind kind = static_cast<FallrateKind>(m_fallrate.kind);
+        if (parser.GetAttribute("name", kindName) && FallrateKindFromName(kindName, kind))
+            m_fallrate.kind = kind;
+    } else if (name == "wind") {
+        CJumpWind wind;
+        if (!parser.GetAttributeInt("direction", wind.direction, true) ||
+            !parser.GetAttributeDouble("speed", wind.speed, true))
+            return false;
+        m_wind = wind;
+    } else if (name == "equipment") {
+        int index = 0;
+        std::string description;
+        if (parser.HasAttribute("n")) {
+            if (parser.GetAttributeInt("n", index, true))
+                m_equipment = CJumpEquipmentRef{CJumpEquipmentRef::ByIndex, index, {}};
+        } else if (parser.GetAttribute("description", description) && !description.empty()) {
+            m_equipment = CJumpEquipmentRef{CJumpEquipmentRef::ByDescription, 0, std::move(description)};
+        }
+    } else if (name == "image") {
+        CJumpImage image;
+        parser.GetAttribute("name", image.name);
+        parser.GetAttribute("thumbnail", image.thumbnail);
+        if (!image.name.empty() || !image.thumbnail.empty())
+            m_images.push_back(std::move(image));
+    } else if (name == "video") {
+        CJumpVideo video;
+        if (!parser.GetAttribute("name", video.name))
+            return false;
+        if (!parser.GetAttributeDouble("offset", video.offset, true))
+            video.offset = 0.0;
+        m_video = std::move(video);
+    } else if (name == "profile") {
+        std::string type;
+        if (!parser.GetAttribute("type", type))
+            return false;
+        m_recording.SetKindFromName(type);
+        parser.Delegate(&m_recording);
+    } else if (name == "signature") {
+        std::string signer;
+        if (!parser.GetAttribute("name", signer))
+            return false;
+        m_signature.SetName(std::move(signer));
+        parser.Delegate(&m_signature);
+    }
+    return true;
+}
+
+bool CJump::OnCloseTag(CXmlParser& parser)
+{
+    const std::string_view name = parser.GetElementName();
+    const std::string_view raw = parser.GetElementTextRaw();
+    std::string* text = nullptr;
+    int* number = nullptr;
+    double* real = nullptr;
+    if (name == "dz") text = &m_place;
+    else if (name == "ac") text = &m_aircraft;
+    else if (name == "type") text = &m_type;
+    else if (name == "landing") text = &m_landing;
+    else if (name == "team") text = &m_team;
+    else if (name == "malfunction") text = &m_malfunction;
+    else if (name == "note") text = &m_note;
+    else if (name == "exit") number = &m_fallrate.exitHeight;
+    else if (name == "open") number = &m_fallrate.openHeight;
+    else if (name == "ffTime") number = &m_fallrate.freefallTime;
+    else if (name == "cpTime") number = &m_fallrate.canopyTime;
+    else if (name == "size") number = &m_size;
+    else if (name == "points") number = &m_points;
+    else if (name == "vMax") real = &m_fallrate.maxSpeed;
+    else if (name == "vAvg") real = &m_fallrate.avgSpeed;
+
+    if (text)
+        *text = parser.GetElementText();
+    else if (number)
+        return XmlIntFromBytes(raw, *number, true);
+    else if (real)
+        return XmlDoubleFromBytes(raw, *real, true);
+    return true;
+}
+
+bool operator==(const CJump& a, const CJump& b)
+{
+    return a.m_number == b.m_number && a.m_timestamp == b.m_timestamp && a.m_modified == b.m_modified &&
+           a.m_place == b.m_place && a.m_aircraft == b.m_aircraft && a.m_type == b.m_type &&
+           a.m_fallrate == b.m_fallrate && a.m_wind == b.m_wind && a.m_landing == b.m_landing &&
+           a.m_equipment == b.m_equipment && a.m_size == b.m_size && a.m_points == b.m_points &&
+           a.m_team == b.m_team && a.m_malfunction == b.m_malfunction && a.m_images == b.m_images &&
+           a.m_video == b.m_video && a.m_note == b.m_note && a.m_recording == b.m_recording &&
+           a.m_signature == b.m_signature;
+}

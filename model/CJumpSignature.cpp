@@ -1,0 +1,55 @@
+#include "model/CJumpSignature.h"
+
+#include "xml/CXmlParser.h"
+#include "xml/CXmlWriter.h"
+#include "xml/XmlValues.h"
+
+void CJumpSignature::Clear()
+{
+    m_name.clear();
+    m_id.clear();
+    m_strokes.clear();
+}
+
+void CJumpSignature::Write(CXmlWriter& writer) const
+{
+    if (IsEmpty())
+        return;
+    writer.StartElement("signature", "name", m_name);
+    writer.WriteElement("id", m_id);
+    if (!m_strokes.empty()) {
+        writer.StartElement("lines", "size", XmlIntToString(static_cast<int>(m_strokes.size()), true));
+        for (const Stroke& stroke : m_strokes) {
+            writer.StartElement("line", "size", XmlIntToString(static_cast<int>(stroke.size()), true));
+            for (const CPoint& point : stroke)
+                writer.WriteElement("p", "", "x", XmlIntToString(point.x, true), "y", XmlIntToString(point.y, true));
+            writer.EndElement();
+        }
+        writer.EndElement();
+    }
+    writer.EndElement();
+}
+
+bool CJumpSignature::OnOpenTag(CXmlParser& parser)
+{
+    const std::string_view name = parser.GetElementName();
+    if (name == "line") {
+        m_strokes.emplace_back();
+    } else if (name == "p") {
+        CPoint point;
+        if (!parser.GetAttributeInt("x", point.x, true) || !parser.GetAttributeInt("y", point.y, true))
+            return false;
+        // A point before any "line" starts a stroke of its own rather than being lost.
+        if (m_strokes.empty())
+            m_strokes.emplace_back();
+        m_strokes.back().push_back(point);
+    }
+    return true;
+}
+
+bool CJumpSignature::OnCloseTag(CXmlParser& parser)
+{
+    if (parser.GetElementName() == "id")
+        m_id = parser.GetElementText();
+    return true;
+}
