@@ -6,6 +6,7 @@
 #include "xml/CXmlHandler.h"
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -13,6 +14,7 @@
 
 class ISettingsStore;
 class IClock;
+class IXmlOutput;
 
 // What a load reports: success, or the text to show before "The file could not be opened."
 // (empty when the file simply could not be read).
@@ -94,6 +96,11 @@ public:
     // A stored media name ("\" or "/" separated) resolved against the logbook's folder.
     std::string ResolveMediaPath(std::string_view name) const;
 
+    // Makes the output a save writes to (given the temporary path and whether it is gzip).
+    using OutputFactory = std::function<std::unique_ptr<IXmlOutput>(const std::string& path, bool gzip)>;
+    // Tests hand in outputs that fail on purpose; an empty factory restores the real files.
+    void SetOutputFactoryForTesting(OutputFactory factory) { m_outputFactory = std::move(factory); }
+
     // Reader of the root element, "settings", "log" and each "jump".
     bool OnOpenTag(CXmlParser& parser) override;
     bool OnCloseTag(CXmlParser& parser) override;
@@ -109,6 +116,7 @@ private:
     CLogbookSettings m_settings;
     std::vector<std::unique_ptr<CJump>> m_jumps;
     std::unique_ptr<SettingsReader> m_settingsReader;
+    OutputFactory m_outputFactory;
     int64_t m_totalFreefallTime = 0;
     int64_t m_totalFreefallDistance = 0;
     int64_t m_totalCanopyDistance = 0;

@@ -1,0 +1,303 @@
+#include "document/CLogbookDoc.h"
+
+#include "document/IClock.h"
+#include "document/SafeFileReplace.h"
+#include "document/SettingsReader.h"
+#include "resources/StringTable.h"
+#include "units/ISettingsStore.h"
+#include "xml/CXmlParser.h"
+#include "xml/CXmlWriter.h"
+#include "xml/IXmlOutput.h"
+#include "xml/XmlValues.h"
+
+#include <algorithm>
+#include <cctype>
+
+namespace {
+
+// The newest file version this program reads and the one it writes.
+constexpr std::string_view kFileVersion = "1.2";
+constexpr std::string_view kLastFileSection = "General";
+constexpr std::string_view kLastFileValue = "LastFile";
+
+#if defined(_WIN32)
+constexpr char kSeparator = '\\';
+constexpr std::string_view kFolderSeparators = "\\/";
+#else
+constexpr char kSeparator = '/';
+constexpr std::string_view kFolderSeparators = "/";
+#endif
+
+// A path ending in ".tvl" (any case) is plain XML; every other path is a gzip stream.
+bool IsPlainPath(const std::string& path)
+{
+    if (path.size() < 4)
+        return false;
+    std::string ending = path.substr(path.size() - 4);
+    std::transform(ending.begin(), ending.end(), ending.begin(),
+                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    return ending == ".tvl";
+}
+
+const IClock& SystemClock()
+{
+    static const CSystemClock clock;
+    return clock;
+}
+
+} // namespace
+
+CLogbookDoc::CLogbookDoc(ISettingsStore* settings, const IClock* clock)
+    : m_store(settings), m_clock(clock), m_settingsReader(std::make_unique<SettingsReader>(m_settings))
+{
+}
+
+CLogbookDoc::~CLogbookDoc() = default;
+
+void CLogbookDoc::Clear()
+{
+    m_jumps.clear();
+    m_settings.Reset();
+    m_path.clear();
+    m_modified = false;
+    m_totalFreefallTime = 0;
+    m_totalFreefallDistance = 0;
+    m_totalCanopyDistance = 0;
+}
+
+CLoadResult CLogbookDoc::Load(const std::string& path)
+{
+    Clear();
+    CLoadResult result;
+    CXmlParser parser(this);
+    const bool ok = IsPlainPath(path) ? parser.ParseFile(path) : parser.ParseGzipFile(path);
+    if (!ok) {
+        result.message = parser.GetErrorMessage();
+        Clear();
+        return result;
+    }
+    RecomputeTotals();
+    m_path = path;
+    m_modified = false;
+    if (m_store)
+        m_store->SetString(kLastFileSection, kLastFileValue, path);
+    result.ok = true;
+    return result;
+}
+
+bool CLogbookDoc::Save(const std::string& path)
+{
+    if (path.empty())
+        return false;
+    const bool gzip = !IsPlainPath(path);
+    const std::string temporary = SafeFileReplace::TemporaryPath(path);
+
+    bool ok = false;
+    {
+        CXmlWriter writer(Utf8, gzip ? XmlGzipFile : XmlPlainFile, Compact | SkipEmpty);
+        const bool opened = m_outputFactory ? writer.Open(m_outputFactory(temporary, gzip)) : writer.Open(temporary);
+        if (opened) {
+            const bool written = WriteTo(writer);
+            const bool closed = writer.Close();
+            ok = written && closed && !writer.Failed();
+        }
+    }
+    ok = ok && SafeFileReplace::SyncFile(temporary) && SafeFileReplace::Commit(temporary, path);
+    if (!ok) {
+        SafeFileReplace::RemoveQuietly(temporary);
+        return false;
+    }
+    m_path = path;
+    m_modified = false;
+    if (m_store)
+        m_store->SetString(kLastFileSection, kLastFileValue, path);
+    return true;
+}
+
+bool CLogbookDoc::SaveIfModified()
+{
+    if (!HasPath() || !m_modified)
+        return false;
+    return Save(m_path);
+}
+
+bool CLogbookDoc::WriteTo(CXmlWriter& writer) const
+{
+    const IClock& clock = m_clock ? *m_clock : SystemClock();
+    std::string creator = "Tervola Pocket ";
+    creator.append(StringTable::kProductVersion).append(" - ").append(StringTable::kWebAddress);
+    writer.StartElement("tvl", {{"version", kFileVersion},
+                                {"creator", creator},
+                                {"mod", XmlDateTimeToString(clock.Now())}});
+    m_settings.Write(writer);
+    writer.StartElement("log", "size", XmlIntToString(static_cast<int>(m_jumps.size()), true));
+    for (const auto& jump : m_jumps)
+        jump->Write(writer);
+    writer.EndElement();
+    return !writer.Failed();
+}
+
+int CLogbookDoc::IndexOf(const CJump* jump) const
+{
+    for (std::size_t i = 0; i < m_jumps.size(); ++i) {
+        if (m_jumps[i].get() == jump)
+            return static_cast<int>(i);
+    }
+    return -1;
+}
+
+bool CLogbookDoc::HasJumpNumber(int number, const CJump* except) const
+{
+    return std::any_of(m_jumps.begin(), m_jumps.end(), [&](const std::unique_ptr<CJump>& jump) {
+        return jump.get() != except && jump->GetNumber() == number;
+    });
+}
+
+namespace {
+
+// Inserts before the first jump whose number is greater, so equal numbers keep their order.
+CJump* InsertSorted(std::vector<std::unique_ptr<CJump>>& jumps, std::unique_ptr<CJump> jump)
+{
+    const int number = jump->GetNumber();
+    auto at = std::upper_bound(jumps.begin(), jumps.end(), number,
+                               [](int n, const std::unique_ptr<CJump>& other) { return n < other->GetNumber(); });
+    return jumps.insert(at, std::move(jump))->get();
+}
+
+} // namespace
+
+CJump* CLogbookDoc::AddJump(std::unique_ptr<CJump> jump)
+{
+    if (!jump)
+        return nullptr;
+    CJump* added = InsertSorted(m_jumps, std::move(jump));
+    m_totalFreefallTime += added->FreefallTime(m_settings);
+    m_totalFreefallDistance += added->GetFreefallDistance();
+    m_totalCanopyDistance += added->GetOpenHeight();
+    m_modified = true;
+    return added;
+}
+
+std::unique_ptr<CJump> CLogbookDoc::RemoveJump(std::size_t index)
+{
+    if (index >= m_jumps.size())
+        return nullptr;
+    std::unique_ptr<CJump> jump = std::move(m_jumps[index]);
+    m_jumps.erase(m_jumps.begin() + static_cast<std::ptrdiff_t>(index));
+    m_totalFreefallTime -= jump->FreefallTime(m_settings);
+    m_totalFreefallDistance -= jump->GetFreefallDistance();
+    m_totalCanopyDistance -= jump->GetOpenHeight();
+    m_modified = true;
+    return jump;
+}
+
+void CLogbookDoc::BeginChangeJump(const CJump* jump)
+{
+    if (!jump)
+        return;
+    m_totalFreefallTime -= jump->FreefallTime(m_settings);
+    m_totalFreefallDistance -= jump->GetFreefallDistance();
+    m_totalCanopyDistance -= jump->GetOpenHeight();
+}
+
+void CLogbookDoc::EndChangeJump(CJump* jump)
+{
+    if (!jump)
+        return;
+    m_totalFreefallTime += jump->FreefallTime(m_settings);
+    m_totalFreefallDistance += jump->GetFreefallDistance();
+    m_totalCanopyDistance += jump->GetOpenHeight();
+
+    // A changed number may put the jump out of order; only then is it moved.
+    const int index = IndexOf(jump);
+    if (index < 0)
+        return;
+    const auto i = static_cast<std::size_t>(index);
+    const int number = jump->GetNumber();
+    const bool afterPrevious = i == 0 || m_jumps[i - 1]->GetNumber() <= number;
+    const bool beforeNext = i + 1 == m_jumps.size() || number <= m_jumps[i + 1]->GetNumber();
+    if (afterPrevious && beforeNext)
+        return;
+    std::unique_ptr<CJump> moved = std::move(m_jumps[i]);
+    m_jumps.erase(m_jumps.begin() + index);
+    InsertSorted(m_jumps, std::move(moved));
+}
+
+void CLogbookDoc::RecomputeTotals()
+{
+    m_totalFreefallTime = 0;
+    m_totalFreefallDistance = 0;
+    m_totalCanopyDistance = 0;
+    for (const auto& jump : m_jumps) {
+        m_totalFreefallTime += jump->FreefallTime(m_settings);
+        m_totalFreefallDistance += jump->GetFreefallDistance();
+        m_totalCanopyDistance += jump->GetOpenHeight();
+    }
+}
+
+CLogbookSummary CLogbookDoc::GetSummary() const
+{
+    CLogbookSummary summary;
+    summary.freefallSeconds = m_totalFreefallTime + m_settings.GetPreviousDelay();
+    const CJump* last = GetLastJump();
+    if (!last)
+        return summary;
+    // The average per logged jump, extrapolated to the last jump number on purpose.
+    const double scale = static_cast<double>(last->GetNumber()) / static_cast<double>(m_jumps.size());
+    summary.numberOfJumps = last->GetNumber();
+    summary.freefallMetres = static_cast<double>(m_totalFreefallDistance) * scale;
+    summary.canopyMetres = static_cast<double>(m_totalCanopyDistance) * scale;
+    summary.lastJump = last->GetTimestamp().dateTime.DateOnly();
+    return summary;
+}
+
+std::string CLogbookDoc::ResolveMediaPath(std::string_view name) const
+{
+    const std::size_t cut = m_path.find_last_of(kFolderSeparators);
+    if (name.empty() || cut == std::string::npos)
+        return std::string(name);
+    std::string resolved = m_path.substr(0, cut);
+    resolved += kSeparator;
+    for (char c : name)
+        resolved += (c == '\\' || c == '/') ? kSeparator : c;
+    return resolved;
+}
+
+bool CLogbookDoc::OnOpenTag(CXmlParser& parser)
+{
+    const std::string_view name = parser.GetElementName();
+    if (name == "tvl") {
+        // Plain character-code comparison, so "1.10" passes and "1.3" does not.
+        std::string version;
+        if (!parser.GetAttribute("version", version) || version > kFileVersion) {
+            parser.SetErrorMessage(StringTable::Format(StringTable::IDS_BAD_VERSION, version));
+            return false;
+        }
+        return true;
+    }
+    if (name == "settings") {
+        parser.Delegate(m_settingsReader.get());
+        return true;
+    }
+    if (name == "jump") {
+        int number = 0;
+        std::string text;
+        CZonedDateTime timestamp;
+        CDateTime modified;
+        if (!parser.GetAttributeInt("n", number, false) || !parser.GetAttribute("ts", text) ||
+            !XmlZonedDateTimeFromString(text, timestamp) || !parser.GetAttribute("mod", text) ||
+            !XmlDateTimeFromString(text, modified))
+            return false;   // the parser names the tag and its attributes in its message
+        parser.Delegate(InsertSorted(m_jumps, std::make_unique<CJump>(number, timestamp, modified)));
+        return true;
+    }
+    if (name == "log")
+        return true;
+    parser.SetErrorMessage(StringTable::IDS_NOT_TERVOLA);
+    return false;
+}
+
+bool CLogbookDoc::OnCloseTag(CXmlParser&)
+{
+    return true;
+}
