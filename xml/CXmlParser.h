@@ -56,6 +56,9 @@ public:
     bool GetAttributeDouble(std::string_view name, double& value, bool allowMinus) const;
     // Number of attributes of the current start tag.
     std::size_t GetAttributeCount() const { return m_attrCount; }
+    // Raw name and raw value of attribute index (0 .. GetAttributeCount() - 1), in file order.
+    std::string_view GetAttributeNameRaw(std::size_t index) const { return m_attrs[index].name; }
+    std::string_view GetAttributeValueRaw(std::size_t index) const { return m_attrs[index].value; }
 
     // Only inside OnOpenTag: the element just opened, its children and its end tag go to child.
     void Delegate(CXmlHandler* child);
@@ -97,6 +100,9 @@ private:
     bool ReportEndTag();
     const Attribute* FindAttribute(std::string_view name) const;
     bool ParseChunk(const char* data, std::size_t size);
+    void StoreAttribute(const char* data, std::size_t mark, std::size_t pos);
+    bool Stop(std::string error);
+    bool ParseStream(void* stream, bool gzip);
 
     CXmlHandler* m_root;
     XmlEncoding m_encoding = Utf8;
@@ -111,13 +117,16 @@ private:
     std::size_t m_attrCount = 0;
     std::string m_text;
     std::string m_carry;
+    bool m_markPending = false;   // a token continues at the start of the next chunk
     std::vector<Entry> m_stack;
-    std::size_t m_stackSize = 0;
     std::string m_error;
 
+    // Decoded forms are made on request, once per report; plain ASCII needs no copy at all.
     mutable std::string m_decodedName;
+    mutable std::string_view m_nameView;
+    mutable bool m_nameDecoded = false;
     mutable std::string m_decodedText;
-    mutable bool m_textDecoded = false;
+    mutable const std::string* m_textView = nullptr;
 
     std::size_t m_maxToken = kDefaultMaxTokenBytes;
     std::size_t m_maxDepth = kDefaultMaxDepth;

@@ -1,0 +1,804 @@
+#include "xml/CXmlParser.h"
+
+#include "resources/StringTable.h"
+#include "xml/XmlUtf8.h"
+#include "xml/XmlValues.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <cstring>
+#include <memory>
+#include <zlib.h>
+
+namespace {
+
+constexpr std::size_t kNone = static_cast<std::size_t>(-1);
+// Files are read in blocks of this size; events do not depend on it.
+constexpr std::size_t kReadChunk = 64 * 1024;
+
+using ByteTable = std::array<bool, 256>;
+
+constexpr ByteTable MakeTable(std::initializer_list<unsigned char> bytes)
+{
+    ByteTable table{};
+    for (unsigned char b : bytes)
+        table[b] = true;
+    return table;
+}
+
+// Bytes that end a run in the tag-name state, the attribute-name state and the text state.
+constexpr ByteTable kTagNameStop = MakeTable({9, 10, 13, 32, '/', '>'});
+constexpr ByteTable kAttrNameStop = MakeTable({'=', '>'});
+constexpr ByteTable kTextStop = MakeTable({10, 13, '<'});
+
+bool IsSpace(unsigned char c)
+{
+    return c == 9 || c == 10 || c == 13 || c == 32;
+}
+
+// True when raw needs no decoding: no '&' and no byte above 127.
+bool IsPlain(std::string_view raw)
+{
+    const auto* s = reinterpret_cast<const unsigned char*>(raw.data());
+    const std::size_t n = raw.size();
+    std::size_t i = 0;
+    constexpr std::uint64_t kOnes = 0x0101010101010101ull;
+    constexpr std::uint64_t kHigh = 0x8080808080808080ull;
+    for (; i + 8 <= n; i += 8) {
+        std::uint64_t w;
+        std::memcpy(&w, s + i, 8);
+        const std::uint64_t amp = w ^ (kOnes * '&');
+        // A zero byte in amp is an '&'; any high bit in w is a non-ASCII byte.
+        if (((amp - kOnes) & ~amp & kHigh) != 0 || (w & kHigh) != 0)
+            return false;
+    }
+    for (; i < n; ++i)
+        if (s[i] >= 0x80 || s[i] == '&')
+            return false;
+    return true;
+}
+
+// Lengths of a UTF-8 sequence by its lead byte's top six bits; 0 (a stray continuation byte)
+// is treated as a five-byte sequence. The lead byte is masked by kLeadMask[length].
+constexpr std::array<unsigned char, 64> MakeLengths()
+{
+    std::array<unsigned char, 64> table{};
+    for (int i = 0; i < 64; ++i) {
+        const int b = i << 2;
+        if (b < 0x80)
+            table[i] = 1;
+        else if (b < 0xC0)
+            table[i] = 0;
+        else if (b < 0xE0)
+            table[i] = 2;
+        else if (b < 0xF0)
+            table[i] = 3;
+        else if (b < 0xF8)
+            table[i] = 4;
+        else if (b < 0xFC)
+            table[i] = 5;
+        else
+            table[i] = 6;
+    }
+    return table;
+}
+constexpr std::array<unsigned char, 64> kSequenceLength = MakeLengths();
+constexpr unsigned char kLeadMask[7] = {0x3F, 0x7F, 0x1F, 0x0F, 0x07, 0x03, 0x01};
+
+int HexValue(char c)
+{
+    if (c >= '0' && c <= '9')
+        return c - '0';
+    if (c >= 'a' && c <= 'f')
+        return c - 'a' + 10;
+    if (c >= 'A' && c <= 'F')
+        return c - 'A' + 10;
+    return -1;
+}
+
+// The code of an entity name (without '&' and ';'), or kNone when it gives nothing.
+std::size_t EntityCode(std::string_view name)
+{
+    if (name == "amp")
+        return '&';
+    if (name == "lt")
+        return '<';
+    if (name == "gt")
+        return '>';
+    if (name == "quot")
+        return '"';
+    if (name == "apos")
+        return '\'';
+    if (name.size() >= 2 && name[0] == '#' && name[1] == 'x') {
+        const std::string_view digits = name.substr(2);
+        if (digits.size() != 2 && digits.size() != 4)
+            return kNone;
+        std::size_t code = 0;
+        for (char c : digits) {
+            const int v = HexValue(c);
+            if (v < 0)
+                return kNone;
+            code = code * 16 + static_cast<std::size_t>(v);
+        }
+        return code;
+    }
+    if (name.size() >= 2 && name[0] == '#') {
+        std::size_t code = 0;
+        for (char c : name.substr(1)) {
+            if (c < '0' || c > '9')
+                return kNone;
+            code = std::min<std::size_t>(code * 10 + static_cast<std::size_t>(c - '0'), 256);
+        }
+        return code >= 256 ? '?' : code;
+    }
+    return kNone;
+}
+
+// Collects decoded characters as UTF-16 code units would arrive, pairing a high surrogate
+// with the low surrogate right after it; a surrogate without its partner becomes '?'.
+class CodeUnitSink
+{
+public:
+    explicit CodeUnitSink(std::string& out) : m_out(out) {}
+    ~CodeUnitSink() { FlushHigh(); }
+    CodeUnitSink(const CodeUnitSink&) = delete;
+    CodeUnitSink& operator=(const CodeUnitSink&) = delete;
+
+    void Put(std::uint32_t unit)
+    {
+        if (m_high != 0) {
+            if (unit >= 0xDC00 && unit <= 0xDFFF) {
+                XmlUtf8::Append(m_out, 0x10000 + ((m_high - 0xD800) << 10) + (unit - 0xDC00));
+                m_high = 0;
+                return;
+            }
+            FlushHigh();
+        }
+        if (unit >= 0xD800 && unit <= 0xDBFF)
+            m_high = unit;
+        else if (unit >= 0xDC00 && unit <= 0xDFFF)
+            m_out += '?';
+        else
+            XmlUtf8::Append(m_out, unit);
+    }
+    void PutAscii(const char* data, std::size_t size)
+    {
+        FlushHigh();
+        m_out.append(data, size);
+    }
+    void FlushHigh()
+    {
+        if (m_high != 0) {
+            m_out += '?';
+            m_high = 0;
+        }
+    }
+
+private:
+    std::string& m_out;
+    std::uint32_t m_high = 0;
+};
+
+// Raw bytes shown as characters of the 8-bit code page (Latin-1), for error texts.
+void AppendLatin1(std::string& out, std::string_view raw)
+{
+    for (unsigned char c : raw)
+        XmlUtf8::Append(out, c);
+}
+
+} // namespace
+
+CXmlParser::CXmlParser(CXmlHandler* root) : m_root(root)
+{
+}
+
+CXmlParser::~CXmlParser() = default;
+
+void CXmlParser::Reset()
+{
+    m_encoding = Utf8;
+    m_state = 0;
+    m_firstTag = true;
+    m_stopped = false;
+    m_delegateAllowed = false;
+    m_tagName.clear();
+    m_attrName.clear();
+    m_attrCount = 0;
+    m_text.clear();
+    m_carry.clear();
+    m_markPending = false;
+    m_stack.clear();
+    m_error.clear();
+    m_nameDecoded = false;
+    m_textView = nullptr;
+}
+
+void CXmlParser::SetLimits(std::size_t maxTokenBytes, std::size_t maxDepth)
+{
+    m_maxToken = maxTokenBytes;
+    m_maxDepth = maxDepth;
+}
+
+bool CXmlParser::Stop(std::string error)
+{
+    m_error = std::move(error);
+    m_stopped = true;
+    return false;
+}
+
+bool CXmlParser::Feed(const char* data, std::size_t size)
+{
+    if (m_stopped)
+        return false;
+    if (!ParseChunk(data, size)) {
+        m_stopped = true;
+        return false;
+    }
+    return true;
+}
+
+bool CXmlParser::Finish()
+{
+    return !m_stopped && m_stack.empty();
+}
+
+bool CXmlParser::ParseStream(void* stream, bool gzip)
+{
+    Reset();
+    std::unique_ptr<char[]> buffer(new char[kReadChunk]);
+    bool ok = true;
+    for (;;) {
+        std::size_t count = 0;
+        if (gzip) {
+            auto* file = static_cast<gzFile>(stream);
+            if (gzeof(file))
+                break;
+            const int n = gzread(file, buffer.get(), static_cast<unsigned>(kReadChunk));
+            if (n < 0) {
+                ok = false;
+                break;
+            }
+            count = static_cast<std::size_t>(n);
+        } else {
+            auto* file = static_cast<std::FILE*>(stream);
+            count = std::fread(buffer.get(), 1, kReadChunk, file);
+            if (count == 0 && std::ferror(file))
+                ok = false;
+        }
+        if (count == 0)
+            break;
+        if (!Feed(buffer.get(), count)) {
+            ok = false;
+            break;
+        }
+    }
+    return ok && Finish();
+}
+
+bool CXmlParser::ParseFile(const std::string& path)
+{
+    std::FILE* file = std::fopen(path.c_str(), "rb");
+    if (file == nullptr) {
+        Reset();
+        return false;
+    }
+    const bool ok = ParseStream(file, false);
+    std::fclose(file);
+    return ok;
+}
+
+bool CXmlParser::ParseGzipFile(const std::string& path)
+{
+    gzFile file = gzopen(path.c_str(), "rb");
+    if (file == nullptr) {
+        Reset();
+        return false;
+    }
+    gzbuffer(file, static_cast<unsigned>(kReadChunk));
+    const bool ok = ParseStream(file, true);
+    gzclose(file);
+    return ok;
+}
+
+bool CXmlParser::ParseString(std::string_view text)
+{
+    if (text.empty())
+        return true;
+    // The text goes through the 8-bit code page: Latin-1 here, '?' for anything beyond it.
+    std::string bytes;
+    bytes.reserve(text.size());
+    const auto* p = reinterpret_cast<const unsigned char*>(text.data());
+    const auto* end = p + text.size();
+    while (p < end) {
+        const std::uint32_t cp = XmlUtf8::NextCodePoint(p, end);
+        bytes += cp <= 0xFF ? static_cast<char>(cp) : '?';
+    }
+    Reset();
+    m_encoding = Latin1;
+    Feed(bytes.data(), bytes.size());
+    return Finish();
+}
+
+// The byte machine. A token (tag name, attribute name or value, text) runs from the mark to
+// the byte that ends it; when a chunk ends inside a token, its bytes so far move to the carry
+// buffer and the token continues at the start of the next chunk. Long runs inside a state are
+// skipped with memchr or a byte table, so the per-byte cost is a table look-up at most.
+bool CXmlParser::ParseChunk(const char* data, std::size_t size)
+{
+    const auto* p = reinterpret_cast<const unsigned char*>(data);
+    std::size_t pos = 0;
+    std::size_t mark = m_markPending ? 0 : kNone;
+    m_markPending = false;
+    int state = m_state;
+
+    auto tooLong = [&]() { return mark != kNone && m_carry.size() + (pos - mark) > m_maxToken; };
+    auto tokenError = [&]() {
+        return Stop(StringTable::Format(StringTable::IDS_PARSER_ERROR,
+                                        "token longer than " + std::to_string(m_maxToken) + " bytes"));
+    };
+    // Takes the token from the mark to pos (after the carry) into target.
+    auto capture = [&](std::string& target) {
+        if (m_carry.empty()) {
+            target.assign(data + mark, pos - mark);
+        } else {
+            target.swap(m_carry);
+            target.append(data + mark, pos - mark);
+            m_carry.clear();
+        }
+        mark = kNone;
+    };
+    auto endStartTag = [&]() {
+        const bool ok = ReportStartTag();
+        m_tagName.clear();
+        m_attrCount = 0;
+        return ok;
+    };
+
+    while (pos < size) {
+        switch (state) {
+        case 0: // between tags
+            for (; pos < size; ++pos) {
+                const unsigned char c = p[pos];
+                if (c == ' ') {
+                    if (mark == kNone)
+                        mark = pos;
+                } else if (c == '<') {
+                    if (tooLong())
+                        return tokenError();
+                    mark = pos + 1;
+                    m_carry.clear();
+                    state = 1;
+                    ++pos;
+                    break;
+                } else if (c != 9 && c != 10 && c != 13) {
+                    if (mark == kNone)
+                        mark = pos;
+                    state = 9;
+                    ++pos;
+                    break;
+                }
+            }
+            break;
+
+        case 1: { // tag name
+            while (pos < size && !kTagNameStop[p[pos]])
+                ++pos;
+            if (pos == size)
+                break;
+            const unsigned char c = p[pos];
+            if (c == '/' && pos == mark && m_carry.empty()) {
+                mark = pos + 1;
+                state = 2;
+                ++pos;
+                break;
+            }
+            if (tooLong())
+                return tokenError();
+            capture(m_tagName);
+            ++pos;
+            if (c == '/') {
+                state = 3;
+            } else if (c == '>') {
+                state = 0;
+                if (!endStartTag())
+                    return false;
+            } else {
+                state = 5;
+            }
+            break;
+        }
+
+        case 2: { // end-tag name
+            const void* hit = std::memchr(p + pos, '>', size - pos);
+            if (hit == nullptr) {
+                pos = size;
+                break;
+            }
+            pos = static_cast<std::size_t>(static_cast<const unsigned char*>(hit) - p);
+            if (tooLong())
+                return tokenError();
+            capture(m_tagName);
+            ++pos;
+            state = 0;
+            const bool ok = ReportEndTag();
+            m_tagName.clear();
+            m_text.clear();
+            if (!ok)
+                return false;
+            break;
+        }
+
+        case 3: // after '/' in a start tag
+            if (p[pos] != '>')
+                return false;
+            ++pos;
+            state = 0;
+            if (m_attrCount == 0) {
+                const bool ok = ReportEndTag();
+                m_tagName.clear();
+                if (!ok)
+                    return false;
+            } else {
+                bool ok = ReportStartTag();
+                if (ok) {
+                    m_attrCount = 0;
+                    ok = ReportEndTag();
+                }
+                m_tagName.clear();
+                m_attrCount = 0;
+                if (!ok)
+                    return false;
+            }
+            break;
+
+        case 4: { // after an attribute value
+            const unsigned char c = p[pos++];
+            if (IsSpace(c)) {
+                state = 5;
+            } else if (c == '/') {
+                state = 3;
+            } else if (c == '>') {
+                state = 0;
+                if (!endStartTag())
+                    return false;
+            }
+            break;
+        }
+
+        case 5: { // between attributes
+            const unsigned char c = p[pos];
+            if (c == '>') {
+                ++pos;
+                state = 0;
+                if (!endStartTag())
+                    return false;
+            } else if (IsSpace(c)) {
+                ++pos;
+            } else {
+                mark = pos;
+                state = 6;
+                ++pos;
+            }
+            break;
+        }
+
+        case 6: { // attribute name
+            while (pos < size && !kAttrNameStop[p[pos]])
+                ++pos;
+            if (pos == size)
+                break;
+            if (tooLong())
+                return tokenError();
+            if (p[pos] == '=') {
+                capture(m_attrName);
+                state = 7;
+                ++pos;
+            } else {
+                // '>' ends the tag; the partial name is dropped.
+                mark = kNone;
+                m_carry.clear();
+                ++pos;
+                state = 0;
+                if (!endStartTag())
+                    return false;
+            }
+            break;
+        }
+
+        case 7: { // before the value
+            const void* hit = std::memchr(p + pos, '"', size - pos);
+            if (hit == nullptr) {
+                pos = size;
+                break;
+            }
+            pos = static_cast<std::size_t>(static_cast<const unsigned char*>(hit) - p) + 1;
+            mark = pos;
+            state = 8;
+            break;
+        }
+
+        case 8: { // attribute value
+            const void* hit = std::memchr(p + pos, '"', size - pos);
+            if (hit == nullptr) {
+                pos = size;
+                break;
+            }
+            pos = static_cast<std::size_t>(static_cast<const unsigned char*>(hit) - p);
+            if (tooLong())
+                return tokenError();
+            StoreAttribute(data, mark, pos);
+            mark = kNone;
+            ++pos;
+            state = 4;
+            break;
+        }
+
+        case 9: { // text
+            while (pos < size && !kTextStop[p[pos]])
+                ++pos;
+            if (pos == size)
+                break;
+            if (tooLong())
+                return tokenError();
+            capture(m_text);
+            if (p[pos] == '<') {
+                mark = pos + 1;
+                state = 1;
+            } else {
+                state = 0;
+            }
+            ++pos;
+            break;
+        }
+
+        default:
+            return false;
+        }
+    }
+
+    m_state = state;
+    if (mark != kNone) {
+        m_carry.append(data + mark, size - mark);
+        m_markPending = true;
+        if (m_carry.size() > m_maxToken)
+            return tokenError();
+    }
+    return true;
+}
+
+void CXmlParser::StoreAttribute(const char* data, std::size_t mark, std::size_t pos)
+{
+    Attribute* slot = nullptr;
+    for (std::size_t i = 0; i < m_attrCount; ++i)
+        if (m_attrs[i].name == m_attrName) {
+            slot = &m_attrs[i];
+            break;
+        }
+    if (slot == nullptr) {
+        if (m_attrCount == m_attrs.size())
+            m_attrs.emplace_back();
+        slot = &m_attrs[m_attrCount++];
+        slot->name.swap(m_attrName);
+    }
+    m_attrName.clear();
+    if (m_carry.empty()) {
+        slot->value.assign(data + mark, pos - mark);
+    } else {
+        slot->value.swap(m_carry);
+        slot->value.append(data + mark, pos - mark);
+        m_carry.clear();
+    }
+}
+
+bool CXmlParser::ReportStartTag()
+{
+    m_nameDecoded = false;
+    m_textView = nullptr;
+    if (m_firstTag) {
+        m_firstTag = false;
+        if (m_tagName == "?xml") {
+            std::string encoding;
+            if (GetAttribute("encoding", encoding)) {
+                std::string upper = encoding;
+                for (char& c : upper)
+                    if (c >= 'a' && c <= 'z')
+                        c = static_cast<char>(c - 'a' + 'A');
+                if (upper == "UTF-8")
+                    m_encoding = Utf8;
+                else if (encoding == "ISO-8859-1")
+                    m_encoding = Latin1;
+            }
+            return true;
+        }
+    }
+    if (m_stack.size() >= m_maxDepth)
+        return Stop(StringTable::Format(StringTable::IDS_PARSER_ERROR, "element nesting deeper than " +
+                                                                           std::to_string(m_maxDepth) + " levels"));
+    CXmlHandler* handler = m_stack.empty() ? m_root : m_stack.back().handler;
+    m_stack.push_back(Entry{m_tagName, handler});
+    m_delegateAllowed = true;
+    const bool ok = handler == nullptr || handler->OnOpenTag(*this);
+    m_delegateAllowed = false;
+    if (!ok && m_error.empty()) {
+        std::string detail = "Open Tag: ";
+        detail += GetElementName();
+        if (m_attrCount > 0) {
+            detail += ',';
+            // Listed in name order, as the attribute map keeps them.
+            std::vector<const Attribute*> sorted;
+            for (std::size_t i = 0; i < m_attrCount; ++i)
+                sorted.push_back(&m_attrs[i]);
+            std::sort(sorted.begin(), sorted.end(),
+                      [](const Attribute* a, const Attribute* b) { return a->name < b->name; });
+            for (const Attribute* attr : sorted) {
+                detail += ' ';
+                DecodeAppend(attr->name, m_encoding, detail);
+                detail += "=\"";
+                AppendLatin1(detail, attr->value);
+                detail += '"';
+            }
+        }
+        m_error = StringTable::Format(StringTable::IDS_PARSER_ERROR, detail);
+    }
+    return ok;
+}
+
+bool CXmlParser::ReportEndTag()
+{
+    m_nameDecoded = false;
+    m_textView = nullptr;
+    CXmlHandler* handler = m_stack.empty() ? m_root : m_stack.back().handler;
+    const bool ok = handler == nullptr || handler->OnCloseTag(*this);
+    if (!m_stack.empty() && m_stack.back().name == m_tagName)
+        m_stack.pop_back();
+    if (!ok && m_error.empty()) {
+        std::string detail = "Close Tag: ";
+        detail += GetElementName();
+        if (!m_text.empty()) {
+            detail += ", ";
+            detail += GetElementText();
+        }
+        m_error = StringTable::Format(StringTable::IDS_PARSER_ERROR, detail);
+    }
+    return ok;
+}
+
+std::string_view CXmlParser::GetElementName() const
+{
+    if (!m_nameDecoded) {
+        if (IsPlain(m_tagName)) {
+            m_nameView = m_tagName;
+        } else {
+            m_decodedName.clear();
+            DecodeAppend(m_tagName, m_encoding, m_decodedName);
+            m_nameView = m_decodedName;
+        }
+        m_nameDecoded = true;
+    }
+    return m_nameView;
+}
+
+const std::string& CXmlParser::GetElementText() const
+{
+    if (m_textView == nullptr) {
+        if (IsPlain(m_text)) {
+            m_textView = &m_text;
+        } else {
+            m_decodedText.clear();
+            DecodeAppend(m_text, m_encoding, m_decodedText);
+            m_textView = &m_decodedText;
+        }
+    }
+    return *m_textView;
+}
+
+const CXmlParser::Attribute* CXmlParser::FindAttribute(std::string_view name) const
+{
+    for (std::size_t i = 0; i < m_attrCount; ++i)
+        if (m_attrs[i].name == name)
+            return &m_attrs[i];
+    return nullptr;
+}
+
+bool CXmlParser::HasAttribute(std::string_view name) const
+{
+    return FindAttribute(name) != nullptr;
+}
+
+bool CXmlParser::GetAttribute(std::string_view name, std::string& value) const
+{
+    const Attribute* attr = FindAttribute(name);
+    if (attr == nullptr)
+        return false;
+    if (IsPlain(attr->value)) {
+        value.assign(attr->value);
+    } else {
+        value.clear();
+        DecodeAppend(attr->value, m_encoding, value);
+    }
+    return true;
+}
+
+bool CXmlParser::GetAttributeBool(std::string_view name, bool& value) const
+{
+    const Attribute* attr = FindAttribute(name);
+    return attr != nullptr && XmlBoolFromBytes(attr->value, value);
+}
+
+bool CXmlParser::GetAttributeInt(std::string_view name, int& value, bool allowMinus) const
+{
+    const Attribute* attr = FindAttribute(name);
+    return attr != nullptr && XmlIntFromBytes(attr->value, value, allowMinus);
+}
+
+bool CXmlParser::GetAttributeDouble(std::string_view name, double& value, bool allowMinus) const
+{
+    const Attribute* attr = FindAttribute(name);
+    return attr != nullptr && XmlDoubleFromBytes(attr->value, value, allowMinus);
+}
+
+void CXmlParser::Delegate(CXmlHandler* child)
+{
+    if (m_delegateAllowed && !m_stack.empty())
+        m_stack.back().handler = child;
+}
+
+void CXmlParser::SetErrorMessage(int messageId)
+{
+    m_error = std::string(StringTable::Text(messageId));
+}
+
+void CXmlParser::SetErrorMessage(std::string text)
+{
+    m_error = std::move(text);
+}
+
+std::string CXmlParser::Decode(std::string_view raw, XmlEncoding encoding)
+{
+    std::string out;
+    DecodeAppend(raw, encoding, out);
+    return out;
+}
+
+void CXmlParser::DecodeAppend(std::string_view raw, XmlEncoding encoding, std::string& out)
+{
+    const auto* s = reinterpret_cast<const unsigned char*>(raw.data());
+    const std::size_t n = raw.size();
+    CodeUnitSink sink(out);
+    std::size_t i = 0;
+    while (i < n) {
+        std::size_t j = i;
+        while (j < n && s[j] < 0x80 && s[j] != '&')
+            ++j;
+        if (j > i) {
+            sink.PutAscii(raw.data() + i, j - i);
+            i = j;
+            if (i == n)
+                break;
+        }
+        const unsigned char b = s[i];
+        if (b == '&') {
+            const std::size_t semi = raw.find(';', i + 1);
+            if (semi == std::string_view::npos)
+                break; // no ';': the '&' and the rest are dropped
+            const std::size_t code = EntityCode(raw.substr(i + 1, semi - i - 1));
+            if (code != kNone)
+                sink.Put(static_cast<std::uint32_t>(code));
+            i = semi + 1;
+            continue;
+        }
+        if (encoding == Latin1) {
+            sink.Put(b);
+            ++i;
+            continue;
+        }
+        const unsigned length = kSequenceLength[b >> 2];
+        std::uint32_t code = b & kLeadMask[length];
+        const unsigned total = length == 0 ? 5 : length;
+        ++i;
+        for (unsigned k = 1; k < total && i < n && (s[i] & 0xC0) == 0x80; ++k, ++i)
+            code = (code << 6) | (s[i] & 0x3Fu);
+        sink.Put(code >= 256 ? '?' : code);
+    }
+}
