@@ -61,6 +61,10 @@ private:
     void Indent();
     void Raw(std::string_view bytes);
     void Escaped(std::string_view text);
+    void Attributes(const Attr* attrs, std::size_t count);
+    void ElementWithAttributes(std::string_view name, std::string_view text, const Attr* attrs, std::size_t count);
+    void StartWithAttributes(std::string_view name, const Attr* attrs, std::size_t count);
+    void FlushIfFull();
     void Flush();
 
     XmlEncoding m_encoding;
