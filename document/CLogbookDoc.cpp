@@ -70,9 +70,17 @@ CLoadResult CLogbookDoc::Load(const std::string& path)
     Clear();
     CLoadResult result;
     CXmlParser parser(this);
+    m_rootSeen = false;
     const bool ok = IsPlainPath(path) ? parser.ParseFile(path) : parser.ParseGzipFile(path);
     if (!ok) {
         result.message = parser.GetErrorMessage();
+        Clear();
+        return result;
+    }
+    // A file without any element (empty, or binary data that never forms a tag) is no logbook,
+    // although the reader found nothing to refuse in it.
+    if (!m_rootSeen) {
+        result.message = StringTable::Text(StringTable::IDS_NOT_TERVOLA);
         Clear();
         return result;
     }
@@ -273,6 +281,7 @@ bool CLogbookDoc::OnOpenTag(CXmlParser& parser)
             parser.SetErrorMessage(StringTable::Format(StringTable::IDS_BAD_VERSION, version));
             return false;
         }
+        m_rootSeen = true;
         return true;
     }
     if (name == "settings") {

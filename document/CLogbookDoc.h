@@ -117,6 +117,7 @@ private:
     std::vector<std::unique_ptr<CJump>> m_jumps;
     std::unique_ptr<SettingsReader> m_settingsReader;
     OutputFactory m_outputFactory;
+    bool m_rootSeen = false;   // set by the "tvl" element during a load
     int64_t m_totalFreefallTime = 0;
     int64_t m_totalFreefallDistance = 0;
     int64_t m_totalCanopyDistance = 0;

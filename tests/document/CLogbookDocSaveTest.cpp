@@ -1,0 +1,175 @@
+#include "document/CLogbookDoc.h"
+#include "document/IClock.h"
+#include "tests/document/DocTestFiles.h"
+#include "units/CMemorySettingsStore.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+namespace {
+
+const CFixedClock kClock(CDateTime(2010, 1, 2, 3, 4, 5));
+
+std::unique_ptr<CJump> MakeJump(int number, const std::string& place)
+{
+    auto jump = std::make_unique<CJump>(number, CZonedDateTime{CDateTime(2008, 5, 17, 14, 3, 0), 0},
+                                        CDateTime(2008, 5, 17, 14, 3, 0));
+    jump->SetPlace(place);
+    return jump;
+}
+
+bool Exists(const std::string& path)
+{
+    return std::filesystem::exists(path);
+}
+
+} // namespace
+
+TEST(CLogbookDocSave, EmptyLogbookAndTheBackupOfThePreviousSave)
+{
+    CTempFolder folder("backup");
+    const std::string path = folder / "Jumps.tvl";
+    const std::string backup = folder / "Jumps.bak";
+    CMemorySettingsStore store;
+    CLogbookDoc doc(&store, &kClock);
+
+    ASSERT_TRUE(doc.Save(path));
+    const std::string first = ReadBytes(path);
+    EXPECT_EQ(first, R"(<?xml version="1.0" encoding="UTF-8" ?><tvl version="1.2" creator="Tervola Pocket 1.0.0 - )"
+                     R"(https://tervola.example.org" mod="2010-01-02T03:04:05Z"><settings><fallrates>)"
+                     R"(<fallrate name="Standard" speed="52.5"/><fallrate name="Vertical" speed="76.0"/>)"
+                     R"(<fallrate name="Custom" speed="22.3"/></fallrates><keywords><videoJump>Video</videoJump>)"
+                     R"(<nightJump>Night</nightJump><coachJump>Coach</coachJump>)"
+                     R"(<reserveActivated>Reserve</reserveActivated></keywords></settings><log size="0"></log></tvl>)");
+    EXPECT_FALSE(Exists(backup));   // nothing was there to keep
+    EXPECT_EQ(store.GetString("General", "LastFile", ""), path);
+    EXPECT_EQ(doc.GetPath(), path);
+
+    doc.AddJump(MakeJump(1, "A"));
+    ASSERT_TRUE(doc.Save(path));
+    const std::string second = ReadBytes(path);
+    EXPECT_EQ(ReadBytes(backup), first);
+    doc.AddJump(MakeJump(2, "B"));
+    ASSERT_TRUE(doc.Save(path));
+    EXPECT_EQ(ReadBytes(backup), second);
+    EXPECT_FALSE(Exists(path + ".saving"));
+    EXPECT_FALSE(Exists(backup + ".saving"));
+
+    CLogbookDoc reread;
+    ASSERT_TRUE(reread.Load(path).ok);
+    EXPECT_EQ(reread.GetJumpCount(), 2u);
+}
+
+TEST(CLogbookDocSave, SaveIfModified)
+{
+    CTempFolder folder("ifmodified");
+    const std::string path = folder / "Jumps.tvz";
+    CLogbookDoc doc(nullptr, &kClock);
+    doc.AddJump(MakeJump(1, "A"));
+    EXPECT_FALSE(doc.SaveIfModified());   // no path yet
+    EXPECT_FALSE(Exists(path));
+
+    ASSERT_TRUE(doc.Save(path));
+    EXPECT_FALSE(doc.IsModified());
+    WriteBytes(path, "sentinel");
+    EXPECT_FALSE(doc.SaveIfModified());   // not modified: the file is not touched
+    EXPECT_EQ(ReadBytes(path), "sentinel");
+
+    doc.SetModified();
+    EXPECT_TRUE(doc.SaveIfModified());
+    EXPECT_FALSE(doc.IsModified());
+    CLogbookDoc reread;
+    ASSERT_TRUE(reread.Load(path).ok);
+    EXPECT_EQ(reread.GetJumps()[0]->GetPlace(), "A");
+}
+
+TEST(CLogbookDocSave, OwnerNameAndMemberNumberSurviveLoadAndSave)
+{
+    CTempFolder folder("owner");
+    const std::string path = folder / "Jumps.tvz";
+    CLogbookDoc doc(nullptr, &kClock);
+    doc.GetSettings().SetOwnerName("Aino Mäkelä");
+    doc.GetSettings().GetMembership().SetMemberNumber("FIN-1234");
+    ASSERT_TRUE(doc.Save(path));
+    for (int cycle = 0; cycle < 2; ++cycle) {
+        CLogbookDoc reread(nullptr, &kClock);
+        ASSERT_TRUE(reread.Load(path).ok);
+        EXPECT_EQ(reread.GetSettings().GetOwnerName(), "Aino Mäkelä");
+        EXPECT_EQ(reread.GetSettings().GetMembership().GetMemberNumber(), "FIN-1234");
+        ASSERT_TRUE(reread.Save(path));
+    }
+}
+
+TEST(CLogbookDocSave, FailuresLeaveTheOldFileAndItsBackup)
+{
+    struct Case
+    {
+        const char* name;
+        std::function<std::unique_ptr<IXmlOutput>(const std::string&)> output;   // null: real files
+        std::function<std::string(const CTempFolder&)> target;                    // null: Jumps.tvz
+    };
+    const Case cases[] = {
+        {"output cannot be created", [](const std::string&) { return std::unique_ptr<IXmlOutput>(); }, nullptr},
+        {"disk full at the start",
+         [](const std::string& p) { return std::make_unique<CFailingFileOutput>(p, 0, false); }, nullptr},
+        {"disk full in the middle",
+         [](const std::string& p) { return std::make_unique<CFailingFileOutput>(p, 300, false); }, nullptr},
+        {"last flush fails",
+         [](const std::string& p) { return std::make_unique<CFailingFileOutput>(p, static_cast<std::size_t>(-1), true); },
+         nullptr},
+        {"folder is a regular file", nullptr,
+         [](const CTempFolder& f) { WriteBytes(f / "file", "x"); return f / "file/Jumps.tvz"; }},
+        {"target is a folder", nullptr,
+         [](const CTempFolder& f) {
+             std::filesystem::create_directories(f / "Jumps.tvl");
+             WriteBytes(f / "Jumps.tvl/inside", "x");
+             return f / "Jumps.tvl";
+         }},
+    };
+    for (const Case& c : cases) {
+        CTempFolder folder("failure");
+        const std::string path = c.target ? c.target(folder) : folder / "Jumps.tvz";
+        const bool fileTarget = !std::filesystem::is_directory(path);
+        const std::string backup = path.substr(0, path.size() - 3) + "bak";
+        if (fileTarget && std::filesystem::is_directory(std::filesystem::path(path).parent_path())) {
+            WriteBytes(path, "the old logbook");
+            WriteBytes(backup, "the old backup");
+        }
+        CMemorySettingsStore store;
+        store.SetString("General", "LastFile", "before");
+        CLogbookDoc doc(&store, &kClock);
+        doc.SetPath("open.tvz");
+        doc.AddJump(MakeJump(1, std::string(5000, 'x')));   // enough to need several writes
+        if (c.output)
+            doc.SetOutputFactoryForTesting([&](const std::string& p, bool) { return c.output(p); });
+
+        EXPECT_FALSE(doc.Save(path)) << c.name;
+        EXPECT_FALSE(Exists(path + ".saving")) << c.name << ": temporary file left behind";
+        EXPECT_FALSE(Exists(backup + ".saving")) << c.name;
+        if (fileTarget && Exists(backup)) {
+            EXPECT_EQ(ReadBytes(path), "the old logbook") << c.name;
+            EXPECT_EQ(ReadBytes(backup), "the old backup") << c.name;
+        }
+        EXPECT_EQ(ReadBytes(path + "/inside"), fileTarget ? "" : "x") << c.name;
+        EXPECT_EQ(doc.GetPath(), "open.tvz") << c.name;
+        EXPECT_TRUE(doc.IsModified()) << c.name;
+        EXPECT_EQ(store.GetString("General", "LastFile", ""), "before") << c.name;
+    }
+}
+
+TEST(CLogbookDocSave, InjectedOutputThatWorksSavesNormally)
+{
+    CTempFolder folder("injected");
+    const std::string path = folder / "Jumps.tvl";
+    CLogbookDoc doc(nullptr, &kClock);
+    doc.AddJump(MakeJump(3, "C"));
+    doc.SetOutputFactoryForTesting([](const std::string& p, bool gzip) {
+        EXPECT_FALSE(gzip);
+        return std::make_unique<CFailingFileOutput>(p, static_cast<std::size_t>(-1), false);
+    });
+    ASSERT_TRUE(doc.Save(path));
+    CLogbookDoc reread;
+    ASSERT_TRUE(reread.Load(path).ok);
+    EXPECT_EQ(reread.GetJumps()[0]->GetPlace(), "C");
+}

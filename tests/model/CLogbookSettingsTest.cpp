@@ -1,0 +1,144 @@
+#include "model/CLogbookSettings.h"
+#include "tests/model/ModelXml.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+namespace {
+
+const std::string kFallrates = R"(<fallrates><fallrate name="Standard" speed="52.5"/>)"
+                               R"(<fallrate name="Vertical" speed="76.0"/><fallrate name="Custom" speed="22.3"/></fallrates>)";
+const std::string kKeywords = "<keywords><videoJump>Video</videoJump><nightJump>Night</nightJump>"
+                              "<coachJump>Coach</coachJump><reserveActivated>Reserve</reserveActivated></keywords>";
+
+std::string Write(const CLogbookSettings& settings)
+{
+    return WriteXml([&](CXmlWriter& w) { settings.Write(w); });
+}
+
+} // namespace
+
+TEST(CLogbookSettingsWrite, ElementsInOrderWithEmptyOnesLeftOut)
+{
+    struct Case
+    {
+        const char* name;
+        std::function<void(CLogbookSettings&)> setup;
+        std::string before;   // children before "fallrates"
+        std::string after;    // children after "keywords"
+    };
+    const CDateTime expiry(2009, 12, 31);
+    const Case cases[] = {
+        {"defaults", [](CLogbookSettings&) {}, "", ""},
+        {"owner and previous values", [](CLogbookSettings& s) { s.SetOwnerName("Aino"); s.SetPreviousJumps(85); },
+         "<owner>Aino</owner>", "<previousJumps>85</previousJumps>"},
+        {"member number without date", [](CLogbookSettings& s) { s.GetMembership().SetMemberNumber("F-1"); },
+         R"(<membership name="F-1"></membership>)", ""},
+        {"date without alarm",
+         [&](CLogbookSettings& s) { s.GetMembership().Set(true, expiry, false, 30); },
+         R"(<membership name=""><expirationDate>2009-12-31T00:00:00Z</expirationDate></membership>)", ""},
+        {"alarm of 0 days is written",
+         [&](CLogbookSettings& s) { s.GetMembership().Set(true, expiry, true, 0); },
+         R"(<membership name=""><expirationDate>2009-12-31T00:00:00Z</expirationDate><alarmDays>0</alarmDays>)"
+         "</membership>",
+         ""},
+        {"alarm days without date are not written",
+         [](CLogbookSettings& s) { s.GetMembership().SetAlarmDays(10); }, "", ""},
+        {"lists",
+         [](CLogbookSettings& s) { s.SetLicenses({"C", "D"}); s.AddAward("Gold"); s.SetPreviousDelay(60); },
+         "<licenses><license>C</license><license>D</license></licenses><awards><award>Gold</award></awards>",
+         "<previousDelay>60</previousDelay>"},
+        {"alarm on with empty list",
+         [](CLogbookSettings& s) { s.GetEquipmentList().SetAlarm(true, 0, 0); },
+         "<equipments><inspectionCycle>0</inspectionCycle><alarmDays>0</alarmDays></equipments>", ""},
+    };
+    for (const Case& c : cases) {
+        CLogbookSettings settings;
+        c.setup(settings);
+        EXPECT_EQ(Write(settings), "<settings>" + c.before + kFallrates + kKeywords + c.after + "</settings>")
+            << c.name;
+    }
+}
+
+TEST(CLogbookSettingsRead, FixedSpeedsListsAndWhatIsNotReadBack)
+{
+    CLogbookSettings settings;
+    ASSERT_TRUE(ReadXml(settings, R"(<settings><owner>Aino</owner><membership name="F-1">)"
+                                  R"(<expirationDate>2009-12-31T00:00:00Z</expirationDate><alarmDays>30</alarmDays>)"
+                                  R"(</membership><licenses><license>C</license><license></license></licenses>)"
+                                  R"(<ratings><rating>Tandem</rating></ratings><awards><award/></awards>)"
+                                  R"(<fallrates><fallrate name="Standard" speed="50.0"/>)"
+                                  R"(<fallrate name="Vertical" speed="70.0"/><fallrate name="Custom" speed="48.25"/>)"
+                                  R"(</fallrates><keywords><nightJump>Yö</nightJump></keywords>)"
+                                  R"(<previousJumps>85</previousJumps><previousDelay>3600</previousDelay>)"
+                                  R"(<extra>1</extra></settings>)"));
+    EXPECT_EQ(settings.GetOwnerName(), "");                       // the document supplies it
+    EXPECT_EQ(settings.GetMembership().GetMemberNumber(), "");   // likewise
+    EXPECT_EQ(settings.GetMembership().GetExpirationDate(), CDateTime(2009, 12, 31));
+    EXPECT_TRUE(settings.GetMembership().HasAlarm());
+    EXPECT_EQ(settings.GetMembership().GetAlarmDays(), 30);
+    EXPECT_EQ(settings.GetLicenses(), std::vector<std::string>{"C"});
+    EXPECT_EQ(settings.GetRatings(), std::vector<std::string>{"Tandem"});
+    EXPECT_TRUE(settings.GetAwards().empty());
+    EXPECT_EQ(settings.FallrateSpeed(Standard), 52.5);
+    EXPECT_EQ(settings.FallrateSpeed(Vertical), 76.0);
+    EXPECT_EQ(settings.FallrateSpeed(Custom), 48.25);
+    EXPECT_EQ(settings.FallrateSpeed(Manual), 0.0);
+    EXPECT_EQ(settings.GetKeyword(CLogbookSettings::VideoJump), "Video");
+    EXPECT_EQ(settings.GetKeyword(CLogbookSettings::NightJump), "Yö");
+    EXPECT_EQ(settings.GetKeyword(4), "");
+    EXPECT_EQ(settings.GetPreviousJumps(), 85);
+    EXPECT_EQ(settings.GetPreviousDelay(), 3600);
+
+    settings.Reset();
+    EXPECT_TRUE(settings == CLogbookSettings());
+}
+
+TEST(CLogbookSettingsRead, RefusedValues)
+{
+    const char* refused[] = {
+        "<previousJumps>1x</previousJumps>",
+        "<previousDelay>1.5</previousDelay>",
+        R"(<membership name="1"><alarmDays>x</alarmDays></membership>)",
+        R"(<membership name="1"><expirationDate>2009-02-31T00:00:00Z</expirationDate></membership>)",
+        R"(<membership name="1"><expirationDate>2009-12-31 00:00:00Z</expirationDate></membership>)",
+        R"(<fallrates><fallrate name="Custom" speed="fast"/></fallrates>)",
+        R"(<equipments><equipment active="true"></equipment></equipments>)",
+        R"(<equipments><equipment n="1"></equipment></equipments>)",
+        R"(<equipments><equipment n="1" active="yes"></equipment></equipments>)",
+        R"(<equipments><equipment n="x" active="true"></equipment></equipments>)",
+        R"(<equipments><equipment n="1" active="true"><mainSize>1 70</mainSize></equipment></equipments>)",
+        R"(<equipments><equipment n="1" active="true"><inspectionDate>2008</inspectionDate></equipment></equipments>)",
+    };
+    for (const char* child : refused) {
+        CLogbookSettings settings;
+        EXPECT_FALSE(ReadXml(settings, std::string("<settings>") + child + "</settings>")) << child;
+    }
+    // A bad Standard speed is never even read.
+    CLogbookSettings settings;
+    EXPECT_TRUE(ReadXml(settings, R"(<settings><fallrates><fallrate name="Standard" speed="x"/></fallrates></settings>)"));
+}
+
+TEST(CMembershipEdit, SetReportsChangesAndDropsWhatDoesNotApply)
+{
+    CMembership membership;
+    const CDateTime expiry(2009, 12, 31);
+    EXPECT_FALSE(membership.Set(false, expiry, true, 10));   // no date: nothing to remember
+    EXPECT_FALSE(membership.HasExpirationDate());
+    EXPECT_TRUE(membership.Set(true, expiry, false, 10));
+    EXPECT_EQ(membership.GetAlarmDays(), -1);
+    EXPECT_FALSE(membership.HasAlarm());
+    EXPECT_TRUE(membership.Set(true, expiry, true, 0));
+    EXPECT_TRUE(membership.HasAlarm());
+    EXPECT_FALSE(membership.Set(true, expiry, true, 0));
+    EXPECT_TRUE(membership.Set(false, expiry, true, 0));   // removing the date removes the alarm
+    EXPECT_FALSE(membership.HasAlarm());
+    EXPECT_EQ(membership.GetAlarmDays(), -1);
+
+    CLogbookSettings settings;
+    EXPECT_FALSE(settings.SetProfile(false, {}, false, 0, {}, {}, {}));
+    EXPECT_TRUE(settings.SetProfile(false, {}, false, 0, {"C"}, {}, {}));
+    EXPECT_FALSE(settings.SetProfile(false, {}, false, 0, {"C"}, {}, {}));
+    EXPECT_TRUE(settings.SetProfile(false, {}, false, 0, {"C"}, {}, {"Gold"}));
+}
