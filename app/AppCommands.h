@@ -1,0 +1,37 @@
+#pragma once
+
+// Command identifiers of the window program. Each command's QAction or button carries its id
+// as data, so menus, the command bar and the page buttons name the same command.
+//
+// Not offered yet: the jump editor (ID_JUMP_NEW, ID_JUMP_VIEW, ID_JUMP_CHANGE, and a tap on a
+// list row) and the three settings dialogs (ID_USER_PROFILE, ID_PREFERENCES, ID_EQUIPMENT).
+// Until those dialogs exist their commands are simply absent: no menu item, no button, and a
+// new logbook is not followed by the profile, equipment and preferences dialogs.
+namespace AppCommands {
+
+enum Id : int {
+    ID_FILE_NEW = 57600,
+    ID_FILE_OPEN = 57601,
+    ID_FILE_SAVE = 57603,
+    ID_FILE_SAVE_AS = 57604,
+    ID_APP_ABOUT = 57664,
+    ID_APP_EXIT = 57665,
+    ID_JUMP_NEW = 32771,
+    ID_VIEW_SIGNLIST = 32772,
+    ID_VIEW_JUMPLIST = 32773,
+    ID_USER_PROFILE = 32774,
+    ID_PREFERENCES = 32775,
+    ID_EQUIPMENT = 32776,
+    ID_VIEW_HOME = 32785,
+    ID_JUMP_CHANGE = 32793,
+    ID_JUMP_DELETE = 32794,
+    ID_JUMP_VIEW = 32798,
+    ID_JUMP_SHOW_PICTURE = 32799,
+    // The fifth page button: "Open...", so a touch user can change logbooks from any page.
+    ID_PAGE_OPEN = 32833,
+};
+
+// The list control's id, used as its object name suffix.
+inline constexpr int kListControlId = 1188;
+
+} // namespace AppCommands

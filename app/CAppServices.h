@@ -1,0 +1,18 @@
+#pragma once
+
+class ISettingsStore;
+class IClock;
+class IMessageSink;
+class IFileChooser;
+class IPictureViewer;
+
+// The outside world as the window sees it: the registry, the clock, message boxes, file dialogs
+// and the picture viewer. The program passes the real ones; tests pass recorders. Not owned.
+struct CAppServices
+{
+    ISettingsStore* settings = nullptr;
+    const IClock* clock = nullptr;
+    IMessageSink* messages = nullptr;
+    IFileChooser* files = nullptr;
+    IPictureViewer* viewer = nullptr;
+};

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "xml/CDateTime.h"
+
+#include <QDate>
+#include <QString>
+
+// Dates as the user reads them: the locale's short date format.
+class CDateText
+{
+public:
+    // The calendar day of a valid date-time; a null QDate otherwise.
+    static QDate ToQDate(const CDateTime& date);
+    // The short date text of the default locale; the empty text for a date that is not valid.
+    static QString ShortDate(const CDateTime& date);
+};

@@ -1,0 +1,10 @@
+#pragma once
+
+#include "app/IPictureViewer.h"
+
+// Opens a picture with the desktop's default viewer for its file type.
+class CDesktopViewer final : public IPictureViewer
+{
+public:
+    bool Open(const QString& path) override;
+};

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "app/IFileChooser.h"
+
+#include <QPointer>
+#include <QWidget>
+
+// The program's file dialogs: filter "Tervola Files (*.tvz)", default extension ".tvz"; the
+// open dialog takes existing files only, the save dialog asks before replacing a file.
+class CFileDialogs final : public IFileChooser
+{
+public:
+    // Dialogs open over this window once it is set (null: the active window).
+    void SetParent(QWidget* parent) { m_parent = parent; }
+
+    QString ChooseOpen(const QString& startPath) override;
+    QString ChooseSave(const QString& startPath) override;
+
+    // The name filter of both dialogs.
+    static QString Filter();
+
+private:
+    QString Run(bool save, const QString& startPath);
+    QPointer<QWidget> m_parent;
+};

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "app/CAppServices.h"
+#include "document/CLogbookDoc.h"
+#include "units/CUnitSettings.h"
+
+#include <QMainWindow>
+
+class CLogbookView;
+class QAction;
+class QToolBar;
+
+// The main window. It holds, in this order, the unit preferences (read from the registry when
+// the frame is built), the one logbook document, the one view and the command bar with the
+// File menu. It shows the splash while it is built and runs the reminders.
+class CMainFrame : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    explicit CMainFrame(const CAppServices& services, QWidget* parent = nullptr);
+    ~CMainFrame() override;
+
+    CLogbookDoc& GetDocument() { return m_doc; }
+    CLogbookView* GetView() const { return m_view; }
+    const CUnitSettings& GetUnits() const { return m_units; }
+    QToolBar* GetCommandBar() const { return m_commandBar; }
+
+    // Shows the due reminders, membership first, then each due rig; nothing without a logbook.
+    void CheckReminders();
+    // Enables the menu and command bar items by the document's state; updates the title.
+    void UpdateCommands();
+
+public slots:
+    // The program lost the user's attention: save a modified logbook to its file.
+    void OnApplicationStateChanged(Qt::ApplicationState state);
+    void OnAbout();
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    QAction* MakeAction(const QString& name, const QString& text, int command, const QString& art = {});
+    void CreateMenuAndCommandBar();
+
+    CAppServices m_services;
+    CUnitSettings m_units;
+    CLogbookDoc m_doc;
+    CLogbookView* m_view = nullptr;
+    QToolBar* m_commandBar = nullptr;
+
+    QAction* m_newAction = nullptr;
+    QAction* m_openAction = nullptr;
+    QAction* m_saveAction = nullptr;
+    QAction* m_saveAsAction = nullptr;
+    QAction* m_aboutAction = nullptr;
+    QAction* m_exitAction = nullptr;
+};

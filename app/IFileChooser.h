@@ -1,0 +1,15 @@
+#pragma once
+
+#include <QString>
+
+// Picks logbook files for New, Open and Save as. The window program shows file dialogs
+// (CFileDialogs); tests answer with prepared paths.
+class IFileChooser
+{
+public:
+    virtual ~IFileChooser() = default;
+    // An existing logbook to open, or the empty text when the user cancels.
+    virtual QString ChooseOpen(const QString& startPath) = 0;
+    // A path to save to (the user has agreed to replace an existing file), or the empty text.
+    virtual QString ChooseSave(const QString& startPath) = 0;
+};

@@ -1,0 +1,64 @@
+#include "CAppHarness.h"
+
+#include "app/CMainFrame.h"
+#include "app/CSplashWnd.h"
+
+#include <QCoreApplication>
+#include <QFile>
+
+CAppHarness::CAppHarness() : clock(CDateTime(2024, 6, 10, 9, 30, 0))
+{
+}
+
+CAppHarness::~CAppHarness()
+{
+    app.reset();
+}
+
+bool CAppHarness::Start(const QStringList& arguments)
+{
+    app = std::make_unique<CLogbookApp>(CAppServices{&settings, &clock, &messages, &files, &viewer});
+    return app->InitInstance(QStringList{QStringLiteral("tervola-pocket")} + arguments);
+}
+
+bool CAppHarness::StartWithoutSplash(const QStringList& arguments)
+{
+    if (!Start(arguments))
+        return false;
+    if (CSplashWnd* splash = CSplashWnd::Instance())
+        delete splash;
+    return CSplashWnd::Instance() == nullptr;
+}
+
+CMainFrame* CAppHarness::Frame() const
+{
+    return app ? app->GetMainFrame() : nullptr;
+}
+
+CLogbookView* CAppHarness::View() const
+{
+    return Frame() ? Frame()->GetView() : nullptr;
+}
+
+QString CAppHarness::Path(const QString& name) const
+{
+    return folder.filePath(name);
+}
+
+QString CAppHarness::Write(const CTestLogbook& logbook, const QString& name) const
+{
+    const QString path = Path(name);
+    const bool ok = name.endsWith(QStringLiteral(".tvl"), Qt::CaseInsensitive) ? logbook.WritePlain(path)
+                                                                              : logbook.WriteGzip(path);
+    return ok ? path : QString();
+}
+
+void CAppHarness::SetLastFile(const QString& path)
+{
+    settings.SetString("General", "LastFile", QFile::encodeName(path).toStdString());
+}
+
+QString CAppHarness::LastFile() const
+{
+    return QFile::decodeName(QByteArray::fromStdString(settings.GetString("General", "LastFile", "")));
+}

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "CRecordingMessages.h"
+#include "CRecordingViewer.h"
+#include "CScriptedFiles.h"
+#include "CTestLogbook.h"
+
+#include "app/CLogbookApp.h"
+#include "document/IClock.h"
+#include "units/CMemorySettingsStore.h"
+
+#include <QStringList>
+#include <QTemporaryDir>
+
+#include <memory>
+
+class CMainFrame;
+class CLogbookView;
+
+// The real main window with recording services: settings in memory, a fixed day
+// (10 June 2024, 09:30), recorded message boxes and picture requests, scripted file dialogs,
+// and a temporary folder for logbooks.
+class CAppHarness
+{
+public:
+    CAppHarness();
+    ~CAppHarness();
+
+    // Runs the program's start-up with the given command-line arguments after the program name.
+    bool Start(const QStringList& arguments = {});
+    // Start-up, then the splash is closed so that input reaches the window.
+    bool StartWithoutSplash(const QStringList& arguments = {});
+
+    CMainFrame* Frame() const;
+    CLogbookView* View() const;
+
+    // A path inside the temporary folder.
+    QString Path(const QString& name) const;
+    // Writes the logbook (gzip unless the name ends in ".tvl") and returns its path.
+    QString Write(const CTestLogbook& logbook, const QString& name) const;
+    // Makes the logbook the one used last.
+    void SetLastFile(const QString& path);
+    QString LastFile() const;
+
+    CMemorySettingsStore settings;
+    CFixedClock clock;
+    CRecordingMessages messages;
+    CScriptedFiles files;
+    CRecordingViewer viewer;
+    QTemporaryDir folder;
+    std::unique_ptr<CLogbookApp> app;
+};

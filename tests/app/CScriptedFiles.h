@@ -1,0 +1,25 @@
+#pragma once
+
+#include "app/IFileChooser.h"
+
+#include <QStringList>
+
+// Answers the file dialogs with prepared paths (the empty text, as a cancel, when none is left).
+class CScriptedFiles final : public IFileChooser
+{
+public:
+    QString ChooseOpen(const QString& startPath) override
+    {
+        asked.append(startPath);
+        return openAnswers.isEmpty() ? QString() : openAnswers.takeFirst();
+    }
+    QString ChooseSave(const QString& startPath) override
+    {
+        asked.append(startPath);
+        return saveAnswers.isEmpty() ? QString() : saveAnswers.takeFirst();
+    }
+
+    QStringList openAnswers;
+    QStringList saveAnswers;
+    QStringList asked;
+};
