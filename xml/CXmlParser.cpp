@@ -1,6 +1,7 @@
 #include "xml/CXmlParser.h"
 
 #include "resources/StringTable.h"
+#include "xml/CXmlDecoder.h"
 #include "xml/XmlUtf8.h"
 #include "xml/XmlValues.h"
 
@@ -37,149 +38,6 @@ bool IsSpace(unsigned char c)
     return c == 9 || c == 10 || c == 13 || c == 32;
 }
 
-// True when raw needs no decoding: no '&' and no byte above 127.
-bool IsPlain(std::string_view raw)
-{
-    const auto* s = reinterpret_cast<const unsigned char*>(raw.data());
-    const std::size_t n = raw.size();
-    std::size_t i = 0;
-    constexpr std::uint64_t kOnes = 0x0101010101010101ull;
-    constexpr std::uint64_t kHigh = 0x8080808080808080ull;
-    for (; i + 8 <= n; i += 8) {
-        std::uint64_t w;
-        std::memcpy(&w, s + i, 8);
-        const std::uint64_t amp = w ^ (kOnes * '&');
-        // A zero byte in amp is an '&'; any high bit in w is a non-ASCII byte.
-        if (((amp - kOnes) & ~amp & kHigh) != 0 || (w & kHigh) != 0)
-            return false;
-    }
-    for (; i < n; ++i)
-        if (s[i] >= 0x80 || s[i] == '&')
-            return false;
-    return true;
-}
-
-// Lengths of a UTF-8 sequence by its lead byte's top six bits; 0 (a stray continuation byte)
-// is treated as a five-byte sequence. The lead byte is masked by kLeadMask[length].
-constexpr std::array<unsigned char, 64> MakeLengths()
-{
-    std::array<unsigned char, 64> table{};
-    for (int i = 0; i < 64; ++i) {
-        const int b = i << 2;
-        if (b < 0x80)
-            table[i] = 1;
-        else if (b < 0xC0)
-            table[i] = 0;
-        else if (b < 0xE0)
-            table[i] = 2;
-        else if (b < 0xF0)
-            table[i] = 3;
-        else if (b < 0xF8)
-            table[i] = 4;
-        else if (b < 0xFC)
-            table[i] = 5;
-        else
-            table[i] = 6;
-    }
-    return table;
-}
-constexpr std::array<unsigned char, 64> kSequenceLength = MakeLengths();
-constexpr unsigned char kLeadMask[7] = {0x3F, 0x7F, 0x1F, 0x0F, 0x07, 0x03, 0x01};
-
-int HexValue(char c)
-{
-    if (c >= '0' && c <= '9')
-        return c - '0';
-    if (c >= 'a' && c <= 'f')
-        return c - 'a' + 10;
-    if (c >= 'A' && c <= 'F')
-        return c - 'A' + 10;
-    return -1;
-}
-
-// The code of an entity name (without '&' and ';'), or kNone when it gives nothing.
-std::size_t EntityCode(std::string_view name)
-{
-    if (name == "amp")
-        return '&';
-    if (name == "lt")
-        return '<';
-    if (name == "gt")
-        return '>';
-    if (name == "quot")
-        return '"';
-    if (name == "apos")
-        return '\'';
-    if (name.size() >= 2 && name[0] == '#' && name[1] == 'x') {
-        const std::string_view digits = name.substr(2);
-        if (digits.size() != 2 && digits.size() != 4)
-            return kNone;
-        std::size_t code = 0;
-        for (char c : digits) {
-            const int v = HexValue(c);
-            if (v < 0)
-                return kNone;
-            code = code * 16 + static_cast<std::size_t>(v);
-        }
-        return code;
-    }
-    if (name.size() >= 2 && name[0] == '#') {
-        std::size_t code = 0;
-        for (char c : name.substr(1)) {
-            if (c < '0' || c > '9')
-                return kNone;
-            code = std::min<std::size_t>(code * 10 + static_cast<std::size_t>(c - '0'), 256);
-        }
-        return code >= 256 ? '?' : code;
-    }
-    return kNone;
-}
-
-// Collects decoded characters as UTF-16 code units would arrive, pairing a high surrogate
-// with the low surrogate right after it; a surrogate without its partner becomes '?'.
-class CodeUnitSink
-{
-public:
-    explicit CodeUnitSink(std::string& out) : m_out(out) {}
-    ~CodeUnitSink() { FlushHigh(); }
-    CodeUnitSink(const CodeUnitSink&) = delete;
-    CodeUnitSink& operator=(const CodeUnitSink&) = delete;
-
-    void Put(std::uint32_t unit)
-    {
-        if (m_high != 0) {
-            if (unit >= 0xDC00 && unit <= 0xDFFF) {
-                XmlUtf8::Append(m_out, 0x10000 + ((m_high - 0xD800) << 10) + (unit - 0xDC00));
-                m_high = 0;
-                return;
-            }
-            FlushHigh();
-        }
-        if (unit >= 0xD800 && unit <= 0xDBFF)
-            m_high = unit;
-        else if (unit >= 0xDC00 && unit <= 0xDFFF)
-            m_out += '?';
-        else
-            XmlUtf8::Append(m_out, unit);
-    }
-    void PutAscii(const char* data, std::size_t size)
-    {
-        FlushHigh();
-        m_out.append(data, size);
-    }
-    void FlushHigh()
-    {
-        if (m_high != 0) {
-            m_out += '?';
-            m_high = 0;
-        }
-    }
-
-private:
-    std::string& m_out;
-    std::uint32_t m_high = 0;
-};
-
 // Raw bytes shown as characters of the 8-bit code page (Latin-1), for error texts.
 void AppendLatin1(std::string& out, std::string_view raw)
 {
@@ -203,12 +61,11 @@ void CXmlParser::Reset()
     m_stopped = false;
     m_delegateAllowed = false;
     m_tagName.clear();
-    m_attrName.clear();
     m_attrCount = 0;
     m_text.clear();
     m_carry.clear();
     m_markPending = false;
-    m_stack.clear();
+    m_stackSize = 0;
     m_error.clear();
     m_nameDecoded = false;
     m_textView = nullptr;
@@ -240,7 +97,7 @@ bool CXmlParser::Feed(const char* data, std::size_t size)
 
 bool CXmlParser::Finish()
 {
-    return !m_stopped && m_stack.empty();
+    return !m_stopped && m_stackSize == 0;
 }
 
 bool CXmlParser::ParseStream(void* stream, bool gzip)
@@ -491,7 +348,10 @@ bool CXmlParser::ParseChunk(const char* data, std::size_t size)
             if (tooLong())
                 return tokenError();
             if (p[pos] == '=') {
-                capture(m_attrName);
+                // The name goes straight into the next free slot; StoreAttribute keeps or reuses it.
+                if (m_attrCount == m_attrs.size())
+                    m_attrs.emplace_back();
+                capture(m_attrs[m_attrCount].name);
                 state = 7;
                 ++pos;
             } else {
@@ -569,19 +429,15 @@ bool CXmlParser::ParseChunk(const char* data, std::size_t size)
 
 void CXmlParser::StoreAttribute(const char* data, std::size_t mark, std::size_t pos)
 {
-    Attribute* slot = nullptr;
+    // The name was captured into slot m_attrCount; a later duplicate overwrites the earlier value.
+    Attribute* slot = &m_attrs[m_attrCount];
     for (std::size_t i = 0; i < m_attrCount; ++i)
-        if (m_attrs[i].name == m_attrName) {
+        if (m_attrs[i].name == slot->name) {
             slot = &m_attrs[i];
             break;
         }
-    if (slot == nullptr) {
-        if (m_attrCount == m_attrs.size())
-            m_attrs.emplace_back();
-        slot = &m_attrs[m_attrCount++];
-        slot->name.swap(m_attrName);
-    }
-    m_attrName.clear();
+    if (slot == &m_attrs[m_attrCount])
+        ++m_attrCount;
     if (m_carry.empty()) {
         slot->value.assign(data + mark, pos - mark);
     } else {
@@ -612,11 +468,16 @@ bool CXmlParser::ReportStartTag()
             return true;
         }
     }
-    if (m_stack.size() >= m_maxDepth)
+    if (m_stackSize >= m_maxDepth)
         return Stop(StringTable::Format(StringTable::IDS_PARSER_ERROR, "element nesting deeper than " +
                                                                            std::to_string(m_maxDepth) + " levels"));
-    CXmlHandler* handler = m_stack.empty() ? m_root : m_stack.back().handler;
-    m_stack.push_back(Entry{m_tagName, handler});
+    CXmlHandler* handler = m_stackSize == 0 ? m_root : m_stack[m_stackSize - 1].handler;
+    // Entries are kept when popped so their name buffers are reused.
+    if (m_stackSize == m_stack.size())
+        m_stack.emplace_back();
+    m_stack[m_stackSize].name.assign(m_tagName);
+    m_stack[m_stackSize].handler = handler;
+    ++m_stackSize;
     m_delegateAllowed = true;
     const bool ok = handler == nullptr || handler->OnOpenTag(*this);
     m_delegateAllowed = false;
@@ -648,10 +509,10 @@ bool CXmlParser::ReportEndTag()
 {
     m_nameDecoded = false;
     m_textView = nullptr;
-    CXmlHandler* handler = m_stack.empty() ? m_root : m_stack.back().handler;
+    CXmlHandler* handler = m_stackSize == 0 ? m_root : m_stack[m_stackSize - 1].handler;
     const bool ok = handler == nullptr || handler->OnCloseTag(*this);
-    if (!m_stack.empty() && m_stack.back().name == m_tagName)
-        m_stack.pop_back();
+    if (m_stackSize > 0 && m_stack[m_stackSize - 1].name == m_tagName)
+        --m_stackSize;
     if (!ok && m_error.empty()) {
         std::string detail = "Close Tag: ";
         detail += GetElementName();
@@ -667,7 +528,7 @@ bool CXmlParser::ReportEndTag()
 std::string_view CXmlParser::GetElementName() const
 {
     if (!m_nameDecoded) {
-        if (IsPlain(m_tagName)) {
+        if (CXmlDecoder::IsPlain(m_tagName)) {
             m_nameView = m_tagName;
         } else {
             m_decodedName.clear();
@@ -682,7 +543,7 @@ std::string_view CXmlParser::GetElementName() const
 const std::string& CXmlParser::GetElementText() const
 {
     if (m_textView == nullptr) {
-        if (IsPlain(m_text)) {
+        if (CXmlDecoder::IsPlain(m_text)) {
             m_textView = &m_text;
         } else {
             m_decodedText.clear();
@@ -711,7 +572,7 @@ bool CXmlParser::GetAttribute(std::string_view name, std::string& value) const
     const Attribute* attr = FindAttribute(name);
     if (attr == nullptr)
         return false;
-    if (IsPlain(attr->value)) {
+    if (CXmlDecoder::IsPlain(attr->value)) {
         value.assign(attr->value);
     } else {
         value.clear();
@@ -740,8 +601,8 @@ bool CXmlParser::GetAttributeDouble(std::string_view name, double& value, bool a
 
 void CXmlParser::Delegate(CXmlHandler* child)
 {
-    if (m_delegateAllowed && !m_stack.empty())
-        m_stack.back().handler = child;
+    if (m_delegateAllowed && m_stackSize > 0)
+        m_stack[m_stackSize - 1].handler = child;
 }
 
 void CXmlParser::SetErrorMessage(int messageId)
@@ -763,42 +624,5 @@ std::string CXmlParser::Decode(std::string_view raw, XmlEncoding encoding)
 
 void CXmlParser::DecodeAppend(std::string_view raw, XmlEncoding encoding, std::string& out)
 {
-    const auto* s = reinterpret_cast<const unsigned char*>(raw.data());
-    const std::size_t n = raw.size();
-    CodeUnitSink sink(out);
-    std::size_t i = 0;
-    while (i < n) {
-        std::size_t j = i;
-        while (j < n && s[j] < 0x80 && s[j] != '&')
-            ++j;
-        if (j > i) {
-            sink.PutAscii(raw.data() + i, j - i);
-            i = j;
-            if (i == n)
-                break;
-        }
-        const unsigned char b = s[i];
-        if (b == '&') {
-            const std::size_t semi = raw.find(';', i + 1);
-            if (semi == std::string_view::npos)
-                break; // no ';': the '&' and the rest are dropped
-            const std::size_t code = EntityCode(raw.substr(i + 1, semi - i - 1));
-            if (code != kNone)
-                sink.Put(static_cast<std::uint32_t>(code));
-            i = semi + 1;
-            continue;
-        }
-        if (encoding == Latin1) {
-            sink.Put(b);
-            ++i;
-            continue;
-        }
-        const unsigned length = kSequenceLength[b >> 2];
-        std::uint32_t code = b & kLeadMask[length];
-        const unsigned total = length == 0 ? 5 : length;
-        ++i;
-        for (unsigned k = 1; k < total && i < n && (s[i] & 0xC0) == 0x80; ++k, ++i)
-            code = (code << 6) | (s[i] & 0x3Fu);
-        sink.Put(code >= 256 ? '?' : code);
-    }
+    CXmlDecoder::DecodeAppend(raw, encoding, out);
 }

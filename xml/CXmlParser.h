@@ -71,7 +71,7 @@ public:
     // The encoding selected by the declaration (Utf8 until one says otherwise).
     XmlEncoding GetEncoding() const { return m_encoding; }
     // Number of open elements.
-    std::size_t GetDepth() const { return m_stack.size(); }
+    std::size_t GetDepth() const { return m_stackSize; }
 
     // Limits that keep a hostile file from exhausting memory; exceeding one stops the parse
     // with an error text. Real logbooks stay far below the defaults.
@@ -112,13 +112,13 @@ private:
     bool m_delegateAllowed = false;
 
     std::string m_tagName;
-    std::string m_attrName;
     std::vector<Attribute> m_attrs;   // reused between tags; m_attrCount are in use
     std::size_t m_attrCount = 0;
     std::string m_text;
     std::string m_carry;
     bool m_markPending = false;   // a token continues at the start of the next chunk
-    std::vector<Entry> m_stack;
+    std::vector<Entry> m_stack;   // entries beyond m_stackSize are spare, kept for their buffers
+    std::size_t m_stackSize = 0;
     std::string m_error;
 
     // Decoded forms are made on request, once per report; plain ASCII needs no copy at all.
