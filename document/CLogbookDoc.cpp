@@ -59,6 +59,7 @@ void CLogbookDoc::Clear()
     m_jumps.clear();
     m_settings.Reset();
     m_path.clear();
+    m_fileVersion.clear();
     m_modified = false;
     m_totalFreefallTime = 0;
     m_totalFreefallDistance = 0;
@@ -282,6 +283,7 @@ bool CLogbookDoc::OnOpenTag(CXmlParser& parser)
             return false;
         }
         m_rootSeen = true;
+        m_fileVersion = version;
         return true;
     }
     if (name == "settings") {

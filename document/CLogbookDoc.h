@@ -61,6 +61,8 @@ public:
     const std::string& GetPath() const { return m_path; }
     // Forgets the file (New writes a fresh one through Save).
     void SetPath(std::string path) { m_path = std::move(path); }
+    // The root's "version" text as the last successful load read it; empty otherwise.
+    const std::string& GetFileVersion() const { return m_fileVersion; }
     bool IsModified() const { return m_modified; }
     void SetModified(bool modified = true) { m_modified = modified; }
 
@@ -112,6 +114,7 @@ private:
     ISettingsStore* m_store;
     const IClock* m_clock;
     std::string m_path;
+    std::string m_fileVersion;
     bool m_modified = false;
     CLogbookSettings m_settings;
     std::vector<std::unique_ptr<CJump>> m_jumps;
