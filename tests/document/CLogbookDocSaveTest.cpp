@@ -157,19 +157,3 @@ TEST(CLogbookDocSave, FailuresLeaveTheOldFileAndItsBackup)
         EXPECT_EQ(store.GetString("General", "LastFile", ""), "before") << c.name;
     }
 }
-
-TEST(CLogbookDocSave, InjectedOutputThatWorksSavesNormally)
-{
-    CTempFolder folder("injected");
-    const std::string path = folder / "Jumps.tvl";
-    CLogbookDoc doc(nullptr, &kClock);
-    doc.AddJump(MakeJump(3, "C"));
-    doc.SetOutputFactoryForTesting([](const std::string& p, bool gzip) {
-        EXPECT_FALSE(gzip);
-        return std::make_unique<CFailingFileOutput>(p, static_cast<std::size_t>(-1), false);
-    });
-    ASSERT_TRUE(doc.Save(path));
-    CLogbookDoc reread;
-    ASSERT_TRUE(reread.Load(path).ok);
-    EXPECT_EQ(reread.GetJumps()[0]->GetPlace(), "C");
-}

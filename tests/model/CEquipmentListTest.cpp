@@ -39,30 +39,6 @@ TEST(CEquipmentListWrite, ElementOnlyWithAlarmOrRigs)
               R"(<reserveSize>0</reserveSize></equipment></equipments>)");
 }
 
-TEST(CEquipmentListRead, RigsAlarmAndRoundTrip)
-{
-    CEquipmentList list;
-    list.SetAlarm(true, 0, 365);
-    list.Add(MakeRig(1));
-    CEquipment& second = list.Add(MakeRig(2));
-    second.SetActive(false);
-    second.SetPreviousJumps(120);
-    second.SetHarnessSerial("J-1");
-    second.SetMainSerial("S-2");
-    second.SetReserveSize(160);
-    second.SetReserveSerial("R-3");
-    second.SetAad("Cypres");
-    second.SetAadSerial("C-4");
-    second.SetInspectionDate(CDateTime());
-
-    CEquipmentList copy;
-    ASSERT_TRUE(ReadXml(copy, WriteXml([&](CXmlWriter& w) { list.Write(w); })));
-    EXPECT_TRUE(copy == list);
-    EXPECT_EQ(copy.GetAlarmDays(), 0);
-    EXPECT_TRUE(copy.IsAlarmOn());
-    EXPECT_TRUE(copy.Get(1).GetInspectionDate().IsNull());
-}
-
 TEST(CEquipmentListEdit, SetAlarm)
 {
     struct Step { bool on; int days; int cycle; bool changed; int alarmDays; int inspectionCycle; };

@@ -310,61 +310,6 @@ TEST(CJumpNote, ChangesAndTheDeliberateQuirks)
     EXPECT_EQ(jump.GetNote(), broken);
 }
 
-TEST(CJumpEdit, SettersReportChanges)
-{
-    CJump jump = MakeJump();
-    EXPECT_TRUE(jump.SetPlace("DZ"));
-    EXPECT_FALSE(jump.SetPlace("DZ"));
-    EXPECT_TRUE(jump.SetWind(90, 4.0));
-    EXPECT_FALSE(jump.SetWind(90, 4.0));
-    EXPECT_TRUE(jump.SetEquipmentByIndex(1));
-    EXPECT_FALSE(jump.SetEquipmentByIndex(1));
-    EXPECT_TRUE(jump.SetEquipmentByDescription("x"));
-    EXPECT_TRUE(jump.SetSignature("Anna", {{{1, 2}}}));
-    EXPECT_FALSE(jump.SetSignature("Anna", {{{1, 2}}}));
-    EXPECT_TRUE(jump.IsSigned());
-    EXPECT_TRUE(jump.SetSignature("", {}));
-    EXPECT_FALSE(jump.IsSigned());
-
-    EXPECT_EQ(jump.GetFreefallDistance(), 0);
-    jump.SetFallrateValues({Standard, 900, 1000, 0, 0, 0, 0});
-    EXPECT_EQ(jump.GetFreefallDistance(), -100);   // not clamped
-    EXPECT_TRUE(jump.HasTimeOfDay());   // 14:03
-    jump.SetTimestamp(CZonedDateTime{CDateTime(2008, 5, 17), 0});
-    EXPECT_FALSE(jump.HasTimeOfDay());
-    jump.SetTimestamp(CZonedDateTime{CDateTime(2008, 5, 17, 0, 0, 1), 0});
-    EXPECT_TRUE(jump.HasTimeOfDay());
-}
-
-TEST(CJumpRoundTrip, WriteThenReadGivesTheSameJump)
-{
-    CJump jump = MakeJump(12);
-    jump.SetPlace("Jämijärvi");
-    jump.SetAircraft(" ");
-    jump.SetFallrateValues({Import, 4100, 1100, 48, 240, 75.25, 62.125});
-    jump.SetWind(-10, 0.5);
-    jump.SetEquipmentByDescription("Team \"A\" <rig>");
-    jump.AddImage("a\\b.jpg", "c/d.jpg");
-    jump.SetVideo("", 1.5);
-    jump.SetNote("Line 1\r\nLine\t2");
-    jump.Recording().SetKind(CJumpRecording::Satellite);
-    jump.Recording().AddSample(std::make_unique<CGpsSample>(4000.0, 0.0, 61.5, -22.75));
-    jump.Recording().AddSample(std::make_unique<CGpsSample>(-2.5, 60.25));
-    jump.Recording().AddAnnotation({1.5, 2.5, "x<y"});
-    jump.Recording().AddWind({1, 0.0, -2});
-    jump.Recording().SetApply(true);
-    jump.Signature().SetName("Anna");
-    jump.Signature().SetId("id-1");
-    jump.Signature().SetStrokes({{{1, 2}, {-3, 4}}, {}});
-
-    CJump copy = MakeJump(12);
-    ASSERT_TRUE(ReadXml(copy, WriteXml([&](CXmlWriter& w) { jump.Write(w); })));
-    EXPECT_TRUE(copy == jump);
-    EXPECT_EQ(copy.GetRecording().GetAnnotations()[0].text, "x<y");
-    EXPECT_EQ(copy.GetVideo().offset, 1.5);
-    EXPECT_EQ(copy.GetNote(), "Line 1\r\nLine\t2");
-}
-
 TEST(CJumpRecordingWrite, EachSampleWritesItsOwnType)
 {
     CJumpRecording recording;
