@@ -147,27 +147,28 @@ private:
 bool CXmlDecoder::IsPlain(std::string_view raw)
 {
     const char* s = raw.data();
-    std::size_t n = raw.size();
-    std::uint64_t w;
-    while (n >= 8) {
-        std::memcpy(&w, s, 8);
-        if (SpecialBytes(w) != 0)
-            return false;
-        s += 8;
-        n -= 8;
+    const std::size_t n = raw.size();
+    std::uint64_t w = 0;
+    if (n >= 8) {
+        for (std::size_t i = 0; i + 8 <= n; i += 8) {
+            std::memcpy(&w, s + i, 8);
+            if (SpecialBytes(w) != 0)
+                return false;
+        }
+        // The last eight bytes, overlapping what was already checked.
+        std::memcpy(&w, s + n - 8, 8);
+    } else if (n >= 4) {
+        // Two overlapping four-byte loads cover 4 to 7 bytes without a per-length branch.
+        std::uint32_t head;
+        std::uint32_t tail;
+        std::memcpy(&head, s, 4);
+        std::memcpy(&tail, s + n - 4, 4);
+        w = head | (static_cast<std::uint64_t>(tail) << 32);
+    } else if (n > 0) {
+        const auto* u = reinterpret_cast<const unsigned char*>(s);
+        w = u[0] | (static_cast<std::uint64_t>(u[n / 2]) << 8) | (static_cast<std::uint64_t>(u[n - 1]) << 16);
     }
-    // The tail goes into a zeroed word; zero bytes are neither '&' nor above 127.
-    w = 0;
-    switch (n) {
-    case 7: w |= static_cast<std::uint64_t>(static_cast<unsigned char>(s[6])) << 48; [[fallthrough]];
-    case 6: w |= static_cast<std::uint64_t>(static_cast<unsigned char>(s[5])) << 40; [[fallthrough]];
-    case 5: w |= static_cast<std::uint64_t>(static_cast<unsigned char>(s[4])) << 32; [[fallthrough]];
-    case 4: w |= static_cast<std::uint64_t>(static_cast<unsigned char>(s[3])) << 24; [[fallthrough]];
-    case 3: w |= static_cast<std::uint64_t>(static_cast<unsigned char>(s[2])) << 16; [[fallthrough]];
-    case 2: w |= static_cast<std::uint64_t>(static_cast<unsigned char>(s[1])) << 8; [[fallthrough]];
-    case 1: w |= static_cast<std::uint64_t>(static_cast<unsigned char>(s[0])); break;
-    default: return true;
-    }
+    // Zero bytes are neither '&' nor above 127.
     return SpecialBytes(w) == 0;
 }
 

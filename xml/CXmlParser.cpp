@@ -60,9 +60,9 @@ void CXmlParser::Reset()
     m_firstTag = true;
     m_stopped = false;
     m_delegateAllowed = false;
-    m_tagName.clear();
+    m_tagName.Clear();
     m_attrCount = 0;
-    m_text.clear();
+    m_text.Clear();
     m_carry.clear();
     m_markPending = false;
     m_stackSize = 0;
@@ -89,6 +89,10 @@ bool CXmlParser::Feed(const char* data, std::size_t size)
     if (m_stopped)
         return false;
     if (!ParseChunk(data, size)) {
+        // Tokens may still point into the caller's chunk; a stopped parse forgets them.
+        m_tagName.Clear();
+        m_text.Clear();
+        m_attrCount = 0;
         m_stopped = true;
         return false;
     }
@@ -195,19 +199,16 @@ bool CXmlParser::ParseChunk(const char* data, std::size_t size)
                                         "token longer than " + std::to_string(m_maxToken) + " bytes"));
     };
     // Takes the token from the mark to pos (after the carry) into target.
-    auto capture = [&](std::string& target) {
-        if (m_carry.empty()) {
-            target.assign(data + mark, pos - mark);
-        } else {
-            target.swap(m_carry);
-            target.append(data + mark, pos - mark);
-            m_carry.clear();
-        }
+    auto capture = [&](CXmlToken& target) {
+        if (m_carry.empty())
+            target.SetView(data + mark, pos - mark);
+        else
+            target.SetJoined(m_carry, data + mark, pos - mark);
         mark = kNone;
     };
     auto endStartTag = [&]() {
         const bool ok = ReportStartTag();
-        m_tagName.clear();
+        m_tagName.Clear();
         m_attrCount = 0;
         return ok;
     };
@@ -279,8 +280,8 @@ bool CXmlParser::ParseChunk(const char* data, std::size_t size)
             ++pos;
             state = 0;
             const bool ok = ReportEndTag();
-            m_tagName.clear();
-            m_text.clear();
+            m_tagName.Clear();
+            m_text.Clear();
             if (!ok)
                 return false;
             break;
@@ -293,7 +294,7 @@ bool CXmlParser::ParseChunk(const char* data, std::size_t size)
             state = 0;
             if (m_attrCount == 0) {
                 const bool ok = ReportEndTag();
-                m_tagName.clear();
+                m_tagName.Clear();
                 if (!ok)
                     return false;
             } else {
@@ -302,7 +303,7 @@ bool CXmlParser::ParseChunk(const char* data, std::size_t size)
                     m_attrCount = 0;
                     ok = ReportEndTag();
                 }
-                m_tagName.clear();
+                m_tagName.Clear();
                 m_attrCount = 0;
                 if (!ok)
                     return false;
@@ -418,6 +419,7 @@ bool CXmlParser::ParseChunk(const char* data, std::size_t size)
     }
 
     m_state = state;
+    DetachTokens();
     if (mark != kNone) {
         m_carry.append(data + mark, size - mark);
         m_markPending = true;
@@ -432,19 +434,31 @@ void CXmlParser::StoreAttribute(const char* data, std::size_t mark, std::size_t 
     // The name was captured into slot m_attrCount; a later duplicate overwrites the earlier value.
     Attribute* slot = &m_attrs[m_attrCount];
     for (std::size_t i = 0; i < m_attrCount; ++i)
-        if (m_attrs[i].name == slot->name) {
+        if (m_attrs[i].name.View() == slot->name.View()) {
             slot = &m_attrs[i];
             break;
         }
     if (slot == &m_attrs[m_attrCount])
         ++m_attrCount;
-    if (m_carry.empty()) {
-        slot->value.assign(data + mark, pos - mark);
-    } else {
-        slot->value.swap(m_carry);
-        slot->value.append(data + mark, pos - mark);
-        m_carry.clear();
+    if (m_carry.empty())
+        slot->value.SetView(data + mark, pos - mark);
+    else
+        slot->value.SetJoined(m_carry, data + mark, pos - mark);
+}
+
+// Every token still needed after this chunk gets its own copy: the tag name, the element text
+// (it stays until an end tag clears it), the attributes of an unfinished start tag and, while
+// a value is awaited, the name in the next free slot.
+void CXmlParser::DetachTokens()
+{
+    m_tagName.Detach();
+    m_text.Detach();
+    for (std::size_t i = 0; i < m_attrCount; ++i) {
+        m_attrs[i].name.Detach();
+        m_attrs[i].value.Detach();
     }
+    if ((m_state == 7 || m_state == 8) && m_attrCount < m_attrs.size())
+        m_attrs[m_attrCount].name.Detach();
 }
 
 bool CXmlParser::ReportStartTag()
@@ -453,7 +467,7 @@ bool CXmlParser::ReportStartTag()
     m_textView = nullptr;
     if (m_firstTag) {
         m_firstTag = false;
-        if (m_tagName == "?xml") {
+        if (m_tagName.View() == "?xml") {
             std::string encoding;
             if (GetAttribute("encoding", encoding)) {
                 std::string upper = encoding;
@@ -475,7 +489,7 @@ bool CXmlParser::ReportStartTag()
     // Entries are kept when popped so their name buffers are reused.
     if (m_stackSize == m_stack.size())
         m_stack.emplace_back();
-    m_stack[m_stackSize].name.assign(m_tagName);
+    m_stack[m_stackSize].name.assign(m_tagName.View());
     m_stack[m_stackSize].handler = handler;
     ++m_stackSize;
     m_delegateAllowed = true;
@@ -491,12 +505,12 @@ bool CXmlParser::ReportStartTag()
             for (std::size_t i = 0; i < m_attrCount; ++i)
                 sorted.push_back(&m_attrs[i]);
             std::sort(sorted.begin(), sorted.end(),
-                      [](const Attribute* a, const Attribute* b) { return a->name < b->name; });
+                      [](const Attribute* a, const Attribute* b) { return a->name.View() < b->name.View(); });
             for (const Attribute* attr : sorted) {
                 detail += ' ';
-                DecodeAppend(attr->name, m_encoding, detail);
+                DecodeAppend(attr->name.View(), m_encoding, detail);
                 detail += "=\"";
-                AppendLatin1(detail, attr->value);
+                AppendLatin1(detail, attr->value.View());
                 detail += '"';
             }
         }
@@ -511,12 +525,12 @@ bool CXmlParser::ReportEndTag()
     m_textView = nullptr;
     CXmlHandler* handler = m_stackSize == 0 ? m_root : m_stack[m_stackSize - 1].handler;
     const bool ok = handler == nullptr || handler->OnCloseTag(*this);
-    if (m_stackSize > 0 && m_stack[m_stackSize - 1].name == m_tagName)
+    if (m_stackSize > 0 && m_stack[m_stackSize - 1].name == m_tagName.View())
         --m_stackSize;
     if (!ok && m_error.empty()) {
         std::string detail = "Close Tag: ";
         detail += GetElementName();
-        if (!m_text.empty()) {
+        if (!m_text.Empty()) {
             detail += ", ";
             detail += GetElementText();
         }
@@ -528,11 +542,11 @@ bool CXmlParser::ReportEndTag()
 std::string_view CXmlParser::GetElementName() const
 {
     if (!m_nameDecoded) {
-        if (CXmlDecoder::IsPlain(m_tagName)) {
-            m_nameView = m_tagName;
+        if (CXmlDecoder::IsPlain(m_tagName.View())) {
+            m_nameView = m_tagName.View();
         } else {
             m_decodedName.clear();
-            DecodeAppend(m_tagName, m_encoding, m_decodedName);
+            DecodeAppend(m_tagName.View(), m_encoding, m_decodedName);
             m_nameView = m_decodedName;
         }
         m_nameDecoded = true;
@@ -543,11 +557,16 @@ std::string_view CXmlParser::GetElementName() const
 const std::string& CXmlParser::GetElementText() const
 {
     if (m_textView == nullptr) {
-        if (CXmlDecoder::IsPlain(m_text)) {
-            m_textView = &m_text;
+        if (CXmlDecoder::IsPlain(m_text.View())) {
+            // Plain text is its own decoded form; only a view needs a copy to be a string.
+            m_textView = m_text.Owned();
+            if (m_textView == nullptr) {
+                m_decodedText.assign(m_text.View());
+                m_textView = &m_decodedText;
+            }
         } else {
             m_decodedText.clear();
-            DecodeAppend(m_text, m_encoding, m_decodedText);
+            DecodeAppend(m_text.View(), m_encoding, m_decodedText);
             m_textView = &m_decodedText;
         }
     }
@@ -557,7 +576,7 @@ const std::string& CXmlParser::GetElementText() const
 const CXmlParser::Attribute* CXmlParser::FindAttribute(std::string_view name) const
 {
     for (std::size_t i = 0; i < m_attrCount; ++i)
-        if (m_attrs[i].name == name)
+        if (m_attrs[i].name.View() == name)
             return &m_attrs[i];
     return nullptr;
 }
@@ -572,11 +591,11 @@ bool CXmlParser::GetAttribute(std::string_view name, std::string& value) const
     const Attribute* attr = FindAttribute(name);
     if (attr == nullptr)
         return false;
-    if (CXmlDecoder::IsPlain(attr->value)) {
-        value.assign(attr->value);
+    if (CXmlDecoder::IsPlain(attr->value.View())) {
+        value.assign(attr->value.View());
     } else {
         value.clear();
-        DecodeAppend(attr->value, m_encoding, value);
+        DecodeAppend(attr->value.View(), m_encoding, value);
     }
     return true;
 }
@@ -584,19 +603,19 @@ bool CXmlParser::GetAttribute(std::string_view name, std::string& value) const
 bool CXmlParser::GetAttributeBool(std::string_view name, bool& value) const
 {
     const Attribute* attr = FindAttribute(name);
-    return attr != nullptr && XmlBoolFromBytes(attr->value, value);
+    return attr != nullptr && XmlBoolFromBytes(attr->value.View(), value);
 }
 
 bool CXmlParser::GetAttributeInt(std::string_view name, int& value, bool allowMinus) const
 {
     const Attribute* attr = FindAttribute(name);
-    return attr != nullptr && XmlIntFromBytes(attr->value, value, allowMinus);
+    return attr != nullptr && XmlIntFromBytes(attr->value.View(), value, allowMinus);
 }
 
 bool CXmlParser::GetAttributeDouble(std::string_view name, double& value, bool allowMinus) const
 {
     const Attribute* attr = FindAttribute(name);
-    return attr != nullptr && XmlDoubleFromBytes(attr->value, value, allowMinus);
+    return attr != nullptr && XmlDoubleFromBytes(attr->value.View(), value, allowMinus);
 }
 
 void CXmlParser::Delegate(CXmlHandler* child)

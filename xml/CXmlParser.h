@@ -1,6 +1,7 @@
 #pragma once
 
 #include "xml/CXmlHandler.h"
+#include "xml/CXmlToken.h"
 #include "xml/XmlEncoding.h"
 
 #include <cstddef>
@@ -41,11 +42,11 @@ public:
     // The element's name, decoded.
     std::string_view GetElementName() const;
     // The element's name as raw bytes.
-    std::string_view GetElementNameRaw() const { return m_tagName; }
+    std::string_view GetElementNameRaw() const { return m_tagName.View(); }
     // The element's text, decoded (cut at line breaks as the reader does).
     const std::string& GetElementText() const;
     // The element's text as raw bytes, for the 8-bit typed readers.
-    std::string_view GetElementTextRaw() const { return m_text; }
+    std::string_view GetElementTextRaw() const { return m_text.View(); }
     // Decoded attribute value; false when absent.
     bool GetAttribute(std::string_view name, std::string& value) const;
     // True when the start tag carries the attribute.
@@ -57,8 +58,8 @@ public:
     // Number of attributes of the current start tag.
     std::size_t GetAttributeCount() const { return m_attrCount; }
     // Raw name and raw value of attribute index (0 .. GetAttributeCount() - 1), in file order.
-    std::string_view GetAttributeNameRaw(std::size_t index) const { return m_attrs[index].name; }
-    std::string_view GetAttributeValueRaw(std::size_t index) const { return m_attrs[index].value; }
+    std::string_view GetAttributeNameRaw(std::size_t index) const { return m_attrs[index].name.View(); }
+    std::string_view GetAttributeValueRaw(std::size_t index) const { return m_attrs[index].value.View(); }
 
     // Only inside OnOpenTag: the element just opened, its children and its end tag go to child.
     void Delegate(CXmlHandler* child);
@@ -92,8 +93,8 @@ private:
     };
     struct Attribute
     {
-        std::string name;
-        std::string value;
+        CXmlToken name;
+        CXmlToken value;
     };
 
     bool ReportStartTag();
@@ -101,6 +102,7 @@ private:
     const Attribute* FindAttribute(std::string_view name) const;
     bool ParseChunk(const char* data, std::size_t size);
     void StoreAttribute(const char* data, std::size_t mark, std::size_t pos);
+    void DetachTokens();
     bool Stop(std::string error);
     bool ParseStream(void* stream, bool gzip);
 
@@ -111,10 +113,10 @@ private:
     bool m_stopped = false;
     bool m_delegateAllowed = false;
 
-    std::string m_tagName;
+    CXmlToken m_tagName;
     std::vector<Attribute> m_attrs;   // reused between tags; m_attrCount are in use
     std::size_t m_attrCount = 0;
-    std::string m_text;
+    CXmlToken m_text;
     std::string m_carry;
     bool m_markPending = false;   // a token continues at the start of the next chunk
     std::vector<Entry> m_stack;   // entries beyond m_stackSize are spare, kept for their buffers
