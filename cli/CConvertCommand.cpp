@@ -1,0 +1,44 @@
+#include "cli/CConvertCommand.h"
+
+#include "cli/CConsole.h"
+#include "cli/CLogbookOpener.h"
+#include "document/CLogbookDoc.h"
+#include "resources/StringTable.h"
+
+QString CConvertCommand::Summary() const
+{
+    return QStringLiteral("Loads a logbook and saves it again, plain or compressed by the new name.");
+}
+
+void CConvertCommand::Configure(QCommandLineParser& parser)
+{
+    parser.addPositionalArgument(QStringLiteral("IN"), QStringLiteral("The logbook to read (.tvz or .tvl)."));
+    parser.addPositionalArgument(QStringLiteral("OUT"),
+                                 QStringLiteral("The file to write: plain XML when it ends in .tvl, gzip otherwise."));
+}
+
+QString CConvertCommand::Details() const
+{
+    return QStringLiteral(
+        "Saves exactly as the window program's Save does: an existing OUT is first copied to the\n"
+        "name with its last three characters replaced by \"bak\" (Jumps.tvz to Jumps.bak), the new\n"
+        "file is written beside OUT and only renamed over it once it is complete, so a failed save\n"
+        "leaves the old file as it was. The file's \"mod\" becomes the time of the save.\n"
+        "\n"
+        "Errors while reading IN are printed as \"check\" prints them; a failed save prints\n"
+        "\"The file could not be saved.\". Nothing is printed on success.\n"
+        "Exit codes: 0 saved, 1 IN does not load or OUT cannot be saved, 2 wrong command line.\n");
+}
+
+int CConvertCommand::Execute(const QCommandLineParser& parser)
+{
+    const QStringList arguments = parser.positionalArguments();
+    CLogbookDoc doc;
+    if (!CLogbookOpener::OpenOrReport(doc, LocalPath(arguments.at(0))))
+        return Failure;
+    if (!doc.Save(LocalPath(arguments.at(1)))) {
+        CConsole::ErrLine(StringTable::Text(StringTable::IDS_SAVE_FAILED));
+        return Failure;
+    }
+    return Success;
+}

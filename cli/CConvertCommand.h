@@ -1,0 +1,18 @@
+#pragma once
+
+#include "cli/CCommand.h"
+
+// "tervola convert IN OUT": loads a logbook and saves it with the program's own save, in the
+// container OUT's name asks for.
+class CConvertCommand final : public CCommand
+{
+public:
+    QString Name() const override { return QStringLiteral("convert"); }
+    QString Summary() const override;
+
+protected:
+    void Configure(QCommandLineParser& parser) override;
+    QString Details() const override;
+    int Execute(const QCommandLineParser& parser) override;
+    int RequiredArguments() const override { return 2; }
+};

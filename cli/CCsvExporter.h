@@ -1,0 +1,34 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+class CJump;
+class CLogbookDoc;
+class CUnitSettings;
+
+// The jumps as a spreadsheet table: a header row, then one row a jump in list order. RFC 4180:
+// fields separated by commas, rows ended by CR LF, a field holding a comma, a quote, a CR or an
+// LF put in quotes with its quotes doubled; UTF-8 text. Heights appear in the display units,
+// rounded to whole metres or feet; wind speeds in metres per second as stored.
+class CCsvExporter
+{
+public:
+    explicit CCsvExporter(const CUnitSettings& units) : m_units(units) {}
+
+    // The whole table.
+    std::string Export(const CLogbookDoc& doc) const;
+    // The header row's fields.
+    std::vector<std::string> Header() const;
+    // The fields of one jump's row.
+    std::vector<std::string> Row(const CJump& jump, const CLogbookDoc& doc) const;
+
+    // Appends one row (fields quoted as needed, CR LF at the end) to out.
+    static void AppendRow(const std::vector<std::string>& fields, std::string& out);
+    // Appends one field, quoted when it holds a comma, a quote, CR or LF.
+    static void AppendField(std::string_view field, std::string& out);
+
+private:
+    const CUnitSettings& m_units;
+};

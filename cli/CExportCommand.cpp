@@ -1,0 +1,107 @@
+#include "cli/CExportCommand.h"
+
+#include "cli/CConsole.h"
+#include "cli/CCsvExporter.h"
+#include "cli/CJsonExporter.h"
+#include "cli/CLogbookOpener.h"
+#include "cli/CUnitsOption.h"
+#include "document/CLogbookDoc.h"
+#include "resources/StringTable.h"
+
+#include <QJsonDocument>
+#include <QSaveFile>
+
+namespace {
+
+const QString kFormat = QStringLiteral("format");
+const QString kOutput = QStringLiteral("output");
+const QString kCompact = QStringLiteral("compact");
+
+} // namespace
+
+QString CExportCommand::Summary() const
+{
+    return QStringLiteral("Writes a whole logbook as JSON or as a CSV table.");
+}
+
+void CExportCommand::Configure(QCommandLineParser& parser)
+{
+    parser.addPositionalArgument(QStringLiteral("FILE"), QStringLiteral("The logbook (.tvz or .tvl)."));
+    parser.addOption({kFormat, QStringLiteral("Output format: json or csv."), QStringLiteral("json|csv")});
+    parser.addOption({{QStringLiteral("o"), kOutput},
+                      QStringLiteral("Write to OUT instead of standard output."),
+                      QStringLiteral("OUT")});
+    parser.addOption({kCompact, QStringLiteral("JSON on one line instead of indented.")});
+    CUnitsOption::AddTo(parser);
+}
+
+QString CExportCommand::Details() const
+{
+    return QStringLiteral(
+        "JSON: one object with\n"
+        "  \"version\"   the root's version text\n"
+        "  \"settings\"  owner, membership {name, expirationDate, alarmDays}, licenses, ratings,\n"
+        "              awards, equipments {inspectionCycle, alarmDays, equipment [...]},\n"
+        "              fallrates [{name, speed}], keywords, previousJumps, previousDelay\n"
+        "  \"jumps\"     the jumps in list order: n, ts, mod, dz, ac, type, fallrate (the kind's\n"
+        "              name), exit, open, ffTime, cpTime, vMax, vAvg, wind {direction, speed},\n"
+        "              landing, equipment {n (the rig's position, null when not by number),\n"
+        "              description}, size, points, team, malfunction, image [{name, thumbnail}],\n"
+        "              video {name, offset}, note (the stored markup), profile {type, qne,\n"
+        "              waypoints [{a, t, lat, lon}], annotations [{a, t, txt}], winds {apply,\n"
+        "              wind [...]}}, signature {name, id, lines [[{x, y}]]}, and the computed\n"
+        "              freefallTime (seconds) and noteText (the note as plain text)\n"
+        "  \"summary\"   numberOfJumps, freefallTime (seconds, previous delay included),\n"
+        "              freefallDistance and canopyDistance (metres, extrapolated to the last\n"
+        "              jump number as the home screen does), lastJump (YYYY-MM-DD)\n"
+        "Keys are the file format's names, numbers are in stored units (metres, seconds, m/s),\n"
+        "date-times are the file's text for them (\"\" when not set), missing elements appear\n"
+        "with their default value.\n"
+        "\n"
+        "CSV (RFC 4180, UTF-8, CR LF line ends): a header row, then one row a jump with Number,\n"
+        "Date (YYYY-MM-DD), Time (HH:MM, empty without a time of day), Place, Aircraft, Type,\n"
+        "Exit and Open (whole metres or feet by --units), Freefall time (H:MM:SS), Fall rate,\n"
+        "Wind direction (degrees), Wind speed (m/s), Equipment, Landing, Team, Size, Points,\n"
+        "Malfunction, Signed by and Note (plain text; several lines stay in one quoted field).\n"
+        "\n"
+        "Exit codes: 0 written, 1 the file does not load or OUT cannot be written, 2 wrong\n"
+        "command line.\n");
+}
+
+int CExportCommand::Execute(const QCommandLineParser& parser)
+{
+    const QString format = parser.value(kFormat).trimmed().toLower();
+    if (format.isEmpty())
+        return Usage(QStringLiteral("--format json or --format csv is needed"));
+    if (format != QLatin1String("json") && format != QLatin1String("csv"))
+        return Usage(QStringLiteral("unknown format \"%1\" (use json or csv)").arg(parser.value(kFormat)));
+    CUnitSettings units;
+    QString error;
+    if (!CUnitsOption::Resolve(parser, units, error))
+        return Usage(error);
+
+    CLogbookDoc doc;
+    if (!CLogbookOpener::OpenOrReport(doc, LocalPath(parser.positionalArguments().at(0))))
+        return Failure;
+
+    QByteArray bytes;
+    if (format == QLatin1String("json")) {
+        const auto layout = parser.isSet(kCompact) ? QJsonDocument::Compact : QJsonDocument::Indented;
+        bytes = QJsonDocument(CJsonExporter::Export(doc)).toJson(layout);
+    } else {
+        const std::string table = CCsvExporter(units).Export(doc);
+        bytes = QByteArray(table.data(), static_cast<qsizetype>(table.size()));
+    }
+
+    if (!parser.isSet(kOutput)) {
+        CConsole::Out(std::string_view(bytes.constData(), static_cast<std::size_t>(bytes.size())));
+        return CConsole::FlushOut() ? Success : Failure;
+    }
+    // Written beside the target and renamed over it, so a failed export leaves no half file.
+    QSaveFile file(parser.value(kOutput));
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit()) {
+        CConsole::ErrLine(StringTable::Text(StringTable::IDS_SAVE_FAILED));
+        return Failure;
+    }
+    return Success;
+}

@@ -1,0 +1,69 @@
+#include "cli/CInfoCommand.h"
+
+#include "cli/CConsole.h"
+#include "cli/CLogbookOpener.h"
+#include "cli/CTextFormat.h"
+#include "cli/CUnitsOption.h"
+#include "document/CLogbookDoc.h"
+#include "resources/StringTable.h"
+#include "units/DurationText.h"
+
+#include <climits>
+
+QString CInfoCommand::Summary() const
+{
+    return QStringLiteral("Prints the summary of a logbook's home screen.");
+}
+
+void CInfoCommand::Configure(QCommandLineParser& parser)
+{
+    parser.addPositionalArgument(QStringLiteral("FILE"), QStringLiteral("The logbook (.tvz or .tvl)."));
+    CUnitsOption::AddTo(parser);
+}
+
+QString CInfoCommand::Details() const
+{
+    return QStringLiteral(
+        "Prints five lines \"label: value\" with the values of the home screen:\n"
+        "  Number of Jumps          the number of the last jump (not the count of logged jumps)\n"
+        "  Freefall Time            H:MM:SS, the previous freefall delay of the profile included\n"
+        "  Freefall Dist. [km|mi]   the average per logged jump times the last jump number\n"
+        "  Canopy Dist. [km|mi]     the same for the opening heights\n"
+        "  Last Jump                the date of the last jump as YYYY-MM-DD (empty without jumps)\n"
+        "Distances are whole kilometres or miles.\n"
+        "\n"
+        "A logbook that does not load prints the program's messages as \"check\" does.\n"
+        "Exit codes: 0 printed, 1 the file does not load, 2 wrong command line.\n");
+}
+
+std::vector<std::pair<std::string, std::string>> CInfoCommand::SummaryLines(const CLogbookDoc& doc,
+                                                                            const CUnitSettings& units)
+{
+    using namespace StringTable;
+    const CLogbookSummary summary = doc.GetSummary();
+    const std::string distance(units.DistanceLabel());
+    const auto seconds = static_cast<int>(std::clamp<int64_t>(summary.freefallSeconds, INT_MIN, INT_MAX));
+    return {
+        {std::string(Text(IDS_NUMBER_OF_JUMPS)), std::to_string(summary.numberOfJumps)},
+        {std::string(Text(IDS_FREEFALL_TIME)), DurationToText(seconds, true)},
+        {std::string(Text(IDS_FREEFALL_DIST)) + distance,
+         CTextFormat::WholeNumber(units.DistanceToDisplay(summary.freefallMetres))},
+        {std::string(Text(IDS_CANOPY_DIST)) + distance,
+         CTextFormat::WholeNumber(units.DistanceToDisplay(summary.canopyMetres))},
+        {std::string(Text(IDS_LAST_JUMP)), CTextFormat::IsoDate(summary.lastJump)},
+    };
+}
+
+int CInfoCommand::Execute(const QCommandLineParser& parser)
+{
+    CUnitSettings units;
+    QString error;
+    if (!CUnitsOption::Resolve(parser, units, error))
+        return Usage(error);
+    CLogbookDoc doc;
+    if (!CLogbookOpener::OpenOrReport(doc, LocalPath(parser.positionalArguments().at(0))))
+        return Failure;
+    for (const auto& [label, value] : SummaryLines(doc, units))
+        CConsole::OutLine(label + ": " + value);
+    return Success;
+}
