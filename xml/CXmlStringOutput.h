@@ -11,13 +11,16 @@
 class CXmlStringOutput : public IXmlOutput
 {
 public:
+    // An empty output.
     CXmlStringOutput() : m_bytes(std::make_shared<std::string>()) {}
 
+    // Appends the bytes; never fails.
     bool Write(const char* data, std::size_t size) override
     {
         m_bytes->append(data, size);
         return true;
     }
+    // Nothing to flush.
     bool Close() override { return true; }
 
     // The bytes written so far; stays valid after this output is destroyed.

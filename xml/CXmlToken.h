@@ -11,7 +11,9 @@
 class CXmlToken
 {
 public:
+    // An empty token.
     CXmlToken() = default;
+    // Copies keep pointing at the chunk when the original does, else at their own buffer.
     CXmlToken(const CXmlToken& other) : m_own(other.m_own) { Adopt(other); }
     CXmlToken& operator=(const CXmlToken& other)
     {
@@ -22,8 +24,11 @@ public:
         return *this;
     }
 
+    // The token's bytes.
     std::string_view View() const { return {m_data, m_size}; }
+    // Number of bytes.
     std::size_t Size() const { return m_size; }
+    // True for a token of no bytes.
     bool Empty() const { return m_size == 0; }
 
     // Points at bytes of the current chunk.
@@ -41,6 +46,7 @@ public:
         m_data = m_own.data();
         m_size = m_own.size();
     }
+    // Makes the token empty; the own buffer keeps its capacity.
     void Clear() { m_size = 0; }
     // Copies a view into the own buffer, before the chunk it points into goes away.
     void Detach()

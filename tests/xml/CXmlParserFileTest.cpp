@@ -1,44 +1,29 @@
 #include "ParseEverySplit.h"
+#include "TempDirTest.h"
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <fstream>
 #include <zlib.h>
 
 namespace {
 
-namespace fs = std::filesystem;
-
-class ParserFiles : public testing::Test
+class ParserFiles : public TempDirTest
 {
 protected:
-    void SetUp() override
-    {
-        m_dir = fs::temp_directory_path() /
-                ("tervola_xml_parser_" + std::to_string(::testing::UnitTest::GetInstance()->random_seed()) + "_" +
-                 ::testing::UnitTest::GetInstance()->current_test_info()->name());
-        fs::create_directories(m_dir);
-    }
-    void TearDown() override { fs::remove_all(m_dir); }
-
     std::string WritePlain(const std::string& name, const std::string& bytes)
     {
-        const std::string path = (m_dir / name).string();
-        std::ofstream(path, std::ios::binary) << bytes;
-        return path;
+        std::ofstream(PathOf(name), std::ios::binary) << bytes;
+        return PathOf(name);
     }
     std::string WriteGzip(const std::string& name, const std::string& bytes)
     {
-        const std::string path = (m_dir / name).string();
-        gzFile file = gzopen(path.c_str(), "wb9");
+        gzFile file = gzopen(PathOf(name).c_str(), "wb9");
         EXPECT_NE(file, nullptr);
         EXPECT_EQ(gzwrite(file, bytes.data(), static_cast<unsigned>(bytes.size())), static_cast<int>(bytes.size()));
         EXPECT_EQ(gzclose(file), Z_OK);
-        return path;
+        return PathOf(name);
     }
-
-    fs::path m_dir;
 };
 
 // A document of a few hundred kilobytes whose tags, values and texts fall across every read
@@ -81,7 +66,7 @@ TEST_F(ParserFiles, PlainAndGzipFilesGiveTheEventsOfTheText)
 
 TEST_F(ParserFiles, FailuresReportFalse)
 {
-    const std::string missing = (m_dir / "missing.tvl").string();
+    const std::string missing = PathOf("missing.tvl");
     HandlerSet set;
     CXmlParser parser(&set.Root());
     parser.SetErrorMessage(std::string("left over"));
