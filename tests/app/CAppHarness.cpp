@@ -1,5 +1,7 @@
 #include "CAppHarness.h"
 
+#include "app/CJumpListCtrl.h"
+#include "app/CLogbookView.h"
 #include "app/CMainFrame.h"
 #include "app/CSplashWnd.h"
 
@@ -28,6 +30,19 @@ bool CAppHarness::StartWithoutSplash(const QStringList& arguments)
     if (CSplashWnd* splash = CSplashWnd::Instance())
         delete splash;
     return CSplashWnd::Instance() == nullptr;
+}
+
+QString CAppHarness::StartWith(const CTestLogbook& logbook)
+{
+    const QString path = Write(logbook, QStringLiteral("jumps.tvz"));
+    SetLastFile(path);
+    return StartWithoutSplash() ? path : QString();
+}
+
+void CAppHarness::SelectRow(int row)
+{
+    CJumpListCtrl* list = View()->GetList();
+    list->setCurrentItem(list->topLevelItem(row));
 }
 
 CMainFrame* CAppHarness::Frame() const

@@ -30,6 +30,11 @@ public:
     bool Start(const QStringList& arguments = {});
     // Start-up, then the splash is closed so that input reaches the window.
     bool StartWithoutSplash(const QStringList& arguments = {});
+    // Writes the logbook as "jumps.tvz", makes it the last file and starts without splash;
+    // returns the logbook's path (empty on failure).
+    QString StartWith(const CTestLogbook& logbook);
+    // Selects a row of the jump list.
+    void SelectRow(int row);
 
     CMainFrame* Frame() const;
     CLogbookView* View() const;
