@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QFileDialog>
-#include <QFileInfo>
 #include <QScreen>
 #include <QStandardPaths>
 
@@ -33,8 +32,6 @@ QString CFileDialogs::Run(bool save, const QString& startPath)
     // Open: only existing files. Save: the folder must exist; replacing a file is confirmed.
     dialog.setFileMode(save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
     dialog.setDefaultSuffix(QStringLiteral("tvz"));
-    if (!save && QFileInfo(startPath).isFile())
-        dialog.selectFile(startPath);
 
     // On a handheld-sized screen the desktop's dialog does not fit: use Qt's own, full screen.
     const QScreen* screen = parent ? parent->screen() : QApplication::primaryScreen();

@@ -79,6 +79,8 @@ void CJumpListCtrl::Fill(const CLogbookDoc& doc, bool unsignedOnly)
         row->setTextAlignment(NumberColumn, Qt::AlignRight | Qt::AlignVCenter);
         row->setText(DateColumn, CDateText::ShortDate(jump->GetTimestamp().dateTime));
         row->setText(PlaceColumn, QString::fromStdString(jump->GetPlace()));
+        // Long drop-zone names are cut at the column's edge; the tooltip shows them whole.
+        row->setToolTip(PlaceColumn, row->text(PlaceColumn));
         rows.append(row);
     }
     addTopLevelItems(rows);

@@ -1,5 +1,6 @@
 // Renders the main window in every mode at the handheld, phone and desktop sizes into
-// PNG files (folder "screens" beside this program, or the folder given as first argument),
+// PNG files (folder "screens" beside this program, or the folder given as first argument; a
+// logbook given as second argument replaces the built-in demo),
 // and checks each picture's layout: every visible control lies inside the view, no two overlap,
 // and no summary text is cut. Exits with the number of problems found.
 
@@ -12,6 +13,7 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QFileInfo>
 #include <QLabel>
 #include <QLocale>
 #include <QTextStream>
@@ -98,6 +100,7 @@ int main(int argc, char* argv[])
     const QString target = argc > 1 ? QString::fromLocal8Bit(argv[1])
                                     : QCoreApplication::applicationDirPath() + QStringLiteral("/screens");
     QDir().mkpath(target);
+    const QString logbook = argc > 2 ? QFileInfo(QString::fromLocal8Bit(argv[2])).absoluteFilePath() : QString();
 
     const QList<QSize> sizes = {{240, 320}, {320, 240}, {360, 640}, {1024, 768}};
     const QStringList modes = {QStringLiteral("splash"), QStringLiteral("empty"), QStringLiteral("home"),
@@ -111,7 +114,8 @@ int main(int argc, char* argv[])
             harness.settings.SetInt("Preferences", "Units", 1);
             const bool splash = mode == QStringLiteral("splash");
             if (mode != QStringLiteral("empty"))
-                harness.SetLastFile(harness.Write(DemoLogbook(), QStringLiteral("demo.tvz")));
+                harness.SetLastFile(logbook.isEmpty() ? harness.Write(DemoLogbook(), QStringLiteral("demo.tvz"))
+                                                      : logbook);
             if (!(splash ? harness.Start() : harness.StartWithoutSplash()))
                 return 100;
             CMainFrame* frame = harness.Frame();

@@ -9,6 +9,7 @@
 #include "app/CSummaryPane.h"
 
 #include <QAction>
+#include <QLabel>
 #include <QMenu>
 #include <QToolButton>
 #include <QtTest>
@@ -192,6 +193,17 @@ private slots:
         for (int row = 0; row < CSummaryPane::RowCount; ++row)
             shown << summary->LabelText(row) << summary->ValueText(row);
         QCOMPARE(shown, texts);
+        // Too narrow for label and value side by side: each value goes below its label.
+        CSummaryPane* pane = harness.View()->GetSummary();
+        for (int width : {100, 1000})
+        {
+            pane->FitWidth(width);
+            pane->adjustSize();
+            QCOMPARE(pane->IsStacked(), width == 100);
+            const QLabel* label = pane->findChild<QLabel*>("summaryLabel1");
+            const QLabel* value = pane->findChild<QLabel*>("summaryValue1");
+            QCOMPARE(value->y() >= label->y() + label->height(), width == 100);
+        }
     }
 
     void listColumnsAndScrolling()
