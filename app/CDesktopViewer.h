@@ -6,5 +6,6 @@
 class CDesktopViewer final : public IPictureViewer
 {
 public:
+    // Hands the file's URL to the desktop; false when no viewer took it.
     bool Open(const QString& path) override;
 };

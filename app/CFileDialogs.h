@@ -13,7 +13,9 @@ public:
     // Dialogs open over this window once it is set (null: the active window).
     void SetParent(QWidget* parent) { m_parent = parent; }
 
+    // An existing ".tvz" file, starting at startPath.
     QString ChooseOpen(const QString& startPath) override;
+    // A file to write; ".tvz" is added when no extension is typed.
     QString ChooseSave(const QString& startPath) override;
 
     // The name filter of both dialogs.

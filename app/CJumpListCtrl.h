@@ -22,6 +22,7 @@ public:
     // The room left beside the last column for the vertical scroll bar, at least.
     static constexpr int kScrollBarRoom = 15;
 
+    // An empty list with its three columns and four icons.
     explicit CJumpListCtrl(QWidget* parent = nullptr);
 
     // The icon a jump's row gets.
@@ -46,6 +47,7 @@ public:
     void SizeColumns();
 
 protected:
+    // Resizes the last column with the list.
     void resizeEvent(QResizeEvent* event) override;
 
 private:

@@ -30,13 +30,16 @@ public:
     CLogbookApp();
     // Services chosen by the caller (tests); every pointer must be set.
     explicit CLogbookApp(const CAppServices& services);
+    // Closes the frame before the services it uses.
     ~CLogbookApp() override;
 
     // Starts the program; arguments as the command line gives them (the program's path first,
     // then optionally a logbook to open instead of the last one). Returns false on failure.
     bool InitInstance(const QStringList& arguments);
 
+    // The main window once started.
     CMainFrame* GetMainFrame() const { return m_frame.get(); }
+    // The services the program runs on.
     const CAppServices& GetServices() const { return m_services; }
 
 private:

@@ -25,9 +25,11 @@ public:
     // A client width of exactly this many pixels selects the landscape layout.
     static constexpr int kLandscapeWidth = 320;
 
+    // The view of the frame's document, in mode Empty until the first refresh.
     CLogbookView(CLogbookDoc& doc, const CUnitSettings& units, const CAppServices& services,
                  QWidget* parent = nullptr);
 
+    // The current mode.
     ViewMode GetViewMode() const { return m_mode; }
     // Switches the mode: shows and hides the controls, empties the list when leaving a list.
     void SetViewMode(ViewMode mode);
@@ -60,14 +62,23 @@ public:
     QSize minimumSizeHint() const override { return QSize(200, 160); }
 
 public slots:
+    // New: save dialog, then an empty logbook saved at once (4000 and no file on failure).
     void OnFileNew();
+    // Open: open dialog, load (4001 on failure), then the reminders through logbookOpened.
     void OnFileOpen();
+    // Save to the current file (4002 on failure).
     void OnFileSave();
+    // Save under a new name (4002 on failure).
     void OnFileSaveAs();
+    // Mode Home.
     void OnViewHome();
+    // All jumps in the list, mode JumpList.
     void OnViewJumpList();
+    // The unsigned jumps in the list, mode SignList.
     void OnViewSignList();
+    // Shows the selected jump's picture when it is a picture inside the logbook's folder.
     void OnJumpShowPicture();
+    // Deletes the selected jump after a Yes to message 5007 (jump list only).
     void OnJumpDelete();
 
 signals:
@@ -77,7 +88,9 @@ signals:
     void stateChanged();
 
 protected:
+    // Picks the portrait or landscape arrangement and the button sizes.
     void resizeEvent(QResizeEvent* event) override;
+    // The home page's background behind the summary.
     void paintEvent(QPaintEvent* event) override;
 
 private:

@@ -18,12 +18,18 @@ class CMainFrame : public QMainWindow
     Q_OBJECT
 
 public:
+    // Builds the frame on the program's services (not owned) and puts up the splash.
     explicit CMainFrame(const CAppServices& services, QWidget* parent = nullptr);
+    // The view goes with the frame's children; the document outlives it.
     ~CMainFrame() override;
 
+    // The one logbook document.
     CLogbookDoc& GetDocument() { return m_doc; }
+    // The one view, the frame's central widget.
     CLogbookView* GetView() const { return m_view; }
+    // The unit preferences read when the frame was built.
     const CUnitSettings& GetUnits() const { return m_units; }
+    // The command bar with the File commands for the touch user.
     QToolBar* GetCommandBar() const { return m_commandBar; }
 
     // Shows the due reminders, membership first, then each due rig; nothing without a logbook.
@@ -34,9 +40,11 @@ public:
 public slots:
     // The program lost the user's attention: save a modified logbook to its file.
     void OnApplicationStateChanged(Qt::ApplicationState state);
+    // Shows the About box.
     void OnAbout();
 
 protected:
+    // Closing asks to save a modified logbook; Cancel keeps the window open.
     void closeEvent(QCloseEvent* event) override;
 
 private:

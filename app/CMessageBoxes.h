@@ -12,10 +12,15 @@ public:
     // Boxes are centred over this window once it is set (null: the active window).
     void SetParent(QWidget* parent) { m_parent = parent; }
 
+    // Critical icon, OK.
     void Error(const QString& text) override;
+    // Information icon, OK.
     void Information(const QString& text) override;
+    // Question icon, Yes and No (No is the default button).
     bool AskYesNo(const QString& text) override;
+    // Question icon, Yes, No and Cancel (Yes is the default button).
     Answer AskYesNoCancel(const QString& text) override;
+    // The platform's About box.
     void About(const QString& title, const QString& text) override;
 
 private:

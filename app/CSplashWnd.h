@@ -22,6 +22,7 @@ public:
     // The splash on screen, or null.
     static CSplashWnd* Instance() { return s_instance; }
 
+    // Clears the program-wide pointer.
     ~CSplashWnd() override;
 
     // True once start-up has ended and the splash may close.
@@ -30,7 +31,9 @@ public:
     bool HasTimerFired() const { return m_timerFired; }
 
 protected:
+    // The sky stretched over the client area, the emblem centred with its proportions.
     void paintEvent(QPaintEvent* event) override;
+    // Follows the client area's size; after start-up closes at the first key or tap.
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:

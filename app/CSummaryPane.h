@@ -20,6 +20,7 @@ public:
     // Rows of the summary.
     enum Row { NumberOfJumps = 0, FreefallTime, FreefallDistance, CanopyDistance, LastJump, RowCount };
 
+    // Labels and values without text until SetSummary.
     explicit CSummaryPane(QWidget* parent = nullptr);
 
     // Shows the document's numbers in the user's units.
@@ -41,6 +42,7 @@ public:
     static QString DistanceText(double metres, const CUnitSettings& units);
 
 protected:
+    // The translucent card behind the texts.
     void paintEvent(QPaintEvent* event) override;
 
 private:

@@ -7,6 +7,7 @@
 class IFileChooser
 {
 public:
+    // Implementations are owned by the program or the test.
     virtual ~IFileChooser() = default;
     // An existing logbook to open, or the empty text when the user cancels.
     virtual QString ChooseOpen(const QString& startPath) = 0;

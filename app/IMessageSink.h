@@ -10,6 +10,7 @@ public:
     // The answer to a question.
     enum class Answer { Yes, No, Cancel };
 
+    // Implementations are owned by the program or the test.
     virtual ~IMessageSink() = default;
     // A file error, with the error icon and an OK button.
     virtual void Error(const QString& text) = 0;

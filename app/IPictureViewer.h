@@ -7,6 +7,7 @@
 class IPictureViewer
 {
 public:
+    // Implementations are owned by the program or the test.
     virtual ~IPictureViewer() = default;
     // Opens the picture file (already checked by CPictureGuard); false when nothing opened it.
     virtual bool Open(const QString& path) = 0;
