@@ -1,0 +1,56 @@
+#include "tests/cli/CToolRunner.h"
+
+#include <QProcess>
+#include <QProcessEnvironment>
+
+std::vector<std::string> CToolResult::OutLines() const
+{
+    return CToolRunner::Lines(out);
+}
+
+std::vector<std::string> CToolResult::ErrLines() const
+{
+    return CToolRunner::Lines(err);
+}
+
+std::vector<std::string> CToolRunner::Lines(const std::string& text)
+{
+    std::vector<std::string> lines;
+    std::size_t start = 0;
+    while (start < text.size()) {
+        std::size_t end = text.find('\n', start);
+        if (end == std::string::npos)
+            end = text.size();
+        std::string line = text.substr(start, end - start);
+        if (!line.empty() && line.back() == '\r')
+            line.pop_back();
+        lines.push_back(std::move(line));
+        start = end + 1;
+    }
+    return lines;
+}
+
+CToolResult CToolRunner::Run(const QStringList& arguments) const
+{
+    QProcess process;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("XDG_CONFIG_HOME"), m_configHome);
+    process.setProcessEnvironment(environment);
+    process.start(QStringLiteral(TERVOLA_TOOL), arguments);
+    CToolResult result;
+    if (!process.waitForStarted(30000))
+        return result;
+    process.closeWriteChannel();
+    if (!process.waitForFinished(60000)) {
+        process.kill();
+        process.waitForFinished();
+        result.crashed = true;
+    }
+    result.crashed = result.crashed || process.exitStatus() != QProcess::NormalExit;
+    result.exitCode = process.exitCode();
+    const QByteArray out = process.readAllStandardOutput();
+    const QByteArray err = process.readAllStandardError();
+    result.out.assign(out.constData(), static_cast<std::size_t>(out.size()));
+    result.err.assign(err.constData(), static_cast<std::size_t>(err.size()));
+    return result;
+}

@@ -1,0 +1,187 @@
+#include "tests/cli/CScratchDir.h"
+#include "tests/cli/CToolRunner.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QRegularExpression>
+
+#include <gtest/gtest.h>
+
+#include <regex>
+#include <set>
+#include <ostream>
+#include <string>
+
+namespace {
+
+std::string WithoutRootMod(const std::string& xml)
+{
+    return std::regex_replace(xml, std::regex("(<tvl[^>]*) mod=\"[^\"]*\""), "$1", std::regex_constants::format_first_only);
+}
+
+class GenerateCommand : public ::testing::Test
+{
+protected:
+    // Generates into name with the given options; returns the path.
+    QString Generate(const QString& name, const QStringList& options)
+    {
+        const QString path = m_dir.Path(name);
+        const CToolResult result = m_tool.Run(QStringList{QStringLiteral("generate"), path} + options);
+        EXPECT_EQ(result.exitCode, 0) << result.err;
+        EXPECT_TRUE(result.out.empty() && result.err.empty()) << result.out << result.err;
+        return path;
+    }
+    QJsonObject ExportJson(const QString& path)
+    {
+        const CToolResult result = m_tool.Run({QStringLiteral("export"), path, QStringLiteral("--format"), QStringLiteral("json")});
+        EXPECT_EQ(result.exitCode, 0) << result.err;
+        return QJsonDocument::fromJson(QByteArray::fromStdString(result.out)).object();
+    }
+
+    CScratchDir m_dir;
+    CToolRunner m_tool{m_dir.ConfigHome()};
+};
+
+TEST_F(GenerateCommand, SameSeedGivesTheSameFileApartFromTheSaveTime)
+{
+    const QStringList options{"--jumps", "120", "--recordings", "2", "--samples", "15", "--seed", "42"};
+    const std::string first = CScratchDir::Read(Generate(QStringLiteral("a.tvl"), options));
+    const std::string second = CScratchDir::Read(Generate(QStringLiteral("b.tvl"), options));
+    ASSERT_GT(first.size(), 10000u);
+    EXPECT_EQ(WithoutRootMod(first), WithoutRootMod(second));
+
+    QStringList otherSeed = options;
+    otherSeed.last() = QStringLiteral("43");
+    const std::string third = CScratchDir::Read(Generate(QStringLiteral("c.tvl"), otherSeed));
+    EXPECT_NE(WithoutRootMod(first), WithoutRootMod(third));
+}
+
+TEST_F(GenerateCommand, CompressedOutputLoadsWithTheAskedNumberOfJumps)
+{
+    const QString path = Generate(QStringLiteral("g.tvz"), {"--jumps", "75", "--seed", "3"});
+    const std::string bytes = CScratchDir::Read(path);
+    ASSERT_GT(bytes.size(), 2u);
+    EXPECT_EQ(static_cast<unsigned char>(bytes[0]), 0x1f);
+    const CToolResult check = m_tool.Run({QStringLiteral("check"), path});
+    EXPECT_EQ(check.exitCode, 0);
+    ASSERT_EQ(check.OutLines().size(), 1u);
+    EXPECT_EQ(check.OutLines()[0].rfind("75 jumps, last jump number ", 0), 0u) << check.out;
+}
+
+// The generated logbook uses every part of the format, so that demos and benchmarks exercise it all.
+TEST_F(GenerateCommand, LogbookIsVariedAndComplete)
+{
+    const QJsonObject root = ExportJson(Generate(
+        QStringLiteral("v.tvz"), {"--jumps", "400", "--recordings", "5", "--samples", "30", "--baro", "3", "--seed", "11"}));
+    const QJsonArray jumps = root.value("jumps").toArray();
+    ASSERT_EQ(jumps.size(), 400);
+
+    std::set<QString> kinds;
+    int gps = 0, baro = 0, byIndex = 0, byText = 0, pictures = 0, videos = 0, notes = 0, strokes = 0, winds = 0;
+    int previous = 0;
+    for (qsizetype i = 0; i < jumps.size(); ++i) {
+        const QJsonObject jump = jumps.at(i).toObject();
+        EXPECT_GT(jump.value("n").toInt(), previous);   // numbers rise, none repeats
+        previous = jump.value("n").toInt();
+        const int month = jump.value("ts").toString().mid(5, 2).toInt();
+        EXPECT_TRUE(month >= 4 && month <= 10) << jump.value("ts").toString().toStdString();
+        EXPECT_GT(jump.value("exit").toInt(), jump.value("open").toInt());
+        EXPECT_GT(jump.value("freefallTime").toInt(), 0);
+        kinds.insert(jump.value("fallrate").toString());
+
+        const QJsonObject profile = jump.value("profile").toObject();
+        const QJsonArray waypoints = profile.value("waypoints").toArray();
+        if (profile.value("type") == "gps") {
+            ++gps;
+            EXPECT_EQ(waypoints.size(), 30);
+            EXPECT_TRUE(waypoints.at(0).toObject().contains("lat"));
+            EXPECT_EQ(jump.value("fallrate").toString(), "Import");
+        } else if (profile.value("type") == "baro") {
+            ++baro;
+            EXPECT_FALSE(waypoints.isEmpty());
+            EXPECT_FALSE(waypoints.at(0).toObject().contains("lat"));
+        }
+        const QJsonObject equipment = jump.value("equipment").toObject();
+        byIndex += equipment.value("n").isDouble() ? 1 : 0;
+        byText += equipment.value("description").toString().isEmpty() ? 0 : 1;
+        pictures += jump.value("image").toArray().isEmpty() ? 0 : 1;
+        videos += jump.value("video").toObject().value("name").toString().isEmpty() ? 0 : 1;
+        const QString note = jump.value("noteText").toString();
+        notes += note.contains(QStringLiteral("\r\n")) && note.contains(QRegularExpression(QStringLiteral("[äöüÄÖÜ]"))) ? 1 : 0;
+        strokes += jump.value("signature").toObject().value("lines").toArray().isEmpty() ? 0 : 1;
+        winds += jump.value("wind").toObject().value("speed").toDouble() > 0 ? 1 : 0;
+        if (i >= jumps.size() - 6) {
+            EXPECT_EQ(jump.value("signature").toObject().value("name").toString(), "") << "newest jumps are unsigned";
+        }
+    }
+    EXPECT_EQ(kinds, (std::set<QString>{"Standard", "Vertical", "Custom", "Manual", "Import"}));
+    EXPECT_EQ(gps, 5);
+    EXPECT_EQ(baro, 3);
+    for (int count : {byIndex, byText, pictures, videos, notes, strokes, winds})
+        EXPECT_GT(count, 0);
+    EXPECT_GT(strokes, 100);
+
+    const QJsonObject settings = root.value("settings").toObject();
+    EXPECT_FALSE(settings.value("owner").toString().isEmpty());
+    EXPECT_FALSE(settings.value("membership").toObject().value("expirationDate").toString().isEmpty());
+    const QJsonObject rigs = settings.value("equipments").toObject();
+    EXPECT_GE(rigs.value("alarmDays").toInt(), 0);
+    ASSERT_FALSE(rigs.value("equipment").toArray().isEmpty());
+    EXPECT_FALSE(rigs.value("equipment").toArray().at(0).toObject().value("inspectionDate").toString().isEmpty());
+    EXPECT_NE(settings.value("fallrates").toArray().at(2).toObject().value("speed").toDouble(), 22.3);
+    EXPECT_EQ(root.value("summary").toObject().value("lastJump").toString(), "2025-09-27");
+}
+
+TEST_F(GenerateCommand, ConvertingAGeneratedLogbookKeepsEveryValue)
+{
+    const QString generated = Generate(QStringLiteral("g.tvz"), {"--jumps", "150", "--recordings", "3", "--samples", "40"});
+    const QString converted = m_dir.Path(QStringLiteral("g.tvl"));
+    ASSERT_EQ(m_tool.Run({QStringLiteral("convert"), generated, converted}).exitCode, 0);
+    EXPECT_EQ(ExportJson(generated), ExportJson(converted));
+}
+
+struct BadGenerate
+{
+    const char* name;
+    QStringList options;
+};
+
+// Names the case in test listings instead of dumping its bytes.
+void PrintTo(const BadGenerate& value, std::ostream* os)
+{
+    *os << value.name;
+}
+
+class GenerateUsage : public GenerateCommand, public ::testing::WithParamInterface<BadGenerate>
+{
+};
+
+TEST_P(GenerateUsage, RefusesAndWritesNothing)
+{
+    const QString path = m_dir.Path(QStringLiteral("x.tvz"));
+    const CToolResult result = m_tool.Run(QStringList{QStringLiteral("generate"), path} + GetParam().options);
+    EXPECT_EQ(result.exitCode, 2);
+    EXPECT_NE(result.err.find("tervola generate"), std::string::npos) << result.err;
+    EXPECT_FALSE(CScratchDir::Exists(path));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Options, GenerateUsage,
+    ::testing::Values(BadGenerate{"NoJumps", {}}, BadGenerate{"NegativeJumps", {"--jumps", "-3"}},
+                      BadGenerate{"JumpsNotANumber", {"--jumps", "many"}},
+                      BadGenerate{"MoreRecordingsThanJumps", {"--jumps", "5", "--recordings", "6"}},
+                      BadGenerate{"NegativeSamples", {"--jumps", "5", "--samples", "-1"}},
+                      BadGenerate{"SeedTooLarge", {"--jumps", "5", "--seed", "4294967296"}},
+                      BadGenerate{"UnknownOption", {"--jumps", "5", "--colour", "red"}}),
+    [](const ::testing::TestParamInfo<BadGenerate>& param) { return std::string(param.param.name); });
+
+TEST_F(GenerateCommand, UnwritableTargetReportsTheSaveMessage)
+{
+    const CToolResult result =
+        m_tool.Run({QStringLiteral("generate"), m_dir.Path(QStringLiteral("none/x.tvz")), "--jumps", "3"});
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_EQ(result.ErrLines(), std::vector<std::string>{"The file could not be saved."});
+}
+
+} // namespace
