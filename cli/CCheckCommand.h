@@ -7,7 +7,9 @@
 class CCheckCommand final : public CCommand
 {
 public:
+    // The word "check".
     QString Name() const override { return QStringLiteral("check"); }
+    // The line for the tool's own help.
     QString Summary() const override;
 
 protected:

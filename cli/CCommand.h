@@ -14,6 +14,7 @@ public:
     // Exit codes shared by every command.
     enum ExitCode { Success = 0, Failure = 1, UsageError = 2 };
 
+    // Commands are owned through this base.
     virtual ~CCommand() = default;
 
     // The word that selects the command.

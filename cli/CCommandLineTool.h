@@ -10,6 +10,7 @@
 class CCommandLineTool
 {
 public:
+    // The tool with its five commands.
     CCommandLineTool();
 
     // Runs the tool on the arguments after the program name; returns the exit code.

@@ -7,7 +7,9 @@
 class CConvertCommand final : public CCommand
 {
 public:
+    // The word "convert".
     QString Name() const override { return QStringLiteral("convert"); }
+    // The line for the tool's own help.
     QString Summary() const override;
 
 protected:

@@ -15,6 +15,7 @@ class CUnitSettings;
 class CCsvExporter
 {
 public:
+    // Heights are shown in these units (kept by reference).
     explicit CCsvExporter(const CUnitSettings& units) : m_units(units) {}
 
     // The whole table.

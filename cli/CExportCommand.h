@@ -7,7 +7,9 @@
 class CExportCommand final : public CCommand
 {
 public:
+    // The word "export".
     QString Name() const override { return QStringLiteral("export"); }
+    // The line for the tool's own help.
     QString Summary() const override;
 
 protected:

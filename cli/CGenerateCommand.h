@@ -7,7 +7,9 @@
 class CGenerateCommand final : public CCommand
 {
 public:
+    // The word "generate".
     QString Name() const override { return QStringLiteral("generate"); }
+    // The line for the tool's own help.
     QString Summary() const override;
 
 protected:

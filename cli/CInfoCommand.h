@@ -13,7 +13,9 @@ class CUnitSettings;
 class CInfoCommand final : public CCommand
 {
 public:
+    // The word "info".
     QString Name() const override { return QStringLiteral("info"); }
+    // The line for the tool's own help.
     QString Summary() const override;
 
     // The summary's labels and values as the home screen shows them.

@@ -20,6 +20,7 @@ public:
         double avgSpeed = 0.0;  // m/s
     };
 
+    // Draws its random choices from random.
     explicit CFlightProfileMaker(CGeneratorRandom& random) : m_random(random) {}
 
     // Fills recording (cleared first) as a satellite recording of samples waypoints.

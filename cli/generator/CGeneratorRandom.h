@@ -10,6 +10,7 @@
 class CGeneratorRandom
 {
 public:
+    // The engine seeded with seed.
     explicit CGeneratorRandom(uint32_t seed) : m_engine(seed) {}
 
     // The engine's next 32 bits.

@@ -21,6 +21,7 @@ struct CDropZoneInfo;
 class CLogbookGenerator
 {
 public:
+    // A generator for these options (counts out of range are clamped).
     explicit CLogbookGenerator(const CGeneratorOptions& options);
 
     // Clears doc and fills it; the document is left unmodified and without a path.

@@ -11,9 +11,9 @@
 class CScratchDir
 {
 public:
+    // A new empty folder with an empty settings folder in it.
     CScratchDir();
 
-    bool IsValid() const { return m_dir.isValid(); }
     // The absolute path of a name inside the folder.
     QString Path(const QString& name) const;
     // The settings folder handed to the tool as XDG_CONFIG_HOME.
@@ -30,6 +30,7 @@ public:
     static std::string Read(const QString& path);
     // The bytes of a gzip file, uncompressed; empty when it cannot be read.
     static std::string ReadGzip(const QString& path);
+    // Whether a file exists at path.
     static bool Exists(const QString& path);
 
 private:
