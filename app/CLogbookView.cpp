@@ -355,24 +355,13 @@ void CLogbookView::OnFileNew()
 bool CLogbookView::LoadLogbook(const QString& path)
 {
     const std::string file = NativePath(path);
-    // Try the file on a scratch document first: a bad file then leaves the open logbook as it
-    // was instead of an empty document.
-    CLoadResult result;
-    {
-        CLogbookDoc trial(nullptr, m_services.clock);
-        result = trial.Load(file);
-    }
-    if (result.ok)
-        result = m_doc.Load(file);
+    // A bad file leaves the open logbook as it was instead of an empty document.
+    const CLoadResult result = m_doc.TryLoad(file);
     if (!result.ok)
     {
         if (!result.message.empty())
             m_services.messages->Error(QString::fromStdString(result.message));
         m_services.messages->Error(Message(StringTable::IDS_OPEN_FAILED));
-        // The document is only touched when the trial succeeded and the real load did not
-        // (the file changed in between); the view then follows what the document holds.
-        if (!IsLogbookOpen())
-            Refresh();
         return false;
     }
     Refresh();

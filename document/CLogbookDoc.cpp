@@ -94,6 +94,27 @@ CLoadResult CLogbookDoc::Load(const std::string& path)
     return result;
 }
 
+CLoadResult CLogbookDoc::TryLoad(const std::string& path)
+{
+    CLogbookDoc fresh(m_store, m_clock);
+    CLoadResult result = fresh.Load(path);
+    if (result.ok)
+        SwapContents(fresh);
+    return result;
+}
+
+void CLogbookDoc::SwapContents(CLogbookDoc& other)
+{
+    std::swap(m_path, other.m_path);
+    std::swap(m_fileVersion, other.m_fileVersion);
+    std::swap(m_modified, other.m_modified);
+    std::swap(m_settings, other.m_settings);
+    std::swap(m_jumps, other.m_jumps);
+    std::swap(m_totalFreefallTime, other.m_totalFreefallTime);
+    std::swap(m_totalFreefallDistance, other.m_totalFreefallDistance);
+    std::swap(m_totalCanopyDistance, other.m_totalCanopyDistance);
+}
+
 bool CLogbookDoc::Save(const std::string& path)
 {
     if (path.empty())

@@ -51,6 +51,9 @@ public:
     // Loads a logbook: plain XML for ".tvl" (any case), gzip (or transparent plain) otherwise.
     // A failed load leaves an empty document.
     CLoadResult Load(const std::string& path);
+    // Loads into a fresh document and takes its contents only on success: a file that fails
+    // leaves this document exactly as it was (Open uses this to keep the logbook the user had).
+    CLoadResult TryLoad(const std::string& path);
     // Saves safely: temporary file, flush, ".bak" copy of the old file, rename. A failed save
     // leaves the old file and its backup untouched. Success sets the path and clears the flag.
     bool Save(const std::string& path);
@@ -110,6 +113,8 @@ public:
 private:
     class SettingsReader;
     bool WriteTo(class CXmlWriter& writer) const;
+    // Exchanges everything a logbook holds (not the settings store, clock or output factory).
+    void SwapContents(CLogbookDoc& other);
 
     ISettingsStore* m_store;
     const IClock* m_clock;

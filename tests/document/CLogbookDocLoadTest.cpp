@@ -159,7 +159,43 @@ TEST(CLogbookDocLoad, RefusalsGiveTheirMessageAndAnEmptyDocument)
         EXPECT_EQ(result.message, c.message) << c.name;
         ExpectEmpty(doc);
         EXPECT_EQ(store.GetString("General", "LastFile", ""), "previous") << c.name;
+
+        // Trying the same file on an open, edited logbook leaves that logbook untouched.
+        CLogbookDoc kept(&store);
+        ASSERT_TRUE(kept.Load(kGolden));
+        store.SetString("General", "LastFile", "previous");
+        const std::size_t jumps = kept.GetJumpCount();
+        const int64_t distance = kept.GetTotalFreefallDistance();
+        kept.SetModified();
+        const CLoadResult tried = kept.TryLoad(path);
+        EXPECT_FALSE(tried.ok) << c.name;
+        EXPECT_EQ(tried.message, c.message) << c.name;
+        EXPECT_EQ(kept.GetJumpCount(), jumps) << c.name;
+        EXPECT_EQ(kept.GetTotalFreefallDistance(), distance) << c.name;
+        EXPECT_EQ(kept.GetPath(), kGolden) << c.name;
+        EXPECT_TRUE(kept.IsModified()) << c.name;
+        EXPECT_EQ(store.GetString("General", "LastFile", ""), "previous") << c.name;
     }
+}
+
+TEST(CLogbookDocLoad, TryLoadTakesOverAGoodFile)
+{
+    CTempFolder folder("tryload");
+    const std::string small = folder / "small.tvl";
+    WriteBytes(small, Logbook("<log>" + JumpXml(7, "A", 4000, 1000) + "</log>"));
+    CMemorySettingsStore store;
+    CLogbookDoc doc(&store);
+    ASSERT_TRUE(doc.Load(small));
+    doc.SetModified();
+    ASSERT_TRUE(doc.TryLoad(kGolden).ok);
+    CLogbookDoc reference;
+    ASSERT_TRUE(reference.Load(kGolden));
+    EXPECT_EQ(doc.GetJumpCount(), reference.GetJumpCount());
+    EXPECT_EQ(doc.GetSettings(), reference.GetSettings());
+    EXPECT_EQ(doc.GetTotalFreefallTime(), reference.GetTotalFreefallTime());
+    EXPECT_EQ(doc.GetPath(), kGolden);
+    EXPECT_FALSE(doc.IsModified());
+    EXPECT_EQ(store.GetString("General", "LastFile", ""), kGolden);
 }
 
 TEST(CLogbookDocLoad, ContainersAndVersions)
