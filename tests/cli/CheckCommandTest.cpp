@@ -39,11 +39,7 @@ struct LoadCase
     std::vector<std::string> err;   // the message-box texts, in order
 };
 
-// Names the case in test listings instead of dumping its bytes.
-void PrintTo(const LoadCase& value, std::ostream* os)
-{
-    *os << value.name;
-}
+void PrintTo(const LoadCase& value, std::ostream* os) { *os << value.name; }   // names the case in listings
 
 class CheckCommand : public ::testing::TestWithParam<LoadCase>
 {
@@ -108,11 +104,7 @@ struct ParserErrorCase
     std::string tag;   // how the message names the element
 };
 
-// Names the case in test listings instead of dumping its bytes.
-void PrintTo(const ParserErrorCase& value, std::ostream* os)
-{
-    *os << value.name;
-}
+void PrintTo(const ParserErrorCase& value, std::ostream* os) { *os << value.name; }   // names the case in listings
 
 class CheckParserError : public ::testing::TestWithParam<ParserErrorCase>
 {

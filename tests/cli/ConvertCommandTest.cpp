@@ -31,11 +31,7 @@ struct ConvertCase
     const char* out;
 };
 
-// Names the case in test listings instead of dumping its bytes.
-void PrintTo(const ConvertCase& value, std::ostream* os)
-{
-    *os << value.name;
-}
+void PrintTo(const ConvertCase& value, std::ostream* os) { *os << value.name; }   // names the case in listings
 
 class ConvertCommand : public ::testing::TestWithParam<ConvertCase>
 {

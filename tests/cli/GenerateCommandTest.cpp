@@ -147,11 +147,7 @@ struct BadGenerate
     QStringList options;
 };
 
-// Names the case in test listings instead of dumping its bytes.
-void PrintTo(const BadGenerate& value, std::ostream* os)
-{
-    *os << value.name;
-}
+void PrintTo(const BadGenerate& value, std::ostream* os) { *os << value.name; }   // names the case in listings
 
 class GenerateUsage : public GenerateCommand, public ::testing::WithParamInterface<BadGenerate>
 {

@@ -15,11 +15,7 @@ struct CommandHelp
     std::vector<std::string> mentions;   // options and arguments the help must explain
 };
 
-// Names the case in test listings instead of dumping its bytes.
-void PrintTo(const CommandHelp& value, std::ostream* os)
-{
-    *os << value.command;
-}
+void PrintTo(const CommandHelp& value, std::ostream* os) { *os << value.command; }   // names the case in listings
 
 class CommandHelpTest : public ::testing::TestWithParam<CommandHelp>
 {
@@ -62,11 +58,7 @@ struct ToolCall
     std::string errContains;
 };
 
-// Names the case in test listings instead of dumping its bytes.
-void PrintTo(const ToolCall& value, std::ostream* os)
-{
-    *os << value.name;
-}
+void PrintTo(const ToolCall& value, std::ostream* os) { *os << value.name; }   // names the case in listings
 
 class ToolCallTest : public ::testing::TestWithParam<ToolCall>
 {
@@ -94,7 +86,11 @@ INSTANTIATE_TEST_SUITE_P(
                       ToolCall{"UnknownCommand", {"frobnicate"}, 2, "", "unknown command \"frobnicate\""},
                       ToolCall{"MissingFile", {"check"}, 2, "", "missing argument"},
                       ToolCall{"TooManyFiles", {"check", "a.tvz", "b.tvz"}, 2, "", "unexpected argument \"b.tvz\""},
-                      ToolCall{"UnknownOption", {"info", "a.tvz", "--colour"}, 2, "", "colour"}),
+                      ToolCall{"UnknownOption", {"info", "a.tvz", "--colour"}, 2, "", "colour"},
+                      // Option values are checked before any file is read.
+                      ToolCall{"UnknownUnits", {"info", "a.tvz", "--units", "furlongs"}, 2, "", "furlongs"},
+                      ToolCall{"ExportWithoutFormat", {"export", "a.tvz"}, 2, "", "--format"},
+                      ToolCall{"UnknownFormat", {"export", "a.tvz", "--format", "xml"}, 2, "", "\"xml\""}),
     [](const ::testing::TestParamInfo<ToolCall>& param) { return std::string(param.param.name); });
 
 } // namespace

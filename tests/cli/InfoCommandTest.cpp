@@ -40,11 +40,7 @@ struct UnitsCase
     bool metric;
 };
 
-// Names the case in test listings instead of dumping its bytes.
-void PrintTo(const UnitsCase& value, std::ostream* os)
-{
-    *os << value.name;
-}
+void PrintTo(const UnitsCase& value, std::ostream* os) { *os << value.name; }   // names the case in listings
 
 class InfoCommand : public ::testing::TestWithParam<UnitsCase>
 {
@@ -121,18 +117,6 @@ TEST(InfoCommandEdges, NumberOfJumpsIsTheLastNumberNotTheCount)
     EXPECT_EQ(lines[2], "Freefall Dist. [km]: 500");
     EXPECT_EQ(lines[3], "Canopy Dist. [km]: 450");
     EXPECT_EQ(lines[4], "Last Jump: 2023-08-01");
-}
-
-TEST(InfoCommandEdges, UnknownUnitsAreAUsageError)
-{
-    CScratchDir dir;
-    const CToolRunner tool(dir.ConfigHome());
-    const CToolResult result = tool.Run({QStringLiteral("info"),
-                                         dir.WritePlain(QStringLiteral("r.tvl"), TestLogbooks::Reference()),
-                                         QStringLiteral("--units"), QStringLiteral("furlongs")});
-    EXPECT_EQ(result.exitCode, 2);
-    EXPECT_TRUE(result.out.empty());
-    EXPECT_NE(result.err.find("furlongs"), std::string::npos);
 }
 
 } // namespace
