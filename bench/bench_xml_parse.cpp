@@ -2,11 +2,11 @@
 // with equal work per event: every attribute value copied out, every element text read.
 //   bench_xml_parse [FILE] [--mb M] [--reps R] [--chunk BYTES]
 // Without FILE a logbook of M megabytes (default 30) is generated.
+#include "CExpatCounter.h"
 #include "LogbookXmlGenerator.h"
 
 #include "xml/CXmlParser.h"
 
-#include <expat.h>
 #include <zlib.h>
 
 #include <algorithm>
@@ -17,18 +17,10 @@
 
 namespace {
 
-struct Work
-{
-    std::size_t starts = 0;
-    std::size_t ends = 0;
-    std::size_t attributeBytes = 0;
-    std::size_t textBytes = 0;
-};
-
 class BenchHandler : public CXmlHandler
 {
 public:
-    explicit BenchHandler(Work& work) : m_work(work) {}
+    explicit BenchHandler(ParseWork& work) : m_work(work) {}
 
     bool OnOpenTag(CXmlParser& parser) override
     {
@@ -49,42 +41,9 @@ public:
     }
 
 private:
-    Work& m_work;
+    ParseWork& m_work;
     std::string m_value;
 };
-
-struct ExpatState
-{
-    Work work;
-    std::string value;
-    std::string text;
-};
-
-void XMLCALL ExpatStart(void* data, const XML_Char* name, const XML_Char** attrs)
-{
-    auto* state = static_cast<ExpatState*>(data);
-    ++state->work.starts;
-    state->work.attributeBytes += std::char_traits<char>::length(name);
-    for (const XML_Char** a = attrs; *a != nullptr; a += 2) {
-        state->value.assign(a[1]);
-        state->work.attributeBytes += state->value.size();
-    }
-    state->text.clear();
-}
-
-void XMLCALL ExpatEnd(void* data, const XML_Char* name)
-{
-    auto* state = static_cast<ExpatState*>(data);
-    ++state->work.ends;
-    state->work.attributeBytes += std::char_traits<char>::length(name);
-    state->work.textBytes += state->text.size();
-    state->text.clear();
-}
-
-void XMLCALL ExpatText(void* data, const XML_Char* text, int length)
-{
-    static_cast<ExpatState*>(data)->text.append(text, static_cast<std::size_t>(length));
-}
 
 double Seconds(std::chrono::steady_clock::time_point start)
 {
@@ -139,11 +98,11 @@ int main(int argc, char** argv)
 
     double bestOwn = 1e30;
     double bestExpat = 1e30;
-    Work own;
-    Work expat;
+    ParseWork own;
+    ParseWork expat;
     for (int rep = 0; rep < reps; ++rep) {
         {
-            Work work;
+            ParseWork work;
             BenchHandler handler(work);
             CXmlParser parser(&handler);
             const auto start = std::chrono::steady_clock::now();
@@ -160,26 +119,19 @@ int main(int argc, char** argv)
             own = work;
         }
         {
-            ExpatState state;
-            XML_Parser parser = XML_ParserCreate(nullptr);
-            XML_SetUserData(parser, &state);
-            XML_SetElementHandler(parser, ExpatStart, ExpatEnd);
-            XML_SetCharacterDataHandler(parser, ExpatText);
+            CExpatCounter counter;
             const auto start = std::chrono::steady_clock::now();
             bool ok = true;
             for (std::size_t pos = 0; pos < bytes.size() && ok; pos += chunk) {
                 const std::size_t n = std::min(chunk, bytes.size() - pos);
-                ok = XML_Parse(parser, bytes.data() + pos, static_cast<int>(n), pos + n == bytes.size()) ==
-                     XML_STATUS_OK;
+                ok = counter.Feed(bytes.data() + pos, n, pos + n == bytes.size());
             }
             bestExpat = std::min(bestExpat, Seconds(start));
             if (!ok) {
-                std::fprintf(stderr, "expat failed: %s\n", XML_ErrorString(XML_GetErrorCode(parser)));
-                XML_ParserFree(parser);
+                std::fprintf(stderr, "expat failed: %s\n", counter.ErrorText().c_str());
                 return 1;
             }
-            XML_ParserFree(parser);
-            expat = state.work;
+            expat = counter.Work();
         }
     }
     const double mb = bytes.size() / 1048576.0;

@@ -1,0 +1,147 @@
+// Times the logbook document's load and save against the reference tools on generated logbooks
+// and measures the memory a load takes:
+//   bench_document [--quick] [--only NAME] [--runs N] [--big-runs N] [--dir FOLDER] [--keep]
+// Workloads (generator options, seed 1, no barometric recordings):
+//   1k       1,000 jumps without recordings
+//   10k      10,000 jumps without recordings
+//   100k     100,000 jumps without recordings
+//   10k-gps  10,000 jumps, 1,000 of them with a GPS recording of 1,500 waypoints
+// --quick runs 1k, 10k and 1k-gps (100 recordings of 1,500 waypoints) only.
+// Every line gives both best times, their ratio and the target; the exit status is the number
+// of missed targets (capped at 100).
+#include "CBenchReport.h"
+#include "CPeakMemoryProbe.h"
+#include "CWorkloadBench.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <map>
+#include <string>
+#include <system_error>
+#include <vector>
+
+#include <unistd.h>
+
+namespace {
+
+CWorkloadBench::Workload MakeWorkload(std::string name, std::string description, int jumps, int recordings,
+                                      int samples, int runs)
+{
+    CWorkloadBench::Workload workload;
+    workload.name = std::move(name);
+    workload.description = std::move(description);
+    workload.options.jumps = jumps;
+    workload.options.recordings = recordings;
+    workload.options.samples = samples;
+    workload.options.barometric = 0;
+    workload.options.seed = 1;
+    workload.runs = runs;
+    return workload;
+}
+
+int Usage()
+{
+    std::fprintf(stderr,
+                 "usage: bench_document [--quick] [--only NAME] [--runs N] [--big-runs N] [--dir FOLDER] [--keep]\n");
+    return 2;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    int exitCode = 0;
+    if (CPeakMemoryProbe::RunChildIfAsked(argc, argv, exitCode))
+        return exitCode;
+
+    bool quick = false;
+    bool keep = false;
+    int runs = 5;
+    int bigRuns = 2;
+    std::string only;
+    std::string parent = std::filesystem::temp_directory_path().string();
+    for (int i = 1; i < argc; ++i) {
+        const std::string arg = argv[i];
+        if (arg == "--quick")
+            quick = true;
+        else if (arg == "--keep")
+            keep = true;
+        else if (arg == "--runs" && i + 1 < argc)
+            runs = std::max(1, std::atoi(argv[++i]));
+        else if (arg == "--big-runs" && i + 1 < argc)
+            bigRuns = std::max(1, std::atoi(argv[++i]));
+        else if (arg == "--only" && i + 1 < argc)
+            only = argv[++i];
+        else if (arg == "--dir" && i + 1 < argc)
+            parent = argv[++i];
+        else
+            return Usage();
+    }
+
+    std::vector<CWorkloadBench::Workload> workloads;
+    workloads.push_back(MakeWorkload("1k", "1,000 jumps, no recordings", 1000, 0, 0, runs));
+    workloads.push_back(MakeWorkload("10k", "10,000 jumps, no recordings", 10000, 0, 0, runs));
+    if (quick) {
+        workloads.push_back(
+            MakeWorkload("1k-gps", "1,000 jumps, 100 GPS recordings of 1,500 waypoints", 1000, 100, 1500, runs));
+    } else {
+        workloads.push_back(MakeWorkload("100k", "100,000 jumps, no recordings", 100000, 0, 0, runs));
+        workloads.push_back(MakeWorkload("10k-gps", "10,000 jumps, 1,000 GPS recordings of 1,500 waypoints", 10000,
+                                         1000, 1500, bigRuns));
+    }
+    if (!only.empty()) {
+        std::erase_if(workloads, [&](const CWorkloadBench::Workload& w) { return w.name != only; });
+        if (workloads.empty())
+            return Usage();
+    }
+
+    std::error_code ec;
+    const std::string folder = parent + "/bench_document." + std::to_string(getpid());
+    std::filesystem::create_directories(folder, ec);
+    if (ec) {
+        std::fprintf(stderr, "bench_document: cannot create %s\n", folder.c_str());
+        return 1;
+    }
+
+    CBenchReport report;
+    const long long baseline = CPeakMemoryProbe::Measure({"empty"});
+    char line[256];
+    std::snprintf(line, sizeof line,
+                  "files in %s; saves include the flush to the disk on both sides; "
+                  "tool with an empty logbook: %.1f MB peak",
+                  folder.c_str(), baseline / 1048576.0);
+    report.Note(line);
+
+    CWorkloadBench bench(folder, baseline);
+    std::map<std::string, CWorkloadBench::Result> results;
+    bool ok = true;
+    for (const CWorkloadBench::Workload& workload : workloads) {
+        // The memory target concerns the logbook whose size comes from its recordings.
+        const double memoryTarget = workload.options.recordings > 0 ? 0.6 : 0.0;
+        CWorkloadBench::Result result;
+        if (!bench.Run(workload, report, result, memoryTarget)) {
+            ok = false;
+            break;
+        }
+        results[workload.name] = result;
+    }
+
+    if (ok && results.count("10k") != 0 && results.count("100k") != 0) {
+        const CWorkloadBench::Result& small = results["10k"];
+        const CWorkloadBench::Result& large = results["100k"];
+        report.Note("growth from 10,000 to 100,000 jumps (time of 100k / time of 10k)");
+        report.Growth("load .tvl", small.loadTvl, large.loadTvl, 11);
+        report.Growth("load .tvz", small.loadTvz, large.loadTvz, 11);
+        report.Growth("save .tvz", small.saveTvz, large.saveTvz, 11);
+        report.Growth("save .tvl", small.saveTvl, large.saveTvl, 11);
+    }
+
+    if (!keep)
+        std::filesystem::remove_all(folder, ec);
+    if (!ok)
+        return 100;
+    std::printf("%d target(s) missed\n", report.Misses());
+    return std::min(report.Misses(), 100);
+}
