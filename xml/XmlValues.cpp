@@ -1,8 +1,11 @@
 #include "xml/XmlValues.h"
 
+#include "xml/XmlFixedDecimal.h"
+
 #include <charconv>
 #include <climits>
 #include <cmath>
+#include <cstdint>
 #include <cstdio>
 
 namespace {
@@ -73,6 +76,50 @@ double LeadingDouble(std::string_view text)
     if (result.ec != std::errc())
         return 0.0;
     return value;
+}
+
+// Exact powers of ten up to the largest one a double holds without rounding.
+constexpr double kExactPowersOfTen[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
+                                        1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+
+// The common form of a stored double, "[-]digits.digits" with at most 19 digits, read in one
+// pass. When the digits as an integer w stay within 2^53 and there are at most 22 decimals,
+// w and 10^decimals are exact doubles and their quotient is correctly rounded: the same value
+// the general reader gives. Anything else returns false and takes the general way.
+bool QuickDecimal(std::string_view raw, bool allowMinus, double& value)
+{
+    const std::size_t n = raw.size();
+    std::size_t i = 0;
+    const bool negative = n > 0 && raw[0] == '-';
+    if (negative) {
+        if (!allowMinus)
+            return false;
+        i = 1;
+    }
+    std::uint64_t digits = 0;
+    const std::size_t first = i;
+    for (; i < n && IsDigit(raw[i]); ++i)
+        digits = digits * 10 + static_cast<std::uint64_t>(raw[i] - '0');
+    std::size_t count = i - first;
+    if (count == 0)
+        return false;
+    std::size_t decimals = 0;
+    if (i < n) {
+        if (raw[i] != '.')
+            return false;
+        const std::size_t fraction = ++i;
+        for (; i < n && IsDigit(raw[i]); ++i)
+            digits = digits * 10 + static_cast<std::uint64_t>(raw[i] - '0');
+        decimals = i - fraction;
+        count += decimals;
+        if (i < n || decimals == 0)
+            return false;
+    }
+    if (count > 19 || digits > (std::uint64_t{1} << 53) || decimals > 22)
+        return false;
+    const double magnitude = static_cast<double>(digits) / kExactPowersOfTen[decimals];
+    value = negative ? -magnitude : magnitude;
+    return true;
 }
 
 // The check shared by the 8-bit integer and double readers: digits, '.' (when dots allow it,
@@ -215,34 +262,53 @@ bool XmlIntFromString(std::string_view text, int& value, bool allowMinus)
 
 bool XmlIntFromBytes(std::string_view raw, int& value, bool allowMinus)
 {
+    // Most values are a few plain digits: read them in one pass. Up to nine digits fit an int.
+    if (!raw.empty() && raw.size() <= 9) {
+        int digits = 0;
+        std::size_t i = 0;
+        for (; i < raw.size() && IsDigit(raw[i]); ++i)
+            digits = digits * 10 + (raw[i] - '0');
+        if (i == raw.size()) {
+            value = digits;
+            return true;
+        }
+    }
     if (!CheckBytes(raw, allowMinus, false))
         return false;
     value = LeadingInt(raw);
     return true;
 }
 
-void XmlAppendDouble(std::string& out, double value, bool force)
+std::string_view XmlFormatDouble(double value, bool force, char (&buffer)[kXmlDoubleChars])
 {
     if (!(std::fabs(value) > 1e-08) && !force)
-        return;
-    // Fixed notation with 14 decimals produces the same bytes as printf's "%0.14f" (both are
-    // correctly rounded), without a locale and without a format string. The largest double has
-    // 309 integer digits.
-    char buffer[400];
-    const auto result = std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::fixed, 14);
-    const char* end = result.ptr;
+        return {};
+    // Fixed notation with 14 decimals, the same bytes as printf's "%0.14f": integer arithmetic
+    // for the usual magnitudes, the library's correctly rounded conversion beyond them.
+    char* end = XmlFormatFixed14(value, buffer);
     const char* dot = nullptr;
-    for (const char* p = buffer; p != end; ++p)
-        if (*p == '.') {
-            dot = p;
-            break;
-        }
+    if (end != nullptr) {
+        dot = end - 15;
+    } else {
+        end = std::to_chars(buffer, buffer + kXmlDoubleChars, value, std::chars_format::fixed, 14).ptr;
+        for (const char* p = buffer; p != end; ++p)
+            if (*p == '.') {
+                dot = p;
+                break;
+            }
+    }
     if (dot != nullptr) {
         // Trim trailing zeros but keep one digit after the point.
         while (end - dot > 2 && end[-1] == '0')
             --end;
     }
-    out.append(buffer, static_cast<std::size_t>(end - buffer));
+    return {buffer, static_cast<std::size_t>(end - buffer)};
+}
+
+void XmlAppendDouble(std::string& out, double value, bool force)
+{
+    char buffer[kXmlDoubleChars];
+    out += XmlFormatDouble(value, force, buffer);
 }
 
 std::string XmlDoubleToString(double value, bool force)
@@ -262,6 +328,11 @@ bool XmlDoubleFromString(std::string_view text, double& value, bool allowMinus)
 
 bool XmlDoubleFromBytes(std::string_view raw, double& value, bool allowMinus)
 {
+    double quick = 0.0;
+    if (QuickDecimal(raw, allowMinus, quick)) {
+        value = quick;
+        return true;
+    }
     if (!CheckBytes(raw, allowMinus, true))
         return false;
     value = raw.empty() ? 0.0 : LeadingDouble(raw);

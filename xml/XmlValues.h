@@ -2,6 +2,7 @@
 
 #include "xml/CDateTime.h"
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -23,6 +24,10 @@ bool XmlIntFromBytes(std::string_view raw, int& value, bool allowMinus);
 
 // "%0.14f" with trailing zeros trimmed (one decimal kept); |value| <= 1e-8 is empty unless forced.
 std::string XmlDoubleToString(double value, bool force);
+// Room XmlFormatDouble needs: the largest double has 309 integer digits.
+inline constexpr std::size_t kXmlDoubleChars = 400;
+// Writes the same text as XmlDoubleToString into buffer and returns a view of it (no heap).
+std::string_view XmlFormatDouble(double value, bool force, char (&buffer)[kXmlDoubleChars]);
 // Appends the same text as XmlDoubleToString to out (no temporary string).
 void XmlAppendDouble(std::string& out, double value, bool force);
 // Wide doubles: non-empty, digits, at most one '.', one '-' when allowMinus.

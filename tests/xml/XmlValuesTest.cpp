@@ -2,12 +2,16 @@
 
 #include <gtest/gtest.h>
 
+#include <charconv>
 #include <climits>
 #include <cmath>
 #include <cstdio>
 #include <cstring>
 #include <optional>
 #include <random>
+#include <string>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -125,6 +129,20 @@ TEST(XmlValues, DoublesMatchPrintf)
             values.push_back(any);
         values.push_back(std::round(unit(random) * 1e6) / 1e4); // typical stored values
     }
+    // Where integer formatting changes its way of working: the rounding of tiny values, 64-bit
+    // against 128-bit scaled values (about 184467.44), integer parts beyond 19 digits, and the
+    // largest magnitudes it handles (about 1.2e24) with the library's path just above them.
+    const std::pair<double, double> regions[] = {{1e-16, 1e-13},    {184467.0, 184468.0}, {9.9e18, 1.1e19},
+                                                 {1e19, 1e23},      {1.1e24, 1.3e24},     {0.0, 1e-300},
+                                                 {4000.0, 4000.1}};
+    std::uniform_real_distribution<double> share(0.0, 1.0);
+    for (const auto& [low, high] : regions)
+        for (int i = 0; i < 2000; ++i)
+            values.push_back((share(random) < 0.5 ? -1 : 1) * (low + (high - low) * share(random)));
+    // Exact ties at the 14th decimal (odd multiples of 2^-15) must round to even as printf does.
+    for (int odd = 1; odd < 4000; odd += 2)
+        for (double whole : {0.0, 1.0, 3899.0, -61.0})
+            values.push_back(whole + std::ldexp(odd, -15));
     int mismatches = 0;
     for (double v : values)
         for (bool force : {false, true})
@@ -146,6 +164,46 @@ TEST(XmlValues, DoublesRead)
     CheckReads<double>({{"-3.5", -3.5}, {"3.5-", 3.5}, {"3-5", std::nullopt}, {"0.1", 0.1},
                         {"1" + std::string(400, '0'), HUGE_VAL}, {"-1" + std::string(400, '0'), -HUGE_VAL}},
                        bytes(true), -9.0);
+}
+
+// The 8-bit reader must give exactly the double the library's correctly rounded conversion gives,
+// for short and long digit strings, many decimals, signs, and the texts the writer produces.
+TEST(XmlValues, DoublesReadExactlyAsTheLibrary)
+{
+    std::mt19937_64 random(20240612);
+    std::uniform_int_distribution<int> digitCount(1, 21);
+    std::uniform_int_distribution<int> digit(0, 9);
+    std::vector<std::string> texts = {"0", "-0", "0.0", "9007199254740992", "9007199254740993", "0.1",
+                                      "3899.59999999999991", "1.0000000000000000000001", "123456789012345678.9"};
+    for (int i = 0; i < 20000; ++i) {
+        std::string text = i % 2 ? "-" : "";
+        const int whole = digitCount(random);
+        for (int k = 0; k < whole; ++k)
+            text += static_cast<char>('0' + digit(random));
+        if (i % 5 != 0) {
+            text += '.';
+            const int decimals = digitCount(random) + (i % 7 == 0 ? 5 : 0);
+            for (int k = 0; k < decimals; ++k)
+                text += static_cast<char>('0' + digit(random));
+        }
+        texts.push_back(text);
+        std::uint64_t bits = random();
+        double any;
+        std::memcpy(&any, &bits, sizeof any);
+        if (std::isfinite(any) && std::fabs(any) < 1e30)
+            texts.push_back(XmlDoubleToString(any, true));
+        texts.push_back(XmlDoubleToString(std::round(static_cast<double>(random() % 2000000) - 1e6) / 1e3, true));
+    }
+    int mismatches = 0;
+    for (const std::string& text : texts) {
+        double expected = 0.0;
+        std::from_chars(text.data(), text.data() + text.size(), expected, std::chars_format::fixed);
+        double read = -1.0;
+        const bool ok = XmlDoubleFromBytes(text, read, true);
+        if ((!ok || std::memcmp(&read, &expected, sizeof read) != 0) && ++mismatches < 5)
+            ADD_FAILURE() << text << " read as " << read << " instead of " << expected;
+    }
+    EXPECT_EQ(mismatches, 0);
 }
 
 TEST(XmlValues, DateTimes)
