@@ -9,6 +9,7 @@ public:
     CBaroSample(double altitude, double time) : CJumpSample(altitude, time) {}
 
     std::unique_ptr<CJumpSample> Clone() const override;
+    CJumpSample* CopyTo(void* storage) const override;
     // An empty "wpt" element with the attributes "a" and "t".
     void Write(CXmlWriter& writer) const override;
 };

@@ -10,6 +10,7 @@ public:
         : CJumpSample(altitude, time), m_latitude(latitude), m_longitude(longitude) {}
 
     std::unique_ptr<CJumpSample> Clone() const override;
+    CJumpSample* CopyTo(void* storage) const override;
     // A "wpt" element with the attributes "a" and "t" and the children "lat" and "lon".
     void Write(CXmlWriter& writer) const override;
     bool Equals(const CJumpSample& other) const override;

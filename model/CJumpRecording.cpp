@@ -7,34 +7,13 @@
 #include "xml/XmlValues.h"
 
 #include <cstddef>
-
-CJumpRecording::CJumpRecording(const CJumpRecording& other)
-    : CXmlHandler(other),
-      m_kind(other.m_kind),
-      m_qne(other.m_qne),
-      m_annotations(other.m_annotations),
-      m_winds(other.m_winds),
-      m_apply(other.m_apply)
-{
-    m_samples.reserve(other.m_samples.size());
-    for (const auto& sample : other.m_samples)
-        m_samples.push_back(sample ? sample->Clone() : nullptr);
-}
-
-CJumpRecording& CJumpRecording::operator=(const CJumpRecording& other)
-{
-    if (this != &other) {
-        CJumpRecording copy(other);
-        *this = std::move(copy);
-    }
-    return *this;
-}
+#include <typeinfo>
 
 void CJumpRecording::Clear()
 {
     m_kind = None;
     m_qne = 0.0;
-    m_samples.clear();
+    m_samples.Clear();
     m_annotations.clear();
     m_winds.clear();
     m_apply = false;
@@ -50,7 +29,8 @@ void CJumpRecording::SetKindFromName(std::string_view type)
 
 void CJumpRecording::AddSample(std::unique_ptr<CJumpSample> sample)
 {
-    m_samples.push_back(std::move(sample));
+    if (sample)
+        m_samples.Add(*sample);
 }
 
 void CJumpRecording::Write(CXmlWriter& writer) const
@@ -100,9 +80,9 @@ bool CJumpRecording::OnOpenTag(CXmlParser& parser)
         if (!parser.GetAttributeDouble("a", altitude, true) || !parser.GetAttributeDouble("t", time, true))
             return false;
         if (m_kind == Barometric)
-            m_samples.push_back(std::make_unique<CBaroSample>(altitude, time));
+            m_samples.Emplace<CBaroSample>(altitude, time);
         else if (m_kind == Satellite)
-            m_samples.push_back(std::make_unique<CGpsSample>(altitude, time));
+            m_samples.Emplace<CGpsSample>(altitude, time);
         else
             return false;   // a waypoint needs to know what kind of sample it is
         return true;
@@ -143,14 +123,18 @@ bool CJumpRecording::OnCloseTag(CXmlParser& parser)
             m_qne = value;
     } else if (name == "lat" || name == "lon") {
         // Positions belong to satellite samples only; in a barometric recording they are ignored.
-        if (m_kind == Satellite && !m_samples.empty() && XmlDoubleFromBytes(parser.GetElementTextRaw(), value, true)) {
-            if (auto* gps = dynamic_cast<CGpsSample*>(m_samples.back().get())) {
-                if (name == "lat")
-                    gps->SetLatitude(value);
-                else
-                    gps->SetLongitude(value);
-            }
+        CJumpSample* last = m_samples.Last();
+        if (m_kind == Satellite && last != nullptr && typeid(*last) == typeid(CGpsSample) &&
+            XmlDoubleFromBytes(parser.GetElementTextRaw(), value, true)) {
+            auto* gps = static_cast<CGpsSample*>(last);
+            if (name == "lat")
+                gps->SetLatitude(value);
+            else
+                gps->SetLongitude(value);
         }
+    } else if (name == "profile") {
+        // The samples were collected in a doubling block; what is left over goes back now.
+        m_samples.ShrinkToFit();
     }
     return true;
 }
@@ -161,9 +145,7 @@ bool operator==(const CJumpRecording& a, const CJumpRecording& b)
         a.m_annotations != b.m_annotations || a.m_winds != b.m_winds || a.m_samples.size() != b.m_samples.size())
         return false;
     for (std::size_t i = 0; i < a.m_samples.size(); ++i) {
-        const CJumpSample* x = a.m_samples[i].get();
-        const CJumpSample* y = b.m_samples[i].get();
-        if ((x == nullptr) != (y == nullptr) || (x && !x->Equals(*y)))
+        if (!a.m_samples[i]->Equals(*b.m_samples[i]))
             return false;
     }
     return true;

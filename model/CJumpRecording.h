@@ -3,6 +3,7 @@
 #include "model/CJumpAnnotation.h"
 #include "model/CJumpSample.h"
 #include "model/CRecordingWind.h"
+#include "model/CSampleList.h"
 #include "xml/CXmlHandler.h"
 
 #include <memory>
@@ -19,8 +20,8 @@ public:
     enum Kind { None = 0, Barometric = 1, Satellite = 2 };
 
     CJumpRecording() = default;
-    CJumpRecording(const CJumpRecording& other);
-    CJumpRecording& operator=(const CJumpRecording& other);
+    CJumpRecording(const CJumpRecording& other) = default;
+    CJumpRecording& operator=(const CJumpRecording& other) = default;
     CJumpRecording(CJumpRecording&&) noexcept = default;
     CJumpRecording& operator=(CJumpRecording&&) noexcept = default;
     ~CJumpRecording() override = default;
@@ -39,8 +40,9 @@ public:
     bool GetApply() const { return m_apply; }
     void SetApply(bool apply) { m_apply = apply; }
 
-    const std::vector<std::unique_ptr<CJumpSample>>& GetSamples() const { return m_samples; }
-    // Appends a sample; the recording owns it.
+    // The samples in order; each element reads like an owning pointer (get, ->, test for null).
+    const CSampleList& GetSamples() const { return m_samples; }
+    // Appends a copy of the sample, of its own type; a null sample adds nothing.
     void AddSample(std::unique_ptr<CJumpSample> sample);
     const std::vector<CJumpAnnotation>& GetAnnotations() const { return m_annotations; }
     void AddAnnotation(CJumpAnnotation annotation) { m_annotations.push_back(std::move(annotation)); }
@@ -59,7 +61,7 @@ public:
 private:
     int m_kind = None;
     double m_qne = 0.0;
-    std::vector<std::unique_ptr<CJumpSample>> m_samples;
+    CSampleList m_samples;
     std::vector<CJumpAnnotation> m_annotations;
     std::vector<CRecordingWind> m_winds;
     bool m_apply = false;

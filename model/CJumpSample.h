@@ -14,6 +14,9 @@ public:
 
     // A deep copy of the same type.
     virtual std::unique_ptr<CJumpSample> Clone() const = 0;
+    // Constructs a copy of the same type in storage of CSampleList::kSlotSize bytes, aligned for
+    // doubles, and returns it; the storage's owner destroys it.
+    virtual CJumpSample* CopyTo(void* storage) const = 0;
     // Writes the "wpt" element of this sample.
     virtual void Write(CXmlWriter& writer) const = 0;
     // True when other has the same type and values.
