@@ -8,7 +8,10 @@
 #include "xml/CXmlWriter.h"
 #include "xml/XmlValues.h"
 
+#include <array>
 #include <cmath>
+#include <cstdint>
+#include <cstring>
 
 namespace {
 
@@ -31,6 +34,26 @@ constexpr double kTimeStep = 0.1;
 constexpr double kGravityStep = 0.981;   // 9.81 m/s² over one step
 // A fall that has not ended after this many steps never will (an unstable tiny speed).
 constexpr long kMaxSteps = 10'000'000;
+
+// Seconds to fall distance metres from rest with terminal speed terminalSpeed, in 0.1 s steps.
+double SimulateFall(double distance, double terminalSpeed)
+{
+    if (std::fabs(terminalSpeed) < 1e-8 || distance <= 0)
+        return 0;
+    const double vt2 = terminalSpeed * terminalSpeed;
+    double v = 0;
+    double s = 0;
+    double t = 0;
+    long steps = 0;
+    do {
+        v = v + (1 - v * v / vt2) * kGravityStep;
+        s = s + v * kTimeStep;
+        t = t + kTimeStep;
+        if (!std::isfinite(s) || ++steps >= kMaxSteps)
+            return 0;
+    } while (s < distance);
+    return t;
+}
 
 } // namespace
 
@@ -99,21 +122,27 @@ int CJump::FreefallTime(const CLogbookSettings& settings) const
 
 double CJump::ComputeFreefallTime(double distance, double terminalSpeed)
 {
-    if (std::fabs(terminalSpeed) < 1e-8 || distance <= 0)
-        return 0;
-    const double vt2 = terminalSpeed * terminalSpeed;
-    double v = 0;
-    double s = 0;
-    double t = 0;
-    long steps = 0;
-    do {
-        v = v + (1 - v * v / vt2) * kGravityStep;
-        s = s + v * kTimeStep;
-        t = t + kTimeStep;
-        if (!std::isfinite(s) || ++steps >= kMaxSteps)
-            return 0;
-    } while (s < distance);
-    return t;
+    // Jumps repeat the same heights and speeds again and again, and summing a logbook asks for
+    // each of its jumps: every distinct pair is simulated once and then looked up. The table is
+    // per thread, so that it needs no lock; a clash of two pairs only costs a new simulation.
+    struct Entry
+    {
+        std::uint64_t distance = 0;
+        std::uint64_t speed = 0;
+        double seconds = -1.0;   // negative: empty
+    };
+    thread_local std::array<Entry, 1024> known;
+    std::uint64_t distanceBits = 0;
+    std::uint64_t speedBits = 0;
+    std::memcpy(&distanceBits, &distance, sizeof distance);
+    std::memcpy(&speedBits, &terminalSpeed, sizeof terminalSpeed);
+    const std::uint64_t mixed = (distanceBits ^ (speedBits * 0x9E3779B97F4A7C15ull)) * 0xBF58476D1CE4E5B9ull;
+    Entry& entry = known[static_cast<std::size_t>(mixed >> 54)];
+    if (entry.seconds >= 0 && entry.distance == distanceBits && entry.speed == speedBits)
+        return entry.seconds;
+    const double seconds = SimulateFall(distance, terminalSpeed);
+    entry = Entry{distanceBits, speedBits, seconds};
+    return seconds;
 }
 
 bool CJump::SetWind(int direction, double speed)
