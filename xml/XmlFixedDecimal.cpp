@@ -1,8 +1,10 @@
 #include "xml/XmlFixedDecimal.h"
 
 #include <charconv>
+#include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <limits>
 
 #if defined(__SIZEOF_INT128__)
 
@@ -109,3 +111,86 @@ char* XmlFormatFixed14(double, char*)
 }
 
 #endif
+
+namespace {
+
+bool IsDigit(char c)
+{
+    return c >= '0' && c <= '9';
+}
+
+// Exact powers of ten up to the largest one a double holds without rounding.
+constexpr double kExactPowersOfTen[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
+                                        1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+
+#if defined(__x86_64__) || defined(__i386__)
+static_assert(std::numeric_limits<long double>::digits == 64, "x87 extended precision expected");
+
+// The digits w as an integer above 2^53 (at most 19 digits) over 10^decimals: both are exact
+// in x87 extended precision (64-bit significand), so the quotient is rounded once to 64 bits
+// and then to the 53 of a double. That second rounding can only go wrong when the first one
+// landed exactly halfway between two doubles (the lowest 11 of the 64 bits are 10000000000);
+// that case returns false and is left to the general reader.
+bool ExtendedQuotient(std::uint64_t digits, std::size_t decimals, double& value)
+{
+    static constexpr long double kPowers[] = {1e0L,  1e1L,  1e2L,  1e3L,  1e4L,  1e5L,  1e6L,  1e7L,
+                                              1e8L,  1e9L,  1e10L, 1e11L, 1e12L, 1e13L, 1e14L, 1e15L,
+                                              1e16L, 1e17L, 1e18L, 1e19L, 1e20L, 1e21L, 1e22L};
+    const long double quotient = static_cast<long double>(digits) / kPowers[decimals];
+    std::uint64_t significand = 0;
+    std::memcpy(&significand, &quotient, sizeof significand);
+    if ((significand & 0x7FF) == 0x400)
+        return false;
+    value = static_cast<double>(quotient);
+    return true;
+}
+#else
+bool ExtendedQuotient(std::uint64_t, std::size_t, double&)
+{
+    return false; // no extended precision: the general reader takes these digits
+}
+#endif
+
+} // namespace
+
+bool XmlReadShortDecimal(std::string_view raw, bool allowMinus, double& value)
+{
+    const std::size_t n = raw.size();
+    std::size_t i = 0;
+    const bool negative = n > 0 && raw[0] == '-';
+    if (negative) {
+        if (!allowMinus)
+            return false;
+        i = 1;
+    }
+    std::uint64_t digits = 0;
+    const std::size_t first = i;
+    for (; i < n && IsDigit(raw[i]); ++i)
+        digits = digits * 10 + static_cast<std::uint64_t>(raw[i] - '0');
+    std::size_t count = i - first;
+    if (count == 0)
+        return false;
+    std::size_t decimals = 0;
+    if (i < n) {
+        if (raw[i] != '.')
+            return false;
+        const std::size_t fraction = ++i;
+        for (; i < n && IsDigit(raw[i]); ++i)
+            digits = digits * 10 + static_cast<std::uint64_t>(raw[i] - '0');
+        decimals = i - fraction;
+        count += decimals;
+        if (i < n || decimals == 0)
+            return false;
+    }
+    if (count > 19 || decimals > 22)
+        return false;
+    double magnitude = 0.0;
+    if (digits <= (std::uint64_t{1} << 53)) {
+        // w and 10^decimals are exact doubles: one correctly rounded division.
+        magnitude = static_cast<double>(digits) / kExactPowersOfTen[decimals];
+    } else if (!ExtendedQuotient(digits, decimals, magnitude)) {
+        return false;
+    }
+    value = negative ? -magnitude : magnitude;
+    return true;
+}

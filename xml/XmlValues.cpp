@@ -78,50 +78,6 @@ double LeadingDouble(std::string_view text)
     return value;
 }
 
-// Exact powers of ten up to the largest one a double holds without rounding.
-constexpr double kExactPowersOfTen[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
-                                        1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
-
-// The common form of a stored double, "[-]digits.digits" with at most 19 digits, read in one
-// pass. When the digits as an integer w stay within 2^53 and there are at most 22 decimals,
-// w and 10^decimals are exact doubles and their quotient is correctly rounded: the same value
-// the general reader gives. Anything else returns false and takes the general way.
-bool QuickDecimal(std::string_view raw, bool allowMinus, double& value)
-{
-    const std::size_t n = raw.size();
-    std::size_t i = 0;
-    const bool negative = n > 0 && raw[0] == '-';
-    if (negative) {
-        if (!allowMinus)
-            return false;
-        i = 1;
-    }
-    std::uint64_t digits = 0;
-    const std::size_t first = i;
-    for (; i < n && IsDigit(raw[i]); ++i)
-        digits = digits * 10 + static_cast<std::uint64_t>(raw[i] - '0');
-    std::size_t count = i - first;
-    if (count == 0)
-        return false;
-    std::size_t decimals = 0;
-    if (i < n) {
-        if (raw[i] != '.')
-            return false;
-        const std::size_t fraction = ++i;
-        for (; i < n && IsDigit(raw[i]); ++i)
-            digits = digits * 10 + static_cast<std::uint64_t>(raw[i] - '0');
-        decimals = i - fraction;
-        count += decimals;
-        if (i < n || decimals == 0)
-            return false;
-    }
-    if (count > 19 || digits > (std::uint64_t{1} << 53) || decimals > 22)
-        return false;
-    const double magnitude = static_cast<double>(digits) / kExactPowersOfTen[decimals];
-    value = negative ? -magnitude : magnitude;
-    return true;
-}
-
 // The check shared by the 8-bit integer and double readers: digits, '.' (when dots allow it,
 // at most once) and '-' only with allowMinus, once, as first or last character.
 bool CheckBytes(std::string_view raw, bool allowMinus, bool allowDot)
@@ -329,7 +285,7 @@ bool XmlDoubleFromString(std::string_view text, double& value, bool allowMinus)
 bool XmlDoubleFromBytes(std::string_view raw, double& value, bool allowMinus)
 {
     double quick = 0.0;
-    if (QuickDecimal(raw, allowMinus, quick)) {
+    if (XmlReadShortDecimal(raw, allowMinus, quick)) {
         value = quick;
         return true;
     }

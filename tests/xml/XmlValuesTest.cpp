@@ -173,8 +173,16 @@ TEST(XmlValues, DoublesReadExactlyAsTheLibrary)
     std::mt19937_64 random(20240612);
     std::uniform_int_distribution<int> digitCount(1, 21);
     std::uniform_int_distribution<int> digit(0, 9);
+    // Besides plain cases: texts exactly halfway between two doubles, which must round to even,
+    // and texts a hair beside such a halfway point, where rounding twice would go wrong.
     std::vector<std::string> texts = {"0", "-0", "0.0", "9007199254740992", "9007199254740993", "0.1",
-                                      "3899.59999999999991", "1.0000000000000000000001", "123456789012345678.9"};
+                                      "3899.59999999999991", "1.0000000000000000000001", "123456789012345678.9",
+                                      "18014398509481986", "4503599627370496.5", "-4503599627370497.5",
+                                      "2251799813685248.25", "2251799813685248.75", "1125899906842624.125",
+                                      "9999999999999999999", "0.9999999999999999999", "1.992828565558163123",
+                                      "9.241925569273832686", "18.07999670642412049", "75.64934468536583978",
+                                      "300.4158526653332899", "2618.370964110950581"};
+    std::uniform_real_distribution<double> unit(0.0, 1.0);
     for (int i = 0; i < 20000; ++i) {
         std::string text = i % 2 ? "-" : "";
         const int whole = digitCount(random);
@@ -193,6 +201,8 @@ TEST(XmlValues, DoublesReadExactlyAsTheLibrary)
         if (std::isfinite(any) && std::fabs(any) < 1e30)
             texts.push_back(XmlDoubleToString(any, true));
         texts.push_back(XmlDoubleToString(std::round(static_cast<double>(random() % 2000000) - 1e6) / 1e3, true));
+        // The writer's texts of the magnitudes recordings hold: mostly 16 to 19 digits.
+        texts.push_back(XmlDoubleToString(unit(random) * std::pow(10.0, i % 9 - 3), true));
     }
     int mismatches = 0;
     for (const std::string& text : texts) {
