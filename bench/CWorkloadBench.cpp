@@ -8,9 +8,9 @@
 #include "cli/generator/CLogbookGenerator.h"
 #include "document/SafeFileReplace.h"
 
-#include <algorithm>
 #include <cstdio>
-#include <limits>
+#include <memory>
+#include <utility>
 
 namespace {
 
@@ -68,7 +68,7 @@ bool CWorkloadBench::TimeLoads(const Workload& workload, Result& result)
 {
     const std::string tvl = PathOf(workload, ".tvl");
     const std::string tvz = PathOf(workload, ".tvz");
-    for (int run = 0; run < workload.runs; ++run) {
+    for (int run = 0; run < workload.loadRuns; ++run) {
         for (const auto& [path, own] : {std::pair{tvl, &result.loadTvl}, std::pair{tvz, &result.loadTvz}}) {
             // The loaded document is destroyed after the clock has stopped: freeing is no part of a load.
             auto doc = std::make_unique<CLogbookDoc>();
@@ -97,7 +97,7 @@ bool CWorkloadBench::TimeSaves(const Workload& workload, const std::string& text
     const std::string outTvl = PathOf(workload, "-out.tvl");
     const std::string refTvz = PathOf(workload, "-ref.tvz");
     const std::string refTvl = PathOf(workload, "-ref.tvl");
-    for (int run = 0; run < workload.runs; ++run) {
+    for (int run = 0; run < workload.saveRuns; ++run) {
         for (const std::string& path : {outTvz, outTvl, refTvz, refTvl})
             SafeFileReplace::RemoveQuietly(path);
         if (!result.saveTvz.Measure([&] { return m_doc->Save(outTvz); }))
@@ -126,9 +126,9 @@ bool CWorkloadBench::Run(const Workload& workload, CBenchReport& report, Result&
     result.plainBytes = static_cast<long long>(text.size());
     result.gzipBytes = CReferenceTools::FileSize(PathOf(workload, ".tvz"));
     char heading[256];
-    std::snprintf(heading, sizeof heading, "%s (%s): .tvl %.1f MB, .tvz %.1f MB, best of %d", workload.name.c_str(),
-                  workload.description.c_str(), result.plainBytes / 1048576.0, result.gzipBytes / 1048576.0,
-                  workload.runs);
+    std::snprintf(heading, sizeof heading, "%s (%s): .tvl %.1f MB, .tvz %.1f MB, best of %d loads, %d saves",
+                  workload.name.c_str(), workload.description.c_str(), result.plainBytes / 1048576.0,
+                  result.gzipBytes / 1048576.0, workload.loadRuns, workload.saveRuns);
     report.Note(heading);
     std::fflush(stdout);
 

@@ -23,7 +23,8 @@ public:
         std::string name;
         std::string description;
         CGeneratorOptions options;
-        int runs = 3;
+        int loadRuns = 7;   // loads are quick: more runs find a quiet moment of the machine
+        int saveRuns = 3;   // saves at compression level 9 take long
     };
     // Best times of each side of each comparison, and the memory figures.
     struct Result
