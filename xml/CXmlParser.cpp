@@ -17,6 +17,8 @@ namespace {
 constexpr std::size_t kNone = static_cast<std::size_t>(-1);
 // Files are read in blocks of this size; events do not depend on it.
 constexpr std::size_t kReadChunk = 64 * 1024;
+// Spare token and stack buffers kept for reuse give back anything beyond this.
+constexpr std::size_t kKeepBytes = 4096;
 
 using ByteTable = std::array<bool, 256>;
 
@@ -69,12 +71,16 @@ void CXmlParser::Reset()
     m_error.clear();
     m_nameDecoded = false;
     m_textView = nullptr;
+    m_inputBytes = 0;
+    m_stackNameBytes = 0;
+    ReleaseLargeBuffers();
 }
 
-void CXmlParser::SetLimits(std::size_t maxTokenBytes, std::size_t maxDepth)
+void CXmlParser::SetLimits(std::size_t maxTokenBytes, std::size_t maxDepth, std::size_t maxInputBytes)
 {
     m_maxToken = maxTokenBytes;
     m_maxDepth = maxDepth;
+    m_maxInput = maxInputBytes;
 }
 
 bool CXmlParser::Stop(std::string error)
@@ -88,7 +94,16 @@ bool CXmlParser::Feed(const char* data, std::size_t size)
 {
     if (m_stopped)
         return false;
-    if (!ParseChunk(data, size)) {
+    // Only the bytes within the input limit are parsed, so the events before the limit is
+    // reached do not depend on how the input was cut into chunks.
+    const std::size_t room = m_maxInput - std::min(m_inputBytes, m_maxInput);
+    const bool beyond = size > room;
+    m_inputBytes += beyond ? room : size;
+    bool ok = ParseChunk(data, beyond ? room : size);
+    if (ok && beyond)
+        ok = Stop(StringTable::Format(StringTable::IDS_PARSER_ERROR,
+                                      "input longer than " + std::to_string(m_maxInput) + " bytes"));
+    if (!ok) {
         // Tokens may still point into the caller's chunk; a stopped parse forgets them.
         m_tagName.Clear();
         m_text.Clear();
@@ -133,6 +148,13 @@ bool CXmlParser::ParseStream(void* stream, bool gzip)
             ok = false;
             break;
         }
+    }
+    // zlib tells of a stream cut short (its end or checksum missing) only through gzerror after
+    // a short read; such a file is damaged even when the text it gave looks complete.
+    if (ok && gzip) {
+        int error = Z_OK;
+        gzerror(static_cast<gzFile>(stream), &error);
+        ok = error == Z_OK;
     }
     return ok && Finish();
 }
@@ -389,6 +411,8 @@ bool CXmlParser::ParseChunk(const char* data, std::size_t size)
             if (tooLong())
                 return tokenError();
             StoreAttribute(data, mark, pos);
+            if (!CheckStartTagSize())
+                return false;
             mark = kNone;
             ++pos;
             state = 4;
@@ -459,6 +483,38 @@ void CXmlParser::DetachTokens()
     }
     if ((m_state == 7 || m_state == 8) && m_attrCount < m_attrs.size())
         m_attrs[m_attrCount].name.Detach();
+    ReleaseLargeBuffers();
+}
+
+// A start tag's attributes are all kept until the tag ends, so their number is bounded and,
+// together with the tag name, their size: to twice a token's, so that a token of the largest
+// size still fits with its names around it.
+bool CXmlParser::CheckStartTagSize()
+{
+    if (m_attrCount > kMaxAttributes)
+        return Stop(StringTable::Format(StringTable::IDS_PARSER_ERROR, "more than " + std::to_string(kMaxAttributes) +
+                                                                           " attributes in one start tag"));
+    std::size_t bytes = m_tagName.Size();
+    for (std::size_t i = 0; i < m_attrCount; ++i)
+        bytes += m_attrs[i].name.Size() + m_attrs[i].value.Size();
+    if (bytes > 2 * m_maxToken)
+        return Stop(StringTable::Format(StringTable::IDS_PARSER_ERROR,
+                                        "start tag longer than " + std::to_string(2 * m_maxToken) + " bytes"));
+    return true;
+}
+
+// Spare attribute slots and stack entries are kept for their buffers; one that a long token
+// made large gives its buffer back, so that the spares cannot add up beyond the limits.
+void CXmlParser::ReleaseLargeBuffers()
+{
+    const std::size_t firstSpare = m_attrCount + ((m_state == 7 || m_state == 8) ? 1 : 0);
+    for (std::size_t i = firstSpare; i < m_attrs.size(); ++i) {
+        m_attrs[i].name.Release(kKeepBytes);
+        m_attrs[i].value.Release(kKeepBytes);
+    }
+    for (std::size_t i = m_stackSize; i < m_stack.size(); ++i)
+        if (m_stack[i].name.capacity() > kKeepBytes)
+            std::string().swap(m_stack[i].name);
 }
 
 bool CXmlParser::ReportStartTag()
@@ -485,6 +541,11 @@ bool CXmlParser::ReportStartTag()
     if (m_stackSize >= m_maxDepth)
         return Stop(StringTable::Format(StringTable::IDS_PARSER_ERROR, "element nesting deeper than " +
                                                                            std::to_string(m_maxDepth) + " levels"));
+    // The open elements' names are kept until their end tags: together at most two tokens' worth.
+    if (m_stackNameBytes + m_tagName.Size() > 2 * m_maxToken)
+        return Stop(StringTable::Format(StringTable::IDS_PARSER_ERROR, "names of the open elements longer than " +
+                                                                           std::to_string(2 * m_maxToken) + " bytes"));
+    m_stackNameBytes += m_tagName.Size();
     CXmlHandler* handler = m_stackSize == 0 ? m_root : m_stack[m_stackSize - 1].handler;
     // Entries are kept when popped so their name buffers are reused.
     if (m_stackSize == m_stack.size())
@@ -525,8 +586,12 @@ bool CXmlParser::ReportEndTag()
     m_textView = nullptr;
     CXmlHandler* handler = m_stackSize == 0 ? m_root : m_stack[m_stackSize - 1].handler;
     const bool ok = handler == nullptr || handler->OnCloseTag(*this);
-    if (m_stackSize > 0 && m_stack[m_stackSize - 1].name == m_tagName.View())
-        --m_stackSize;
+    if (m_stackSize > 0 && m_stack[m_stackSize - 1].name == m_tagName.View()) {
+        std::string& name = m_stack[--m_stackSize].name;
+        m_stackNameBytes -= name.size();
+        if (name.capacity() > kKeepBytes)
+            std::string().swap(name);
+    }
     if (!ok && m_error.empty()) {
         std::string detail = "Close Tag: ";
         detail += GetElementName();

@@ -74,11 +74,19 @@ public:
     // Number of open elements.
     std::size_t GetDepth() const { return m_stackSize; }
 
-    // Limits that keep a hostile file from exhausting memory; exceeding one stops the parse
-    // with an error text. Real logbooks stay far below the defaults.
-    void SetLimits(std::size_t maxTokenBytes, std::size_t maxDepth);
+    // Limits that keep a hostile file from exhausting memory or time; exceeding one stops the
+    // parse with an error text. Real logbooks stay far below the defaults. maxTokenBytes bounds
+    // one token; one start tag with all its attributes, and the names of all open elements
+    // together, get twice that; decoded text is at most twice its raw bytes. maxInputBytes
+    // bounds the whole input, so that a small compressed file cannot keep the reader busy for
+    // minutes or have it build records that fill the memory.
+    void SetLimits(std::size_t maxTokenBytes, std::size_t maxDepth,
+                   std::size_t maxInputBytes = kDefaultMaxInputBytes);
     static constexpr std::size_t kDefaultMaxTokenBytes = 64u * 1024u * 1024u;
     static constexpr std::size_t kDefaultMaxDepth = 256;
+    static constexpr std::size_t kDefaultMaxInputBytes = 256u * 1024u * 1024u;
+    // The most attributes one start tag may have (the logbook's elements have at most three).
+    static constexpr std::size_t kMaxAttributes = 64;
 
     // Decodes raw 8-bit text (entities, UTF-8 or Latin-1 by encoding) to UTF-8 Unicode text,
     // appending to out.
@@ -103,6 +111,8 @@ private:
     bool ParseChunk(const char* data, std::size_t size);
     void StoreAttribute(const char* data, std::size_t mark, std::size_t pos);
     void DetachTokens();
+    bool CheckStartTagSize();
+    void ReleaseLargeBuffers();
     bool Stop(std::string error);
     bool ParseStream(void* stream, bool gzip);
 
@@ -132,4 +142,7 @@ private:
 
     std::size_t m_maxToken = kDefaultMaxTokenBytes;
     std::size_t m_maxDepth = kDefaultMaxDepth;
+    std::size_t m_maxInput = kDefaultMaxInputBytes;
+    std::size_t m_inputBytes = 0;       // fed since the last Reset
+    std::size_t m_stackNameBytes = 0;   // names of the open elements together
 };

@@ -48,6 +48,15 @@ public:
     }
     // Makes the token empty; the own buffer keeps its capacity.
     void Clear() { m_size = 0; }
+    // Makes the token empty and frees the own buffer when it holds more than keep bytes.
+    void Release(std::size_t keep)
+    {
+        if (m_own.capacity() > keep)
+            std::string().swap(m_own);
+        m_own.clear();
+        m_data = m_own.data();
+        m_size = 0;
+    }
     // Copies a view into the own buffer, before the chunk it points into goes away.
     void Detach()
     {
