@@ -1,14 +1,57 @@
 #!/usr/bin/env bash
-# Builds everything with warnings as errors and runs every test suite.
+# Builds everything with warnings as errors and runs every test suite; builds the core and its
+# tests again with AddressSanitizer and UndefinedBehaviorSanitizer and runs them; builds the fuzz
+# targets with clang and runs each for a short fixed time on its seed corpus. Any failure stops
+# the script with a non-zero status. The main build's test summary is printed last.
 set -euo pipefail
 root=$(cd "$(dirname "$0")/.." && pwd)
 "$root/scripts/deps.sh"
 
 jobs=$(nproc)
+fuzz_seconds=${TERVOLA_FUZZ_SECONDS:-20}
+export QT_QPA_PLATFORM=offscreen
+started=$SECONDS
+
+step() {
+  echo
+  echo "=== $* ($((SECONDS - started)) s)"
+}
+
+step "main build"
 build="$root/build-test"
 cmake -S "$root" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DTERVOLA_WERROR=ON >/dev/null
 cmake --build "$build" -j"$jobs"
 
-export QT_QPA_PLATFORM=offscreen
+step "sanitizer build (address, undefined behaviour)"
+# Warnings are the main build's business: with sanitizers gcc warns falsely inside libstdc++.
+asan="$root/build-asan"
+cmake -S "$root" -B "$asan" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DTERVOLA_SANITIZE=ON \
+  -DTERVOLA_WERROR=OFF -DTERVOLA_BUILD_BENCH=OFF -DTERVOLA_BUILD_GUI=OFF >/dev/null
+cmake --build "$asan" -j"$jobs"
+step "sanitizer tests"
+if ! (cd "$asan" && UBSAN_OPTIONS=print_stacktrace=1 ctest --output-on-failure -j"$jobs" >"$asan/ctest.log" 2>&1); then
+  tail -n 200 "$asan/ctest.log"
+  echo "the sanitizer build's tests failed; the whole log is $asan/ctest.log" >&2
+  exit 1
+fi
+grep -E 'tests passed|Total Test time' "$asan/ctest.log"
+
+step "fuzz build (clang, libFuzzer)"
+fuzz="$root/build-fuzz"
+CC=clang CXX=clang++ cmake -S "$root" -B "$fuzz" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo \
+  -DTERVOLA_FUZZ=ON -DTERVOLA_BUILD_GUI=OFF -DTERVOLA_BUILD_BENCH=OFF >/dev/null
+cmake --build "$fuzz" -j"$jobs" --target fuzz_xml_parser fuzz_document_load fuzz_xml_values
+for target in xml_parser document_load xml_values; do
+  step "fuzzing $target for $fuzz_seconds s"
+  log="$fuzz/fuzz-$target.log"
+  if ! TERVOLA_FUZZ_NO_BUILD=1 "$root/scripts/fuzz.sh" "$target" "$fuzz_seconds" >"$log" 2>&1; then
+    tail -n 60 "$log"
+    echo "fuzz target $target found a problem; its input is in $fuzz/fuzz-findings/$target" >&2
+    exit 1
+  fi
+  grep -E '^(Done|stat::number_of_executed_units|stat::peak_rss_mb)' "$log"
+done
+
+step "main tests"
 cd "$build"
 ctest --output-on-failure -j"$jobs"

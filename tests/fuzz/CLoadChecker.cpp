@@ -1,0 +1,122 @@
+#include "CLoadChecker.h"
+
+#include "FuzzFiles.h"
+#include "xml/XmlUtf8.h"
+
+#include <filesystem>
+#include <system_error>
+
+namespace {
+
+// A logbook of one jump, loaded after every failure to show the document still works.
+constexpr std::string_view kKnownLogbook =
+    "<?xml version=\"1.0\" encoding=\"UTF-8\" ?><tvl version=\"1.2\"><settings><previousJumps>3</previousJumps>"
+    "</settings><log size=\"1\"><jump n=\"7\" ts=\"2008-05-17T14:03:00+02\" mod=\"2008-05-17T20:00:00Z\">"
+    "<dz>Known</dz><exit>4000</exit><open>1000</open></jump></log></tvl>";
+
+bool IsValidUtf8(std::string_view text)
+{
+    const auto* p = reinterpret_cast<const unsigned char*>(text.data());
+    const auto* end = p + text.size();
+    while (p < end)
+        if (XmlUtf8::NextCodePoint(p, end) == XmlUtf8::kInvalid)
+            return false;
+    return true;
+}
+
+void RemoveQuietly(const std::string& path)
+{
+    std::error_code ec;
+    std::filesystem::remove(path, ec);
+}
+
+} // namespace
+
+CLoadChecker::CLoadChecker(CScratchFolder& folder)
+    : m_folder(folder), m_clock(CDateTime(2009, 3, 1, 10, 0, 0)), m_doc(nullptr, &m_clock),
+      m_knownPath(folder / "known.tvl")
+{
+    WriteWholeFile(m_knownPath, kKnownLogbook);
+}
+
+CCheckedLoad CLoadChecker::Load(const std::string& path, bool roundTrip)
+{
+    const std::string before = ReadWholeFile(path);
+    const auto filesBefore = m_folder.List();
+
+    const CLoadResult result = m_doc.Load(path);
+    CCheckedLoad load;
+    load.ok = result.ok;
+    load.message = result.message;
+    load.jumps = m_doc.GetJumpCount();
+
+    if (ReadWholeFile(path) != before)
+        load.problem = "the load changed the file it read";
+    else if (m_folder.List() != filesBefore)
+        load.problem = "the load created or removed a file";
+    else if (!IsValidUtf8(load.message))
+        load.problem = "the message is not valid UTF-8";
+    else
+        load.problem = load.ok ? CheckLoaded(path, roundTrip, load.saved) : CheckFailed(load);
+    return load;
+}
+
+std::string CLoadChecker::CheckFailed(const CCheckedLoad& load)
+{
+    if (load.jumps != 0 || m_doc.HasPath() || m_doc.IsModified())
+        return "a failed load left jumps, a path or the modified flag";
+    if (!(m_doc.GetSettings() == CLogbookSettings()))
+        return "a failed load left settings behind";
+    if (m_doc.GetTotalFreefallTime() != 0 || m_doc.GetTotalFreefallDistance() != 0 ||
+        m_doc.GetTotalCanopyDistance() != 0)
+        return "a failed load left totals behind";
+    const CLoadResult known = m_doc.Load(m_knownPath);
+    if (!known.ok || m_doc.GetJumpCount() != 1 || m_doc.GetJumps()[0]->GetNumber() != 7 ||
+        m_doc.GetSettings().GetPreviousJumps() != 3)
+        return "after a failed load the document does not load a known logbook";
+    m_doc.Clear();
+    return {};
+}
+
+std::string CLoadChecker::CheckLoaded(const std::string& path, bool roundTrip, std::string& saved)
+{
+    if (!m_doc.HasPath() || m_doc.GetPath() != path || m_doc.IsModified())
+        return "a successful load did not keep the path or left the modified flag";
+    const auto& jumps = m_doc.GetJumps();
+    for (std::size_t i = 1; i < jumps.size(); ++i)
+        if (jumps[i - 1]->GetNumber() > jumps[i]->GetNumber())
+            return "the jumps are not sorted by number";
+    if (!roundTrip)
+        return {};
+
+    // The first save may normalise what the file held in an unusual form (samples of another
+    // kind than their recording, say); from then on a save and a reload change nothing.
+    const std::string names[3] = {m_folder / "saved1.tvl", m_folder / "saved2.tvl", m_folder / "saved3.tvl"};
+    auto cleanUp = [&]() {
+        for (const std::string& name : names) {
+            RemoveQuietly(name);
+            RemoveQuietly(name.substr(0, name.size() - 3) + "bak");
+        }
+    };
+    cleanUp();
+    std::string problem;
+    if (!m_doc.Save(names[0]))
+        problem = "a loaded logbook cannot be saved";
+    for (int round = 1; round <= 2 && problem.empty(); ++round) {
+        CLogbookDoc reloaded(nullptr, &m_clock);
+        const CLoadResult again = reloaded.Load(names[round - 1]);
+        if (!again.ok)
+            problem = "a saved logbook does not load again: " + again.message.substr(0, 300);
+        else if (reloaded.GetJumpCount() != m_doc.GetJumpCount())
+            problem = "saving and loading again changed the number of jumps";
+        else if (!reloaded.Save(names[round]))
+            problem = "a reloaded logbook cannot be saved";
+    }
+    if (problem.empty()) {
+        saved = ReadWholeFile(names[0]);
+        if (ReadWholeFile(names[1]) != ReadWholeFile(names[2]))
+            problem = "saving a reloaded logbook again changes the file";
+    }
+    cleanUp();
+    return problem;
+}

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <filesystem>
+#include <set>
+#include <string>
+#include <system_error>
+#include <unistd.h>
+
+// A private folder for the files a fuzz body or test writes, in memory-backed /dev/shm when the
+// machine has it (so millions of small writes cost no disk), removed with everything in it when
+// the object goes away.
+class CScratchFolder
+{
+public:
+    explicit CScratchFolder(const std::string& name)
+    {
+        std::error_code ec;
+        std::filesystem::path base = "/dev/shm";
+        if (!std::filesystem::is_directory(base, ec) || ::access(base.c_str(), W_OK) != 0)
+            base = std::filesystem::temp_directory_path();
+        m_path = base / ("tervola-" + name + "-" + std::to_string(::getpid()));
+        std::filesystem::remove_all(m_path, ec);
+        std::filesystem::create_directories(m_path);
+    }
+    ~CScratchFolder()
+    {
+        std::error_code ec;
+        std::filesystem::remove_all(m_path, ec);
+    }
+    CScratchFolder(const CScratchFolder&) = delete;
+    CScratchFolder& operator=(const CScratchFolder&) = delete;
+
+    // The path of a file in the folder.
+    std::string operator/(const std::string& file) const { return (m_path / file).string(); }
+    // The names of the files now in the folder.
+    std::set<std::string> List() const
+    {
+        std::set<std::string> names;
+        for (const auto& entry : std::filesystem::directory_iterator(m_path))
+            names.insert(entry.path().filename().string());
+        return names;
+    }
+
+private:
+    std::filesystem::path m_path;
+};

@@ -1,0 +1,214 @@
+#include "FuzzTargets.h"
+#include "xml/CDateTime.h"
+#include "xml/XmlValues.h"
+
+#include <climits>
+#include <cmath>
+#include <cstdlib>
+#include <cstring>
+
+namespace {
+
+// Readers must leave the target alone when they fail: each is run twice with different
+// starting values, and a failure must leave both untouched.
+template <typename T, typename Reader>
+bool ReadBoth(Reader read, T first, T second, T& value, std::string& problem, const char* what)
+{
+    T a = first, b = second;
+    const bool okA = read(a);
+    const bool okB = read(b);
+    if (okA != okB || (okA && !(a == b)))
+        problem = std::string(what) + " depends on the target's old value";
+    else if (!okA && (!(a == first) || !(b == second)))
+        problem = std::string(what) + " changed the target although it failed";
+    value = a;
+    return okA;
+}
+
+// True when the text is a candidate for both the wide and the 8-bit number readers: non-empty
+// and no '-' other than in front (the 8-bit readers also allow one at the end, the wide ones
+// anywhere).
+bool MinusOnlyInFront(std::string_view text)
+{
+    return !text.empty() && text.find('-', 1) == std::string_view::npos;
+}
+
+std::string CheckBool(std::string_view text)
+{
+    std::string problem;
+    bool wide = false, bytes = false;
+    const bool wideOk = ReadBoth([&](bool& v) { return XmlBoolFromString(text, v); }, true, false, wide, problem,
+                                 "XmlBoolFromString");
+    const bool bytesOk = ReadBoth([&](bool& v) { return XmlBoolFromBytes(text, v); }, true, false, bytes, problem,
+                                  "XmlBoolFromBytes");
+    // The exact 8-bit spellings are a subset of the wide reader's, the empty text aside.
+    if (problem.empty() && bytesOk && !text.empty() && (!wideOk || wide != bytes))
+        problem = "the 8-bit boolean reader accepts a text the wide one reads differently";
+    return problem;
+}
+
+std::string CheckInt(std::string_view text)
+{
+    std::string problem;
+    for (const bool allowMinus : {false, true}) {
+        int wide = 0, bytes = 0;
+        const bool wideOk = ReadBoth([&](int& v) { return XmlIntFromString(text, v, allowMinus); }, 11, -13, wide,
+                                     problem, "XmlIntFromString");
+        const bool bytesOk = ReadBoth([&](int& v) { return XmlIntFromBytes(text, v, allowMinus); }, 11, -13, bytes,
+                                      problem, "XmlIntFromBytes");
+        if (!problem.empty())
+            return problem;
+        if (MinusOnlyInFront(text) && (wideOk != bytesOk || (wideOk && wide != bytes)))
+            return "the wide and the 8-bit integer readers disagree";
+        if (bytesOk && !allowMinus && bytes < 0)
+            return "a negative integer was read without allowMinus";
+        // A value inside the int range writes back to a text that reads as the same value.
+        int again = 0;
+        if (bytesOk && bytes != INT_MAX && bytes != INT_MIN &&
+            (!XmlIntFromBytes(XmlIntToString(bytes, true), again, true) || again != bytes))
+            return "an integer read does not survive writing and reading";
+    }
+    return {};
+}
+
+std::string CheckDouble(std::string_view text)
+{
+    std::string problem;
+    for (const bool allowMinus : {false, true}) {
+        double wide = 0, bytes = 0;
+        const bool wideOk = ReadBoth([&](double& v) { return XmlDoubleFromString(text, v, allowMinus); }, 1.5, -2.5,
+                                     wide, problem, "XmlDoubleFromString");
+        const bool bytesOk = ReadBoth([&](double& v) { return XmlDoubleFromBytes(text, v, allowMinus); }, 1.5,
+                                      -2.5, bytes, problem, "XmlDoubleFromBytes");
+        if (!problem.empty())
+            return problem;
+        if (MinusOnlyInFront(text) && (wideOk != bytesOk || (wideOk && wide != bytes)))
+            return "the wide and the 8-bit double readers disagree";
+        if (bytesOk && std::isnan(bytes))
+            return "a double read as NaN";
+        if (bytesOk && !allowMinus && bytes < 0)
+            return "a negative double was read without allowMinus";
+    }
+    return {};
+}
+
+// A double written with 14 decimals reads back within the rounding of its last decimal.
+std::string CheckDoubleWritten(double value)
+{
+    for (const bool force : {false, true}) {
+        const std::string text = XmlDoubleToString(value, force);
+        if (text.empty()) {
+            if (force || std::fabs(value) > 1e-08)
+                return "a double that must be written gave no text";
+            continue;
+        }
+        if (!std::isfinite(value))
+            continue;
+        double again = 0;
+        if (!XmlDoubleFromBytes(text, again, true))
+            return "a written double does not read back: " + text;
+        if (std::fabs(again - value) > 1e-14 + std::fabs(value) * 1e-15)
+            return "a written double reads back as another value: " + text;
+        if (text.find('.') == std::string::npos || text.back() == '.' || (text.back() == '0' && text.end()[-2] != '.'))
+            return "a written double is not trimmed to its last significant decimal: " + text;
+    }
+    return {};
+}
+
+std::string CheckDateTimes(std::string_view text)
+{
+    std::string problem;
+    const CDateTime one(2001, 2, 3, 4, 5, 6, 7), two(2002, 3, 4, 5, 6, 7, 8);
+    CDateTime plain;
+    const bool plainOk = ReadBoth([&](CDateTime& v) { return XmlDateTimeFromString(text, v); }, one, two, plain,
+                                  problem, "XmlDateTimeFromString");
+    CZonedDateTime zoned;
+    const bool zonedOk = ReadBoth([&](CZonedDateTime& v) { return XmlZonedDateTimeFromString(text, v); },
+                                  CZonedDateTime{one, 60}, CZonedDateTime{two, -90}, zoned, problem,
+                                  "XmlZonedDateTimeFromString");
+    if (!problem.empty())
+        return problem;
+    if (plainOk) {
+        CDateTime again;
+        if (!plain.IsValid() || !XmlDateTimeFromString(XmlDateTimeToString(plain), again) || !(again == plain))
+            return "a date-time read does not survive writing and reading";
+        // The upper-case plain form is also a zoned one at offset 0.
+        CZonedDateTime asZoned;
+        if (text[10] == 'T' && text.back() == 'Z' &&
+            (!XmlZonedDateTimeFromString(text, asZoned) || !(asZoned == CZonedDateTime{plain, 0})))
+            return "a plain date-time in upper case does not read as a zoned one at offset 0";
+    }
+    if (zonedOk) {
+        CZonedDateTime again;
+        // Offsets of a hundred hours or more have no two-digit form; they cannot be written back.
+        if (!zoned.dateTime.IsValid() ||
+            (std::abs(zoned.offsetMinutes) < 6000 &&
+             (!XmlZonedDateTimeFromString(XmlZonedDateTimeToString(zoned), again) || !(again == zoned))))
+            return "a zoned date-time read does not survive writing and reading";
+    }
+
+    CDateTime time;
+    const CDateTime leapDay(2008, 2, 29, 13, 14, 15, 16);
+    if (ReadBoth([&](CDateTime& v) { return XmlTimeOfDayFromString(text, leapDay, v); }, one, two, time, problem,
+                 "XmlTimeOfDayFromString") &&
+        (!time.IsValid() || !time.SameDay(leapDay) || time.Second() != 0 || time.Millisecond() != 0))
+        return "a time of day left its date or kept seconds";
+    if (!problem.empty())
+        return problem;
+
+    int seconds = 0;
+    if (ReadBoth([&](int& v) { return XmlMinutesFromString(text, v); }, 17, -19, seconds, problem,
+                 "XmlMinutesFromString") &&
+        seconds < 0)
+        return "a duration read as negative";
+    return problem;
+}
+
+// Values built from the raw bytes go through the writers and back through the readers.
+std::string CheckWriters(const std::uint8_t* data, std::size_t size)
+{
+    if (size >= 8) {
+        double value = 0;
+        std::memcpy(&value, data, sizeof value);
+        if (std::string problem = CheckDoubleWritten(value); !problem.empty())
+            return problem;
+    }
+    if (size >= 4) {
+        std::int32_t number = 0;
+        std::memcpy(&number, data, sizeof number);
+        int again = 0;
+        if (!XmlIntFromBytes(XmlIntToString(number, true), again, true) || again != number)
+            return "a written integer does not read back";
+        if (number == 0 && !XmlIntToString(0, false).empty())
+            return "a zero integer was written without force";
+    }
+    if (size >= 16) {
+        // Fields near their valid ranges, so that both valid and invalid values come up.
+        const int year = 90 + (data[8] | (data[9] << 8)) % 10000;
+        const CDateTime value(year, data[10] % 14, data[11] % 33, data[12] % 25, data[13] % 61, data[14] % 61,
+                              (data[15] | (data[4] << 8)) % 1001);
+        // Offsets stay below a hundred hours, the most the two-digit zone form holds.
+        const int offset = (static_cast<std::int8_t>(data[5]) * 47 + static_cast<std::int8_t>(data[6])) % 6000;
+        CDateTime plain;
+        CZonedDateTime zoned;
+        if (value.IsValid() && (!XmlDateTimeFromString(XmlDateTimeToString(value), plain) || !(plain == value)))
+            return "a written date-time does not read back";
+        if (!value.IsValid() && !XmlDateTimeToString(value).empty())
+            return "an invalid date-time was written";
+        if (value.IsValid() && (!XmlZonedDateTimeFromString(XmlZonedDateTimeToString({value, offset}), zoned) ||
+                                !(zoned == CZonedDateTime{value, offset})))
+            return "a written zoned date-time does not read back";
+    }
+    return {};
+}
+
+} // namespace
+
+std::string FuzzXmlValues(const std::uint8_t* data, std::size_t size)
+{
+    const std::string_view text(reinterpret_cast<const char*>(data), size);
+    for (auto check : {&CheckBool, &CheckInt, &CheckDouble, &CheckDateTimes})
+        if (std::string problem = check(text); !problem.empty())
+            return problem;
+    return CheckWriters(data, size);
+}
