@@ -6,7 +6,8 @@
 //   10k      10,000 jumps without recordings
 //   100k     100,000 jumps without recordings
 //   10k-gps  10,000 jumps, 1,000 of them with a GPS recording of 1,500 waypoints
-// --quick runs 1k, 10k and 1k-gps (100 recordings of 1,500 waypoints) only.
+// --quick runs 1k, 10k and 1k-gps (100 recordings of 1,500 waypoints) only; --only NAME (more
+// than once for several) picks workloads.
 // Each time is the best of --runs loads (default 7) and --save-runs saves (default 3); the
 // recording-heavy logbook gets --big-runs of each (default 3 loads and 2 saves).
 // Every line gives both best times, their ratio and the target; the exit status is the number
@@ -65,7 +66,7 @@ int main(int argc, char** argv)
     int runs = 7;
     int saveRuns = 3;
     int bigRuns = 0;   // 0: 3 loads and 2 saves
-    std::string only;
+    std::vector<std::string> only;   // names of the workloads to run; empty: all
     std::string parent = std::filesystem::temp_directory_path().string();
     for (int i = 1; i < argc; ++i) {
         const std::string arg = argv[i];
@@ -80,7 +81,7 @@ int main(int argc, char** argv)
         else if (arg == "--big-runs" && i + 1 < argc)
             bigRuns = std::max(1, std::atoi(argv[++i]));
         else if (arg == "--only" && i + 1 < argc)
-            only = argv[++i];
+            only.push_back(argv[++i]);
         else if (arg == "--dir" && i + 1 < argc)
             parent = argv[++i];
         else
@@ -99,7 +100,9 @@ int main(int argc, char** argv)
                                          1000, 1500, bigRuns > 0 ? bigRuns : 3, bigRuns > 0 ? bigRuns : 2));
     }
     if (!only.empty()) {
-        std::erase_if(workloads, [&](const CWorkloadBench::Workload& w) { return w.name != only; });
+        std::erase_if(workloads, [&](const CWorkloadBench::Workload& w) {
+            return std::find(only.begin(), only.end(), w.name) == only.end();
+        });
         if (workloads.empty())
             return Usage();
     }
