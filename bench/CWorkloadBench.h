@@ -8,6 +8,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 class CBenchReport;
 
@@ -49,6 +50,10 @@ private:
     bool TimeLoads(const Workload& workload, Result& result);
     bool TimeSaves(const Workload& workload, const std::string& text, Result& result);
     bool Fail(const std::string& message);
+    // Writes over a buffer twice the size of the processor's caches, so that every timed run
+    // starts cold, as a load in a fresh program does, instead of finding the previous run's
+    // heap still cached (which would favour the logbooks small enough to fit the cache).
+    void CoolCaches();
     std::string PathOf(const Workload& workload, const std::string& suffix) const;
 
     std::string m_folder;
@@ -56,4 +61,5 @@ private:
     std::size_t m_expectedJumps = 0;
     CFixedClock m_clock;
     std::unique_ptr<CLogbookDoc> m_doc;   // the generated logbook, saved in every save run
+    std::vector<unsigned char> m_scratch;
 };
