@@ -21,7 +21,9 @@ public:
     CFuzzHandler(char label, CFuzzHandler* child, CFuzzTranscript& transcript, std::size_t maxToken,
                  std::size_t maxDepth);
 
+    // Checks and records a start tag; delegates 'd...' elements, refuses "stop".
     bool OnOpenTag(CXmlParser& parser) override;
+    // Checks and records an end tag with its text; refuses "halt".
     bool OnCloseTag(CXmlParser& parser) override;
 
 private:

@@ -34,8 +34,11 @@ public:
             m_problem = std::move(problem);
     }
 
+    // The digest of everything added since the start or the last Restart.
     std::uint64_t Digest() const { return m_digest; }
+    // The number of events counted since then.
     std::size_t Events() const { return m_events; }
+    // The first broken property; empty when none was noticed.
     const std::string& Problem() const { return m_problem; }
 
 private:
