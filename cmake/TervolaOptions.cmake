@@ -15,6 +15,8 @@ if(CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
   if(TERVOLA_SANITIZE)
     target_compile_options(tervola_options INTERFACE -fsanitize=address,undefined -fno-omit-frame-pointer -fno-sanitize-recover=undefined)
     target_link_options(tervola_options INTERFACE -fsanitize=address,undefined)
+    # Tests that bound a duration allow for the instrumented code's slower pace.
+    target_compile_definitions(tervola_options INTERFACE TERVOLA_SANITIZED=1)
   endif()
   if(TERVOLA_FUZZ)
     # Coverage for libFuzzer in every library; only the fuzz programs link libFuzzer's main.
@@ -24,6 +26,8 @@ if(CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
     target_compile_options(tervola_options INTERFACE -fsanitize=fuzzer-no-link,address,undefined
                            -fno-omit-frame-pointer -fno-sanitize-recover=undefined)
     target_link_options(tervola_options INTERFACE -fsanitize=address,undefined)
+    # Tests that bound a duration allow for the instrumented code's slower pace.
+    target_compile_definitions(tervola_options INTERFACE TERVOLA_SANITIZED=1)
   endif()
 endif()
 
