@@ -36,6 +36,17 @@ void WriteDigits(char* first, int count, std::uint64_t value)
         first[0] = static_cast<char>('0' + value % 10);
 }
 
+// Removes count trailing zeros from value when it has them (count's power of ten is constant,
+// so the test and the division are multiplications).
+template <std::uint64_t Power, int Count>
+void DropZeros(std::uint64_t& value, int& digits)
+{
+    if (value % Power == 0) {
+        value /= Power;
+        digits -= Count;
+    }
+}
+
 // Writes the integer part without leading zeros.
 char* WriteInteger(char* out, Uint128 value)
 {
@@ -50,7 +61,7 @@ char* WriteInteger(char* out, Uint128 value)
 
 } // namespace
 
-char* XmlFormatFixed14(double value, char* buffer)
+char* XmlFormatDecimal14(double value, char* buffer)
 {
     std::uint64_t bits = 0;
     std::memcpy(&bits, &value, sizeof bits);
@@ -99,13 +110,24 @@ char* XmlFormatFixed14(double value, char* buffer)
     }
     out = WriteInteger(out, integer);
     *out++ = '.';
-    WriteDigits(out, 14, fraction);
-    return out + 14;
+    // Trailing zeros are dropped before the digits are written (one decimal stays).
+    int decimals = 14;
+    if (fraction == 0) {
+        decimals = 1;
+    } else {
+        // Up to 13 zeros, removed as 8, 4, 2 and 1 of them.
+        DropZeros<100000000ull, 8>(fraction, decimals);
+        DropZeros<10000ull, 4>(fraction, decimals);
+        DropZeros<100ull, 2>(fraction, decimals);
+        DropZeros<10ull, 1>(fraction, decimals);
+    }
+    WriteDigits(out, decimals, fraction);
+    return out + decimals;
 }
 
 #else
 
-char* XmlFormatFixed14(double, char*)
+char* XmlFormatDecimal14(double, char*)
 {
     return nullptr; // no 128-bit integers: the caller's general path formats every value
 }

@@ -241,18 +241,16 @@ std::string_view XmlFormatDouble(double value, bool force, char (&buffer)[kXmlDo
         return {};
     // Fixed notation with 14 decimals, the same bytes as printf's "%0.14f": integer arithmetic
     // for the usual magnitudes, the library's correctly rounded conversion beyond them.
-    char* end = XmlFormatFixed14(value, buffer);
+    char* end = XmlFormatDecimal14(value, buffer);
+    if (end != nullptr)
+        return {buffer, static_cast<std::size_t>(end - buffer)};
+    end = std::to_chars(buffer, buffer + kXmlDoubleChars, value, std::chars_format::fixed, 14).ptr;
     const char* dot = nullptr;
-    if (end != nullptr) {
-        dot = end - 15;
-    } else {
-        end = std::to_chars(buffer, buffer + kXmlDoubleChars, value, std::chars_format::fixed, 14).ptr;
-        for (const char* p = buffer; p != end; ++p)
-            if (*p == '.') {
-                dot = p;
-                break;
-            }
-    }
+    for (const char* p = buffer; p != end; ++p)
+        if (*p == '.') {
+            dot = p;
+            break;
+        }
     if (dot != nullptr) {
         // Trim trailing zeros but keep one digit after the point.
         while (end - dot > 2 && end[-1] == '0')
