@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Builds everything with warnings as errors and runs every test suite; builds the core and its
+# Builds everything with warnings as errors and runs every test suite; builds everything and its
 # tests again with AddressSanitizer and UndefinedBehaviorSanitizer and runs them; builds the fuzz
 # targets with clang and runs each for a short fixed time on its seed corpus. Any failure stops
 # the script with a non-zero status. The main build's test summary is printed last.
@@ -26,7 +26,7 @@ step "sanitizer build (address, undefined behaviour)"
 # Warnings are the main build's business: with sanitizers gcc warns falsely inside libstdc++.
 asan="$root/build-asan"
 cmake -S "$root" -B "$asan" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DTERVOLA_SANITIZE=ON \
-  -DTERVOLA_WERROR=OFF -DTERVOLA_BUILD_BENCH=OFF -DTERVOLA_BUILD_GUI=OFF >/dev/null
+  -DTERVOLA_WERROR=OFF -DTERVOLA_BUILD_BENCH=OFF >/dev/null
 cmake --build "$asan" -j"$jobs"
 step "sanitizer tests"
 if ! (cd "$asan" && UBSAN_OPTIONS=print_stacktrace=1 ctest --output-on-failure -j"$jobs" >"$asan/ctest.log" 2>&1); then
