@@ -168,6 +168,11 @@ struct ReuseCase
     std::function<std::string(std::size_t index, std::size_t tokenBytes)> element;
 };
 
+void PrintTo(const ReuseCase& c, std::ostream* out)
+{
+    *out << c.name;
+}
+
 class BufferReuse : public testing::TestWithParam<ReuseCase>
 {
 };
