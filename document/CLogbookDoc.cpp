@@ -320,6 +320,11 @@ bool CLogbookDoc::OnOpenTag(CXmlParser& parser)
             !XmlZonedDateTimeFromString(text, timestamp) || !parser.GetAttribute("mod", text) ||
             !XmlDateTimeFromString(text, modified))
             return false;   // the parser names the tag and its attributes in its message
+        if (m_jumps.size() >= m_maxJumps) {
+            parser.SetErrorMessage(StringTable::Format(StringTable::IDS_PARSER_ERROR,
+                                                       "more than " + std::to_string(m_maxJumps) + " jumps"));
+            return false;
+        }
         parser.Delegate(InsertSorted(m_jumps, std::make_unique<CJump>(number, timestamp, modified)));
         return true;
     }

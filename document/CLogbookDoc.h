@@ -106,6 +106,12 @@ public:
     // Tests hand in outputs that fail on purpose; an empty factory restores the real files.
     void SetOutputFactoryForTesting(OutputFactory factory) { m_outputFactory = std::move(factory); }
 
+    // The most jumps a file may hold. Jump numbers end at 99,999 and a real logbook stays far
+    // below; a file past the bound is refused, so a small compressed file cannot fill the
+    // memory with empty jump records.
+    static constexpr std::size_t kDefaultMaxJumps = 1'000'000;
+    void SetJumpLimit(std::size_t maxJumps) { m_maxJumps = maxJumps; }
+
     // Reader of the root element, "settings", "log" and each "jump".
     bool OnOpenTag(CXmlParser& parser) override;
     bool OnCloseTag(CXmlParser& parser) override;
@@ -125,6 +131,7 @@ private:
     std::vector<std::unique_ptr<CJump>> m_jumps;
     std::unique_ptr<SettingsReader> m_settingsReader;
     OutputFactory m_outputFactory;
+    std::size_t m_maxJumps = kDefaultMaxJumps;
     bool m_rootSeen = false;   // set by the "tvl" element during a load
     int64_t m_totalFreefallTime = 0;
     int64_t m_totalFreefallDistance = 0;

@@ -336,3 +336,29 @@ TEST(CLogbookDocMedia, StoredNamesResolveAgainstTheLogbookFolder)
     doc.SetPath("Jumps.tvz");   // no folder part
     EXPECT_EQ(doc.ResolveMediaPath("pics\\a.jpg"), "pics\\a.jpg");
 }
+
+namespace {
+
+TEST(CLogbookDocLoad, FileWithMoreJumpsThanTheBoundIsRefused)
+{
+    CTempFolder folder("jumplimit");
+    std::string jumps;
+    for (int n = 1; n <= 6; ++n)
+        jumps += JumpXml(n, "A", 4000, 1000);
+    const std::string path = folder / "many.tvl";
+    WriteBytes(path, Logbook("<log>" + jumps + "</log>"));
+
+    CLogbookDoc doc;
+    doc.SetJumpLimit(6);
+    ASSERT_TRUE(doc.Load(path).ok);   // exactly at the bound
+    EXPECT_EQ(doc.GetJumpCount(), 6u);
+
+    doc.SetJumpLimit(5);
+    const CLoadResult result = doc.Load(path);
+    EXPECT_FALSE(result.ok);
+    EXPECT_EQ(result.message, StringTable::Format(StringTable::IDS_PARSER_ERROR, "more than 5 jumps"));
+    EXPECT_EQ(doc.GetJumpCount(), 0u);
+    EXPECT_FALSE(doc.HasPath());
+}
+
+} // namespace
