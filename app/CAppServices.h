@@ -5,9 +5,11 @@ class IClock;
 class IMessageSink;
 class IFileChooser;
 class IPictureViewer;
+class IDialogRunner;
 
-// The outside world as the window sees it: the registry, the clock, message boxes, file dialogs
-// and the picture viewer. The program passes the real ones; tests pass recorders. Not owned.
+// The outside world as the window sees it: the registry, the clock, message boxes, file dialogs,
+// the picture viewer and the modal editors. The program passes the real ones; tests pass
+// recorders. Not owned.
 struct CAppServices
 {
     ISettingsStore* settings = nullptr;
@@ -15,4 +17,6 @@ struct CAppServices
     IMessageSink* messages = nullptr;
     IFileChooser* files = nullptr;
     IPictureViewer* viewer = nullptr;
+    // Runs the editors and keypads modally; null runs them with QDialog::exec.
+    IDialogRunner* dialogs = nullptr;
 };

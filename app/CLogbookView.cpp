@@ -6,7 +6,7 @@
 #include "app/CPictureGuard.h"
 #include "app/CSummaryPane.h"
 #include "app/IFileChooser.h"
-#include "app/IMessageSink.h"
+#include "controls/IMessageSink.h"
 #include "app/IPictureViewer.h"
 #include "document/CLogbookDoc.h"
 #include "model/CJump.h"

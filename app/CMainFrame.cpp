@@ -5,7 +5,7 @@
 #include "app/CDateText.h"
 #include "app/CLogbookView.h"
 #include "app/CSplashWnd.h"
-#include "app/IMessageSink.h"
+#include "controls/IMessageSink.h"
 #include "document/CReminders.h"
 #include "document/IClock.h"
 #include "resources/StringTable.h"

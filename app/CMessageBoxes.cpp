@@ -24,6 +24,11 @@ void CMessageBoxes::Information(const QString& text)
     QMessageBox::information(Parent(), kTitle, text, QMessageBox::Ok);
 }
 
+void CMessageBoxes::Warning(const QString& text)
+{
+    QMessageBox::warning(Parent(), kTitle, text, QMessageBox::Ok);
+}
+
 bool CMessageBoxes::AskYesNo(const QString& text)
 {
     return QMessageBox::question(Parent(), kTitle, text, QMessageBox::Yes | QMessageBox::No, QMessageBox::No) ==

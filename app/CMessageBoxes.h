@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/IMessageSink.h"
+#include "controls/IMessageSink.h"
 
 #include <QPointer>
 #include <QWidget>
@@ -16,6 +16,8 @@ public:
     void Error(const QString& text) override;
     // Information icon, OK.
     void Information(const QString& text) override;
+    // Warning icon, OK.
+    void Warning(const QString& text) override;
     // Question icon, Yes and No (No is the default button).
     bool AskYesNo(const QString& text) override;
     // Question icon, Yes, No and Cancel (Yes is the default button).

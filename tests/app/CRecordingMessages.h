@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/IMessageSink.h"
+#include "controls/IMessageSink.h"
 
 #include <QList>
 #include <QString>
@@ -9,7 +9,7 @@
 class CRecordingMessages final : public IMessageSink
 {
 public:
-    enum class Kind { Error, Information, YesNo, YesNoCancel, About };
+    enum class Kind { Error, Information, Warning, YesNo, YesNoCancel, About };
     struct Box
     {
         Kind kind;
@@ -18,6 +18,7 @@ public:
 
     void Error(const QString& text) override { boxes.append({Kind::Error, text}); }
     void Information(const QString& text) override { boxes.append({Kind::Information, text}); }
+    void Warning(const QString& text) override { boxes.append({Kind::Warning, text}); }
     bool AskYesNo(const QString& text) override
     {
         boxes.append({Kind::YesNo, text});

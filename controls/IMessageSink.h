@@ -16,6 +16,8 @@ public:
     virtual void Error(const QString& text) = 0;
     // A reminder, with the information icon and an OK button.
     virtual void Information(const QString& text) = 0;
+    // A refused entry in an editor, with the warning icon and an OK button.
+    virtual void Warning(const QString& text) = 0;
     // A Yes/No question; true for Yes.
     virtual bool AskYesNo(const QString& text) = 0;
     // A Yes/No/Cancel question (saving changes before closing).

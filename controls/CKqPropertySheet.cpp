@@ -1,0 +1,150 @@
+#include "controls/CKqPropertySheet.h"
+
+#include "controls/CKqPropertyPage.h"
+#include "controls/IMessageSink.h"
+#include "editing/CCheckResult.h"
+
+#include <QDialogButtonBox>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QScreen>
+#include <QScrollArea>
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+CKqPropertySheet::CKqPropertySheet(const QString& caption, IMessageSink* messages, QWidget* parent)
+    : QDialog(parent), m_messages(messages)
+{
+    setWindowTitle(caption);
+    setModal(true);
+    m_tabs = new QTabWidget(this);
+    m_tabs->setObjectName(QStringLiteral("sheetTabs"));
+    m_tabs->setDocumentMode(true);
+    // Small screens scroll the tab row instead of squeezing the titles.
+    m_tabs->setUsesScrollButtons(true);
+    m_tabs->setElideMode(Qt::ElideNone);
+    m_buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
+    m_buttons->setObjectName(QStringLiteral("sheetButtons"));
+
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(4, 4, 4, 4);
+    layout->setSpacing(4);
+    layout->addWidget(m_tabs, 1);
+    layout->addWidget(m_buttons);
+
+    connect(m_buttons, &QDialogButtonBox::accepted, this, &CKqPropertySheet::accept);
+    connect(m_buttons, &QDialogButtonBox::rejected, this, &CKqPropertySheet::reject);
+    connect(m_tabs, &QTabWidget::currentChanged, this, &CKqPropertySheet::OnCurrentChanged);
+}
+
+CKqPropertySheet::~CKqPropertySheet() = default;
+
+void CKqPropertySheet::AddPage(CKqPropertyPage* page)
+{
+    // Each page scrolls on its own when the screen is smaller than the page.
+    auto* scroller = new QScrollArea;
+    scroller->setObjectName(page->objectName() + QStringLiteral("Scroller"));
+    scroller->setFrameShape(QFrame::NoFrame);
+    scroller->setWidgetResizable(true);
+    scroller->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    scroller->setWidget(page);
+    page->SetSheet(this);
+    m_pages.append(page);
+    m_tabs->addTab(scroller, page->Title());
+    if (m_current < 0)
+        m_current = 0;
+}
+
+int CKqPropertySheet::ActiveIndex() const
+{
+    return m_tabs->currentIndex();
+}
+
+bool CKqPropertySheet::SetActivePage(int index)
+{
+    if (index < 0 || index >= m_pages.size())
+        return false;
+    m_tabs->setCurrentIndex(index);
+    return m_tabs->currentIndex() == index;
+}
+
+void CKqPropertySheet::InitialisePages()
+{
+    if (m_initialised)
+        return;
+    m_initialised = true;
+    for (CKqPropertyPage* page : m_pages)
+        page->Initialise();
+}
+
+void CKqPropertySheet::OnCurrentChanged(int index)
+{
+    if (m_reverting)
+        return;
+    const int left = m_current;
+    if (left >= 0 && left != index && left < m_pages.size())
+    {
+        const CCheckResult result = m_pages[left]->Validate();
+        if (!result.Passed())
+        {
+            ShowFailure(left, result);
+            return;
+        }
+    }
+    m_current = index;
+}
+
+void CKqPropertySheet::ShowFailure(int pageIndex, const CCheckResult& result)
+{
+    if (m_tabs->currentIndex() != pageIndex)
+    {
+        m_reverting = true;
+        m_tabs->setCurrentIndex(pageIndex);
+        m_reverting = false;
+    }
+    m_current = pageIndex;
+    const QString text = QString::fromStdString(result.message);
+    if (m_messages)
+        m_messages->Warning(text);
+    else
+        QMessageBox::warning(this, windowTitle(), text, QMessageBox::Ok);
+    m_pages[pageIndex]->FocusField(result.field);
+}
+
+void CKqPropertySheet::accept()
+{
+    InitialisePages();
+    for (int i = 0; i < m_pages.size(); ++i)
+    {
+        const CCheckResult result = m_pages[i]->Validate();
+        if (!result.Passed())
+        {
+            ShowFailure(i, result);
+            return;
+        }
+    }
+    if (Apply())
+        QDialog::accept();
+}
+
+void CKqPropertySheet::showEvent(QShowEvent* event)
+{
+    InitialisePages();
+    if (!m_fitted)
+    {
+        m_fitted = true;
+        FitToScreen();
+    }
+    QDialog::showEvent(event);
+}
+
+void CKqPropertySheet::FitToScreen()
+{
+    const QScreen* where = screen();
+    if (!where)
+        return;
+    const QSize room = where->availableGeometry().size();
+    QSize size = sizeHint().expandedTo(minimumSizeHint());
+    size = size.boundedTo(room);
+    resize(size);
+}

@@ -1,0 +1,152 @@
+// The tabbed editor base: leaving a page runs its check, OK checks every page in tab order and
+// applies only when all pass, and every refusal shows one message and focuses the named field.
+
+#include "CRecordingMessages.h"
+
+#include "controls/CKqPropertyPage.h"
+#include "controls/CKqPropertySheet.h"
+
+#include <QDialogButtonBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTabWidget>
+#include <QTest>
+#include <QVBoxLayout>
+
+namespace {
+
+// A page with one number field that must lie within 1..10.
+class CRangePage final : public CKqPropertyPage
+{
+public:
+    explicit CRangePage(const QString& title) : CKqPropertyPage(title)
+    {
+        edit = new QLineEdit(this);
+        edit->setObjectName(title + QStringLiteral("Edit"));
+        (new QVBoxLayout(this))->addWidget(edit);
+        MapField(7, edit);
+    }
+    void Initialise() override
+    {
+        ++initialised;
+        edit->setText(QString::number(value));
+    }
+    CCheckResult Validate() override
+    {
+        ++validated;
+        value = edit->text().toInt();
+        return CheckRange(value, 1, 10, 7);
+    }
+
+    QLineEdit* edit;
+    int value = 5;
+    int initialised = 0;
+    int validated = 0;
+};
+
+class CTestSheet final : public CKqPropertySheet
+{
+public:
+    explicit CTestSheet(IMessageSink* sink) : CKqPropertySheet(QStringLiteral("Sheet"), sink)
+    {
+        for (const char* title : {"One", "Two", "Three"})
+        {
+            pages.append(new CRangePage(QString::fromLatin1(title)));
+            AddPage(pages.last());
+        }
+    }
+    bool Apply() override
+    {
+        ++applied;
+        return true;
+    }
+    QList<CRangePage*> pages;
+    int applied = 0;
+};
+
+} // namespace
+
+class PropertySheetTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void tabChangeRunsTheCheckOfThePageLeft_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<int>("expectedPage");
+        QTest::addColumn<QString>("message");
+        QTest::newRow("below") << "0" << 0 << "Please enter a value between 1 and 10.";
+        QTest::newRow("above") << "11" << 0 << "Please enter a value between 1 and 10.";
+        QTest::newRow("lower bound") << "1" << 2 << "";
+        QTest::newRow("upper bound") << "10" << 2 << "";
+    }
+    void tabChangeRunsTheCheckOfThePageLeft()
+    {
+        QFETCH(QString, text);
+        QFETCH(int, expectedPage);
+        QFETCH(QString, message);
+        CRecordingMessages messages;
+        CTestSheet sheet(&messages);
+        sheet.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&sheet));
+        QCOMPARE(sheet.pages[0]->initialised, 1);
+        sheet.pages[0]->edit->setText(text);
+
+        sheet.Tabs()->setCurrentIndex(2);
+        QCOMPARE(sheet.ActiveIndex(), expectedPage);
+        QCOMPARE(sheet.pages[0]->validated, 1);
+        QCOMPARE(messages.Texts(CRecordingMessages::Kind::Warning),
+                 message.isEmpty() ? QStringList() : QStringList{message});
+        if (!message.isEmpty())
+            QCOMPARE(sheet.focusWidget(), sheet.pages[0]->edit);
+        // Coming back to a page does not check the page that was just refused again.
+        QCOMPARE(sheet.pages[2]->validated, 0);
+    }
+
+    void okStopsAtTheFirstFailingPageInTabOrder()
+    {
+        CRecordingMessages messages;
+        CTestSheet sheet(&messages);
+        sheet.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&sheet));
+        sheet.pages[1]->edit->setText(QStringLiteral("12"));
+        sheet.pages[2]->edit->setText(QStringLiteral("-3"));
+
+        sheet.Buttons()->button(QDialogButtonBox::Ok)->click();
+        QCOMPARE(sheet.ActiveIndex(), 1);
+        QCOMPARE(messages.boxes.size(), 1);
+        QCOMPARE(sheet.focusWidget(), sheet.pages[1]->edit);
+        QCOMPARE(sheet.pages[2]->validated, 0);
+        QCOMPARE(sheet.applied, 0);
+        QVERIFY(sheet.isVisible());
+
+        // Mended, the next failure is the third page's.
+        sheet.pages[1]->edit->setText(QStringLiteral("3"));
+        sheet.Buttons()->button(QDialogButtonBox::Ok)->click();
+        QCOMPARE(sheet.ActiveIndex(), 2);
+        QCOMPARE(messages.boxes.size(), 2);
+
+        sheet.pages[2]->edit->setText(QStringLiteral("4"));
+        sheet.Buttons()->button(QDialogButtonBox::Ok)->click();
+        QCOMPARE(sheet.applied, 1);
+        QCOMPARE(sheet.result(), int(QDialog::Accepted));
+        QCOMPARE(sheet.pages[2]->value, 4);
+    }
+
+    void cancelAppliesNothing()
+    {
+        CRecordingMessages messages;
+        CTestSheet sheet(&messages);
+        sheet.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&sheet));
+        sheet.pages[0]->edit->setText(QStringLiteral("99"));
+        sheet.Buttons()->button(QDialogButtonBox::Cancel)->click();
+        QCOMPARE(sheet.result(), int(QDialog::Rejected));
+        QCOMPARE(sheet.applied, 0);
+        QVERIFY(messages.boxes.isEmpty());
+    }
+};
+
+QTEST_MAIN(PropertySheetTest)
+#include "test_property_sheet.moc"
