@@ -1,0 +1,119 @@
+#include "editing/CPreferencesEdit.h"
+
+#include "document/CLogbookDoc.h"
+#include "model/CLogbookSettings.h"
+#include "resources/StringTable.h"
+#include "units/CUnitSettings.h"
+#include "units/RoundValue.h"
+
+namespace {
+
+// The editor's own factors for converting the value on screen when a unit switch happens. They
+// are not the exact inverses of each other; a value switched back and forth lands where the
+// program has always put it.
+constexpr double kMpsToFps = 3.280839895013123;
+constexpr double kKmhToMph = 0.6213711922;
+constexpr double kFpsToMps = 0.3048;
+constexpr double kMphToKmh = 1.6093440000966945;
+constexpr double kKmhToMps = 0.2777777777777778;
+constexpr double kMphToFps = 1.4666666666842667;
+constexpr double kMpsToKmh = 3.6;
+constexpr double kFpsToMph = 0.6818180084533654;
+
+long long RoundTenths(double tenths)
+{
+    return static_cast<long long>(RoundValue(tenths, RoundHalfUp, 0));
+}
+
+} // namespace
+
+void CPreferencesEdit::Load(const CUnitSettings& units, const CLogbookSettings& settings)
+{
+    m_units = units.IsMetric() ? CUnitSettings::Metric : CUnitSettings::Imperial;
+    m_speedDisplay = units.IsPerHour() ? CUnitSettings::PerHour : CUnitSettings::PerSecond;
+    glideDisplay = units.GetGlideDisplay();
+    customTenths = TenthsOf(settings.FallrateSpeed(Custom));
+    previousJumps = settings.GetPreviousJumps();
+    previousDelay = settings.GetPreviousDelay();
+}
+
+long long CPreferencesEdit::TenthsOf(double metresPerSecond) const
+{
+    const CUnitSettings shown(m_units, m_speedDisplay, glideDisplay);
+    return RoundTenths(shown.SpeedToDisplay(metresPerSecond) * 10.0);
+}
+
+void CPreferencesEdit::SetUnits(int units)
+{
+    const int to = units != 0 ? CUnitSettings::Metric : CUnitSettings::Imperial;
+    if (to == m_units)
+        return;
+    const bool perHour = m_speedDisplay != 0;
+    double factor = 0;
+    if (to == CUnitSettings::Imperial)
+        factor = perHour ? kKmhToMph : kMpsToFps;
+    else
+        factor = perHour ? kMphToKmh : kFpsToMps;
+    customTenths = RoundTenths(static_cast<double>(customTenths) * factor);
+    m_units = to;
+}
+
+void CPreferencesEdit::SetSpeedDisplay(int speedDisplay)
+{
+    const int to = speedDisplay != 0 ? CUnitSettings::PerHour : CUnitSettings::PerSecond;
+    if (to == m_speedDisplay)
+        return;
+    const bool metric = m_units != 0;
+    double factor = 0;
+    if (to == CUnitSettings::PerSecond)
+        factor = metric ? kKmhToMps : kMphToFps;
+    else
+        factor = metric ? kMpsToKmh : kFpsToMph;
+    customTenths = RoundTenths(static_cast<double>(customTenths) * factor);
+    m_speedDisplay = to;
+}
+
+std::string CPreferencesEdit::FallrateLabel() const
+{
+    const CUnitSettings shown(m_units, m_speedDisplay, glideDisplay);
+    std::string label(StringTable::Text(StringTable::IDS_CUSTOM_FALLRATE));
+    label += " [";
+    label += shown.SpeedLabel();
+    label += "]";
+    return label;
+}
+
+CCheckResult CPreferencesEdit::Validate() const
+{
+    return CheckRange(previousJumps, 0, kMaxPreviousJumps, PreviousJumps);
+}
+
+bool CPreferencesEdit::Apply(CUnitSettings& units, ISettingsStore* store, CLogbookDoc& doc) const
+{
+    units.Set(m_units, m_speedDisplay, glideDisplay);
+    if (store)
+        units.Save(*store);
+
+    CLogbookSettings& settings = doc.GetSettings();
+    bool changed = false;
+    bool speedChanged = false;
+    if (customTenths != TenthsOf(settings.FallrateSpeed(Custom)))
+    {
+        settings.SetCustomFallrateSpeed(units.SpeedFromDisplay(static_cast<double>(customTenths) * 0.1));
+        changed = speedChanged = true;
+    }
+    if (previousJumps != settings.GetPreviousJumps())
+    {
+        settings.SetPreviousJumps(static_cast<int>(previousJumps));
+        changed = true;
+    }
+    if (previousDelay != settings.GetPreviousDelay())
+    {
+        settings.SetPreviousDelay(previousDelay);
+        changed = true;
+    }
+    // Custom jumps take their freefall time from the custom speed.
+    if (speedChanged)
+        doc.RecomputeTotals();
+    return changed;
+}

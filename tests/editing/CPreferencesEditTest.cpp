@@ -1,0 +1,127 @@
+#include "document/CLogbookDoc.h"
+#include "editing/CPreferencesEdit.h"
+#include "units/CMemorySettingsStore.h"
+#include "units/CUnitSettings.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+namespace {
+
+CPreferencesEdit Loaded(int units, int speed, double customSpeed)
+{
+    CLogbookSettings settings;
+    settings.SetCustomFallrateSpeed(customSpeed);
+    CPreferencesEdit edit;
+    edit.Load(CUnitSettings(units, speed, 0), settings);
+    return edit;
+}
+
+TEST(PreferencesEdit, LoadsTheCustomSpeedAsTenthsOfTheShownUnit)
+{
+    const struct { int units, speed; double mps; long long tenths; const char* label; } cases[] = {
+        {1, 0, 22.3, 223, "Custom Fallrate [m/s]"},
+        {1, 1, 5.0, 180, "Custom Fallrate [km/h]"},
+        {0, 0, 5.0, 164, "Custom Fallrate [ft/s]"},
+        {0, 1, 5.0, 112, "Custom Fallrate [mph]"},
+        {7, 3, 5.0, 180, "Custom Fallrate [km/h]"},
+    };
+    for (const auto& c : cases) {
+        const CPreferencesEdit edit = Loaded(c.units, c.speed, c.mps);
+        EXPECT_EQ(edit.customTenths, c.tenths) << c.label;
+        EXPECT_EQ(edit.FallrateLabel(), c.label);
+    }
+}
+
+// Each switch converts the tenths with its own factor and rounds to whole tenths.
+TEST(PreferencesEdit, UnitAndSpeedSwitchesConvertTheTenths)
+{
+    enum Switch { Units, Speed };
+    const struct { int units, speed; long long tenths; Switch what; int to; long long expected; } cases[] = {
+        {1, 0, 50, Units, 0, 164},    // m/s to ft/s
+        {0, 0, 164, Units, 1, 50},    // ft/s to m/s
+        {1, 1, 180, Units, 0, 112},   // km/h to mph
+        {0, 1, 112, Units, 1, 180},   // mph to km/h
+        {1, 1, 180, Speed, 0, 50},    // km/h to m/s
+        {1, 0, 50, Speed, 1, 180},    // m/s to km/h
+        {0, 1, 112, Speed, 0, 164},   // mph to ft/s
+        {0, 0, 164, Speed, 1, 112},   // ft/s to mph
+        {1, 0, 50, Units, 1, 50},     // no switch, no conversion
+    };
+    for (const auto& c : cases) {
+        CPreferencesEdit edit = Loaded(c.units, c.speed, 0);
+        edit.customTenths = c.tenths;
+        if (c.what == Units)
+            edit.SetUnits(c.to);
+        else
+            edit.SetSpeedDisplay(c.to);
+        EXPECT_EQ(edit.customTenths, c.expected) << c.units << c.speed << " " << c.tenths;
+    }
+}
+
+TEST(PreferencesEdit, BackAndForthLandsWhereItStarted)
+{
+    CPreferencesEdit edit = Loaded(1, 0, 5.0);
+    const long long seen[] = {50, 164, 50, 180, 112, 164, 50};
+    EXPECT_EQ(edit.customTenths, seen[0]);
+    edit.SetUnits(0);
+    EXPECT_EQ(edit.customTenths, seen[1]);
+    edit.SetUnits(1);
+    EXPECT_EQ(edit.customTenths, seen[2]);
+    edit.SetSpeedDisplay(1);
+    EXPECT_EQ(edit.customTenths, seen[3]);
+    edit.SetUnits(0);
+    EXPECT_EQ(edit.customTenths, seen[4]);
+    edit.SetSpeedDisplay(0);
+    EXPECT_EQ(edit.customTenths, seen[5]);
+    edit.SetUnits(1);
+    EXPECT_EQ(edit.customTenths, seen[6]);
+}
+
+TEST(PreferencesEdit, OkStoresUnitsTogetherAndTheLogbookValues)
+{
+    CLogbookDoc doc;
+    auto jump = std::make_unique<CJump>(1, CZonedDateTime{CDateTime(2024, 1, 1), 0}, CDateTime());
+    jump->SetFallrate(Custom, 1000, 0, 0, 0, 0);
+    doc.AddJump(std::move(jump));
+    const int64_t before = doc.GetTotalFreefallTime();
+
+    CMemorySettingsStore store;
+    CUnitSettings units;
+    CPreferencesEdit edit;
+    edit.Load(units, doc.GetSettings());
+    edit.glideDisplay = 1;
+    // Imperial shows 22.3 m/s as 73.2 ft/s; OK without touching it keeps 22.3 exactly.
+    EXPECT_FALSE(edit.Apply(units, &store, doc));
+    EXPECT_EQ(doc.GetSettings().FallrateSpeed(Custom), 22.3);
+    EXPECT_EQ(store.GetInt("Preferences", "DisplayGlideAs", -1), 1);
+    EXPECT_EQ(store.GetInt("Preferences", "Units", -1), 0);
+    EXPECT_EQ(store.GetInt("Preferences", "DisplaySpeedAs", -1), 0);
+
+    edit.SetUnits(1);
+    edit.SetSpeedDisplay(1);
+    edit.customTenths = 1800;
+    edit.previousJumps = 120;
+    edit.previousDelay = 3600;
+    EXPECT_TRUE(edit.Apply(units, &store, doc));
+    EXPECT_TRUE(units.IsMetric());
+    EXPECT_TRUE(units.IsPerHour());
+    EXPECT_EQ(store.GetInt("Preferences", "Units", -1), 1);
+    EXPECT_DOUBLE_EQ(doc.GetSettings().FallrateSpeed(Custom), 50.0);
+    EXPECT_EQ(doc.GetSettings().GetPreviousJumps(), 120);
+    EXPECT_EQ(doc.GetSettings().GetPreviousDelay(), 3600);
+    EXPECT_LT(doc.GetTotalFreefallTime(), before);
+    EXPECT_EQ(doc.GetTotalFreefallTime(), doc.GetJumps()[0]->FreefallTime(doc.GetSettings()));
+}
+
+TEST(PreferencesEdit, PreviousJumpsStopAt32767)
+{
+    CPreferencesEdit edit;
+    edit.previousJumps = 32767;
+    EXPECT_TRUE(edit.Validate().Passed());
+    edit.previousJumps = 32768;
+    EXPECT_EQ(edit.Validate().message, "Please enter a value between 0 and 32767.");
+}
+
+} // namespace
