@@ -11,6 +11,8 @@ public:
     virtual CDateTime Now() const = 0;
     // Today at midnight.
     CDateTime Today() const { return Now().DateOnly(); }
+    // The local time's offset from UTC in minutes (a new jump's time stamp carries it).
+    virtual int UtcOffsetMinutes() const { return 0; }
 };
 
 // The system clock in local time.
@@ -18,6 +20,7 @@ class CSystemClock final : public IClock
 {
 public:
     CDateTime Now() const override;
+    int UtcOffsetMinutes() const override;
 };
 
 // A clock that always answers the same moment.

@@ -72,6 +72,24 @@ int CEquipmentList::FindNumber(int number) const
     return -1;
 }
 
+int CEquipmentList::FindByDisplayText(std::string_view text) const
+{
+    const std::size_t close = text.find(']');
+    if (text.empty() || text.front() != '[' || close == std::string_view::npos)
+        return -1;
+    // The number as the digits between the brackets read it; anything else names no rig.
+    long long number = 0;
+    for (char c : text.substr(1, close - 1)) {
+        if (c < '0' || c > '9' || number > 1'000'000'000)
+            return -1;
+        number = number * 10 + (c - '0');
+    }
+    const int position = FindNumber(static_cast<int>(number));
+    if (position < 0 || m_rigs[static_cast<std::size_t>(position)]->GetDisplayText() != text)
+        return -1;
+    return position;
+}
+
 int CEquipmentList::NextNumber() const
 {
     int highest = 0;

@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <memory>
+#include <string_view>
 #include <vector>
 
 class CXmlWriter;
@@ -48,6 +49,9 @@ public:
     void Replace(std::size_t index, std::unique_ptr<CEquipment> rig);
     // Position of the rig with this number, or -1.
     int FindNumber(int number) const;
+    // The position of the rig a text names: a text "[n]..." names rig number n when it equals that
+    // rig's display text in full; -1 for any other text.
+    int FindByDisplayText(std::string_view text) const;
     // One more than the highest rig number, 1 for an empty list.
     int NextNumber() const;
 

@@ -210,6 +210,41 @@ bool CJump::SetSignature(std::string signer, std::vector<CJumpSignature::Stroke>
     return changed;
 }
 
+bool CJump::ApplyEdits(const CJumpEdits& edits, const CEquipmentList& rigs)
+{
+    bool changed = SetNumber(edits.number);
+    changed |= SetTimestamp(edits.timestamp);
+    changed |= SetFallrate(edits.fallrateKind, edits.exitHeight, edits.openHeight, edits.freefallTime, edits.maxSpeed,
+                           edits.avgSpeed);
+    changed |= SetWind(edits.windDirection, edits.windSpeed);
+    const int rig = rigs.FindByDisplayText(edits.equipment);
+    changed |= rig >= 0 ? SetEquipmentByIndex(rig) : SetEquipmentByDescription(edits.equipment);
+    changed |= SetMalfunction(edits.malfunction);
+    changed |= SetPlace(edits.place);
+    changed |= SetAircraft(edits.aircraft);
+    changed |= SetType(edits.type);
+    changed |= SetLanding(edits.landing);
+    changed |= SetSize(edits.size);
+    changed |= SetPoints(edits.points);
+    changed |= SetTeam(edits.team);
+    if (!edits.keepNote)
+        changed |= SetNoteText(edits.noteText);
+    changed |= SetSignature(edits.signer, edits.strokes);
+    return changed;
+}
+
+bool CJump::NoteHasFormat() const
+{
+    std::string text;
+    if (m_note.empty())
+        return false;
+    if (!GetNoteText(text))
+        return true;
+    CJump plain(0, {}, {});
+    plain.SetNoteText(text);
+    return plain.m_note != m_note;
+}
+
 bool CJump::NoteIsMarkupBroken() const
 {
     std::string ignored;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/CJumpEdits.h"
 #include "model/CJumpEquipmentRef.h"
 #include "model/CJumpFallrate.h"
 #include "model/CJumpImage.h"
@@ -126,6 +127,15 @@ public:
     // Stores plain text as one paragraph per "\r\n"-separated line, unescaped (a line holding
     // "<" breaks the markup, after which every change is refused). Returns whether it changed.
     bool SetNoteText(std::string_view text);
+
+    // --- Editing ---
+    // Stores everything the jump editor edits in one call; the equipment text becomes a rig
+    // reference when it names a rig of rigs in full, else a description. Returns whether
+    // anything changed. The modification stamp is the caller's.
+    bool ApplyEdits(const CJumpEdits& edits, const CEquipmentList& rigs);
+    // True when the note cannot be edited as plain text: broken markup, or markup other than the
+    // plain paragraphs SetNoteText writes.
+    bool NoteHasFormat() const;
 
     // Writes the "jump" element with its attributes and children.
     void Write(CXmlWriter& writer) const;

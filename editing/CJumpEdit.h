@@ -1,0 +1,148 @@
+#pragma once
+
+#include "editing/CCheckResult.h"
+#include "editing/CJumpValues.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+class CJump;
+class CLogbookDoc;
+class CUnitSettings;
+class ISettingsStore;
+class IClock;
+
+// The jump editor's rules: it copies a jump (or a new jump's defaults) into working values,
+// offers the pick lists, recomputes the fall rate when a kind is picked, checks each page and
+// writes everything back into the jump on OK. Nothing reaches the jump or the document before
+// Apply.
+class CJumpEdit
+{
+public:
+    // The fields a failed check can name, grouped by page.
+    enum Field {
+        FieldNumber, FieldDate, FieldTime, FieldExit, FieldOpen, FieldEquipment, FieldMalfunction,
+        FieldKind, FieldDelay, FieldVMax, FieldVAvg, FieldWind, FieldDirection,
+        FieldPlace, FieldAircraft, FieldType, FieldLanding, FieldSize, FieldPoints, FieldTeam,
+        FieldNote,
+        FieldSigner, FieldSignature,
+    };
+    // The pages in tab order.
+    enum Page { PageDetails, PageFallrate, PageInfo, PageNote, PageSignature, PageCount };
+
+    // Where new jumps remember whether the last one had a time of day and a wind.
+    static constexpr std::string_view kSection = "Jump";
+    static constexpr std::string_view kHasTime = "HasTime";
+    static constexpr std::string_view kHasWind = "HasWind";
+
+    // The ranges the pages check and their spinners offer.
+    static constexpr int kMaxNumber = 99999;
+    static constexpr int kSpinnerMaxNumber = 32767;
+    static constexpr int kMaxHeight = 20000;
+    static constexpr int kMaxDelay = 200;
+    static constexpr int kMaxSpeed = 1000;
+    static constexpr int kMinWind = 1;
+    static constexpr int kMaxWind = 99;
+    static constexpr int kMaxDirection = 359;
+    static constexpr int kMaxSize = 999;
+    static constexpr int kMaxPoints = 99;
+
+    // The drop-down entries of the editor's combos.
+    struct PickLists
+    {
+        std::vector<std::string> equipment, malfunction, type, landing, place, aircraft, team, signer;
+    };
+
+    // What OK did.
+    struct ApplyResult
+    {
+        // False when creating or changing the jump failed; error says why.
+        bool ok = true;
+        std::string error;
+        // True when the document took a new jump or the jump changed.
+        bool changed = false;
+        // The jump written (the new one for a new jump); null after a failure.
+        CJump* jump = nullptr;
+    };
+
+    // An editor on jump (null: a new jump). store gives and keeps "Jump"/"HasTime" and "HasWind"
+    // (may be null: both default to 1); the clock dates a new jump and stamps changes.
+    CJumpEdit(CLogbookDoc& doc, const CUnitSettings& units, ISettingsStore* store, const IClock& clock,
+              CJump* jump);
+
+    bool IsNew() const { return m_jump == nullptr; }
+    // A jump that carries a signature is only viewed: nothing can be edited and OK changes nothing.
+    bool IsViewOnly() const { return m_viewOnly; }
+    // Date, time, "None" and heights are locked when view-only or for an imported fall rate.
+    bool IsLocked() const { return m_viewOnly || m_values.kind == Import; }
+    // The fall-rate list offers "Import" only for a jump whose fall rate was imported.
+    bool OffersImport() const { return m_hasImport; }
+
+    CJumpValues& Values() { return m_values; }
+    const CJumpValues& Values() const { return m_values; }
+    const CUnitSettings& Units() const { return m_units; }
+    const CLogbookDoc& Document() const { return m_doc; }
+
+    // The combos' entries, gathered in one pass over the logbook's jumps.
+    PickLists BuildPickLists() const;
+
+    // The user picked a fall-rate kind: Import brings back the recording's values, the computed
+    // kinds work out delay and speeds from the heights, Manual keeps what was typed.
+    void PickKind(int kind);
+
+    // Height spinner steps: up to the next higher multiple of ten, down to the next lower one.
+    static int StepHeight(int value, int steps);
+    // A typed height cut down to a multiple of ten.
+    static int CutHeight(int value) { return value - value % 10; }
+    // Reads "H:MM" or "H:MM:SS"; false for anything else. An empty text is no time.
+    static bool ParseTime(std::string_view text, int& hour, int& minute, int& second);
+    // "HH:MM", or "HH:MM:SS" when the seconds are not zero.
+    static std::string TimeText(int hour, int minute, int second);
+    // The note without its trailing line breaks.
+    static std::string StripTrailingBreaks(std::string note);
+
+    // Checks one page's working values (texts trimmed as the page reads them); view-only passes.
+    CCheckResult Validate(Page page);
+    // Every page in tab order; the first failure and its page.
+    CCheckResult ValidateAll(Page* failedPage = nullptr);
+    // The page a field lies on.
+    static Page PageOf(int field);
+
+    // Writes the working values into the jump (a new one is created and added to the document),
+    // keeping the stored precision of values the user did not change. Marks the document
+    // modified when something changed; view-only changes nothing.
+    ApplyResult Apply();
+
+private:
+    void LoadJump(const CJump& jump);
+    void LoadDefaults();
+    void LoadFallrateValues(const CJump& jump);
+    int HeightToDisplay(int metres) const;
+    void Recompute();
+    CCheckResult ValidateDetails();
+    CCheckResult ValidateFallrate() const;
+    CCheckResult ValidateInfo();
+    CCheckResult ValidateSignature();
+
+    // What the recording gave an imported jump, kept for a return to kind Import.
+    struct ImportValues
+    {
+        CDateTime date;
+        bool noTime = false;
+        std::string timeText;
+        int exitHeight = 0, openHeight = 0, delay = 0, vMax = 0, vAvg = 0;
+    };
+
+    CLogbookDoc& m_doc;
+    const CUnitSettings& m_units;
+    ISettingsStore* m_store;
+    const IClock& m_clock;
+    CJump* m_jump;
+    bool m_viewOnly = false;
+    bool m_hasImport = false;
+    ImportValues m_import;
+    CJumpValues m_values;
+    // The working values as loaded, to tell the values the user left alone.
+    CJumpValues m_loaded;
+};

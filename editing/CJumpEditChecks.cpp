@@ -1,0 +1,251 @@
+// The jump editor's page checks and the write-back on OK.
+
+#include "editing/CJumpEdit.h"
+
+#include "document/CLogbookDoc.h"
+#include "document/IClock.h"
+#include "editing/TrimBlanks.h"
+#include "resources/StringTable.h"
+#include "units/CUnitSettings.h"
+#include "units/ISettingsStore.h"
+#include "units/RoundValue.h"
+
+#include <exception>
+#include <memory>
+
+namespace {
+
+int RoundToInt(double value)
+{
+    return static_cast<int>(RoundValue(value, RoundHalfUp, 0));
+}
+
+// Runs checks in order and stops at the first failure.
+template <typename... Checks>
+CCheckResult FirstFailure(Checks&&... checks)
+{
+    CCheckResult result;
+    ((result.Passed() ? (void)(result = checks()) : (void)0), ...);
+    return result;
+}
+
+} // namespace
+
+CJumpEdit::Page CJumpEdit::PageOf(int field)
+{
+    if (field <= FieldMalfunction)
+        return PageDetails;
+    if (field <= FieldDirection)
+        return PageFallrate;
+    if (field <= FieldTeam)
+        return PageInfo;
+    if (field == FieldNote)
+        return PageNote;
+    return PageSignature;
+}
+
+CCheckResult CJumpEdit::Validate(Page page)
+{
+    if (m_viewOnly)
+        return CCheckResult::Pass();
+    switch (page)
+    {
+    case PageDetails: return ValidateDetails();
+    case PageFallrate: return ValidateFallrate();
+    case PageInfo: return ValidateInfo();
+    case PageNote:
+        if (!m_values.noteHasFormat)
+            m_values.note = StripTrailingBreaks(std::move(m_values.note));
+        return CCheckResult::Pass();
+    case PageSignature: return ValidateSignature();
+    default: return CCheckResult::Pass();
+    }
+}
+
+CCheckResult CJumpEdit::ValidateAll(Page* failedPage)
+{
+    for (int page = PageDetails; page < PageCount; ++page)
+    {
+        CCheckResult result = Validate(static_cast<Page>(page));
+        if (!result.Passed())
+        {
+            if (failedPage)
+                *failedPage = static_cast<Page>(page);
+            return result;
+        }
+    }
+    return CCheckResult::Pass();
+}
+
+CCheckResult CJumpEdit::ValidateDetails()
+{
+    CJumpValues& v = m_values;
+    v.equipment = TrimBlanks(v.equipment);
+    v.malfunction = TrimBlanks(v.malfunction);
+    return FirstFailure(
+        [&] { return CheckRange(v.number, 1, kMaxNumber, FieldNumber); },
+        [&] {
+            return m_doc.HasJumpNumber(v.number, m_jump)
+                       ? CCheckResult::Fail(StringTable::IDS_DUPLICATE_NUMBER, FieldNumber)
+                       : CCheckResult::Pass();
+        },
+        [&] {
+            if (v.noTime)
+                return CCheckResult::Pass();
+            int hour = 0, minute = 0, second = 0;
+            const std::string text = TrimBlanks(v.timeText);
+            if (text.empty())
+                return CCheckResult::Fail(StringTable::IDS_NEED_TIME, FieldTime);
+            if (!ParseTime(text, hour, minute, second))
+                return CCheckResult::Fail(StringTable::IDS_INVALID_VALUE, FieldTime);
+            return CCheckResult::Pass();
+        },
+        [&] { return CheckRange(v.exitHeight, 0, kMaxHeight, FieldExit); },
+        [&] { return CheckRange(v.openHeight, 0, kMaxHeight, FieldOpen); },
+        [&] {
+            // Equal heights pass, although the message speaks of "less than".
+            return v.openHeight > v.exitHeight ? CCheckResult::Fail(StringTable::IDS_OPEN_ABOVE_EXIT, FieldOpen)
+                                               : CCheckResult::Pass();
+        },
+        [&] {
+            const std::string& text = v.equipment;
+            if (text.empty() || text.front() != '[' || text.find(']') == std::string::npos)
+                return CCheckResult::Pass();
+            return m_doc.GetSettings().GetEquipmentList().FindByDisplayText(text) >= 0
+                       ? CCheckResult::Pass()
+                       : CCheckResult::Fail(StringTable::IDS_BAD_EQUIPMENT, FieldEquipment);
+        });
+}
+
+CCheckResult CJumpEdit::ValidateFallrate() const
+{
+    const CJumpValues& v = m_values;
+    const bool manual = v.kind == Manual;
+    return FirstFailure(
+        [&] { return manual ? CheckRange(v.delay, 0, kMaxDelay, FieldDelay) : CCheckResult::Pass(); },
+        [&] { return manual ? CheckRange(v.vMax, 0, kMaxSpeed, FieldVMax) : CCheckResult::Pass(); },
+        [&] { return manual ? CheckRange(v.vAvg, 0, kMaxSpeed, FieldVAvg) : CCheckResult::Pass(); },
+        [&] { return v.noWind ? CCheckResult::Pass() : CheckRange(v.windSpeed, kMinWind, kMaxWind, FieldWind); },
+        [&] {
+            return v.noWind ? CCheckResult::Pass() : CheckRange(v.windDirection, 0, kMaxDirection, FieldDirection);
+        });
+}
+
+CCheckResult CJumpEdit::ValidateInfo()
+{
+    CJumpValues& v = m_values;
+    for (std::string* text : {&v.place, &v.aircraft, &v.type, &v.landing, &v.team})
+        *text = TrimBlanks(*text);
+    return FirstFailure([&] { return CheckRange(v.size, 0, kMaxSize, FieldSize); },
+                        [&] { return CheckRange(v.points, 0, kMaxPoints, FieldPoints); });
+}
+
+CCheckResult CJumpEdit::ValidateSignature()
+{
+    m_values.signer = TrimBlanks(m_values.signer);
+    // The name is what stands before the first comma: a leading comma leaves no name.
+    const bool noSigner = m_values.signer.empty() || m_values.signer.front() == ',';
+    const bool noStrokes = m_values.strokes.empty();
+    if (noSigner && !noStrokes)
+        return CCheckResult::Fail(StringTable::IDS_NEED_SIGNER, FieldSigner);
+    if (!noSigner && noStrokes)
+        return CCheckResult::Fail(StringTable::IDS_NEED_SIGNATURE, FieldSignature);
+    return CCheckResult::Pass();
+}
+
+CJumpEdit::ApplyResult CJumpEdit::Apply()
+{
+    ApplyResult result;
+    result.jump = m_jump;
+    if (m_viewOnly)
+        return result;
+
+    const CJumpValues& v = m_values;
+    CJumpEdits edits;
+    edits.number = v.number;
+    int hour = 0, minute = 0, second = 0;
+    if (!v.noTime)
+        ParseTime(TrimBlanks(v.timeText), hour, minute, second);
+    edits.timestamp.dateTime = CDateTime(v.date.Year(), v.date.Month(), v.date.Day(), hour, minute, second);
+    edits.timestamp.offsetMinutes = m_jump ? m_jump->GetTimestamp().offsetMinutes : m_clock.UtcOffsetMinutes();
+    edits.fallrateKind = v.kind;
+    edits.exitHeight = RoundToInt(m_units.HeightFromDisplay(v.exitHeight));
+    edits.openHeight = RoundToInt(m_units.HeightFromDisplay(v.openHeight));
+    edits.freefallTime = v.delay;
+    edits.maxSpeed = m_units.SpeedFromDisplay(v.vMax);
+    edits.avgSpeed = m_units.SpeedFromDisplay(v.vAvg);
+    edits.windDirection = v.noWind ? 0 : v.windDirection;
+    edits.windSpeed = v.noWind ? 0.0 : m_units.WindFromDisplay(v.windSpeed);
+    if (m_jump)
+    {
+        // What the user left as it was loaded keeps the precision it has in the file.
+        if (v.exitHeight == m_loaded.exitHeight)
+            edits.exitHeight = m_jump->GetExitHeight();
+        if (v.openHeight == m_loaded.openHeight)
+            edits.openHeight = m_jump->GetOpenHeight();
+        if (v.kind == Manual && m_jump->GetFallrateKind() == Manual)
+        {
+            if (v.vMax == m_loaded.vMax)
+                edits.maxSpeed = m_jump->GetMaxSpeed();
+            if (v.vAvg == m_loaded.vAvg)
+                edits.avgSpeed = m_jump->GetAvgSpeed();
+        }
+        if (!v.noWind && !m_loaded.noWind && v.windSpeed == m_loaded.windSpeed)
+            edits.windSpeed = m_jump->GetWind().speed;
+    }
+    edits.equipment = v.equipment;
+    edits.malfunction = v.malfunction;
+    edits.place = v.place;
+    edits.aircraft = v.aircraft;
+    edits.type = v.type;
+    edits.landing = v.landing;
+    edits.size = v.size;
+    edits.points = v.points;
+    edits.team = v.team;
+    edits.keepNote = v.noteHasFormat;
+    edits.noteText = v.note;
+    edits.signer = v.signer;
+    edits.strokes = v.strokes;
+
+    const CDateTime now = m_clock.Now();
+    const CEquipmentList& rigs = m_doc.GetSettings().GetEquipmentList();
+    try
+    {
+        if (m_jump)
+        {
+            m_doc.BeginChangeJump(m_jump);
+            result.changed = m_jump->ApplyEdits(edits, rigs);
+            if (result.changed)
+                m_jump->SetModified(now);
+            m_doc.EndChangeJump(m_jump);
+        }
+        else
+        {
+            auto jump = std::make_unique<CJump>(v.number, edits.timestamp, now);
+            jump->ApplyEdits(edits, rigs);
+            result.jump = m_doc.AddJump(std::move(jump));
+            result.changed = true;
+            if (m_store)
+            {
+                m_store->SetInt(kSection, kHasTime, v.noTime ? 0 : 1);
+                m_store->SetInt(kSection, kHasWind, v.noWind ? 0 : 1);
+            }
+        }
+    }
+    catch (const std::exception& error)
+    {
+        // A new jump went with its unique_ptr; a jump changed half-way keeps the totals right.
+        result.ok = false;
+        result.error = error.what();
+        result.jump = m_jump;
+        if (m_jump)
+        {
+            m_doc.RecomputeTotals();
+            m_doc.SetModified(true);
+        }
+        return result;
+    }
+    if (result.changed)
+        m_doc.SetModified(true);
+    return result;
+}

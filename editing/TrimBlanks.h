@@ -1,0 +1,7 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+// The text without the blanks (spaces, tabs, line breaks) at both ends.
+std::string TrimBlanks(std::string_view text);
