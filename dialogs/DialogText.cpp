@@ -1,0 +1,43 @@
+#include "dialogs/DialogText.h"
+
+#include "resources/StringTable.h"
+
+#include <QLocale>
+
+namespace DialogText {
+
+QString ToQt(std::string_view text)
+{
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+std::string FromQt(const QString& text)
+{
+    return text.toStdString();
+}
+
+QString Message(int id)
+{
+    return ToQt(StringTable::Text(id));
+}
+
+QDate ToQDate(const CDateTime& date)
+{
+    if (!date.IsValid())
+        return {};
+    return QDate(date.Year(), date.Month(), date.Day());
+}
+
+CDateTime FromQDate(const QDate& date)
+{
+    if (!date.isValid())
+        return {};
+    return CDateTime(date.year(), date.month(), date.day());
+}
+
+QString ShortDateFormat()
+{
+    return QLocale().dateFormat(QLocale::ShortFormat);
+}
+
+} // namespace DialogText

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "xml/CDateTime.h"
+
+#include <QDate>
+#include <QString>
+
+#include <string>
+#include <string_view>
+
+// Small conversions the editors share: texts between the core's UTF-8 strings and Qt, and
+// calendar days between CDateTime and QDate.
+namespace DialogText {
+
+// A UTF-8 text for a control.
+QString ToQt(std::string_view text);
+// A control's text as UTF-8.
+std::string FromQt(const QString& text);
+// The string-table entry of a number.
+QString Message(int id);
+// The day of a valid date-time; a null QDate otherwise.
+QDate ToQDate(const CDateTime& date);
+// The day as a date-time at midnight; Null for a date that is not valid.
+CDateTime FromQDate(const QDate& date);
+// The locale's short date format, for the date pickers.
+QString ShortDateFormat();
+
+} // namespace DialogText

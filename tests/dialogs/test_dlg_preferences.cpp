@@ -1,0 +1,121 @@
+#include "CRecordingMessages.h"
+#include "CScriptedDialogs.h"
+
+#include "controls/CDurationPadDlg.h"
+#include "controls/CNumberPadDlg.h"
+#include "dialogs/CDlgPreferences.h"
+#include "document/CLogbookDoc.h"
+#include "units/CMemorySettingsStore.h"
+#include "units/CUnitSettings.h"
+#include "units/DurationText.h"
+
+#include <QComboBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QSpinBox>
+#include <QTest>
+
+#include <memory>
+
+class TestDlgPreferences : public QObject
+{
+    Q_OBJECT
+
+private:
+    // A number pad step: clear, type the keys, OK.
+    static CScriptedDialogs::Step Type(const QString& keys)
+    {
+        return [keys](QDialog& pad) {
+            QTest::keyClick(&pad, Qt::Key_Delete);
+            QTest::keyClicks(&pad, keys);
+            return int(QDialog::Accepted);
+        };
+    }
+
+private slots:
+    void init()
+    {
+        doc = std::make_unique<CLogbookDoc>();
+        store = CMemorySettingsStore();
+        units = CUnitSettings(1, 0, 1);
+    }
+
+    void switchesRefillTheSpeedListAndConvertTheFallrate()
+    {
+        doc->GetSettings().SetCustomFallrateSpeed(5.0);
+        CDlgPreferences dlg(units, &store, *doc, nullptr);
+        QCOMPARE(dlg.FallrateLabel()->text(), QStringLiteral("Custom Fallrate [m/s]"));
+        QCOMPARE(dlg.Edit().customTenths, 50);
+        QVERIFY(dlg.GlideCombo()->isHidden());
+        dlg.UnitsCombo()->setCurrentIndex(0);
+        QCOMPARE(dlg.SpeedCombo()->itemText(0), QStringLiteral("ft/s"));
+        QCOMPARE(dlg.SpeedCombo()->itemText(1), QStringLiteral("mph"));
+        QCOMPARE(dlg.Edit().customTenths, 164);
+        QCOMPARE(dlg.FallrateLabel()->text(), QStringLiteral("Custom Fallrate [ft/s]"));
+        dlg.UnitsCombo()->setCurrentIndex(1);
+        QCOMPARE(dlg.Edit().customTenths, 50);
+        dlg.SpeedCombo()->setCurrentIndex(1);
+        QCOMPARE(dlg.Edit().customTenths, 180);
+        QCOMPARE(dlg.FallrateLabel()->text(), QStringLiteral("Custom Fallrate [km/h]"));
+        dlg.UnitsCombo()->setCurrentIndex(0);
+        QCOMPARE(dlg.SpeedCombo()->currentIndex(), 1);
+        QCOMPARE(dlg.FallrateLabel()->text(), QStringLiteral("Custom Fallrate [mph]"));
+    }
+
+    void padsTypeTheFallrateAndTheFreefallTime()
+    {
+        CScriptedDialogs runner;
+        int padSeconds = -1;
+        runner.steps.append(Type(QStringLiteral("55.5")));
+        runner.steps.append([&padSeconds](QDialog& dialog) {
+            auto* pad = qobject_cast<CDurationPadDlg*>(&dialog);
+            if (!pad || pad->windowTitle() != QStringLiteral("Freefall Time"))
+                return int(QDialog::Rejected);
+            QTest::keyClick(pad, Qt::Key_2);
+            padSeconds = pad->Hours() * 3600 + pad->Minutes() * 60 + pad->Seconds();
+            return int(QDialog::Accepted);
+        });
+        CDlgPreferences dlg(units, &store, *doc, nullptr);
+        dlg.SetDialogRunner(&runner);
+        dlg.FallrateButton()->click();
+        QCOMPARE(dlg.Edit().customTenths, 555);
+        dlg.FreefallButton()->click();
+        QVERIFY(padSeconds > 0);
+        QCOMPARE(dlg.Edit().previousDelay, padSeconds);
+        QCOMPARE(dlg.FreefallButton()->text(), QString::fromStdString(DurationToText(padSeconds, true)));
+        dlg.accept();
+        QVERIFY(dlg.Changed());
+        QCOMPARE(doc->GetSettings().FallrateSpeed(2), 55.5);
+        QCOMPARE(doc->GetSettings().GetPreviousDelay(), padSeconds);
+    }
+
+    void okStoresTheUnitsTogetherAndCancelStoresNothing()
+    {
+        {
+            CDlgPreferences dlg(units, &store, *doc, nullptr);
+            dlg.UnitsCombo()->setCurrentIndex(0);
+            dlg.reject();
+        }
+        QVERIFY(units.IsMetric());
+        QVERIFY(!store.Contains("Preferences", "Units"));
+
+        CDlgPreferences dlg(units, &store, *doc, nullptr);
+        dlg.UnitsCombo()->setCurrentIndex(0);
+        dlg.SpeedCombo()->setCurrentIndex(1);
+        dlg.accept();
+        QVERIFY(!dlg.Changed());
+        QVERIFY(!units.IsMetric());
+        QCOMPARE(store.GetInt("Preferences", "Units", -1), 0);
+        QCOMPARE(store.GetInt("Preferences", "DisplaySpeedAs", -1), 1);
+        QCOMPARE(store.GetInt("Preferences", "DisplayGlideAs", -1), 1);
+        QCOMPARE(doc->GetSettings().FallrateSpeed(2), 22.3);
+    }
+
+private:
+    std::unique_ptr<CLogbookDoc> doc;
+    CMemorySettingsStore store;
+    CUnitSettings units;
+};
+
+QTEST_MAIN(TestDlgPreferences)
+#include "test_dlg_preferences.moc"
