@@ -22,6 +22,10 @@ CDlgEquipmentsPageEquipments::CDlgEquipmentsPageEquipments(CEquipmentsEdit& edit
     m_list = new QListWidget(this);
     m_list->setObjectName(QStringLiteral("equipmentList"));
     m_list->setMinimumSize(120, 60);
+    // Long rig names wrap on a narrow screen instead of hiding behind a scroll bar.
+    m_list->setWordWrap(true);
+    m_list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_list->setResizeMode(QListView::Adjust);
     m_list->installEventFilter(this);
     label->setBuddy(m_list);
     m_new = new QPushButton(QStringLiteral("New..."), this);

@@ -1,0 +1,147 @@
+// Pictures of every page of the profile, equipment and preferences dialogs and of the rig editor
+// at the handheld's 240x320 and 320x240 and at 360x640 and 1024x768, written as PNG files into
+// the folder named by TERVOLA_RENDER_DIR (nothing is written without it). Each picture is also
+// checked: no label or button may be narrower or lower than it needs to show its text.
+
+#include "CRecordingMessages.h"
+
+#include "controls/CKqPropertyPage.h"
+#include "dialogs/CDlgEquipment.h"
+#include "dialogs/CDlgEquipments.h"
+#include "dialogs/CDlgPreferences.h"
+#include "dialogs/CDlgUser.h"
+#include "document/CLogbookDoc.h"
+#include "units/CMemorySettingsStore.h"
+#include "units/CUnitSettings.h"
+
+#include <QAbstractButton>
+#include <QDir>
+#include <QLabel>
+#include <QTabWidget>
+#include <QTest>
+
+#include <memory>
+
+class TestSettingsRenders : public QObject
+{
+    Q_OBJECT
+
+private:
+    // The visible labels and buttons of the shown page that are cut short.
+    static QStringList Clipped(QWidget* root)
+    {
+        QStringList clipped;
+        for (QWidget* child : root->findChildren<QWidget*>())
+        {
+            if (!child->isVisibleTo(root))
+                continue;
+            const auto* label = qobject_cast<QLabel*>(child);
+            const auto* button = qobject_cast<QAbstractButton*>(child);
+            if ((!label || label->text().isEmpty()) && (!button || button->text().isEmpty()))
+                continue;
+            const QSize need = child->minimumSizeHint();
+            if (child->width() + 1 < need.width() || child->height() + 1 < need.height())
+                clipped.append(QStringLiteral("%1 '%2' %3x%4 < %5x%6")
+                                   .arg(child->metaObject()->className(),
+                                        label ? label->text() : button->text())
+                                   .arg(child->width())
+                                   .arg(child->height())
+                                   .arg(need.width())
+                                   .arg(need.height()));
+        }
+        return clipped;
+    }
+
+    void Shoot(QDialog& dlg, const QString& name)
+    {
+        const QList<QSize> sizes = {{240, 320}, {320, 240}, {360, 640}, {1024, 768}};
+        auto* tabs = dlg.findChild<QTabWidget*>();
+        const int pages = tabs ? tabs->count() : 1;
+        dlg.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&dlg));
+        for (const QSize& size : sizes)
+        {
+            dlg.resize(size);
+            for (int page = 0; page < pages; ++page)
+            {
+                if (tabs)
+                    tabs->setCurrentIndex(page);
+                QCoreApplication::processEvents();
+                const QString file = QStringLiteral("%1_%2_%3x%4.png")
+                                         .arg(name)
+                                         .arg(page)
+                                         .arg(size.width())
+                                         .arg(size.height());
+                if (!m_folder.isEmpty())
+                    QVERIFY(dlg.grab().save(QDir(m_folder).filePath(file)));
+                QWidget* shown = tabs ? tabs->currentWidget() : &dlg;
+                QVERIFY2(Clipped(shown).isEmpty(), qPrintable(file + ": " + Clipped(shown).join(QStringLiteral("; "))));
+            }
+        }
+    }
+
+    std::unique_ptr<CLogbookDoc> Logbook() const
+    {
+        auto doc = std::make_unique<CLogbookDoc>();
+        CLogbookSettings& settings = doc->GetSettings();
+        settings.SetOwnerName("Aino Mäkelä");
+        settings.GetMembership().SetMemberNumber("SIL 20417");
+        settings.GetMembership().SetExpirationDate(CDateTime(2025, 3, 31));
+        settings.GetMembership().SetAlarmDays(14);
+        settings.SetLicenses({"A-License", "B-License"});
+        for (int number : {1, 2})
+        {
+            auto rig = std::make_unique<CEquipment>(number);
+            rig->SetHarness("Javelin Odyssey");
+            rig->SetMainCanopy("Sabre2 170");
+            rig->SetReserveCanopy("PD Reserve 160");
+            settings.GetEquipmentList().Add(std::move(rig));
+        }
+        return doc;
+    }
+
+private slots:
+    void initTestCase()
+    {
+        m_folder = qEnvironmentVariable("TERVOLA_RENDER_DIR");
+        if (!m_folder.isEmpty())
+            QDir().mkpath(m_folder);
+    }
+
+    void userProfile()
+    {
+        auto doc = Logbook();
+        CDlgUser dlg(doc->GetSettings(), &m_messages);
+        Shoot(dlg, QStringLiteral("user"));
+    }
+
+    void equipment()
+    {
+        auto doc = Logbook();
+        CDlgEquipments dlg(*doc, &m_messages);
+        Shoot(dlg, QStringLiteral("equipments"));
+    }
+
+    void rigEditor()
+    {
+        auto doc = Logbook();
+        CDlgEquipment dlg(doc->GetSettings().GetEquipmentList().Get(0), &m_messages);
+        Shoot(dlg, QStringLiteral("rig"));
+    }
+
+    void preferences()
+    {
+        auto doc = Logbook();
+        CMemorySettingsStore store;
+        CUnitSettings units;
+        CDlgPreferences dlg(units, &store, *doc, &m_messages);
+        Shoot(dlg, QStringLiteral("preferences"));
+    }
+
+private:
+    QString m_folder;
+    CRecordingMessages m_messages;
+};
+
+QTEST_MAIN(TestSettingsRenders)
+#include "test_settings_renders.moc"
