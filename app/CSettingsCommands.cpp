@@ -1,0 +1,69 @@
+#include "app/CSettingsCommands.h"
+
+#include "controls/IDialogRunner.h"
+#include "dialogs/CDlgEquipments.h"
+#include "dialogs/CDlgPreferences.h"
+#include "dialogs/CDlgUser.h"
+#include "document/CLogbookDoc.h"
+
+#include <QWidget>
+
+CSettingsCommands::CSettingsCommands(CLogbookDoc& doc, CUnitSettings& units, const CAppServices& services,
+                                     QWidget* parent)
+    : QObject(parent), m_doc(doc), m_units(units), m_services(services), m_parent(parent)
+{
+}
+
+bool CSettingsCommands::IsAvailable() const
+{
+    return m_doc.HasPath();
+}
+
+void CSettingsCommands::Accepted(bool logbookChanged)
+{
+    if (logbookChanged)
+        m_doc.SetModified(true);
+    emit changed();
+}
+
+bool CSettingsCommands::OnUserProfile()
+{
+    if (!IsAvailable())
+        return false;
+    CDlgUser dialog(m_doc.GetSettings(), m_services.messages, m_parent);
+    dialog.SetDialogRunner(m_services.dialogs);
+    if (RunDialog(m_services.dialogs, dialog) != QDialog::Accepted)
+        return false;
+    Accepted(dialog.Changed());
+    return true;
+}
+
+bool CSettingsCommands::OnEquipment()
+{
+    if (!IsAvailable())
+        return false;
+    CDlgEquipments dialog(m_doc, m_services.messages, m_parent);
+    dialog.SetDialogRunner(m_services.dialogs);
+    if (RunDialog(m_services.dialogs, dialog) != QDialog::Accepted)
+        return false;
+    Accepted(dialog.Changed());
+    return true;
+}
+
+bool CSettingsCommands::OnPreferences()
+{
+    if (!IsAvailable())
+        return false;
+    CDlgPreferences dialog(m_units, m_services.settings, m_doc, m_services.messages, m_parent);
+    dialog.SetDialogRunner(m_services.dialogs);
+    if (RunDialog(m_services.dialogs, dialog) != QDialog::Accepted)
+        return false;
+    Accepted(dialog.Changed());
+    return true;
+}
+
+void CSettingsCommands::RunNewLogbookChain()
+{
+    if (OnUserProfile() && OnEquipment())
+        OnPreferences();
+}

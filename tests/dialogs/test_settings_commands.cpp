@@ -1,0 +1,167 @@
+#include "CAppHarness.h"
+
+#include "app/CLogbookView.h"
+#include "app/CMainFrame.h"
+#include "app/CSettingsCommands.h"
+#include "app/CSummaryPane.h"
+#include "dialogs/CDlgEquipments.h"
+#include "dialogs/CDlgEquipmentsPageEquipments.h"
+#include "dialogs/CDlgPreferences.h"
+#include "dialogs/CDlgUser.h"
+
+#include <QAction>
+#include <QComboBox>
+#include <QListWidget>
+#include <QPushButton>
+#include <QTest>
+
+#include <memory>
+
+class TestSettingsCommands : public QObject
+{
+    Q_OBJECT
+
+private:
+    std::unique_ptr<CAppHarness> h;
+
+    CTestLogbook Logbook() const
+    {
+        CTestLogbook logbook;
+        logbook.Rig(1, true, CTestLogbook::Day(2024, 1, 10)).Rig(2, true, {}).Rig(3, false, {});
+        logbook.Jump(1, "2024-05-01T10:00:00Z", "Tervola", 4000, 1000, 60)
+            .Jump(2, "2024-05-02T10:00:00Z", "Tervola", 4000, 1000, 60)
+            .Jump(3, "2024-05-03T10:00:00Z", "Tervola", 4000, 1000, 60);
+        return logbook;
+    }
+
+    QStringList RigTexts() const
+    {
+        const CLogbookDoc& doc = h->Frame()->GetDocument();
+        QStringList texts;
+        for (const auto& jump : doc.GetJumps())
+            texts.append(QString::fromStdString(jump->GetEquipmentText(doc.GetSettings().GetEquipmentList())));
+        return texts;
+    }
+
+    QAction* Action(const char* name) const { return h->Frame()->findChild<QAction*>(QLatin1String(name)); }
+
+private slots:
+    void init()
+    {
+        h = std::make_unique<CAppHarness>();
+    }
+    void cleanup()
+    {
+        h.reset();
+    }
+
+    void commandsAreGreyedWithoutALogbook()
+    {
+        QVERIFY(h->StartWithoutSplash());
+        for (const char* name : {"userProfileAction", "equipmentAction", "preferencesAction"})
+        {
+            QVERIFY2(Action(name) && !Action(name)->isEnabled(), name);
+        }
+        h->Frame()->GetSettingsCommands()->OnPreferences();
+        QVERIFY(h->dialogs.ran.isEmpty());
+        QVERIFY(!h->StartWith(Logbook()).isEmpty());
+        QVERIFY(Action("userProfileAction")->isEnabled());
+    }
+
+    void preferencesToMetricChangeTheSummary()
+    {
+        QVERIFY(!h->StartWith(Logbook()).isEmpty());
+        CSummaryPane* summary = h->View()->GetSummary();
+        QCOMPARE(summary->LabelText(2), QStringLiteral("Freefall Dist. [mi]"));
+        QCOMPARE(summary->ValueText(2), QStringLiteral("6"));
+        h->dialogs.steps.append(CScriptedDialogs::Ok<CDlgPreferences>(
+            [](CDlgPreferences& dlg) { dlg.UnitsCombo()->setCurrentIndex(1); }));
+        Action("preferencesAction")->trigger();
+        QCOMPARE(summary->LabelText(2), QStringLiteral("Freefall Dist. [km]"));
+        QCOMPARE(summary->ValueText(2), QStringLiteral("9"));
+        QVERIFY(h->Frame()->GetUnits().IsMetric());
+        QCOMPARE(h->settings.GetInt("Preferences", "Units", -1), 1);
+        // Only the units changed: the logbook is not modified.
+        QVERIFY(!h->Frame()->GetDocument().IsModified());
+    }
+
+    void changedCustomFallrateRecomputesTheTotals()
+    {
+        QVERIFY(!h->StartWith(Logbook()).isEmpty());
+        CLogbookDoc& doc = h->Frame()->GetDocument();
+        doc.BeginChangeJump(doc.GetJumps()[0].get());
+        doc.GetJumps()[0]->SetFallrate(Custom, 4000, 1000, 0, 0, 0);
+        doc.EndChangeJump(doc.GetJumps()[0].get());
+        doc.SetModified(false);
+        const int64_t before = doc.GetTotalFreefallTime();
+        h->dialogs.steps.append(CScriptedDialogs::Ok<CDlgPreferences>(
+            [](CDlgPreferences& dlg) { dlg.Edit().customTenths = 2 * dlg.Edit().customTenths; }));
+        h->Frame()->GetSettingsCommands()->OnPreferences();
+        QVERIFY(doc.IsModified());
+        QVERIFY(doc.GetTotalFreefallTime() < before);
+    }
+
+    void removingARigKeepsEveryJumpsRig()
+    {
+        QVERIFY(!h->StartWith(Logbook()).isEmpty());
+        CLogbookDoc& doc = h->Frame()->GetDocument();
+        doc.GetJumps()[0]->SetEquipmentByIndex(0);
+        doc.GetJumps()[1]->SetEquipmentByIndex(1);
+        doc.GetJumps()[2]->SetEquipmentByIndex(2);
+        const QStringList before = RigTexts();
+        h->dialogs.steps.append(CScriptedDialogs::Ok<CDlgEquipments>([](CDlgEquipments& dlg) {
+            dlg.InitialisePages();
+            dlg.EquipmentsPage()->List()->setCurrentRow(1);
+            dlg.EquipmentsPage()->RemoveButton()->click();
+        }));
+        Action("equipmentAction")->trigger();
+        QCOMPARE(doc.GetSettings().GetEquipmentList().GetCount(), std::size_t(2));
+        QCOMPARE(RigTexts(), before);
+        QVERIFY(doc.IsModified());
+        // Saved and opened again, every jump still names its rig.
+        QVERIFY(doc.Save(doc.GetPath()));
+        QVERIFY(doc.Load(doc.GetPath()).ok);
+        QCOMPARE(RigTexts(), before);
+    }
+
+    void cancelLeavesTheLogbookUntouched()
+    {
+        QVERIFY(!h->StartWith(Logbook()).isEmpty());
+        h->dialogs.steps.append([](QDialog& dialog) {
+            auto* dlg = qobject_cast<CDlgUser*>(&dialog);
+            dlg->InitialisePages();
+            return int(QDialog::Rejected);
+        });
+        Action("userProfileAction")->trigger();
+        QCOMPARE(h->dialogs.ran, QStringList{"dlgUser"});
+        QVERIFY(!h->Frame()->GetDocument().IsModified());
+    }
+
+    // New: the three dialogs follow one another while each ends with OK.
+    void newLogbookChainStopsAtTheFirstCancel_data()
+    {
+        QTest::addColumn<int>("oks");
+        QTest::addColumn<QStringList>("ran");
+        QTest::newRow("profile cancelled") << 0 << QStringList{"dlgUser"};
+        QTest::newRow("equipment cancelled") << 1 << QStringList{"dlgUser", "dlgEquipments"};
+        QTest::newRow("all three") << 3 << QStringList{"dlgUser", "dlgEquipments", "dlgPreferences"};
+    }
+    void newLogbookChainStopsAtTheFirstCancel()
+    {
+        QFETCH(int, oks);
+        QFETCH(QStringList, ran);
+        QVERIFY(h->StartWithoutSplash());
+        h->files.saveAnswers.append(h->Path(QStringLiteral("new.tvz")));
+        for (int i = 0; i < oks; ++i)
+            h->dialogs.steps.append([](QDialog& dialog) {
+                dialog.setResult(QDialog::Rejected);
+                dialog.accept();
+                return dialog.result();
+            });
+        Action("fileNewAction")->trigger();
+        QCOMPARE(h->dialogs.ran, ran);
+    }
+};
+
+QTEST_MAIN(TestSettingsCommands)
+#include "test_settings_commands.moc"
