@@ -12,6 +12,8 @@ namespace {
 constexpr int kPadding = 2;
 constexpr qreal kRadius = 4.0;
 constexpr int kSmallestFont = 8;
+// Room between an icon and its label.
+constexpr int kIconGap = 4;
 
 } // namespace
 
@@ -26,7 +28,6 @@ CKqButton::CKqButton(const QString& text, const QColor& face, QWidget* parent)
     setFont(PadFont());
     setFocusPolicy(Qt::TabFocus);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
-    setAttribute(Qt::WA_OpaquePaintEvent, false);
 }
 
 void CKqButton::SetFaceColour(const QColor& face)
@@ -52,7 +53,7 @@ QSize CKqButton::sizeHint() const
     const QFontMetrics metrics(font());
     int width = metrics.horizontalAdvance(text()) + 4 * kPadding;
     if (!icon().isNull())
-        width += iconSize().width() + kPadding;
+        width += iconSize().width() + kIconGap;
     return QSize(std::max(width, 40), std::max(metrics.height() + 4 * kPadding, 36));
 }
 
@@ -64,7 +65,7 @@ QSize CKqButton::minimumSizeHint() const
     const QFontMetrics metrics(smallest);
     int width = metrics.horizontalAdvance(text()) + 2 * kPadding;
     if (!icon().isNull())
-        width += std::min(iconSize().width(), 16) + kPadding;
+        width += std::min(iconSize().width(), 16) + kIconGap;
     return QSize(std::max(width, 16), metrics.height() + 2 * kPadding);
 }
 
@@ -75,6 +76,12 @@ QFont CKqButton::FittingFont(int width) const
     while (size > kSmallestFont && QFontMetrics(fitting).horizontalAdvance(text()) > width)
         fitting.setPixelSize(--size);
     return fitting;
+}
+
+QColor CKqButton::LabelColour() const
+{
+    // A plain mid grey: the palette's disabled text is too close to the washed-out face.
+    return isEnabled() ? palette().color(QPalette::Active, QPalette::ButtonText) : QColor(128, 128, 128);
 }
 
 void CKqButton::paintEvent(QPaintEvent*)
@@ -131,17 +138,17 @@ void CKqButton::paintEvent(QPaintEvent*)
         const int side = std::min({iconSize().width(), iconSize().height(), area.height()});
         const QPixmap pixmap = icon().pixmap(QSize(side, side), devicePixelRatioF(),
                                              enabled ? QIcon::Normal : QIcon::Disabled);
-        const QFont labelFont = FittingFont(std::max(0, area.width() - side - kPadding));
-        const int labelWidth = text().isEmpty() ? 0 : QFontMetrics(labelFont).horizontalAdvance(text()) + kPadding;
+        const QFont labelFont = FittingFont(std::max(0, area.width() - side - kIconGap));
+        const int labelWidth = text().isEmpty() ? 0 : QFontMetrics(labelFont).horizontalAdvance(text()) + kIconGap;
         const int left = area.left() + std::max(0, (area.width() - side - labelWidth) / 2);
         painter.drawPixmap(QRect(left, area.top() + (area.height() - side) / 2, side, side), pixmap);
-        area.setLeft(left + side + kPadding);
+        area.setLeft(left + side + kIconGap);
         painter.setFont(labelFont);
-        painter.setPen(palette().color(enabled ? QPalette::Active : QPalette::Disabled, QPalette::ButtonText));
+        painter.setPen(LabelColour());
         painter.drawText(area, Qt::AlignLeft | Qt::AlignVCenter, text());
         return;
     }
     painter.setFont(FittingFont(area.width()));
-    painter.setPen(enabled ? palette().color(QPalette::Active, QPalette::ButtonText) : QColor(128, 128, 128));
+    painter.setPen(LabelColour());
     painter.drawText(area, Qt::AlignCenter, text());
 }

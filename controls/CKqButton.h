@@ -34,6 +34,8 @@ protected:
 private:
     // The key font, made smaller until the label fits the given width (never below 8 pixels).
     QFont FittingFont(int width) const;
+    // The label's colour: the button text colour, grey when disabled.
+    QColor LabelColour() const;
 
     QColor m_face;
 };

@@ -13,6 +13,7 @@
 #include <QDir>
 #include <QLabel>
 #include <QLocale>
+#include <QPainter>
 #include <QTextStream>
 
 #include <functional>
@@ -143,6 +144,37 @@ int main(int argc, char* argv[])
             Out() << name << ": " << pad->width() << "x" << pad->height() << Qt::endl;
         }
     }
+    // The key's looks side by side: plain, pressed, focused, disabled, with an icon, disabled icon.
+    QWidget strip;
+    strip.setObjectName(QStringLiteral("buttons"));
+    QPixmap mark(16, 16);
+    mark.fill(Qt::transparent);
+    {
+        QPainter painter(&mark);
+        painter.setBrush(QColor(40, 120, 40));
+        painter.drawEllipse(1, 1, 14, 14);
+    }
+    const QStringList looks = {QStringLiteral("plain"), QStringLiteral("pressed"), QStringLiteral("focused"),
+                               QStringLiteral("disabled"), QStringLiteral("icon"), QStringLiteral("icon off")};
+    for (int i = 0; i < looks.size(); ++i)
+    {
+        auto* button = new CKqButton(looks[i], QColor(188, 204, 239), &strip);
+        button->setObjectName(looks[i]);
+        button->setGeometry(4 + i * 84, 4, 80, 40);
+        if (i >= 4)
+            button->setIcon(QIcon(mark));
+    }
+    strip.resize(4 + looks.size() * 84, 48);
+    strip.show();
+    strip.findChild<CKqButton*>(QStringLiteral("pressed"))->setDown(true);
+    strip.activateWindow();
+    strip.findChild<CKqButton*>(QStringLiteral("focused"))->setFocus(Qt::TabFocusReason);
+    strip.findChild<CKqButton*>(QStringLiteral("disabled"))->setEnabled(false);
+    strip.findChild<CKqButton*>(QStringLiteral("icon off"))->setEnabled(false);
+    QApplication::processEvents();
+    if (!strip.grab().save(target + QStringLiteral("/buttons.png")))
+        Out() << "buttons: cannot write the picture" << Qt::endl, ++problems;
+
     Out() << "pictures in " << target << ", problems: " << problems << Qt::endl;
     return problems;
 }
