@@ -31,3 +31,11 @@ int CKqPropertyPage::RunModal(QDialog& dialog) const
 {
     return RunDialog(m_sheet ? m_sheet->DialogRunner() : nullptr, dialog);
 }
+
+CKqPropertyPage* CKqPropertyPage::PageOf(QWidget* control)
+{
+    for (QWidget* widget = control; widget; widget = widget->parentWidget())
+        if (auto* page = qobject_cast<CKqPropertyPage*>(widget))
+            return page;
+    return nullptr;
+}

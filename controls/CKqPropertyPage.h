@@ -38,12 +38,14 @@ public:
     // The sheet that holds the page (set when the page is added), or null.
     CKqPropertySheet* Sheet() const { return m_sheet; }
     void SetSheet(CKqPropertySheet* sheet) { m_sheet = sheet; }
+    // Runs a keypad or other modal dialog through the sheet's dialog runner.
+    int RunModal(QDialog& dialog) const;
+    // The page a control lies on, or null.
+    static CKqPropertyPage* PageOf(QWidget* control);
 
 protected:
     // Names the control that takes the focus for a field.
     void MapField(int field, QWidget* control) { m_fields.insert(field, control); }
-    // Runs a keypad or other modal dialog through the sheet's dialog runner.
-    int RunModal(QDialog& dialog) const;
 
 private:
     QString m_title;

@@ -68,6 +68,16 @@ bool CKqPropertySheet::SetActivePage(int index)
     return m_tabs->currentIndex() == index;
 }
 
+void CKqPropertySheet::StartOnPage(int index)
+{
+    if (index < 0 || index >= m_pages.size())
+        return;
+    m_reverting = true;
+    m_tabs->setCurrentIndex(index);
+    m_reverting = false;
+    m_current = index;
+}
+
 void CKqPropertySheet::InitialisePages()
 {
     if (m_initialised)

@@ -31,6 +31,8 @@ public:
     int ActiveIndex() const;
     // Shows another page after the one on top passed its check; false when it was refused.
     bool SetActivePage(int index);
+    // Puts a page on top without checking the one that was there (for opening on a page).
+    void StartOnPage(int index);
     // The tabs, for tests and layouts.
     QTabWidget* Tabs() const { return m_tabs; }
     // The OK and Cancel buttons.

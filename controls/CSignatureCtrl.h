@@ -1,0 +1,77 @@
+#pragma once
+
+#include "model/CPoint.h"
+
+#include <QPointer>
+#include <QWidget>
+
+#include <vector>
+
+class QAbstractButton;
+
+// The area a witness signs in with a finger, a pen or the mouse. Strokes are kept in one fixed
+// logical space of 240x100 points (the handheld's signature area in its own pixels, so
+// signatures already in logbooks keep their place); the control scales that space uniformly to
+// its size for drawing and input, so a signature looks the same on every screen.
+class CSignatureCtrl : public QWidget
+{
+    Q_OBJECT
+
+public:
+    using Stroke = std::vector<CPoint>;
+
+    // The logical coordinate space of the strokes.
+    static constexpr int kLogicalWidth = 240;
+    static constexpr int kLogicalHeight = 100;
+
+    explicit CSignatureCtrl(QWidget* parent = nullptr);
+
+    // Replaces every stroke by a copy of strokes.
+    void SetStrokes(const std::vector<Stroke>& strokes);
+    const std::vector<Stroke>& Strokes() const { return m_strokes; }
+    bool IsEmpty() const { return m_strokes.empty(); }
+    // Removes every stroke.
+    void Clear();
+    // Removes the newest stroke; nothing when there is none.
+    void RemoveLastStroke();
+    // A read-only control ignores input and shows the dialog's face instead of white.
+    void SetReadOnly(bool readOnly);
+    bool IsReadOnly() const { return m_readOnly; }
+    // The button that removes the last stroke: a click on it does, and it is enabled exactly
+    // while the control is writable and holds a stroke.
+    void AttachUndoButton(QAbstractButton* button);
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+    bool hasHeightForWidth() const override { return true; }
+    int heightForWidth(int width) const override;
+
+signals:
+    // The strokes changed (drawn, removed, replaced).
+    void strokesChanged();
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void tabletEvent(QTabletEvent* event) override;
+    bool event(QEvent* event) override;
+
+private:
+    // Where the logical area lies in the widget, and how many pixels one point takes.
+    QRectF Area() const;
+    double Scale() const;
+    // A widget position as a logical point; false when it lies outside the logical area.
+    bool ToLogical(const QPointF& position, CPoint& point) const;
+    QPointF ToWidget(const CPoint& point) const;
+    void StrokeStart(const QPointF& position);
+    void StrokeMove(const QPointF& position);
+    void StrokeEnd();
+    void Changed();
+
+    std::vector<Stroke> m_strokes;
+    bool m_readOnly = false;
+    bool m_drawing = false;
+    QPointer<QAbstractButton> m_undo;
+};
