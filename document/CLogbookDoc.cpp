@@ -66,8 +66,10 @@ void CLogbookDoc::Clear()
     m_totalCanopyDistance = 0;
 }
 
-CLoadResult CLogbookDoc::Load(const std::string& path)
+CLoadResult CLogbookDoc::Load(const std::string& name)
 {
+    // A copy: the caller may pass this document's own path, which Clear empties.
+    const std::string path = name;
     Clear();
     CLoadResult result;
     CXmlParser parser(this);

@@ -1,0 +1,44 @@
+#include "dialogs/CDlgJump.h"
+
+#include "controls/IMessageSink.h"
+#include "dialogs/CDlgJumpPageDetails.h"
+#include "dialogs/CDlgJumpPageFallrate.h"
+#include "dialogs/CDlgJumpPageInfo.h"
+#include "dialogs/CDlgJumpPageNote.h"
+#include "dialogs/CDlgJumpPageSignature.h"
+#include "dialogs/DialogText.h"
+#include "resources/StringTable.h"
+
+#include <QDialogButtonBox>
+#include <QPushButton>
+
+CDlgJump::CDlgJump(CLogbookDoc& doc, const CUnitSettings& units, ISettingsStore* store, const IClock& clock,
+                   CJump* jump, IMessageSink* messages, QWidget* parent)
+    : CKqPropertySheet(DialogText::Message(StringTable::IDS_JUMP), messages, parent),
+      m_edit(doc, units, store, clock, jump)
+{
+    setObjectName(QStringLiteral("jumpEditor"));
+    const CJumpEdit::PickLists lists = m_edit.BuildPickLists();
+    m_details = new CDlgJumpPageDetails(m_edit, lists);
+    m_fallrate = new CDlgJumpPageFallrate(m_edit);
+    m_info = new CDlgJumpPageInfo(m_edit, lists);
+    m_note = new CDlgJumpPageNote(m_edit);
+    m_signature = new CDlgJumpPageSignature(m_edit, lists);
+    for (CKqPropertyPage* page : std::initializer_list<CKqPropertyPage*>{m_details, m_fallrate, m_info, m_note,
+                                                                        m_signature})
+        AddPage(page);
+    connect(m_fallrate, &CDlgJumpPageFallrate::kindPicked, m_details, &CDlgJumpPageDetails::ShowRecordedValues);
+    if (m_edit.IsViewOnly())
+        Buttons()->button(QDialogButtonBox::Cancel)->hide();
+}
+
+CDlgJump::~CDlgJump() = default;
+
+bool CDlgJump::Apply()
+{
+    m_result = m_edit.Apply();
+    if (!m_result.ok && Messages())
+        Messages()->Error(QString::fromStdString(m_result.error));
+    // The sheet closes either way; the caller reads the result.
+    return true;
+}

@@ -1,0 +1,74 @@
+#include "dialogs/CDlgJumpPage.h"
+
+#include "dialogs/DialogText.h"
+#include "editing/CJumpEdit.h"
+
+#include <QAbstractItemView>
+#include <QComboBox>
+#include <QGridLayout>
+#include <QLabel>
+#include <QLineEdit>
+
+CDlgJumpPage::CDlgJumpPage(const QString& title, CJumpEdit& edit, QWidget* parent)
+    : CKqPropertyPage(title, parent), m_edit(edit)
+{
+}
+
+CCheckResult CDlgJumpPage::Validate()
+{
+    if (m_edit.IsViewOnly())
+        return CCheckResult::Pass();
+    ReadBack();
+    return m_edit.Validate(static_cast<CJumpEdit::Page>(PageNumber()));
+}
+
+QGridLayout* CDlgJumpPage::MakeGrid(QWidget* page)
+{
+    auto* grid = new QGridLayout(page);
+    grid->setContentsMargins(6, 6, 6, 6);
+    grid->setHorizontalSpacing(6);
+    grid->setVerticalSpacing(4);
+    grid->setColumnStretch(1, 1);
+    return grid;
+}
+
+QLabel* CDlgJumpPage::AddRow(QGridLayout* grid, int row, const QString& label, QWidget* field, const QString& unit)
+{
+    auto* caption = new QLabel(label, this);
+    caption->setBuddy(field);
+    grid->addWidget(caption, row, 0);
+    if (unit.isNull())
+    {
+        grid->addWidget(field, row, 1, 1, 2);
+    }
+    else
+    {
+        grid->addWidget(field, row, 1);
+        auto* unitLabel = new QLabel(unit, this);
+        unitLabel->setObjectName(field->objectName() + QStringLiteral("Unit"));
+        grid->addWidget(unitLabel, row, 2);
+    }
+    return caption;
+}
+
+QComboBox* CDlgJumpPage::MakeCombo(const std::vector<std::string>& items, const std::string& text, bool sorted,
+                                   QWidget* parent)
+{
+    auto* combo = new QComboBox(parent);
+    combo->setEditable(true);
+    combo->setInsertPolicy(QComboBox::NoInsert);
+    combo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    combo->setMinimumContentsLength(8);
+    QStringList entries;
+    entries.reserve(static_cast<int>(items.size()));
+    for (const std::string& item : items)
+        entries.append(DialogText::ToQt(item));
+    if (sorted)
+        entries.sort(Qt::CaseInsensitive);
+    combo->addItems(entries);
+    combo->setCurrentIndex(-1);
+    combo->setEditText(DialogText::ToQt(text));
+    // The list shows whole entries even where the field is narrow.
+    combo->view()->setMinimumWidth(160);
+    return combo;
+}
