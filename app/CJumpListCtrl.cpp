@@ -71,16 +71,7 @@ void CJumpListCtrl::Fill(const CLogbookDoc& doc, bool unsignedOnly)
         if (unsignedOnly && jump->IsSigned())
             continue;
         auto* row = new QTreeWidgetItem;
-        const int icon = JumpIconIndex(*jump);
-        row->setIcon(NumberColumn, m_icons[static_cast<std::size_t>(icon)]);
-        row->setData(NumberColumn, kIconRole, icon);
-        row->setData(NumberColumn, kJumpRole, QVariant::fromValue(static_cast<const void*>(jump.get())));
-        row->setText(NumberColumn, QString::number(jump->GetNumber()));
-        row->setTextAlignment(NumberColumn, Qt::AlignRight | Qt::AlignVCenter);
-        row->setText(DateColumn, CDateText::ShortDate(jump->GetTimestamp().dateTime));
-        row->setText(PlaceColumn, QString::fromStdString(jump->GetPlace()));
-        // Long drop-zone names are cut at the column's edge; the tooltip shows them whole.
-        row->setToolTip(PlaceColumn, row->text(PlaceColumn));
+        WriteRow(row, *jump);
         rows.append(row);
     }
     addTopLevelItems(rows);
@@ -88,6 +79,44 @@ void CJumpListCtrl::Fill(const CLogbookDoc& doc, bool unsignedOnly)
     setUpdatesEnabled(true);
     if (!rows.isEmpty())
         scrollToItem(rows.back(), QAbstractItemView::PositionAtBottom);
+}
+
+void CJumpListCtrl::WriteRow(QTreeWidgetItem* row, const CJump& jump) const
+{
+    const int icon = JumpIconIndex(jump);
+    row->setIcon(NumberColumn, m_icons[static_cast<std::size_t>(icon)]);
+    row->setData(NumberColumn, kIconRole, icon);
+    row->setData(NumberColumn, kJumpRole, QVariant::fromValue(static_cast<const void*>(&jump)));
+    row->setText(NumberColumn, QString::number(jump.GetNumber()));
+    row->setTextAlignment(NumberColumn, Qt::AlignRight | Qt::AlignVCenter);
+    row->setText(DateColumn, CDateText::ShortDate(jump.GetTimestamp().dateTime));
+    row->setText(PlaceColumn, QString::fromStdString(jump.GetPlace()));
+    // Long drop-zone names are cut at the column's edge; the tooltip shows them whole.
+    row->setToolTip(PlaceColumn, row->text(PlaceColumn));
+}
+
+void CJumpListCtrl::UpdateRow(int row)
+{
+    QTreeWidgetItem* item = topLevelItem(row);
+    if (const CJump* jump = JumpAt(row))
+        WriteRow(item, *jump);
+}
+
+int CJumpListCtrl::RowOf(const CJump* jump) const
+{
+    for (int row = topLevelItemCount() - 1; row >= 0; --row)
+        if (JumpAt(row) == jump)
+            return row;
+    return -1;
+}
+
+void CJumpListCtrl::ShowRow(int row)
+{
+    if (QTreeWidgetItem* item = topLevelItem(row))
+    {
+        setCurrentItem(item);
+        scrollToItem(item);
+    }
 }
 
 const CJump* CJumpListCtrl::JumpAt(int row) const
@@ -112,15 +141,11 @@ int CJumpListCtrl::IconIndexAt(int row) const
 
 bool CJumpListCtrl::RemoveJumpRow(const CJump* jump)
 {
-    for (int row = 0; row < topLevelItemCount(); ++row)
-    {
-        if (JumpAt(row) == jump)
-        {
-            delete takeTopLevelItem(row);
-            return true;
-        }
-    }
-    return false;
+    const int row = RowOf(jump);
+    if (row < 0)
+        return false;
+    delete takeTopLevelItem(row);
+    return true;
 }
 
 void CJumpListCtrl::SizeColumns()

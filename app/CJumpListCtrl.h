@@ -42,9 +42,17 @@ public:
     int IconIndexAt(int row) const;
     // Removes the row of this jump; false when no row shows it.
     bool RemoveJumpRow(const CJump* jump);
+    // Writes the row's icon and cells again from its jump (after the jump was edited).
+    void UpdateRow(int row);
+    // The row of a jump, or -1.
+    int RowOf(const CJump* jump) const;
+    // Selects the row and scrolls it into view.
+    void ShowRow(int row);
 
     // Every column but the last fits its content; the last takes the rest of the width.
     void SizeColumns();
+    // Icon and cells of one jump.
+    void WriteRow(QTreeWidgetItem* row, const CJump& jump) const;
 
 protected:
     // Resizes the last column with the list.

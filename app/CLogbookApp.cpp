@@ -3,6 +3,7 @@
 #include "app/CArtwork.h"
 #include "app/CDesktopViewer.h"
 #include "app/CFileDialogs.h"
+#include "app/CLogbookCommands.h"
 #include "app/CLogbookView.h"
 #include "app/CMainFrame.h"
 #include "app/CMessageBoxes.h"
@@ -80,12 +81,11 @@ bool CLogbookApp::InitInstance(const QStringList& arguments)
 
 void CLogbookApp::LoadStartLogbook(const QStringList& arguments)
 {
-    CLogbookView* view = m_frame->GetView();
     // A logbook named on the command line (a desktop opening a ".tvz") is an explicit request:
     // it fails like the Open command, with its messages.
     if (arguments.size() > 1 && !arguments.at(1).isEmpty())
     {
-        view->LoadLogbook(arguments.at(1));
+        m_frame->GetCommands()->LoadLogbook(arguments.at(1));
         return;
     }
     const std::string last = m_services.settings->GetString("General", "LastFile", "");

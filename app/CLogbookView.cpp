@@ -3,42 +3,18 @@
 #include "app/AppCommands.h"
 #include "app/CArtwork.h"
 #include "app/CJumpListCtrl.h"
-#include "app/CPictureGuard.h"
 #include "app/CSummaryPane.h"
-#include "app/IFileChooser.h"
-#include "controls/IMessageSink.h"
-#include "app/IPictureViewer.h"
 #include "document/CLogbookDoc.h"
 #include "model/CJump.h"
-#include "resources/StringTable.h"
 
 #include <QAction>
-#include <QFile>
-#include <QFileInfo>
-#include <QMenu>
 #include <QPainter>
 #include <QResizeEvent>
 
 #include <algorithm>
-#include <filesystem>
 
 namespace {
 
-QString Message(int id, const QString& arg1 = {})
-{
-    return QString::fromStdString(StringTable::Format(id, arg1.toStdString()));
-}
-
-// Paths go to the core as the file system's own bytes.
-std::string NativePath(const QString& path)
-{
-    return QFile::encodeName(QFileInfo(path).absoluteFilePath()).toStdString();
-}
-
-QString DisplayPath(const std::string& path)
-{
-    return QFile::decodeName(QByteArray::fromStdString(path));
-}
 
 } // namespace
 
@@ -65,10 +41,12 @@ CLogbookView::CLogbookView(CLogbookDoc& doc, const CUnitSettings& units, const C
                                          QStringLiteral("Jumps to be signed"), AppCommands::ID_VIEW_SIGNLIST);
     m_jumpListButton = MakePictureButton(QStringLiteral("jumpListButton"), QStringLiteral("jumplist.svg"),
                                          QStringLiteral("All jumps"), AppCommands::ID_VIEW_JUMPLIST);
-    // The New-jump button (ID_JUMP_NEW) joins this row together with the jump editor.
+    m_newJumpButton = MakePictureButton(QStringLiteral("newJumpButton"), QStringLiteral("newjump.svg"),
+                                        QStringLiteral("New jump"), AppCommands::ID_JUMP_NEW);
     m_pageOpenButton = MakePictureButton(QStringLiteral("pageOpenButton"), QStringLiteral("open.svg"),
                                          QStringLiteral("Open another logbook"), AppCommands::ID_PAGE_OPEN);
     m_buttonLayout->addWidget(m_homeButton);
+    m_buttonLayout->addWidget(m_newJumpButton);
     m_buttonLayout->addWidget(m_signListButton);
     m_buttonLayout->addWidget(m_jumpListButton);
     m_buttonLayout->addStretch(1);
@@ -76,7 +54,10 @@ CLogbookView::CLogbookView(CLogbookDoc& doc, const CUnitSettings& units, const C
     connect(m_homeButton, &QToolButton::clicked, this, &CLogbookView::OnViewHome);
     connect(m_signListButton, &QToolButton::clicked, this, &CLogbookView::OnViewSignList);
     connect(m_jumpListButton, &QToolButton::clicked, this, &CLogbookView::OnViewJumpList);
-    connect(m_pageOpenButton, &QToolButton::clicked, this, &CLogbookView::OnFileOpen);
+    for (QToolButton* button : {m_newJumpButton, m_pageOpenButton})
+        connect(button, &QToolButton::clicked, this, [this, button] {
+            emit commandRequested(button->property("command").toInt());
+        });
     m_outer->addWidget(m_buttonBar);
 
     // The home page: the summary card centred over the painted background.
@@ -93,12 +74,13 @@ CLogbookView::CLogbookView(CLogbookDoc& doc, const CUnitSettings& units, const C
     m_list = new CJumpListCtrl(this);
     m_list->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(m_list, &QWidget::customContextMenuRequested, this, &CLogbookView::ShowListContextMenu);
-    auto* deleteKey = new QAction(m_list);
-    deleteKey->setShortcut(QKeySequence::Delete);
-    deleteKey->setShortcutContext(Qt::WidgetShortcut);
-    connect(deleteKey, &QAction::triggered, this, &CLogbookView::OnJumpDelete);
-    m_list->addAction(deleteKey);
-    // A tap on a row opens the jump editor once it exists; until then a tap only selects.
+    // A tap on a row, Enter or a double-click opens the jump editor on it.
+    connect(m_list, &QTreeWidget::itemClicked, this, [this](QTreeWidgetItem* item) {
+        emit rowActivated(m_list->indexOfTopLevelItem(item));
+    });
+    connect(m_list, &QTreeWidget::itemActivated, this, [this](QTreeWidgetItem* item) {
+        emit rowActivated(m_list->indexOfTopLevelItem(item));
+    });
     m_outer->addWidget(m_list, 1);
 
     ApplyIconSizes();
@@ -142,8 +124,10 @@ void CLogbookView::CreateStartButtons()
     m_startLayout->addWidget(m_startNewButton, 0, Qt::AlignCenter);
     m_startLayout->addWidget(m_startOpenButton, 0, Qt::AlignCenter);
     m_startLayout->addStretch(1);
-    connect(m_startNewButton, &QToolButton::clicked, this, &CLogbookView::OnFileNew);
-    connect(m_startOpenButton, &QToolButton::clicked, this, &CLogbookView::OnFileOpen);
+    for (QToolButton* button : {m_startNewButton, m_startOpenButton})
+        connect(button, &QToolButton::clicked, this, [this, button] {
+            emit commandRequested(button->property("command").toInt());
+        });
     m_outer->addWidget(m_startPanel, 1);
     ApplyOrientation();
     ApplyIconSizes();
@@ -169,6 +153,7 @@ void CLogbookView::SetViewMode(ViewMode mode)
         m_startPanel->setVisible(mode == ViewMode::Empty);
     m_buttonBar->setVisible(mode != ViewMode::Empty);
     m_homeButton->setVisible(list);
+    m_newJumpButton->setVisible(home);
     m_signListButton->setVisible(home);
     m_jumpListButton->setVisible(home);
     m_pageOpenButton->setVisible(mode != ViewMode::Empty);
@@ -194,6 +179,7 @@ void CLogbookView::UpdateButtons()
     const bool anyUnsigned =
         std::any_of(jumps.begin(), jumps.end(), [](const auto& jump) { return !jump->IsSigned(); });
     m_homeButton->setEnabled(true);
+    m_newJumpButton->setEnabled(true);
     m_signListButton->setEnabled(anyUnsigned);
     m_jumpListButton->setEnabled(!jumps.empty());
     m_pageOpenButton->setEnabled(true);
@@ -220,23 +206,6 @@ void CLogbookView::OnViewSignList()
     m_list->Fill(m_doc, true);
 }
 
-QMenu* CLogbookView::CreateContextMenu(QWidget* parent)
-{
-    auto* menu = new QMenu(parent);
-    menu->setObjectName(QStringLiteral("jumpContextMenu"));
-    // "View..." and "Change..." (the jump editor) come first once the editor exists.
-    const CJump* jump = m_list->SelectedJump();
-    QAction* show = menu->addAction(QStringLiteral("Show picture..."), this, &CLogbookView::OnJumpShowPicture);
-    show->setObjectName(QStringLiteral("showPictureAction"));
-    show->setData(AppCommands::ID_JUMP_SHOW_PICTURE);
-    show->setEnabled(jump && !jump->GetPictureName().empty());
-    QAction* remove = menu->addAction(QStringLiteral("Delete"), this, &CLogbookView::OnJumpDelete);
-    remove->setObjectName(QStringLiteral("deleteAction"));
-    remove->setData(AppCommands::ID_JUMP_DELETE);
-    remove->setEnabled(jump != nullptr);
-    return menu;
-}
-
 void CLogbookView::ShowListContextMenu(const QPoint& position)
 {
     if (m_mode != ViewMode::JumpList)
@@ -245,159 +214,7 @@ void CLogbookView::ShowListContextMenu(const QPoint& position)
     if (!item)
         return;
     m_list->setCurrentItem(item);
-    QMenu* menu = CreateContextMenu(this);
-    menu->setAttribute(Qt::WA_DeleteOnClose);
-    menu->popup(m_list->viewport()->mapToGlobal(position));
-}
-
-void CLogbookView::OnJumpDelete()
-{
-    if (m_mode != ViewMode::JumpList)
-        return;
-    const CJump* jump = m_list->SelectedJump();
-    const int index = m_doc.IndexOf(jump);
-    if (!jump || index < 0)
-        return;
-    if (!m_services.messages->AskYesNo(Message(StringTable::IDS_DELETE_JUMP, QString::number(jump->GetNumber()))))
-        return;
-    // The row goes first: it refers to the jump that the document is about to destroy.
-    m_list->RemoveJumpRow(jump);
-    m_doc.RemoveJump(static_cast<std::size_t>(index));
-    if (m_list->topLevelItemCount() == 0)
-        SetViewMode(ViewMode::Home);
-    else
-    {
-        UpdateButtons();
-        emit stateChanged();
-    }
-}
-
-void CLogbookView::OnJumpShowPicture()
-{
-    if (m_mode != ViewMode::JumpList || !m_services.viewer)
-        return;
-    const CJump* jump = m_list->SelectedJump();
-    if (!jump)
-        return;
-    const std::string name = jump->GetPictureName();
-    if (name.empty())
-        return;
-    // Whatever the file names, only a real picture inside the logbook's folder is shown;
-    // anything else is refused without a word.
-    const std::filesystem::path folder = std::filesystem::path(m_doc.GetPath()).parent_path();
-    const std::filesystem::path picture = CPictureGuard::Check(folder, m_doc.ResolveMediaPath(name));
-    if (picture.empty())
-        return;
-    m_services.viewer->Open(DisplayPath(picture.string()));
-}
-
-QString CLogbookView::StartFolder() const
-{
-    return m_doc.HasPath() ? QFileInfo(DisplayPath(m_doc.GetPath())).absolutePath() : QString();
-}
-
-bool CLogbookView::CanSave() const
-{
-    return IsLogbookOpen() && m_doc.IsModified();
-}
-
-bool CLogbookView::CanSaveAs() const
-{
-    return IsLogbookOpen();
-}
-
-bool CLogbookView::SaveModified()
-{
-    if (!CanSave())
-        return true;
-    const QString name = QFileInfo(DisplayPath(m_doc.GetPath())).fileName();
-    switch (m_services.messages->AskYesNoCancel(QStringLiteral("Save changes to %1?").arg(name)))
-    {
-    case IMessageSink::Answer::Yes:
-        if (m_doc.Save(m_doc.GetPath()))
-        {
-            emit stateChanged();
-            return true;
-        }
-        m_services.messages->Error(Message(StringTable::IDS_SAVE_FAILED));
-        return false;
-    case IMessageSink::Answer::No:
-        return true;
-    case IMessageSink::Answer::Cancel:
-        break;
-    }
-    return false;
-}
-
-void CLogbookView::OnFileNew()
-{
-    if (!SaveModified())
-        return;
-    const QString chosen = m_services.files->ChooseSave(StartFolder());
-    if (chosen.isEmpty())
-        return;
-    const QString path = QFileInfo(chosen).absoluteFilePath();
-    const bool existed = QFileInfo::exists(path);
-    m_doc.Clear();
-    if (!m_doc.Save(NativePath(path)))
-    {
-        // The save replaces the file only once the new one is complete, so a failure leaves
-        // behind at most a file that did not exist before: remove that one.
-        if (!existed)
-            QFile::remove(path);
-        m_doc.Clear();
-        m_services.messages->Error(Message(StringTable::IDS_WRITE_ERROR));
-    }
-    // The profile, equipment and preferences dialogs follow a successful New once they exist.
-    Refresh();
-}
-
-bool CLogbookView::LoadLogbook(const QString& path)
-{
-    const std::string file = NativePath(path);
-    // A bad file leaves the open logbook as it was instead of an empty document.
-    const CLoadResult result = m_doc.TryLoad(file);
-    if (!result.ok)
-    {
-        if (!result.message.empty())
-            m_services.messages->Error(QString::fromStdString(result.message));
-        m_services.messages->Error(Message(StringTable::IDS_OPEN_FAILED));
-        return false;
-    }
-    Refresh();
-    return true;
-}
-
-void CLogbookView::OnFileOpen()
-{
-    if (!SaveModified())
-        return;
-    const QString path = m_services.files->ChooseOpen(StartFolder());
-    if (path.isEmpty())
-        return;
-    if (LoadLogbook(path))
-        emit logbookOpened();
-}
-
-void CLogbookView::OnFileSave()
-{
-    if (!CanSave())
-        return;
-    if (!m_doc.Save(m_doc.GetPath()))
-        m_services.messages->Error(Message(StringTable::IDS_SAVE_FAILED));
-    emit stateChanged();
-}
-
-void CLogbookView::OnFileSaveAs()
-{
-    if (!CanSaveAs())
-        return;
-    const QString path = m_services.files->ChooseSave(DisplayPath(m_doc.GetPath()));
-    if (path.isEmpty())
-        return;
-    if (!m_doc.Save(NativePath(path)))
-        m_services.messages->Error(Message(StringTable::IDS_SAVE_FAILED));
-    emit stateChanged();
+    emit contextMenuRequested(m_list->viewport()->mapToGlobal(position));
 }
 
 void CLogbookView::ApplyOrientation()
@@ -413,8 +230,14 @@ void CLogbookView::ApplyIconSizes()
 {
     // Handheld screens get finger-sized buttons that still leave room for the page.
     const bool small = std::min(width(), height()) <= 400;
-    const int page = small ? 40 : 56;
-    for (QToolButton* button : {m_homeButton, m_signListButton, m_jumpListButton, m_pageOpenButton})
+    int page = small ? 40 : 56;
+    // A row or column of up to four buttons (Home's) must fit along the view's side; each button
+    // adds a few pixels of frame around its icon.
+    const int along = m_landscape ? height() : width();
+    const int room = (along - 8 - 3 * m_buttonLayout->spacing()) / 4 - 8;
+    if (room > 0)
+        page = std::max(24, std::min(page, room));
+    for (QToolButton* button : {m_homeButton, m_newJumpButton, m_signListButton, m_jumpListButton, m_pageOpenButton})
         button->setIconSize(QSize(page, page));
     const int start = small ? 56 : 80;
     for (QToolButton* button : {m_startNewButton, m_startOpenButton})

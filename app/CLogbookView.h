@@ -14,7 +14,8 @@ class QMenu;
 
 // The program's only view. By mode it shows the New/Open start buttons (no logbook open), the
 // home page with its picture buttons over the logbook summary, the list of all jumps, or the
-// list of the jumps still to be signed. It carries the File commands and the jump commands.
+// list of the jumps still to be signed. The commands its buttons and rows ask for are carried
+// out by CLogbookCommands.
 class CLogbookView : public QWidget
 {
     Q_OBJECT
@@ -42,48 +43,29 @@ public:
     // Recomputes the enabled state of the picture buttons.
     void UpdateButtons();
 
-    // Loads a logbook, keeping the open one when the file is bad; shows the load's messages
-    // and 4001 on failure. The reminders are the caller's. Returns success.
-    bool LoadLogbook(const QString& path);
-    // Asks whether to save a modified logbook; false when the user cancels or the save fails.
-    bool SaveModified();
-    // Save is offered while a modified logbook is open, Save as while any is open.
-    bool CanSave() const;
-    bool CanSaveAs() const;
-
     // The list control and the summary, for the frame and for tests.
     CJumpListCtrl* GetList() const { return m_list; }
     CSummaryPane* GetSummary() const { return m_summary; }
-    // The context menu of the list for the selected jump ("Show picture...", "Delete").
-    QMenu* CreateContextMenu(QWidget* parent);
 
     // The view arranges itself for the handheld's 240x320 and 320x240 and anything larger, so it
     // never holds the window above that (its portrait rule alone would at 320x240).
     QSize minimumSizeHint() const override { return QSize(200, 160); }
 
 public slots:
-    // New: save dialog, then an empty logbook saved at once (4000 and no file on failure).
-    void OnFileNew();
-    // Open: open dialog, load (4001 on failure), then the reminders through logbookOpened.
-    void OnFileOpen();
-    // Save to the current file (4002 on failure).
-    void OnFileSave();
-    // Save under a new name (4002 on failure).
-    void OnFileSaveAs();
     // Mode Home.
     void OnViewHome();
     // All jumps in the list, mode JumpList.
     void OnViewJumpList();
     // The unsigned jumps in the list, mode SignList.
     void OnViewSignList();
-    // Shows the selected jump's picture when it is a picture inside the logbook's folder.
-    void OnJumpShowPicture();
-    // Deletes the selected jump after a Yes to message 5007 (jump list only).
-    void OnJumpDelete();
 
 signals:
-    // A logbook was opened by the Open command (the frame runs the reminders).
-    void logbookOpened();
+    // A page or start button, or the Delete key on the list, asks for a command (AppCommands).
+    void commandRequested(int command);
+    // A row of the list was tapped, double-clicked or entered.
+    void rowActivated(int row);
+    // The list wants its context menu at a global position.
+    void contextMenuRequested(const QPoint& globalPosition);
     // The document or the mode changed: commands and title may need updating.
     void stateChanged();
 
@@ -99,7 +81,6 @@ private:
     void ApplyOrientation();
     void ApplyIconSizes();
     void ShowListContextMenu(const QPoint& position);
-    QString StartFolder() const;
 
     CLogbookDoc& m_doc;
     const CUnitSettings& m_units;
@@ -111,6 +92,7 @@ private:
     QWidget* m_buttonBar = nullptr;
     QBoxLayout* m_buttonLayout = nullptr;
     QToolButton* m_homeButton = nullptr;
+    QToolButton* m_newJumpButton = nullptr;
     QToolButton* m_signListButton = nullptr;
     QToolButton* m_jumpListButton = nullptr;
     QToolButton* m_pageOpenButton = nullptr;

@@ -3,7 +3,10 @@
 #include "app/AppCommands.h"
 #include "app/CArtwork.h"
 #include "app/CDateText.h"
+#include "app/CLogbookCommands.h"
 #include "app/CLogbookView.h"
+#include "app/CJumpListCtrl.h"
+#include "app/CSettingsCommands.h"
 #include "app/CSplashWnd.h"
 #include "controls/IMessageSink.h"
 #include "document/CReminders.h"
@@ -40,12 +43,16 @@ CMainFrame::CMainFrame(const CAppServices& services, QWidget* parent)
     setWindowIcon(CArtwork::Icon(QStringLiteral("canopy.svg")));
     m_view = new CLogbookView(m_doc, m_units, m_services, this);
     setCentralWidget(m_view);
+    m_commands = new CLogbookCommands(m_doc, m_units, m_services, *m_view, this);
     CreateMenuAndCommandBar();
+    CreateSettingsCommands();
     // The splash covers the client area from the moment the command bar exists.
     CSplashWnd::ShowSplash(m_view);
 
     connect(m_view, &CLogbookView::stateChanged, this, &CMainFrame::UpdateCommands);
-    connect(m_view, &CLogbookView::logbookOpened, this, &CMainFrame::CheckReminders);
+    connect(m_commands, &CLogbookCommands::stateChanged, this, &CMainFrame::UpdateCommands);
+    connect(m_commands, &CLogbookCommands::logbookOpened, this, &CMainFrame::CheckReminders);
+    connect(m_commands, &CLogbookCommands::logbookCreated, m_settingsCommands, &CSettingsCommands::RunNewLogbookChain);
     UpdateCommands();
 }
 
@@ -80,10 +87,23 @@ void CMainFrame::CreateMenuAndCommandBar()
     m_saveAsAction->setShortcut(QKeySequence::SaveAs);
     m_exitAction->setShortcut(QKeySequence::Quit);
 
-    connect(m_newAction, &QAction::triggered, m_view, &CLogbookView::OnFileNew);
-    connect(m_openAction, &QAction::triggered, m_view, &CLogbookView::OnFileOpen);
-    connect(m_saveAction, &QAction::triggered, m_view, &CLogbookView::OnFileSave);
-    connect(m_saveAsAction, &QAction::triggered, m_view, &CLogbookView::OnFileSaveAs);
+    m_jumpNewAction = MakeAction(QStringLiteral("jumpNewAction"), QStringLiteral("New jump..."),
+                                 AppCommands::ID_JUMP_NEW, QStringLiteral("newjump.svg"));
+    m_jumpNewAction->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_J));
+    m_jumpViewAction =
+        MakeAction(QStringLiteral("jumpViewAction"), QStringLiteral("View..."), AppCommands::ID_JUMP_VIEW);
+    m_jumpChangeAction =
+        MakeAction(QStringLiteral("jumpChangeAction"), QStringLiteral("Change..."), AppCommands::ID_JUMP_CHANGE);
+    m_jumpPictureAction = MakeAction(QStringLiteral("jumpPictureAction"), QStringLiteral("Show picture..."),
+                                     AppCommands::ID_JUMP_SHOW_PICTURE);
+    m_jumpDeleteAction =
+        MakeAction(QStringLiteral("jumpDeleteAction"), QStringLiteral("Delete"), AppCommands::ID_JUMP_DELETE);
+    m_jumpDeleteAction->setShortcut(QKeySequence::Delete);
+
+    // Every command action carries its id; the commands controller carries it out.
+    for (QAction* action : {m_newAction, m_openAction, m_saveAction, m_saveAsAction, m_jumpNewAction,
+                            m_jumpViewAction, m_jumpChangeAction, m_jumpPictureAction, m_jumpDeleteAction})
+        connect(action, &QAction::triggered, m_commands, [this, action] { m_commands->Execute(action->data().toInt()); });
     connect(m_aboutAction, &QAction::triggered, this, &CMainFrame::OnAbout);
     connect(m_exitAction, &QAction::triggered, this, &QWidget::close);
 
@@ -99,6 +119,17 @@ void CMainFrame::CreateMenuAndCommandBar()
     file->addSeparator();
     file->addAction(m_exitAction);
 
+    QMenu* jump = menuBar()->addMenu(QStringLiteral("&Jump"));
+    jump->setObjectName(QStringLiteral("jumpMenu"));
+    jump->addAction(m_jumpNewAction);
+    jump->addSeparator();
+    jump->addAction(m_jumpViewAction);
+    jump->addAction(m_jumpChangeAction);
+    jump->addAction(m_jumpPictureAction);
+    jump->addAction(m_jumpDeleteAction);
+    // The selected row decides what the jump items can do when the menu opens.
+    connect(jump, &QMenu::aboutToShow, this, &CMainFrame::UpdateCommands);
+
     // The command bar: the file commands as large icons for the stylus and the finger.
     m_commandBar = addToolBar(QStringLiteral("Commands"));
     m_commandBar->setObjectName(QStringLiteral("commandBar"));
@@ -110,17 +141,67 @@ void CMainFrame::CreateMenuAndCommandBar()
     m_commandBar->addAction(m_openAction);
     m_commandBar->addAction(m_saveAction);
     m_commandBar->addSeparator();
+    m_commandBar->addAction(m_jumpNewAction);
+    m_commandBar->addSeparator();
     m_commandBar->addAction(m_aboutAction);
+}
+
+void CMainFrame::CreateSettingsCommands()
+{
+    m_settingsCommands = new CSettingsCommands(m_doc, m_units, m_services, this);
+    m_userProfileAction = MakeAction(QStringLiteral("userProfileAction"), QStringLiteral("User Profile..."),
+                                     AppCommands::ID_USER_PROFILE, QStringLiteral("profile.svg"));
+    m_equipmentAction = MakeAction(QStringLiteral("equipmentAction"), QStringLiteral("Equipment..."),
+                                   AppCommands::ID_EQUIPMENT, QStringLiteral("equipment.svg"));
+    m_preferencesAction = MakeAction(QStringLiteral("preferencesAction"), QStringLiteral("Preferences..."),
+                                     AppCommands::ID_PREFERENCES, QStringLiteral("preferences.svg"));
+    connect(m_userProfileAction, &QAction::triggered, m_settingsCommands, &CSettingsCommands::OnUserProfile);
+    connect(m_equipmentAction, &QAction::triggered, m_settingsCommands, &CSettingsCommands::OnEquipment);
+    connect(m_preferencesAction, &QAction::triggered, m_settingsCommands, &CSettingsCommands::OnPreferences);
+    connect(m_settingsCommands, &CSettingsCommands::changed, this, &CMainFrame::OnSettingsChanged);
+
+    QMenu* logbook = menuBar()->addMenu(QStringLiteral("&Logbook"));
+    logbook->setObjectName(QStringLiteral("logbookMenu"));
+    logbook->addAction(m_userProfileAction);
+    logbook->addAction(m_equipmentAction);
+    logbook->addAction(m_preferencesAction);
+    // The touch user reaches them from the command bar as well.
+    m_commandBar->addSeparator();
+    m_commandBar->addAction(m_userProfileAction);
+    m_commandBar->addAction(m_equipmentAction);
+    m_commandBar->addAction(m_preferencesAction);
+}
+
+void CMainFrame::OnSettingsChanged()
+{
+    // The mode stays; its contents are drawn again with the new values and units.
+    switch (m_view->GetViewMode())
+    {
+    case CLogbookView::ViewMode::JumpList: m_view->OnViewJumpList(); break;
+    case CLogbookView::ViewMode::SignList: m_view->OnViewSignList(); break;
+    case CLogbookView::ViewMode::Home: m_view->SetViewMode(CLogbookView::ViewMode::Home); break;
+    case CLogbookView::ViewMode::Empty: break;
+    }
+    UpdateCommands();
 }
 
 void CMainFrame::UpdateCommands()
 {
     const bool open = m_view->IsLogbookOpen();
-    m_saveAction->setEnabled(m_view->CanSave());
-    m_saveAsAction->setEnabled(m_view->CanSaveAs());
+    m_saveAction->setEnabled(m_commands->CanSave());
+    m_saveAsAction->setEnabled(m_commands->CanSaveAs());
+    m_jumpNewAction->setEnabled(open);
+    const bool listed = m_view->GetViewMode() == CLogbookView::ViewMode::JumpList;
+    const CJump* selected = listed ? m_view->GetList()->SelectedJump() : nullptr;
+    m_jumpViewAction->setEnabled(selected != nullptr);
+    m_jumpChangeAction->setEnabled(selected != nullptr);
+    m_jumpPictureAction->setEnabled(selected && !selected->GetPictureName().empty());
+    m_jumpDeleteAction->setEnabled(selected != nullptr);
     // The program's own commands (About, and the settings dialogs once they exist) are
     // offered only while a logbook is open.
     m_aboutAction->setEnabled(open);
+    for (QAction* action : {m_userProfileAction, m_equipmentAction, m_preferencesAction})
+        action->setEnabled(open);
 
     QString title = QStringLiteral("Tervola Pocket");
     if (open)
@@ -169,7 +250,7 @@ void CMainFrame::OnAbout()
 
 void CMainFrame::closeEvent(QCloseEvent* event)
 {
-    if (!m_view->SaveModified())
+    if (!m_commands->SaveModified())
     {
         event->ignore();
         return;

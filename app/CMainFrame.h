@@ -6,6 +6,8 @@
 
 #include <QMainWindow>
 
+class CLogbookCommands;
+class CSettingsCommands;
 class CLogbookView;
 class QAction;
 class QToolBar;
@@ -27,6 +29,10 @@ public:
     CLogbookDoc& GetDocument() { return m_doc; }
     // The one view, the frame's central widget.
     CLogbookView* GetView() const { return m_view; }
+    // The File and jump commands.
+    CLogbookCommands* GetCommands() const { return m_commands; }
+    // The user profile, equipment and preferences commands.
+    CSettingsCommands* GetSettingsCommands() const { return m_settingsCommands; }
     // The unit preferences read when the frame was built.
     const CUnitSettings& GetUnits() const { return m_units; }
     // The command bar with the File commands for the touch user.
@@ -50,11 +56,16 @@ protected:
 private:
     QAction* MakeAction(const QString& name, const QString& text, int command, const QString& art = {});
     void CreateMenuAndCommandBar();
+    // The "Logbook" menu with the settings dialogs, and their command bar entries.
+    void CreateSettingsCommands();
+    // After a settings dialog's OK: the view shows the new values and units.
+    void OnSettingsChanged();
 
     CAppServices m_services;
     CUnitSettings m_units;
     CLogbookDoc m_doc;
     CLogbookView* m_view = nullptr;
+    CLogbookCommands* m_commands = nullptr;
     QToolBar* m_commandBar = nullptr;
 
     QAction* m_newAction = nullptr;
@@ -63,4 +74,13 @@ private:
     QAction* m_saveAsAction = nullptr;
     QAction* m_aboutAction = nullptr;
     QAction* m_exitAction = nullptr;
+    QAction* m_jumpNewAction = nullptr;
+    QAction* m_jumpViewAction = nullptr;
+    QAction* m_jumpChangeAction = nullptr;
+    QAction* m_jumpPictureAction = nullptr;
+    QAction* m_jumpDeleteAction = nullptr;
+    CSettingsCommands* m_settingsCommands = nullptr;
+    QAction* m_userProfileAction = nullptr;
+    QAction* m_equipmentAction = nullptr;
+    QAction* m_preferencesAction = nullptr;
 };

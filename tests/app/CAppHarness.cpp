@@ -2,6 +2,7 @@
 
 #include "app/CJumpListCtrl.h"
 #include "app/CLogbookView.h"
+#include "app/CLogbookCommands.h"
 #include "app/CMainFrame.h"
 #include "app/CSplashWnd.h"
 
@@ -19,7 +20,7 @@ CAppHarness::~CAppHarness()
 
 bool CAppHarness::Start(const QStringList& arguments)
 {
-    app = std::make_unique<CLogbookApp>(CAppServices{&settings, &clock, &messages, &files, &viewer});
+    app = std::make_unique<CLogbookApp>(CAppServices{&settings, &clock, &messages, &files, &viewer, &dialogs});
     return app->InitInstance(QStringList{QStringLiteral("tervola-pocket")} + arguments);
 }
 
@@ -48,6 +49,11 @@ void CAppHarness::SelectRow(int row)
 CMainFrame* CAppHarness::Frame() const
 {
     return app ? app->GetMainFrame() : nullptr;
+}
+
+CLogbookCommands* CAppHarness::Commands() const
+{
+    return Frame()->GetCommands();
 }
 
 CLogbookView* CAppHarness::View() const

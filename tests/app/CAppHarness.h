@@ -2,6 +2,7 @@
 
 #include "CRecordingMessages.h"
 #include "CRecordingViewer.h"
+#include "CScriptedDialogs.h"
 #include "CScriptedFiles.h"
 #include "CTestLogbook.h"
 
@@ -16,6 +17,7 @@
 
 class CMainFrame;
 class CLogbookView;
+class CLogbookCommands;
 
 // The real main window with recording services: settings in memory, a fixed day
 // (10 June 2024, 09:30), recorded message boxes and picture requests, scripted file dialogs,
@@ -38,6 +40,7 @@ public:
 
     CMainFrame* Frame() const;
     CLogbookView* View() const;
+    CLogbookCommands* Commands() const;
 
     // A path inside the temporary folder.
     QString Path(const QString& name) const;
@@ -52,6 +55,7 @@ public:
     CRecordingMessages messages;
     CScriptedFiles files;
     CRecordingViewer viewer;
+    CScriptedDialogs dialogs;
     QTemporaryDir folder;
     std::unique_ptr<CLogbookApp> app;
 };

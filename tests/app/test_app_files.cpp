@@ -3,6 +3,8 @@
 
 #include "CAppHarness.h"
 
+#include "app/CLogbookCommands.h"
+
 #include "app/CLogbookView.h"
 #include "app/CMainFrame.h"
 
@@ -36,7 +38,7 @@ void DeleteFirstJump(CAppHarness& harness)
 {
     harness.View()->OnViewJumpList();
     harness.SelectRow(0);
-    harness.View()->OnJumpDelete();
+    harness.Commands()->OnJumpDelete();
     harness.messages.boxes.clear();
 }
 
@@ -64,7 +66,7 @@ private slots:
         QCOMPARE(CommandStates(harness), QString("110111"));
         DeleteFirstJump(harness);
         QCOMPARE(CommandStates(harness), QString("111111"));
-        harness.View()->OnFileSave();
+        harness.Commands()->OnFileSave();
         QCOMPARE(CommandStates(harness), QString("110111"));
         QCOMPARE(JumpsInFile(harness.Path("jumps.tvz")), 2);
         harness.Frame()->GetDocument().Clear();
@@ -88,7 +90,7 @@ private slots:
         CAppHarness harness;
         const QString old = harness.StartWith(ThreeJumps());
         harness.files.saveAnswers = {harness.Path(name)};
-        harness.View()->OnFileNew();
+        harness.Commands()->OnFileNew();
         QCOMPARE(harness.files.asked, QStringList{harness.folder.path()}); // starts in the logbook's folder
         QCOMPARE(QFile::exists(harness.Path(name)), saved);
         QCOMPARE(harness.View()->GetViewMode(), saved ? Mode::Home : Mode::Empty);
@@ -122,7 +124,7 @@ private slots:
         QVERIFY(bad.open(QIODevice::WriteOnly) && bad.write(content) == content.size());
         bad.close();
         harness.files.openAnswers = {bad.fileName()};
-        harness.View()->OnFileOpen();
+        harness.Commands()->OnFileOpen();
         QCOMPARE(harness.messages.Texts(Kind::Error), (QStringList{firstError, "The file could not be opened."}));
         QCOMPARE(harness.messages.boxes.size(), 2);
         QCOMPARE(QString::fromStdString(harness.Frame()->GetDocument().GetPath()), good);
@@ -147,7 +149,7 @@ private slots:
         const QString original = harness.StartWith(ThreeJumps());
         DeleteFirstJump(harness);
         harness.files.saveAnswers = {harness.Path(name)};
-        harness.View()->OnFileSaveAs();
+        harness.Commands()->OnFileSaveAs();
         QCOMPARE(harness.messages.Texts(Kind::Error),
                  saved ? QStringList() : QStringList{"The file could not be saved."});
         QCOMPARE(JumpsInFile(harness.Path(name)), saved ? 2 : -1);
@@ -193,7 +195,7 @@ private slots:
         QVERIFY(!harness.StartWith(ThreeJumps()).isEmpty());
         DeleteFirstJump(harness);
         harness.messages.yesNoCancelAnswer = Answer::Cancel;
-        harness.View()->OnFileOpen();
+        harness.Commands()->OnFileOpen();
         QVERIFY(harness.files.asked.isEmpty()); // cancelled before the dialog
         QVERIFY(harness.Frame()->GetDocument().IsModified());
     }

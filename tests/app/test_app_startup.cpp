@@ -3,6 +3,8 @@
 
 #include "CAppHarness.h"
 
+#include "app/CLogbookCommands.h"
+
 #include "app/CLogbookView.h"
 #include "app/CMainFrame.h"
 #include "app/CQSettingsStore.h"
@@ -175,8 +177,8 @@ private slots:
         harness.Frame()->CheckReminders();
         QVERIFY(harness.messages.boxes.isEmpty());
         harness.files.openAnswers = {path, path};
-        harness.View()->OnFileOpen();
-        harness.View()->OnFileOpen();
+        harness.Commands()->OnFileOpen();
+        harness.Commands()->OnFileOpen();
         QCOMPARE(harness.messages.Texts(Kind::Information).size(), 2);
         QCOMPARE(harness.messages.boxes.size(), 2);
     }

@@ -3,6 +3,8 @@
 
 #include "CAppHarness.h"
 
+#include "app/CLogbookCommands.h"
+
 #include "app/CJumpListCtrl.h"
 #include "app/CLogbookView.h"
 #include "app/CMainFrame.h"
@@ -238,19 +240,19 @@ private slots:
         CLogbookView* view = harness.View();
         view->OnViewSignList();
         harness.SelectRow(0);
-        view->OnJumpDelete();
+        harness.Commands()->OnJumpDelete();
         QVERIFY(harness.messages.boxes.isEmpty());
 
         view->OnViewJumpList();
         harness.messages.yesNoAnswer = false;
         harness.SelectRow(1);
-        view->OnJumpDelete();
+        harness.Commands()->OnJumpDelete();
         QCOMPARE(view->GetList()->topLevelItemCount(), 5);
         harness.messages.yesNoAnswer = true;
         for (int left = 4; left >= 0; --left)
         {
             harness.SelectRow(left == 4 ? 1 : 0);
-            view->OnJumpDelete();
+            harness.Commands()->OnJumpDelete();
             if (left > 0)
             {
                 QCOMPARE(view->GetViewMode(), Mode::JumpList);
@@ -268,7 +270,7 @@ private slots:
         QVERIFY(harness.Frame()->findChild<QAction*>("fileSaveAction")->isEnabled());
     }
 
-    void contextMenuOffersPictureAndDelete()
+    void contextMenuOffersEditorPictureAndDelete()
     {
         CAppHarness harness;
         QVERIFY(!harness.StartWith(FourKinds()).isEmpty());
@@ -276,12 +278,14 @@ private slots:
         for (int row : {0, 1})
         {
             harness.SelectRow(row);
-            std::unique_ptr<QMenu> menu(harness.View()->CreateContextMenu(nullptr));
-            const QList<QAction*> actions = menu->actions();
-            QCOMPARE(actions.size(), 2);
-            QCOMPARE(actions[0]->text(), QString("Show picture..."));
-            QCOMPARE(actions[1]->text(), QString("Delete"));
-            QCOMPARE(actions[0]->isEnabled(), row == 1); // only row 1 has a picture
+            std::unique_ptr<QMenu> menu(harness.Commands()->CreateContextMenu(nullptr));
+            QStringList texts;
+            for (const QAction* action : menu->actions())
+                if (!action->isSeparator())
+                    texts.append(action->text() + (action->isEnabled() ? "" : " (off)"));
+            // Only row 1 has a picture.
+            QCOMPARE(texts, (QStringList{"View...", "Change...", row == 1 ? "Show picture..." : "Show picture... (off)",
+                                         "Delete"}));
         }
     }
 };

@@ -3,6 +3,8 @@
 
 #include "CAppHarness.h"
 
+#include "app/CLogbookCommands.h"
+
 #include "app/CLogbookView.h"
 #include "app/CPictureGuard.h"
 
@@ -121,10 +123,10 @@ private slots:
         QVERIFY(CTestLogbook().Jump(1, "2024-05-01T10:00:00Z", "Tervola", 4000, 1000, 60, name).WriteGzip(path));
         harness.SetLastFile(path);
         QVERIFY(harness.StartWithoutSplash());
-        harness.View()->OnJumpShowPicture(); // Home page: nothing selected, nothing shown
+        harness.Commands()->OnJumpShowPicture(); // Home page: nothing selected, nothing shown
         harness.View()->OnViewJumpList();
         harness.SelectRow(0);
-        harness.View()->OnJumpShowPicture();
+        harness.Commands()->OnJumpShowPicture();
         const QString file = QFileInfo(m_root.path() + "/book/" + opened).canonicalFilePath();
         QCOMPARE(harness.viewer.opened, opened.isEmpty() ? QStringList() : QStringList{file});
         QVERIFY(harness.messages.boxes.isEmpty());

@@ -1,0 +1,180 @@
+#include "app/CLogbookCommands.h"
+
+#include "app/AppCommands.h"
+#include "app/CJumpListCtrl.h"
+#include "app/CLogbookView.h"
+#include "app/CPictureGuard.h"
+#include "app/IFileChooser.h"
+#include "app/IPictureViewer.h"
+#include "controls/IDialogRunner.h"
+#include "controls/IMessageSink.h"
+#include "dialogs/CDlgJump.h"
+#include "document/CLogbookDoc.h"
+#include "document/IClock.h"
+#include "resources/StringTable.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QMenu>
+
+#include <algorithm>
+#include <filesystem>
+
+namespace {
+
+QString Message(int id, const QString& arg1 = {})
+{
+    return QString::fromStdString(StringTable::Format(id, arg1.toStdString()));
+}
+
+// Paths go to the core as the file system's own bytes.
+std::string NativePath(const QString& path)
+{
+    return QFile::encodeName(QFileInfo(path).absoluteFilePath()).toStdString();
+}
+
+QString DisplayPath(const std::string& path)
+{
+    return QFile::decodeName(QByteArray::fromStdString(path));
+}
+
+} // namespace
+
+CLogbookCommands::CLogbookCommands(CLogbookDoc& doc, const CUnitSettings& units, const CAppServices& services,
+                                   CLogbookView& view, QWidget* window)
+    : QObject(window), m_doc(doc), m_units(units), m_services(services), m_view(view), m_window(window)
+{
+    setObjectName(QStringLiteral("logbookCommands"));
+    connect(&view, &CLogbookView::commandRequested, this, &CLogbookCommands::Execute);
+    connect(&view, &CLogbookView::rowActivated, this, &CLogbookCommands::OnRowActivated);
+    connect(&view, &CLogbookView::contextMenuRequested, this, &CLogbookCommands::OnContextMenu);
+}
+
+void CLogbookCommands::Execute(int command)
+{
+    switch (command)
+    {
+    case AppCommands::ID_FILE_NEW: OnFileNew(); break;
+    case AppCommands::ID_FILE_OPEN:
+    case AppCommands::ID_PAGE_OPEN: OnFileOpen(); break;
+    case AppCommands::ID_FILE_SAVE: OnFileSave(); break;
+    case AppCommands::ID_FILE_SAVE_AS: OnFileSaveAs(); break;
+    case AppCommands::ID_JUMP_NEW: OnJumpNew(); break;
+    case AppCommands::ID_JUMP_VIEW:
+    case AppCommands::ID_JUMP_CHANGE: OnJumpView(); break;
+    case AppCommands::ID_JUMP_SHOW_PICTURE: OnJumpShowPicture(); break;
+    case AppCommands::ID_JUMP_DELETE: OnJumpDelete(); break;
+    default: break;
+    }
+}
+
+QString CLogbookCommands::StartFolder() const
+{
+    return m_doc.HasPath() ? QFileInfo(DisplayPath(m_doc.GetPath())).absolutePath() : QString();
+}
+
+bool CLogbookCommands::CanSave() const
+{
+    return m_view.IsLogbookOpen() && m_doc.IsModified();
+}
+
+bool CLogbookCommands::CanSaveAs() const
+{
+    return m_view.IsLogbookOpen();
+}
+
+bool CLogbookCommands::SaveModified()
+{
+    if (!CanSave())
+        return true;
+    const QString name = QFileInfo(DisplayPath(m_doc.GetPath())).fileName();
+    switch (m_services.messages->AskYesNoCancel(QStringLiteral("Save changes to %1?").arg(name)))
+    {
+    case IMessageSink::Answer::Yes:
+        if (m_doc.Save(m_doc.GetPath()))
+        {
+            emit stateChanged();
+            return true;
+        }
+        m_services.messages->Error(Message(StringTable::IDS_SAVE_FAILED));
+        return false;
+    case IMessageSink::Answer::No:
+        return true;
+    case IMessageSink::Answer::Cancel:
+        break;
+    }
+    return false;
+}
+
+void CLogbookCommands::OnFileNew()
+{
+    if (!SaveModified())
+        return;
+    const QString chosen = m_services.files->ChooseSave(StartFolder());
+    if (chosen.isEmpty())
+        return;
+    const QString path = QFileInfo(chosen).absoluteFilePath();
+    const bool existed = QFileInfo::exists(path);
+    m_doc.Clear();
+    const bool saved = m_doc.Save(NativePath(path));
+    if (!saved)
+    {
+        // The save replaces the file only once the new one is complete, so a failure leaves
+        // behind at most a file that did not exist before: remove that one.
+        if (!existed)
+            QFile::remove(path);
+        m_doc.Clear();
+        m_services.messages->Error(Message(StringTable::IDS_WRITE_ERROR));
+    }
+    m_view.Refresh();
+    if (saved)
+        emit logbookCreated();
+}
+
+bool CLogbookCommands::LoadLogbook(const QString& path)
+{
+    const std::string file = NativePath(path);
+    // A bad file leaves the open logbook as it was instead of an empty document.
+    const CLoadResult result = m_doc.TryLoad(file);
+    if (!result.ok)
+    {
+        if (!result.message.empty())
+            m_services.messages->Error(QString::fromStdString(result.message));
+        m_services.messages->Error(Message(StringTable::IDS_OPEN_FAILED));
+        return false;
+    }
+    m_view.Refresh();
+    return true;
+}
+
+void CLogbookCommands::OnFileOpen()
+{
+    if (!SaveModified())
+        return;
+    const QString path = m_services.files->ChooseOpen(StartFolder());
+    if (path.isEmpty())
+        return;
+    if (LoadLogbook(path))
+        emit logbookOpened();
+}
+
+void CLogbookCommands::OnFileSave()
+{
+    if (!CanSave())
+        return;
+    if (!m_doc.Save(m_doc.GetPath()))
+        m_services.messages->Error(Message(StringTable::IDS_SAVE_FAILED));
+    emit stateChanged();
+}
+
+void CLogbookCommands::OnFileSaveAs()
+{
+    if (!CanSaveAs())
+        return;
+    const QString path = m_services.files->ChooseSave(DisplayPath(m_doc.GetPath()));
+    if (path.isEmpty())
+        return;
+    if (!m_doc.Save(NativePath(path)))
+        m_services.messages->Error(Message(StringTable::IDS_SAVE_FAILED));
+    emit stateChanged();
+}

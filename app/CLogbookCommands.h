@@ -1,0 +1,83 @@
+#pragma once
+
+#include "app/CAppServices.h"
+
+#include <QObject>
+#include <QString>
+
+class CJump;
+class CLogbookDoc;
+class CLogbookView;
+class CUnitSettings;
+class QMenu;
+class QPoint;
+class QWidget;
+
+// The commands of the window: the File commands (New, Open, Save, Save as) and the jump
+// commands (New jump, View/Change, Show picture, Delete, a tap on a row) on the frame's document,
+// with the view showing the results.
+class CLogbookCommands : public QObject
+{
+    Q_OBJECT
+
+public:
+    // Commands on doc shown by view; dialogs are parented to window. Nothing is owned.
+    CLogbookCommands(CLogbookDoc& doc, const CUnitSettings& units, const CAppServices& services, CLogbookView& view,
+                     QWidget* window);
+
+    // Loads a logbook, keeping the open one when the file is bad; shows the load's messages
+    // and 4001 on failure. The reminders are the caller's. Returns success.
+    bool LoadLogbook(const QString& path);
+    // Asks whether to save a modified logbook; false when the user cancels or the save fails.
+    bool SaveModified();
+    // Save is offered while a modified logbook is open, Save as while any is open.
+    bool CanSave() const;
+    bool CanSaveAs() const;
+    // The context menu for the list's selected jump: "View...", "Change...", "Show picture...",
+    // "Delete".
+    QMenu* CreateContextMenu(QWidget* parent);
+
+public slots:
+    // Carries out a command of AppCommands.
+    void Execute(int command);
+    // New: save dialog, then an empty logbook saved at once (4000 and no file on failure).
+    void OnFileNew();
+    // Open: open dialog, load (4001 on failure), then the reminders through logbookOpened.
+    void OnFileOpen();
+    // Save to the current file (4002 on failure).
+    void OnFileSave();
+    // Save under a new name (4002 on failure).
+    void OnFileSaveAs();
+    // The jump editor on a new jump; on OK the summary, list and buttons follow.
+    void OnJumpNew();
+    // The jump editor on the selected jump of the jump list ("View..." and "Change...").
+    void OnJumpView();
+    // Shows the selected jump's picture when it is a picture inside the logbook's folder.
+    void OnJumpShowPicture();
+    // Deletes the selected jump after a Yes to message 5007 (jump list only).
+    void OnJumpDelete();
+    // A tap on a row: the editor on that jump; from the sign list it opens on the signature.
+    void OnRowActivated(int row);
+    // The list's context menu at a global position (jump list only).
+    void OnContextMenu(const QPoint& globalPosition);
+
+signals:
+    // A logbook was opened by the Open command (the frame runs the reminders).
+    void logbookOpened();
+    // New saved an empty logbook (the profile, equipment and preferences dialogs follow).
+    void logbookCreated();
+    // The document changed: commands and title may need updating.
+    void stateChanged();
+
+private:
+    // Runs the jump editor on jump (null: a new jump), starting on page; true after an OK
+    // that changed the logbook.
+    bool EditJump(CJump* jump, int page);
+    QString StartFolder() const;
+
+    CLogbookDoc& m_doc;
+    const CUnitSettings& m_units;
+    CAppServices m_services;
+    CLogbookView& m_view;
+    QWidget* m_window;
+};

@@ -1,0 +1,119 @@
+// The jump editor on large logbooks: how long from the New-jump command (and from a tap on the
+// last row of the jump list) until the editor is on screen, and how long OK takes until the list
+// and the summary show the result. Logbooks of 1,000, 10,000 and 100,000 generated jumps; each
+// time is the median of several runs. Target: at most 100 ms each at 100,000 jumps, growing at
+// most linearly. Run with QT_QPA_PLATFORM=offscreen where there is no display.
+
+#include "CLogbookGenerator.h"
+
+#include "app/AppCommands.h"
+#include "app/CJumpListCtrl.h"
+#include "app/CLogbookCommands.h"
+#include "app/CLogbookView.h"
+#include "app/CMainFrame.h"
+#include "app/CSplashWnd.h"
+#include "app/IFileChooser.h"
+#include "app/IPictureViewer.h"
+#include "controls/IDialogRunner.h"
+#include "controls/IMessageSink.h"
+#include "document/IClock.h"
+#include "units/CMemorySettingsStore.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QElapsedTimer>
+
+#include <algorithm>
+#include <cstdio>
+#include <vector>
+
+namespace {
+
+// Message boxes and the outside world stay silent during the measurement.
+class CQuietServices final : public IMessageSink, public IFileChooser, public IPictureViewer
+{
+public:
+    void Error(const QString&) override {}
+    void Information(const QString&) override {}
+    void Warning(const QString&) override {}
+    bool AskYesNo(const QString&) override { return false; }
+    Answer AskYesNoCancel(const QString&) override { return Answer::Cancel; }
+    void About(const QString&, const QString&) override {}
+    QString ChooseOpen(const QString&) override { return {}; }
+    QString ChooseSave(const QString&) override { return {}; }
+    bool Open(const QString&) override { return false; }
+};
+
+// Shows the editor, notes when it is on screen, and presses OK (with a changed place, so that
+// OK has something to write).
+class CTimingRunner final : public IDialogRunner
+{
+public:
+    int Run(QDialog& dialog) override
+    {
+        dialog.show();
+        QCoreApplication::processEvents();
+        shownAt = clock.nsecsElapsed();
+        dialog.findChild<QComboBox*>(QStringLiteral("jumpPlace"))->setEditText(QStringLiteral("Bench %1").arg(++runs));
+        dialog.accept();
+        return dialog.result();
+    }
+
+    QElapsedTimer clock;
+    qint64 shownAt = 0;
+    int runs = 0;
+};
+
+double Median(std::vector<double> values)
+{
+    std::sort(values.begin(), values.end());
+    return values[values.size() / 2];
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    QApplication application(argc, argv);
+    const int repeats = argc > 1 && std::string(argv[1]) == "--quick" ? 3 : 7;
+    std::printf("%-8s %14s %14s %14s %14s\n", "jumps", "new: shown ms", "new: OK ms", "tap: shown ms",
+                "tap: OK ms");
+    for (int jumps : {1000, 10000, 100000})
+    {
+        CMemorySettingsStore settings;
+        CFixedClock clock(CDateTime(2025, 1, 2, 12, 0, 0));
+        CQuietServices quiet;
+        CTimingRunner runner;
+        CAppServices services{&settings, &clock, &quiet, &quiet, &quiet, &runner};
+        CMainFrame frame(services);
+        CSplashWnd::EndSplash();
+        CGeneratorOptions options;
+        options.jumps = jumps;
+        CLogbookGenerator(options).Fill(frame.GetDocument());
+        frame.GetDocument().SetPath("/tmp/bench-editor.tvz");
+        frame.resize(360, 640);
+        frame.show();
+        CLogbookView* view = frame.GetView();
+        view->OnViewJumpList();
+
+        std::vector<double> times[4];
+        for (int run = 0; run < repeats; ++run)
+        {
+            for (int kind = 0; kind < 2; ++kind)
+            {
+                runner.clock.start();
+                if (kind == 0)
+                    frame.GetCommands()->Execute(AppCommands::ID_JUMP_NEW);
+                else
+                    frame.GetCommands()->OnRowActivated(view->GetList()->topLevelItemCount() - 1);
+                const qint64 done = runner.clock.nsecsElapsed();
+                times[kind * 2].push_back(runner.shownAt / 1e6);
+                times[kind * 2 + 1].push_back((done - runner.shownAt) / 1e6);
+            }
+        }
+        std::printf("%-8d %14.1f %14.1f %14.1f %14.1f\n", jumps, Median(times[0]), Median(times[1]), Median(times[2]),
+                    Median(times[3]));
+        frame.GetDocument().SetModified(false);
+    }
+    return 0;
+}
