@@ -6,6 +6,7 @@
 #include <QAbstractItemView>
 #include <QComboBox>
 #include <QGridLayout>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 
@@ -32,22 +33,34 @@ QGridLayout* CDlgJumpPage::MakeGrid(QWidget* page)
     return grid;
 }
 
-QLabel* CDlgJumpPage::AddRow(QGridLayout* grid, int row, const QString& label, QWidget* field, const QString& unit)
+QLabel* CDlgJumpPage::AddRow(QGridLayout* grid, int row, const QString& label, QWidget* field)
 {
     auto* caption = new QLabel(label, this);
     caption->setBuddy(field);
     grid->addWidget(caption, row, 0);
-    if (unit.isNull())
+    grid->addWidget(field, row, 1);
+    return caption;
+}
+
+QLabel* CDlgJumpPage::AddCompactRow(QGridLayout* grid, int row, const QString& label, QWidget* field,
+                                    const QString& unit)
+{
+    // Numbers and dates keep a handy width on a wide screen, with their unit right beside them.
+    field->setMaximumWidth(field->fontMetrics().horizontalAdvance(QStringLiteral("0")) * 9 + 64);
+    auto* line = new QWidget(this);
+    auto* layout = new QHBoxLayout(line);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(4);
+    layout->addWidget(field, 1);
+    if (!unit.isEmpty())
     {
-        grid->addWidget(field, row, 1, 1, 2);
-    }
-    else
-    {
-        grid->addWidget(field, row, 1);
-        auto* unitLabel = new QLabel(unit, this);
+        auto* unitLabel = new QLabel(unit, line);
         unitLabel->setObjectName(field->objectName() + QStringLiteral("Unit"));
-        grid->addWidget(unitLabel, row, 2);
+        layout->addWidget(unitLabel);
     }
+    layout->addStretch(0);
+    QLabel* caption = AddRow(grid, row, label, line);
+    caption->setBuddy(field);
     return caption;
 }
 
@@ -67,8 +80,16 @@ QComboBox* CDlgJumpPage::MakeCombo(const std::vector<std::string>& items, const 
         entries.sort(Qt::CaseInsensitive);
     combo->addItems(entries);
     combo->setCurrentIndex(-1);
-    combo->setEditText(DialogText::ToQt(text));
+    SetComboText(combo, text);
     // The list shows whole entries even where the field is narrow.
     combo->view()->setMinimumWidth(160);
     return combo;
+}
+
+void CDlgJumpPage::SetComboText(QComboBox* combo, const std::string& text)
+{
+    combo->setEditText(DialogText::ToQt(text));
+    // A long text shows its beginning, where a rig's number and a name start.
+    if (combo->lineEdit())
+        combo->lineEdit()->setCursorPosition(0);
 }

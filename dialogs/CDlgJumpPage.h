@@ -25,12 +25,17 @@ protected:
     // The editor's page number of this page.
     virtual int PageNumber() const = 0;
 
-    // A label in the first column of the grid, buddy of field.
-    QLabel* AddRow(QGridLayout* grid, int row, const QString& label, QWidget* field, const QString& unit = {});
+    // A row of the grid: the label, buddy of field, and the field over the rest of the row.
+    QLabel* AddRow(QGridLayout* grid, int row, const QString& label, QWidget* field);
+    // A row whose field (a number or a date) keeps a handy width, with its unit beside it.
+    QLabel* AddCompactRow(QGridLayout* grid, int row, const QString& label, QWidget* field,
+                          const QString& unit = {});
+    // Shows text in an editable combo from its beginning.
+    static void SetComboText(QComboBox* combo, const std::string& text);
     // An editable drop-down with the given entries, the current text set.
     static QComboBox* MakeCombo(const std::vector<std::string>& items, const std::string& text, bool sorted,
                                 QWidget* parent);
-    // The label column of every page has the same width hint, so pages line up.
+    // The grid of label and field rows every page is laid out in.
     static QGridLayout* MakeGrid(QWidget* page);
 
     CJumpEdit& m_edit;

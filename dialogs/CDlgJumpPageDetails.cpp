@@ -45,18 +45,20 @@ CDlgJumpPageDetails::CDlgJumpPageDetails(CJumpEdit& edit, const CJumpEdit::PickL
     }
 
     QGridLayout* grid = MakeGrid(this);
-    AddRow(grid, 0, tr("Jump"), m_number, QString());
-    AddRow(grid, 1, tr("Date"), m_date);
+    AddCompactRow(grid, 0, tr("Jump"), m_number);
+    AddCompactRow(grid, 1, tr("Date"), m_date);
     auto* timeRow = new QWidget(this);
     auto* timeLayout = new QHBoxLayout(timeRow);
     timeLayout->setContentsMargins(0, 0, 0, 0);
     timeLayout->setSpacing(4);
     timeLayout->addWidget(m_time, 1);
     timeLayout->addWidget(m_noTime);
+    m_time->setMaximumWidth(m_time->fontMetrics().horizontalAdvance(QStringLiteral("0")) * 9 + 64);
+    timeLayout->addStretch(0);
     m_timeLabel = AddRow(grid, 2, tr("Time"), timeRow);
     m_timeLabel->setBuddy(m_time);
-    AddRow(grid, 3, tr("Exit"), m_exit, heightUnit);
-    AddRow(grid, 4, tr("Open"), m_open, heightUnit);
+    AddCompactRow(grid, 3, tr("Exit"), m_exit, heightUnit);
+    AddCompactRow(grid, 4, tr("Open"), m_open, heightUnit);
     m_equipment = MakeCombo(lists.equipment, {}, false, this);
     m_equipment->setObjectName(QStringLiteral("jumpEquipment"));
     AddRow(grid, 5, tr("Equipment"), m_equipment);
@@ -82,8 +84,8 @@ void CDlgJumpPageDetails::Initialise()
 {
     const CJumpValues& v = m_edit.Values();
     m_number->SetValue(v.number);
-    m_equipment->setEditText(ToQt(v.equipment));
-    m_malfunction->setEditText(ToQt(v.malfunction));
+    SetComboText(m_equipment, v.equipment);
+    SetComboText(m_malfunction, v.malfunction);
     ShowRecordedValues();
     if (m_edit.IsViewOnly())
     {

@@ -43,12 +43,12 @@ CDlgJumpPageFallrate::CDlgJumpPageFallrate(CJumpEdit& edit, QWidget* parent)
 
     QGridLayout* grid = MakeGrid(this);
     AddRow(grid, 0, tr("Fallrate"), m_kind);
-    AddRow(grid, 1, tr("Delay"), m_delay, QStringLiteral("s"));
-    AddRow(grid, 2, tr("VMax"), m_vMax, ToQt(units.SpeedLabel()));
-    AddRow(grid, 3, tr("VAvg"), m_vAvg, ToQt(units.SpeedLabel()));
-    QLabel* windLabel = AddRow(grid, 4, tr("Wind"), m_wind, ToQt(units.WindLabel()));
+    AddCompactRow(grid, 1, tr("Delay"), m_delay, QStringLiteral("s"));
+    AddCompactRow(grid, 2, tr("VMax"), m_vMax, ToQt(units.SpeedLabel()));
+    AddCompactRow(grid, 3, tr("VAvg"), m_vAvg, ToQt(units.SpeedLabel()));
+    QLabel* windLabel = AddCompactRow(grid, 4, tr("Wind"), m_wind, ToQt(units.WindLabel()));
     grid->addWidget(m_noWind, 5, 1, 1, 2);
-    QLabel* directionLabel = AddRow(grid, 6, tr("Direction"), m_direction, QStringLiteral("\u00b0"));
+    QLabel* directionLabel = AddCompactRow(grid, 6, tr("Direction"), m_direction, QStringLiteral("\u00b0"));
     grid->setRowStretch(7, 1);
     m_windParts = {windLabel, m_wind, directionLabel, m_direction};
     for (const char* unit : {"jumpWindUnit", "jumpDirectionUnit"})

@@ -38,8 +38,8 @@ CDlgJumpPageInfo::CDlgJumpPageInfo(CJumpEdit& edit, const CJumpEdit::PickLists& 
     AddRow(grid, 1, tr("Aircraft"), m_aircraft);
     AddRow(grid, 2, tr("Type"), m_type);
     AddRow(grid, 3, tr("Landing"), m_landing);
-    AddRow(grid, 4, tr("Size"), m_size, QString());
-    AddRow(grid, 5, tr("Points"), m_points, QString());
+    AddCompactRow(grid, 4, tr("Size"), m_size);
+    AddCompactRow(grid, 5, tr("Points"), m_points);
     AddRow(grid, 6, tr("Team"), m_team);
     grid->setRowStretch(7, 1);
 
@@ -55,13 +55,13 @@ CDlgJumpPageInfo::CDlgJumpPageInfo(CJumpEdit& edit, const CJumpEdit::PickLists& 
 void CDlgJumpPageInfo::Initialise()
 {
     const CJumpValues& v = m_edit.Values();
-    m_place->setEditText(ToQt(v.place));
-    m_aircraft->setEditText(ToQt(v.aircraft));
-    m_type->setEditText(ToQt(v.type));
-    m_landing->setEditText(ToQt(v.landing));
+    SetComboText(m_place, v.place);
+    SetComboText(m_aircraft, v.aircraft);
+    SetComboText(m_type, v.type);
+    SetComboText(m_landing, v.landing);
     m_size->SetValue(v.size);
     m_points->SetValue(v.points);
-    m_team->setEditText(ToQt(v.team));
+    SetComboText(m_team, v.team);
     if (m_edit.IsViewOnly())
     {
         for (QWidget* control : std::initializer_list<QWidget*>{m_place, m_aircraft, m_type, m_landing, m_team})

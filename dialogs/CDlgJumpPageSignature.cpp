@@ -35,7 +35,7 @@ CDlgJumpPageSignature::CDlgJumpPageSignature(CJumpEdit& edit, const CJumpEdit::P
 void CDlgJumpPageSignature::Initialise()
 {
     const CJumpValues& v = m_edit.Values();
-    m_signer->setEditText(DialogText::ToQt(v.signer));
+    SetComboText(m_signer, v.signer);
     m_signature->SetStrokes(v.strokes);
     m_signature->AttachUndoButton(m_undo);
     if (m_edit.IsViewOnly())
