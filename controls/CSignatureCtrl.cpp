@@ -10,12 +10,24 @@
 #include <algorithm>
 #include <cmath>
 
+namespace {
+
+// The two-pixel frame and a two-pixel margin inside it, so that strokes on the area's edge keep
+// clear of the frame.
+constexpr int kFrame = 2;
+constexpr int kInset = kFrame + 2;
+
+} // namespace
+
 CSignatureCtrl::CSignatureCtrl(QWidget* parent) : QWidget(parent)
 {
     setObjectName(QStringLiteral("signatureCtrl"));
     setAttribute(Qt::WA_AcceptTouchEvents);
     setAttribute(Qt::WA_OpaquePaintEvent);
-    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+    // Wider when there is room, as high as the width asks for.
+    QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+    policy.setHeightForWidth(true);
+    setSizePolicy(policy);
     setCursor(Qt::CrossCursor);
     setFocusPolicy(Qt::StrongFocus);
 }
@@ -45,8 +57,13 @@ void CSignatureCtrl::SetReadOnly(bool readOnly)
 {
     m_readOnly = readOnly;
     m_drawing = false;
-    setCursor(readOnly ? Qt::ArrowCursor : Qt::CrossCursor);
-    Changed();
+    m_touchId = -1;
+    if (readOnly)
+        unsetCursor();
+    else
+        setCursor(Qt::CrossCursor);
+    UpdateUndoButton();
+    update();
 }
 
 void CSignatureCtrl::AttachUndoButton(QAbstractButton* button)
@@ -56,35 +73,40 @@ void CSignatureCtrl::AttachUndoButton(QAbstractButton* button)
     m_undo = button;
     if (button)
         connect(button, &QAbstractButton::clicked, this, &CSignatureCtrl::RemoveLastStroke);
-    Changed();
+    UpdateUndoButton();
 }
 
 void CSignatureCtrl::Changed()
 {
-    if (m_undo)
-        m_undo->setEnabled(!m_readOnly && !m_strokes.empty());
+    UpdateUndoButton();
     update();
     emit strokesChanged();
 }
 
+void CSignatureCtrl::UpdateUndoButton()
+{
+    if (m_undo)
+        m_undo->setEnabled(!m_readOnly && !m_strokes.empty());
+}
+
 QSize CSignatureCtrl::sizeHint() const
 {
-    return QSize(kLogicalWidth, kLogicalHeight) + QSize(4, 4);
+    return QSize(kLogicalWidth + 2 * kInset, kLogicalHeight + 2 * kInset);
 }
 
 QSize CSignatureCtrl::minimumSizeHint() const
 {
-    return QSize(kLogicalWidth * 2 / 3, kLogicalHeight * 2 / 3);
+    return QSize(kLogicalWidth * 2 / 3 + 2 * kInset, kLogicalHeight * 2 / 3 + 2 * kInset);
 }
 
 int CSignatureCtrl::heightForWidth(int width) const
 {
-    return (width - 4) * kLogicalHeight / kLogicalWidth + 4;
+    return (width - 2 * kInset) * kLogicalHeight / kLogicalWidth + 2 * kInset;
 }
 
 double CSignatureCtrl::Scale() const
 {
-    const QRectF inner = QRectF(rect()).adjusted(2, 2, -2, -2);
+    const QRectF inner = QRectF(rect()).adjusted(kInset, kInset, -kInset, -kInset);
     return std::max(0.01, std::min(inner.width() / kLogicalWidth, inner.height() / kLogicalHeight));
 }
 
@@ -102,7 +124,7 @@ bool CSignatureCtrl::ToLogical(const QPointF& position, CPoint& point) const
     const double scale = Scale();
     const int x = static_cast<int>(std::lround((position.x() - area.left()) / scale));
     const int y = static_cast<int>(std::lround((position.y() - area.top()) / scale));
-    if (x < 0 || y < 0 || x > kLogicalWidth || y > kLogicalHeight)
+    if (x < 0 || y < 0 || x >= kLogicalWidth || y >= kLogicalHeight)
         return false;
     point = {x, y};
     return true;
@@ -115,6 +137,19 @@ QPointF CSignatureCtrl::ToWidget(const CPoint& point) const
     return {area.left() + point.x * scale, area.top() + point.y * scale};
 }
 
+double CSignatureCtrl::PenWidth() const
+{
+    return std::max(1.0, Scale());
+}
+
+QRect CSignatureCtrl::DotRect(const QPointF& centre) const
+{
+    // Whole pixels, so that a tap stays a crisp dot instead of a grey smudge at small scales.
+    const int side = std::max(1, static_cast<int>(std::lround(PenWidth())));
+    return {static_cast<int>(std::lround(centre.x() - side / 2.0)),
+            static_cast<int>(std::lround(centre.y() - side / 2.0)), side, side};
+}
+
 void CSignatureCtrl::StrokeStart(const QPointF& position)
 {
     CPoint point;
@@ -122,7 +157,9 @@ void CSignatureCtrl::StrokeStart(const QPointF& position)
         return;
     m_drawing = true;
     m_strokes.push_back({point});
-    Changed();
+    UpdateUndoButton();
+    update(DotRect(ToWidget(point)).adjusted(-1, -1, 1, 1));
+    emit strokesChanged();
 }
 
 void CSignatureCtrl::StrokeMove(const QPointF& position)
@@ -131,7 +168,7 @@ void CSignatureCtrl::StrokeMove(const QPointF& position)
         return;
     CPoint point;
     // Leaving the area ends the stroke; coming back adds nothing until the next press.
-    if (!rect().contains(position.toPoint()) || !ToLogical(position, point))
+    if (!ToLogical(position, point))
     {
         m_drawing = false;
         return;
@@ -141,7 +178,7 @@ void CSignatureCtrl::StrokeMove(const QPointF& position)
         return;
     const QPointF from = ToWidget(stroke.back());
     stroke.push_back(point);
-    const double pen = std::max(1.0, Scale()) + 2;
+    const double pen = PenWidth() / 2 + 2;
     update(QRectF(from, ToWidget(point)).normalized().adjusted(-pen, -pen, pen, pen).toAlignedRect());
     emit strokesChanged();
 }
@@ -196,18 +233,34 @@ bool CSignatureCtrl::event(QEvent* event)
     case QEvent::TouchBegin:
     case QEvent::TouchUpdate:
     case QEvent::TouchEnd:
+    case QEvent::TouchCancel:
     {
-        auto* touch = static_cast<QTouchEvent*>(event);
-        if (touch->points().isEmpty())
-            return true;
-        const QPointF position = touch->points().first().position();
-        if (event->type() == QEvent::TouchBegin)
-            StrokeStart(position);
-        else if (event->type() == QEvent::TouchUpdate)
-            StrokeMove(position);
-        else
-            StrokeEnd();
+        // Accepted, so that Qt makes no mouse events from the touch as well.
         event->accept();
+        auto* touch = static_cast<QTouchEvent*>(event);
+        if (event->type() == QEvent::TouchCancel)
+        {
+            m_touchId = -1;
+            StrokeEnd();
+            return true;
+        }
+        if (event->type() == QEvent::TouchBegin && !touch->points().isEmpty())
+            m_touchId = touch->points().first().id();
+        // Only the finger that came down first draws.
+        for (const QEventPoint& point : touch->points())
+        {
+            if (point.id() != m_touchId)
+                continue;
+            if (point.state() == QEventPoint::Pressed)
+                StrokeStart(point.position());
+            else if (point.state() == QEventPoint::Released)
+            {
+                m_touchId = -1;
+                StrokeEnd();
+            }
+            else
+                StrokeMove(point.position());
+        }
         return true;
     }
     default: return QWidget::event(event);
@@ -219,23 +272,18 @@ void CSignatureCtrl::paintEvent(QPaintEvent* event)
     QPainter painter(this);
     const QColor face = m_readOnly ? palette().color(QPalette::Window) : QColor(Qt::white);
     painter.fillRect(event->rect(), face);
-    // A sunken frame, so that the white area stands out on a white dialog.
-    painter.setPen(palette().color(QPalette::Mid));
-    painter.drawRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5));
-
+    // Nothing is drawn over the frame, however large the pen.
+    painter.setClipRect(rect().adjusted(kFrame, kFrame, -kFrame, -kFrame), Qt::IntersectClip);
     painter.setRenderHint(QPainter::Antialiasing);
-    const double width = std::max(1.0, Scale());
-    painter.setPen(QPen(Qt::black, width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    painter.setBrush(Qt::black);
+    painter.setPen(QPen(Qt::black, PenWidth(), Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     for (const Stroke& stroke : m_strokes)
     {
+        if (stroke.empty())
+            continue;
         if (stroke.size() == 1)
         {
-            // A tap is one dot of the pen's width.
-            const QPointF centre = ToWidget(stroke.front());
-            painter.setPen(Qt::NoPen);
-            painter.drawRect(QRectF(centre.x() - width / 2, centre.y() - width / 2, width, width));
-            painter.setPen(QPen(Qt::black, width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+            // A tap is one pixel of the handheld, enlarged like everything else.
+            painter.fillRect(DotRect(ToWidget(stroke.front())), Qt::black);
             continue;
         }
         QPainterPath path(ToWidget(stroke.front()));
@@ -243,4 +291,22 @@ void CSignatureCtrl::paintEvent(QPaintEvent* event)
             path.lineTo(ToWidget(stroke[i]));
         painter.strokePath(path, painter.pen());
     }
+    painter.setClipping(false);
+    PaintFrame(painter);
+}
+
+void CSignatureCtrl::PaintFrame(QPainter& painter) const
+{
+    // Sunken: dark above and on the left with a softer line inside, lighter below and on the
+    // right, and visible all round on a white dialog.
+    const QColor dark = palette().color(QPalette::Dark);
+    const QColor mid = palette().color(QPalette::Mid);
+    const int w = width();
+    const int h = height();
+    painter.fillRect(0, 0, w, 1, dark);
+    painter.fillRect(0, 0, 1, h, dark);
+    painter.fillRect(1, h - 1, w - 1, 1, mid);
+    painter.fillRect(w - 1, 1, 1, h - 1, mid);
+    painter.fillRect(1, 1, w - 2, 1, mid);
+    painter.fillRect(1, 1, 1, h - 2, mid);
 }

@@ -8,6 +8,7 @@
 #include <vector>
 
 class QAbstractButton;
+class QPainter;
 
 // The area a witness signs in with a finger, a pen or the mouse. Strokes are kept in one fixed
 // logical space of 240x100 points (the handheld's signature area in its own pixels, so
@@ -18,17 +19,21 @@ class CSignatureCtrl : public QWidget
     Q_OBJECT
 
 public:
+    // One stroke: its points in the order they were drawn.
     using Stroke = std::vector<CPoint>;
 
     // The logical coordinate space of the strokes.
     static constexpr int kLogicalWidth = 240;
     static constexpr int kLogicalHeight = 100;
 
+    // An empty, writable area.
     explicit CSignatureCtrl(QWidget* parent = nullptr);
 
     // Replaces every stroke by a copy of strokes.
     void SetStrokes(const std::vector<Stroke>& strokes);
+    // The strokes, oldest first.
     const std::vector<Stroke>& Strokes() const { return m_strokes; }
+    // True when there is no stroke.
     bool IsEmpty() const { return m_strokes.empty(); }
     // Removes every stroke.
     void Clear();
@@ -36,13 +41,17 @@ public:
     void RemoveLastStroke();
     // A read-only control ignores input and shows the dialog's face instead of white.
     void SetReadOnly(bool readOnly);
+    // True when input is ignored.
     bool IsReadOnly() const { return m_readOnly; }
     // The button that removes the last stroke: a click on it does, and it is enabled exactly
     // while the control is writable and holds a stroke.
     void AttachUndoButton(QAbstractButton* button);
 
+    // One widget pixel per logical point, with the frame.
     QSize sizeHint() const override;
+    // Two thirds of that, small enough for a 240 pixel wide screen.
     QSize minimumSizeHint() const override;
+    // The height that keeps the area's proportions at a width.
     bool hasHeightForWidth() const override { return true; }
     int heightForWidth(int width) const override;
 
@@ -65,13 +74,23 @@ private:
     // A widget position as a logical point; false when it lies outside the logical area.
     bool ToLogical(const QPointF& position, CPoint& point) const;
     QPointF ToWidget(const CPoint& point) const;
+    // The pen's width in widget pixels.
+    double PenWidth() const;
+    // The widget pixels a tap at a widget position is painted on.
+    QRect DotRect(const QPointF& centre) const;
     void StrokeStart(const QPointF& position);
     void StrokeMove(const QPointF& position);
     void StrokeEnd();
+    // After the strokes changed: the undo button, a repaint of everything and the signal.
     void Changed();
+    void UpdateUndoButton();
+    void PaintFrame(QPainter& painter) const;
 
     std::vector<Stroke> m_strokes;
     bool m_readOnly = false;
+    // From a press inside the area until the release or until the pointer leaves the area.
     bool m_drawing = false;
+    // The touch point that draws; further fingers are ignored.
+    int m_touchId = -1;
     QPointer<QAbstractButton> m_undo;
 };
