@@ -95,6 +95,15 @@ void CJumpListCtrl::WriteRow(QTreeWidgetItem* row, const CJump& jump) const
     row->setToolTip(PlaceColumn, row->text(PlaceColumn));
 }
 
+void CJumpListCtrl::InsertRow(int row, const CJump& jump)
+{
+    auto* item = new QTreeWidgetItem;
+    WriteRow(item, jump);
+    insertTopLevelItem(row, item);
+    SizeColumns();
+    ShowRow(row);
+}
+
 void CJumpListCtrl::UpdateRow(int row)
 {
     QTreeWidgetItem* item = topLevelItem(row);

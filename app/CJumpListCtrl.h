@@ -42,6 +42,8 @@ public:
     int IconIndexAt(int row) const;
     // Removes the row of this jump; false when no row shows it.
     bool RemoveJumpRow(const CJump* jump);
+    // Puts a row for jump at row, selected and in view (a jump just added).
+    void InsertRow(int row, const CJump& jump);
     // Writes the row's icon and cells again from its jump (after the jump was edited).
     void UpdateRow(int row);
     // The row of a jump, or -1.

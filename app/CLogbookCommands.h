@@ -80,4 +80,6 @@ private:
     CAppServices m_services;
     CLogbookView& m_view;
     QWidget* m_window;
+    // The jump the last run of the editor added, or null.
+    const CJump* m_lastAdded = nullptr;
 };

@@ -36,6 +36,7 @@ bool CLogbookCommands::EditJump(CJump* jump, int page)
     if (RunDialog(m_services.dialogs, dialog) != QDialog::Accepted)
         return false;
     const CJumpEdit::ApplyResult& result = dialog.Result();
+    m_lastAdded = jump ? nullptr : result.jump;
     if (!result.ok)
     {
         // The editor showed what went wrong; the totals and list show what the logbook holds.
@@ -47,15 +48,29 @@ bool CLogbookCommands::EditJump(CJump* jump, int page)
 
 void CLogbookCommands::OnJumpNew()
 {
-    if (!EditJump(nullptr, CJumpEdit::PageDetails))
+    const std::size_t before = m_doc.GetJumpCount();
+    if (!EditJump(nullptr, CJumpEdit::PageDetails) || m_doc.GetJumpCount() != before + 1)
         return;
-    // The new jump shows in the summary, in a list that is on screen, and in the buttons.
+    // The new jump shows in the summary, in a list that is on screen, and in the buttons. Its
+    // row goes where the jump went, so that a long list is not built again.
     const ViewMode mode = m_view.GetViewMode();
     if (mode == ViewMode::JumpList || mode == ViewMode::SignList)
     {
-        CJumpListCtrl* list = m_view.GetList();
-        list->Fill(m_doc, mode == ViewMode::SignList);
-        list->ShowRow(list->RowOf(m_doc.GetLastJump()));
+        const auto& jumps = m_doc.GetJumps();
+        const CJump* added = nullptr;
+        int row = 0;
+        for (const auto& jump : jumps)
+        {
+            if (jump.get() == m_lastAdded)
+            {
+                added = jump.get();
+                break;
+            }
+            if (mode == ViewMode::JumpList || !jump->IsSigned())
+                ++row;
+        }
+        if (added)
+            m_view.GetList()->InsertRow(row, *added);
     }
     m_view.SetViewMode(mode);
 }

@@ -21,6 +21,8 @@
 
 #include <QApplication>
 #include <QComboBox>
+#include <QDialog>
+#include <QSpinBox>
 #include <QElapsedTimer>
 
 #include <algorithm>
@@ -35,13 +37,15 @@ class CQuietServices final : public IMessageSink, public IFileChooser, public IP
 public:
     void Error(const QString&) override {}
     void Information(const QString&) override {}
-    void Warning(const QString&) override {}
+    void Warning(const QString& text) override { last = text; }
     bool AskYesNo(const QString&) override { return false; }
     Answer AskYesNoCancel(const QString&) override { return Answer::Cancel; }
     void About(const QString&, const QString&) override {}
     QString ChooseOpen(const QString&) override { return {}; }
     QString ChooseSave(const QString&) override { return {}; }
     bool Open(const QString&) override { return false; }
+    // The last refusal of an editor.
+    QString last;
 };
 
 // Shows the editor, notes when it is on screen, and presses OK (with a changed place, so that
@@ -55,13 +59,19 @@ public:
         QCoreApplication::processEvents();
         shownAt = clock.nsecsElapsed();
         dialog.findChild<QComboBox*>(QStringLiteral("jumpPlace"))->setEditText(QStringLiteral("Bench %1").arg(++runs));
+        if (number > 0)
+            dialog.findChild<QSpinBox*>(QStringLiteral("jumpNumber"))->setValue(number);
         dialog.accept();
-        return dialog.result();
+        lastResult = dialog.result();
+        return lastResult;
     }
 
     QElapsedTimer clock;
     qint64 shownAt = 0;
     int runs = 0;
+    int lastResult = QDialog::Rejected;
+    // The number a new jump is given (0: the editor's proposal).
+    int number = 0;
 };
 
 double Median(std::vector<double> values)
@@ -81,6 +91,8 @@ int main(int argc, char** argv)
     for (int jumps : {1000, 10000, 100000})
     {
         CMemorySettingsStore settings;
+        // New jumps without wind: the last generated jump may have none to copy.
+        settings.SetInt("Jump", "HasWind", 0);
         CFixedClock clock(CDateTime(2025, 1, 2, 12, 0, 0));
         CQuietServices quiet;
         CTimingRunner runner;
@@ -90,30 +102,57 @@ int main(int argc, char** argv)
         CGeneratorOptions options;
         options.jumps = jumps;
         CLogbookGenerator(options).Fill(frame.GetDocument());
+        // Jump numbers end at 99,999 and a large generated logbook uses them up: new jumps get
+        // the lowest free number instead of the one after the last.
+        CLogbookDoc& doc = frame.GetDocument();
+        int freeNumber = 1;
+        while (doc.HasJumpNumber(freeNumber))
+            ++freeNumber;
         frame.GetDocument().SetPath("/tmp/bench-editor.tvz");
         frame.resize(360, 640);
         frame.show();
         CLogbookView* view = frame.GetView();
         view->OnViewJumpList();
+        // The tap goes to the newest row whose number the editor accepts.
+        int tapRow = view->GetList()->topLevelItemCount() - 1;
+        while (tapRow > 0 && view->GetList()->JumpAt(tapRow)->GetNumber() > 99999)
+            --tapRow;
 
         std::vector<double> times[4];
         for (int run = 0; run < repeats; ++run)
         {
             for (int kind = 0; kind < 2; ++kind)
             {
+                runner.number = kind == 0 ? freeNumber : 0;
                 runner.clock.start();
                 if (kind == 0)
                     frame.GetCommands()->Execute(AppCommands::ID_JUMP_NEW);
                 else
-                    frame.GetCommands()->OnRowActivated(view->GetList()->topLevelItemCount() - 1);
+                    frame.GetCommands()->OnRowActivated(tapRow);
                 const qint64 done = runner.clock.nsecsElapsed();
+                if (runner.lastResult != QDialog::Accepted)
+                {
+                    std::printf("the editor refused OK: %s\n", qPrintable(quiet.last));
+                    return 1;
+                }
                 times[kind * 2].push_back(runner.shownAt / 1e6);
                 times[kind * 2 + 1].push_back((done - runner.shownAt) / 1e6);
+                // The new jump goes again (untimed), so the next run's number is free too.
+                if (kind == 0)
+                {
+                    for (const auto& jump : doc.GetJumps())
+                        if (jump->GetNumber() == freeNumber)
+                        {
+                            view->GetList()->RemoveJumpRow(jump.get());
+                            doc.RemoveJump(static_cast<std::size_t>(doc.IndexOf(jump.get())));
+                            break;
+                        }
+                }
             }
         }
         std::printf("%-8d %14.1f %14.1f %14.1f %14.1f\n", jumps, Median(times[0]), Median(times[1]), Median(times[2]),
                     Median(times[3]));
-        frame.GetDocument().SetModified(false);
+        doc.SetModified(false);
     }
     return 0;
 }
