@@ -1,17 +1,12 @@
 #include "app/CDateText.h"
 
-#include <QLocale>
+#include "dialogs/DialogText.h"
 
-QDate CDateText::ToQDate(const CDateTime& date)
-{
-    if (!date.IsValid())
-        return {};
-    return QDate(date.Year(), date.Month(), date.Day());
-}
+#include <QLocale>
 
 QString CDateText::ShortDate(const CDateTime& date)
 {
-    const QDate day = ToQDate(date);
+    const QDate day = DialogText::ToQDate(date);
     if (!day.isValid())
         return {};
     return QLocale().toString(day, QLocale::ShortFormat);

@@ -9,8 +9,6 @@
 class CDateText
 {
 public:
-    // The calendar day of a valid date-time; a null QDate otherwise.
-    static QDate ToQDate(const CDateTime& date);
     // The short date text of the default locale; the empty text for a date that is not valid.
     static QString ShortDate(const CDateTime& date);
 };

@@ -2,6 +2,7 @@
 
 #include "dialogs/CDlgUserOwner.h"
 #include "dialogs/DialogText.h"
+#include "editing/TrimBlanks.h"
 #include "resources/StringTable.h"
 
 #include <QCheckBox>
@@ -107,6 +108,6 @@ void CDlgUserPageMembership::OnEditOwner()
         return;
     m_edit.ownerName = DialogText::FromQt(dialog.Name());
     m_edit.memberNumber = DialogText::FromQt(dialog.MemberNumber());
-    m_name->setText(DialogText::ToQt(CUserProfileEdit::Trim(m_edit.ownerName)));
-    m_number->setText(DialogText::ToQt(CUserProfileEdit::Trim(m_edit.memberNumber)));
+    m_name->setText(DialogText::ToQt(TrimBlanks(m_edit.ownerName)));
+    m_number->setText(DialogText::ToQt(TrimBlanks(m_edit.memberNumber)));
 }

@@ -1,6 +1,7 @@
 #include "editing/CEquipmentEdit.h"
 
 #include "editing/CUserProfileEdit.h"
+#include "editing/TrimBlanks.h"
 #include "model/CEquipment.h"
 #include "resources/StringTable.h"
 
@@ -25,7 +26,7 @@ CCheckResult CEquipmentEdit::Validate()
 {
     for (std::string* text : {&harness, &harnessSerial, &mainCanopy, &mainSerial, &reserveCanopy, &reserveSerial,
                               &aad, &aadSerial})
-        *text = CUserProfileEdit::Trim(*text);
+        *text = TrimBlanks(*text);
 
     if (CCheckResult result = CheckRange(previousJumps, 0, kMaxPreviousJumps, PreviousJumps); !result)
         return result;

@@ -1,31 +1,17 @@
 #include "editing/CUserProfileEdit.h"
 
+#include "editing/TrimBlanks.h"
+
 #include "model/CLogbookSettings.h"
 #include "resources/StringTable.h"
 
 namespace {
-
-bool IsBlank(char c)
-{
-    return c == ' ' || c == '\t' || c == '\r' || c == '\n' || c == '\v' || c == '\f';
-}
 
 constexpr int kListMessages[3] = {StringTable::IDS_MAX_LICENSES, StringTable::IDS_MAX_RATINGS,
                                   StringTable::IDS_MAX_AWARDS};
 constexpr int kListFields[3] = {CUserProfileEdit::Licenses, CUserProfileEdit::Ratings, CUserProfileEdit::Awards};
 
 } // namespace
-
-std::string CUserProfileEdit::Trim(std::string_view text)
-{
-    std::size_t begin = 0;
-    std::size_t end = text.size();
-    while (begin < end && IsBlank(text[begin]))
-        ++begin;
-    while (end > begin && IsBlank(text[end - 1]))
-        --end;
-    return std::string(text.substr(begin, end - begin));
-}
 
 std::string CUserProfileEdit::JoinList(const std::vector<std::string>& entries)
 {
@@ -41,7 +27,7 @@ std::string CUserProfileEdit::JoinList(const std::vector<std::string>& entries)
 std::vector<std::string> CUserProfileEdit::SplitList(std::string_view text)
 {
     // A lone "\n" counts as a line break too: edits on other systems hand back bare newlines.
-    const std::string whole = Trim(text);
+    const std::string whole = TrimBlanks(text);
     std::vector<std::string> entries;
     std::size_t start = 0;
     while (start <= whole.size())
@@ -49,7 +35,7 @@ std::vector<std::string> CUserProfileEdit::SplitList(std::string_view text)
         std::size_t end = whole.find('\n', start);
         if (end == std::string::npos)
             end = whole.size();
-        std::string piece = Trim(std::string_view(whole).substr(start, end - start));
+        std::string piece = TrimBlanks(std::string_view(whole).substr(start, end - start));
         if (!piece.empty())
             entries.push_back(std::move(piece));
         start = end + 1;
@@ -94,13 +80,13 @@ bool CUserProfileEdit::Apply(CLogbookSettings& settings) const
 {
     bool changed = settings.SetProfile(m_expires, expiryDate, m_alarm, daysPrior, SplitList(lists[LicenseList]),
                                        SplitList(lists[RatingList]), SplitList(lists[AwardList]));
-    const std::string name = Trim(ownerName);
+    const std::string name = TrimBlanks(ownerName);
     if (name != settings.GetOwnerName())
     {
         settings.SetOwnerName(name);
         changed = true;
     }
-    const std::string number = Trim(memberNumber);
+    const std::string number = TrimBlanks(memberNumber);
     if (number != settings.GetMembership().GetMemberNumber())
     {
         settings.GetMembership().SetMemberNumber(number);

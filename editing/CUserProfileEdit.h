@@ -34,8 +34,6 @@ public:
     // The entries of an edit's text: blanks trimmed off the whole text, cut at every line break,
     // each piece trimmed, empty pieces dropped.
     static std::vector<std::string> SplitList(std::string_view text);
-    // Blanks (spaces, tabs, line breaks) removed at both ends.
-    static std::string Trim(std::string_view text);
 
     // Clearing "Expires" clears the alarm as well.
     void SetExpires(bool expires);

@@ -2,7 +2,7 @@
 
 std::string TrimBlanks(std::string_view text)
 {
-    constexpr std::string_view blanks = " \t\r\n";
+    constexpr std::string_view blanks = " \t\r\n\v\f";
     const std::size_t first = text.find_first_not_of(blanks);
     if (first == std::string_view::npos)
         return {};

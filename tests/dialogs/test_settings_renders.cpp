@@ -4,6 +4,7 @@
 // checked: no label or button may be narrower or lower than it needs to show its text.
 
 #include "CRecordingMessages.h"
+#include "CRenderCheck.h"
 
 #include "controls/CKqPropertyPage.h"
 #include "dialogs/CDlgEquipment.h"
@@ -27,31 +28,6 @@ class TestSettingsRenders : public QObject
     Q_OBJECT
 
 private:
-    // The visible labels and buttons of the shown page that are cut short.
-    static QStringList Clipped(QWidget* root)
-    {
-        QStringList clipped;
-        for (QWidget* child : root->findChildren<QWidget*>())
-        {
-            if (!child->isVisibleTo(root))
-                continue;
-            const auto* label = qobject_cast<QLabel*>(child);
-            const auto* button = qobject_cast<QAbstractButton*>(child);
-            if ((!label || label->text().isEmpty()) && (!button || button->text().isEmpty()))
-                continue;
-            const QSize need = child->minimumSizeHint();
-            if (child->width() + 1 < need.width() || child->height() + 1 < need.height())
-                clipped.append(QStringLiteral("%1 '%2' %3x%4 < %5x%6")
-                                   .arg(child->metaObject()->className(),
-                                        label ? label->text() : button->text())
-                                   .arg(child->width())
-                                   .arg(child->height())
-                                   .arg(need.width())
-                                   .arg(need.height()));
-        }
-        return clipped;
-    }
-
     void Shoot(QDialog& dlg, const QString& name)
     {
         const QList<QSize> sizes = {{240, 320}, {320, 240}, {360, 640}, {1024, 768}};
@@ -75,7 +51,7 @@ private:
                 if (!m_folder.isEmpty())
                     QVERIFY(dlg.grab().save(QDir(m_folder).filePath(file)));
                 QWidget* shown = tabs ? tabs->currentWidget() : &dlg;
-                QVERIFY2(Clipped(shown).isEmpty(), qPrintable(file + ": " + Clipped(shown).join(QStringLiteral("; "))));
+                QVERIFY2(RenderCheck::Clipped(shown).isEmpty(), qPrintable(file + ": " + RenderCheck::Clipped(shown).join(QStringLiteral("; "))));
             }
         }
     }
