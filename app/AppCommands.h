@@ -2,11 +2,6 @@
 
 // Command identifiers of the window program. Each command's QAction or button carries its id
 // as data, so menus, the command bar and the page buttons name the same command.
-//
-// Not offered yet: the jump editor (ID_JUMP_NEW, ID_JUMP_VIEW, ID_JUMP_CHANGE, and a tap on a
-// list row) and the three settings dialogs (ID_USER_PROFILE, ID_PREFERENCES, ID_EQUIPMENT).
-// Until those dialogs exist their commands are simply absent: no menu item, no button, and a
-// new logbook is not followed by the profile, equipment and preferences dialogs.
 namespace AppCommands {
 
 enum Id : int {

@@ -103,11 +103,11 @@ void CMainFrame::CreateMenuAndCommandBar()
     // Every command action carries its id; the commands controller carries it out.
     for (QAction* action : {m_newAction, m_openAction, m_saveAction, m_saveAsAction, m_jumpNewAction,
                             m_jumpViewAction, m_jumpChangeAction, m_jumpPictureAction, m_jumpDeleteAction})
-        connect(action, &QAction::triggered, m_commands, [this, action] { m_commands->Execute(action->data().toInt()); });
+        connect(action, &QAction::triggered, m_commands,
+                [this, action] { m_commands->Execute(action->data().toInt()); });
     connect(m_aboutAction, &QAction::triggered, this, &CMainFrame::OnAbout);
     connect(m_exitAction, &QAction::triggered, this, &QWidget::close);
 
-    // The user profile, preferences and equipment items join this menu with their dialogs.
     QMenu* file = menuBar()->addMenu(QStringLiteral("&File"));
     file->setObjectName(QStringLiteral("fileMenu"));
     file->addAction(m_newAction);
@@ -197,8 +197,8 @@ void CMainFrame::UpdateCommands()
     m_jumpChangeAction->setEnabled(selected != nullptr);
     m_jumpPictureAction->setEnabled(selected && !selected->GetPictureName().empty());
     m_jumpDeleteAction->setEnabled(selected != nullptr);
-    // The program's own commands (About, and the settings dialogs once they exist) are
-    // offered only while a logbook is open.
+    // The program's own commands (About and the settings dialogs) are offered only while a
+    // logbook is open.
     m_aboutAction->setEnabled(open);
     for (QAction* action : {m_userProfileAction, m_equipmentAction, m_preferencesAction})
         action->setEnabled(open);
