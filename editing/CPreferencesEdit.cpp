@@ -5,19 +5,20 @@
 #include "resources/StringTable.h"
 #include "units/CUnitSettings.h"
 #include "units/RoundValue.h"
+#include "units/UnitFactors.h"
 
 namespace {
 
 // The editor's own factors for converting the value on screen when a unit switch happens. They
 // are not the exact inverses of each other; a value switched back and forth lands where the
 // program has always put it.
-constexpr double kMpsToFps = 3.280839895013123;
+constexpr double kMpsToFps = UnitFactors::kMetresToFeet;
 constexpr double kKmhToMph = 0.6213711922;
-constexpr double kFpsToMps = 0.3048;
+constexpr double kFpsToMps = UnitFactors::kFeetToMetres;
 constexpr double kMphToKmh = 1.6093440000966945;
-constexpr double kKmhToMps = 0.2777777777777778;
+constexpr double kKmhToMps = UnitFactors::kKmhToMps;
 constexpr double kMphToFps = 1.4666666666842667;
-constexpr double kMpsToKmh = 3.6;
+constexpr double kMpsToKmh = UnitFactors::kMpsToKmh;
 constexpr double kFpsToMph = 0.6818180084533654;
 
 long long RoundTenths(double tenths)

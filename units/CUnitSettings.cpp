@@ -1,15 +1,15 @@
 #include "units/CUnitSettings.h"
 
 #include "units/ISettingsStore.h"
+#include "units/UnitFactors.h"
 
 namespace {
 
-// The program's own conversion constants. Some pairs are deliberately not exact inverses in the
-// last digits; stored values must convert exactly as they always have.
-constexpr double kMetresToFeet = 3.280839895013123;
-constexpr double kFeetToMetres = 0.3048;
-constexpr double kMpsToKmh = 3.6;
-constexpr double kKmhToMps = 0.2777777777777778;
+using UnitFactors::kFeetToMetres;
+using UnitFactors::kKmhToMps;
+using UnitFactors::kMetresToFeet;
+using UnitFactors::kMpsToKmh;
+// The speed and wind pairs of the program are not exact inverses in the last digits either.
 constexpr double kMpsToMph = 2.2369362920275586;
 constexpr double kMphToMps = 0.44704000000536454;
 // Wind: metric shows m/s times the miles-per-hour factor under the label "kn", imperial the knots
