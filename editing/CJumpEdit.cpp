@@ -181,6 +181,44 @@ CJumpEdit::PickLists CJumpEdit::BuildPickLists() const
             place.Items(),     aircraft.Items(),    team.Items(), signer.Items()};
 }
 
+void CJumpEdit::TakeImport(CJumpRecording recording, const CJumpFallrate& fallrate, const CZonedDateTime& exitTime)
+{
+    const CDateTime& when = exitTime.dateTime;
+    m_values.kind = Import;
+    m_values.date = when.DateOnly();
+    m_values.noTime = false;
+    m_values.timeText = TimeText(when.Hour(), when.Minute(), when.Second());
+    m_values.exitHeight = HeightToDisplay(fallrate.exitHeight);
+    m_values.openHeight = HeightToDisplay(fallrate.openHeight);
+    m_values.delay = fallrate.freefallTime;
+    m_values.vMax = RoundToInt(m_units.SpeedToDisplay(fallrate.maxSpeed));
+    m_values.vAvg = RoundToInt(m_units.SpeedToDisplay(fallrate.avgSpeed));
+    m_hasImport = true;
+    m_import = {m_values.date,       m_values.noTime, m_values.timeText, m_values.exitHeight,
+                m_values.openHeight, m_values.delay,  m_values.vMax,     m_values.vAvg};
+    CJumpFallrate imported = fallrate;
+    imported.kind = Import;
+    m_taken = TakenImport{std::move(recording), imported, exitTime.offsetMinutes};
+}
+
+const CJumpRecording* CJumpEdit::Recording() const
+{
+    if (m_taken)
+        return &m_taken->recording;
+    if (m_jump && m_jump->GetRecording().IsPresent())
+        return &m_jump->GetRecording();
+    return nullptr;
+}
+
+const CJumpFallrate* CJumpEdit::ImportedFallrate() const
+{
+    if (m_taken)
+        return &m_taken->fallrate;
+    if (m_jump && m_jump->GetFallrateKind() == Import)
+        return &m_jump->GetFallrate();
+    return nullptr;
+}
+
 void CJumpEdit::PickKind(int kind)
 {
     m_values.kind = kind;

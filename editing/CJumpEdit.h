@@ -2,7 +2,10 @@
 
 #include "editing/CCheckResult.h"
 #include "editing/CJumpValues.h"
+#include "model/CJumpFallrate.h"
+#include "model/CJumpRecording.h"
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -87,6 +90,19 @@ public:
     // The combos' entries, gathered in one pass over the logbook's jumps.
     PickLists BuildPickLists() const;
 
+    // Takes a recording imported from a logger with the fall rate worked out from it (kind Import)
+    // and the local time of the exit: the jump gets that date, time and fall rate, locked as for
+    // any imported jump, and OK writes the recording and the exact imported values into it.
+    void TakeImport(CJumpRecording recording, const CJumpFallrate& fallrate, const CZonedDateTime& exitTime);
+    // True after TakeImport.
+    bool HasTakenImport() const { return m_taken.has_value(); }
+    // The recording the jump will have after OK: an imported one, else the jump's own; null when
+    // there is none.
+    const CJumpRecording* Recording() const;
+    // The imported fall rate (exact stored values): the taken one, else the jump's own when its
+    // kind is Import; null otherwise.
+    const CJumpFallrate* ImportedFallrate() const;
+
     // The user picked a fall-rate kind: Import brings back the recording's values, the computed
     // kinds work out delay and speeds from the heights, Manual keeps what was typed.
     void PickKind(int kind);
@@ -124,6 +140,7 @@ private:
     CCheckResult ValidateFallrate() const;
     CCheckResult ValidateInfo();
     CCheckResult ValidateSignature();
+    bool WriteImport(CJump& jump) const;
 
     // What the recording gave an imported jump, kept for a return to kind Import.
     struct ImportValues
@@ -134,6 +151,14 @@ private:
         int exitHeight = 0, openHeight = 0, delay = 0, vMax = 0, vAvg = 0;
     };
 
+    // What TakeImport brought.
+    struct TakenImport
+    {
+        CJumpRecording recording;
+        CJumpFallrate fallrate;
+        int offsetMinutes = 0;
+    };
+
     CLogbookDoc& m_doc;
     const CUnitSettings& m_units;
     ISettingsStore* m_store;
@@ -142,6 +167,7 @@ private:
     bool m_viewOnly = false;
     bool m_hasImport = false;
     ImportValues m_import;
+    std::optional<TakenImport> m_taken;
     CJumpValues m_values;
     // The working values as loaded, to tell the values the user left alone.
     CJumpValues m_loaded;

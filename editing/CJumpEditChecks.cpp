@@ -153,6 +153,18 @@ CCheckResult CJumpEdit::ValidateSignature()
     return CCheckResult::Pass();
 }
 
+bool CJumpEdit::WriteImport(CJump& jump) const
+{
+    if (!m_taken)
+        return false;
+    // The recording goes with the jump whatever kind was picked at the end; the imported values
+    // only while the kind is still Import (setting the kind never touches them).
+    jump.Recording() = m_taken->recording;
+    if (m_values.kind == Import)
+        jump.SetFallrateValues(m_taken->fallrate);
+    return true;
+}
+
 CJumpEdit::ApplyResult CJumpEdit::Apply()
 {
     ApplyResult result;
@@ -167,7 +179,9 @@ CJumpEdit::ApplyResult CJumpEdit::Apply()
     if (!v.noTime)
         ParseTime(TrimBlanks(v.timeText), hour, minute, second);
     edits.timestamp.dateTime = CDateTime(v.date.Year(), v.date.Month(), v.date.Day(), hour, minute, second);
-    edits.timestamp.offsetMinutes = m_jump ? m_jump->GetTimestamp().offsetMinutes : m_clock.UtcOffsetMinutes();
+    edits.timestamp.offsetMinutes = m_taken  ? m_taken->offsetMinutes
+                                    : m_jump ? m_jump->GetTimestamp().offsetMinutes
+                                             : m_clock.UtcOffsetMinutes();
     edits.fallrateKind = v.kind;
     edits.exitHeight = RoundToInt(m_units.HeightFromDisplay(v.exitHeight));
     edits.openHeight = RoundToInt(m_units.HeightFromDisplay(v.openHeight));
@@ -215,6 +229,7 @@ CJumpEdit::ApplyResult CJumpEdit::Apply()
         {
             m_doc.BeginChangeJump(m_jump);
             result.changed = m_jump->ApplyEdits(edits, rigs);
+            result.changed |= WriteImport(*m_jump);
             if (result.changed)
                 m_jump->SetModified(now);
             m_doc.EndChangeJump(m_jump);
@@ -223,6 +238,7 @@ CJumpEdit::ApplyResult CJumpEdit::Apply()
         {
             auto jump = std::make_unique<CJump>(v.number, edits.timestamp, now);
             jump->ApplyEdits(edits, rigs);
+            WriteImport(*jump);
             result.jump = m_doc.AddJump(std::move(jump));
             result.changed = true;
             if (m_store)

@@ -2,6 +2,7 @@
 
 #include "document/CLogbookDoc.h"
 #include "document/IClock.h"
+#include "model/CGpsSample.h"
 #include "units/CMemorySettingsStore.h"
 #include "units/CUnitSettings.h"
 
@@ -270,6 +271,40 @@ TEST_F(JumpEditTest, ImportRestoresTheRecordingsValues)
     EXPECT_EQ(v.exitHeight, 3900);
     EXPECT_EQ(v.delay, 61);
     EXPECT_EQ(v.vMax, 56);
+}
+
+TEST_F(JumpEditTest, TakenImportWritesRecordingAndExactValues)
+{
+    CJumpRecording track;
+    track.SetKind(CJumpRecording::Satellite);
+    track.AddSample(std::make_unique<CGpsSample>(3987.4, 0.0, 61.5, 23.1));
+    const CJumpFallrate fallrate{Import, 3987, 1012, 58, 212, 54.6, 51.2};
+    const CZonedDateTime exit{CDateTime(2024, 6, 8, 16, 42, 7), 180};
+    // A new jump, an existing jump left at Import, and one switched to Manual before OK: the
+    // track goes with all three, the exact values only while the kind stays Import.
+    for (const int pick : {-1, static_cast<int>(Import), static_cast<int>(Manual)})
+    {
+        SCOPED_TRACE(pick);
+        CJump* target = pick == -1 ? nullptr : last;
+        auto edit = Edit(target);
+        edit->TakeImport(track, fallrate, exit);
+        EXPECT_TRUE(edit->IsLocked());
+        EXPECT_EQ(edit->Values().timeText, "16:42:07");
+        EXPECT_EQ(edit->Values().exitHeight, 3990);
+        if (pick == Manual)
+            edit->PickKind(Manual);
+        ASSERT_TRUE(edit->Validate(CJumpEdit::PageDetails).Passed());
+        const CJumpEdit::ApplyResult result = edit->Apply();
+        ASSERT_TRUE(result.ok && result.changed && result.jump);
+        EXPECT_EQ(result.jump->GetRecording(), track);
+        EXPECT_EQ(result.jump->GetTimestamp().offsetMinutes, 180);
+        EXPECT_EQ(result.jump->GetTimestamp().dateTime, exit.dateTime);
+        if (pick == Manual)
+            EXPECT_EQ(result.jump->GetFallrateKind(), Manual);
+        else
+            EXPECT_EQ(result.jump->GetFallrate(), fallrate);
+        EXPECT_TRUE(doc.IsModified());
+    }
 }
 
 TEST_F(JumpEditTest, RigsAreStoredByPositionAndListed)
