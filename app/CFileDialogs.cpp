@@ -12,26 +12,37 @@ QString CFileDialogs::Filter()
 
 QString CFileDialogs::ChooseOpen(const QString& startPath)
 {
-    return Run(false, startPath);
+    return Run(Purpose::Open, startPath);
 }
 
 QString CFileDialogs::ChooseSave(const QString& startPath)
 {
-    return Run(true, startPath);
+    return Run(Purpose::Save, startPath);
 }
 
-QString CFileDialogs::Run(bool save, const QString& startPath)
+QString CFileDialogs::ChooseTrack(const QString& startPath)
+{
+    return Run(Purpose::Track, startPath);
+}
+
+QString CFileDialogs::Run(Purpose purpose, const QString& startPath)
 {
     QWidget* parent = m_parent ? m_parent.data() : QApplication::activeWindow();
     QString start = startPath;
     if (start.isEmpty())
         start = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
 
-    QFileDialog dialog(parent, save ? QStringLiteral("Save as") : QStringLiteral("Open"), start, Filter());
+    const bool save = purpose == Purpose::Save;
+    const bool track = purpose == Purpose::Track;
+    const QString title = save ? QStringLiteral("Save as") : track ? QStringLiteral("Import track") : QStringLiteral("Open");
+    // Loggers write upper-case names (TRACK.CSV) and file systems may tell case apart.
+    const QString filter = track ? QStringLiteral("GPS tracks (*.csv *.CSV)") : Filter();
+    QFileDialog dialog(parent, title, start, filter);
     dialog.setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     // Open: only existing files. Save: the folder must exist; replacing a file is confirmed.
     dialog.setFileMode(save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
-    dialog.setDefaultSuffix(QStringLiteral("tvz"));
+    if (!track)
+        dialog.setDefaultSuffix(QStringLiteral("tvz"));
 
     // On a handheld-sized screen the desktop's dialog does not fit: use Qt's own, full screen.
     const QScreen* screen = parent ? parent->screen() : QApplication::primaryScreen();

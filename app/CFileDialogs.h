@@ -5,8 +5,9 @@
 #include <QPointer>
 #include <QWidget>
 
-// The program's file dialogs: filter "Tervola Files (*.tvz)", default extension ".tvz"; the
-// open dialog takes existing files only, the save dialog asks before replacing a file.
+// The program's file dialogs: for logbooks filter "Tervola Files (*.tvz)", default extension
+// ".tvz"; the open dialog takes existing files only, the save dialog asks before replacing a
+// file. Tracks are chosen among CSV files.
 class CFileDialogs final : public IFileChooser
 {
 public:
@@ -17,11 +18,14 @@ public:
     QString ChooseOpen(const QString& startPath) override;
     // A file to write; ".tvz" is added when no extension is typed.
     QString ChooseSave(const QString& startPath) override;
+    // An existing CSV file of a GPS logger, starting at startPath.
+    QString ChooseTrack(const QString& startPath) override;
 
     // The name filter of both dialogs.
     static QString Filter();
 
 private:
-    QString Run(bool save, const QString& startPath);
+    enum class Purpose { Open, Save, Track };
+    QString Run(Purpose purpose, const QString& startPath);
     QPointer<QWidget> m_parent;
 };

@@ -5,6 +5,9 @@
 #include <QObject>
 #include <QString>
 
+#include <functional>
+
+class CDlgJump;
 class CJump;
 class CLogbookDoc;
 class CLogbookView;
@@ -70,9 +73,13 @@ signals:
     void stateChanged();
 
 private:
-    // Runs the jump editor on jump (null: a new jump), starting on page; true after an OK
-    // that changed the logbook.
-    bool EditJump(CJump* jump, int page);
+    // Runs the jump editor on jump (null: a new jump), starting on page; prepare, when given,
+    // adjusts the editor before its pages are filled. True after an OK that changed the logbook.
+    bool EditJump(CJump* jump, int page, const std::function<void(CDlgJump&)>& prepare = {});
+    // Puts the jump the editor just added into a list on screen and updates the view.
+    void ShowAddedJump();
+    // Reads a track chosen by the user into the editor on target (null: a new jump).
+    void ImportTrack(CJump* target);
     QString StartFolder() const;
 
     CLogbookDoc& m_doc;

@@ -23,7 +23,7 @@
 
 using ViewMode = CLogbookView::ViewMode;
 
-bool CLogbookCommands::EditJump(CJump* jump, int page)
+bool CLogbookCommands::EditJump(CJump* jump, int page, const std::function<void(CDlgJump&)>& prepare)
 {
     if (!m_view.IsLogbookOpen())
         return false;
@@ -31,6 +31,8 @@ bool CLogbookCommands::EditJump(CJump* jump, int page)
     const IClock& clock = m_services.clock ? *m_services.clock : systemClock;
     CDlgJump dialog(m_doc, m_units, m_services.settings, clock, jump, m_services.messages, m_window);
     dialog.SetDialogRunner(m_services.dialogs);
+    if (prepare)
+        prepare(dialog);
     dialog.InitialisePages();
     dialog.StartOnPage(page);
     if (RunDialog(m_services.dialogs, dialog) != QDialog::Accepted)
@@ -49,8 +51,12 @@ bool CLogbookCommands::EditJump(CJump* jump, int page)
 void CLogbookCommands::OnJumpNew()
 {
     const std::size_t before = m_doc.GetJumpCount();
-    if (!EditJump(nullptr, CJumpEdit::PageDetails) || m_doc.GetJumpCount() != before + 1)
-        return;
+    if (EditJump(nullptr, CJumpEdit::PageDetails) && m_doc.GetJumpCount() == before + 1)
+        ShowAddedJump();
+}
+
+void CLogbookCommands::ShowAddedJump()
+{
     // The new jump shows in the summary, in a list that is on screen, and in the buttons. Its
     // row goes where the jump went, so that a long list is not built again.
     const ViewMode mode = m_view.GetViewMode();

@@ -2,7 +2,7 @@
 
 #include <QString>
 
-// Picks logbook files for New, Open and Save as. The window program shows file dialogs
+// Picks logbook files for New, Open and Save as, and the track files to import. The window program shows file dialogs
 // (CFileDialogs); tests answer with prepared paths.
 class IFileChooser
 {
@@ -13,4 +13,6 @@ public:
     virtual QString ChooseOpen(const QString& startPath) = 0;
     // A path to save to (the user has agreed to replace an existing file), or the empty text.
     virtual QString ChooseSave(const QString& startPath) = 0;
+    // A logger's track (a CSV file) to import, or the empty text when the user cancels.
+    virtual QString ChooseTrack(const QString& startPath) = 0;
 };

@@ -43,6 +43,7 @@ public:
     void About(const QString&, const QString&) override {}
     QString ChooseOpen(const QString&) override { return {}; }
     QString ChooseSave(const QString&) override { return {}; }
+    QString ChooseTrack(const QString&) override { return {}; }
     bool Open(const QString&) override { return false; }
     // The last refusal of an editor.
     QString last;

@@ -18,8 +18,14 @@ public:
         asked.append(startPath);
         return saveAnswers.isEmpty() ? QString() : saveAnswers.takeFirst();
     }
+    QString ChooseTrack(const QString& startPath) override
+    {
+        asked.append(startPath);
+        return trackAnswers.isEmpty() ? QString() : trackAnswers.takeFirst();
+    }
 
     QStringList openAnswers;
     QStringList saveAnswers;
+    QStringList trackAnswers;
     QStringList asked;
 };
