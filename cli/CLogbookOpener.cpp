@@ -24,3 +24,13 @@ bool CLogbookOpener::OpenOrReport(CLogbookDoc& doc, const std::string& path)
         CConsole::ErrLine(message);
     return false;
 }
+
+CJump* CLogbookOpener::FindJumpOrReport(CLogbookDoc& doc, int number)
+{
+    for (const auto& jump : doc.GetJumps()) {
+        if (jump->GetNumber() == number)
+            return jump.get();
+    }
+    CConsole::ErrLine("Jump " + std::to_string(number) + " is not in the logbook.");
+    return nullptr;
+}

@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+class CJump;
 class CLogbookDoc;
 
 // Opens a logbook the way the window program's Open does and collects, in order, the texts its
@@ -15,4 +16,6 @@ public:
     static bool Open(CLogbookDoc& doc, const std::string& path, std::vector<std::string>& messages);
     // Open, printing the messages to standard error, one per line.
     static bool OpenOrReport(CLogbookDoc& doc, const std::string& path);
+    // The first jump numbered number; null after printing "Jump N is not in the logbook.".
+    static CJump* FindJumpOrReport(CLogbookDoc& doc, int number);
 };
