@@ -1,0 +1,182 @@
+#include "SyntheticTrack.h"
+#include "tracks/CFlySightReader.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+
+namespace {
+
+// The first count fixes of the standard synthetic jump.
+CTrack Fixes(std::size_t count)
+{
+    CSyntheticTruth truth;
+    CTrack track = MakeJumpTrack(CSyntheticJump(), truth);
+    if (count < track.fixes.size())
+        track.fixes.resize(count);
+    return track;
+}
+
+std::string Fs1(const CTrack& track)
+{
+    return WriteFlySight1(track, FlySight1Columns(), "\r\n");
+}
+
+TEST(FlySightReader, ReadsEveryLayoutByColumnName)
+{
+    const CTrack track = Fixes(100000);
+    const std::vector<std::string> oldFirmware = {"time", "lat",  "lon",  "hMSL", "velN",   "velE", "velD",
+                                                  "hAcc", "vAcc", "sAcc", "gpsFix", "numSV"};
+    const std::vector<std::string> reordered = {"numSV", "velD", "hMSL", "time", "dbgA", "lon",   "lat",
+                                                "velE",  "velN", "gpsFix", "sAcc", "vAcc", "hAcc", "dbgB"};
+    struct Case
+    {
+        const char* name;
+        std::function<std::string()> write;
+        const char* format;
+        double timeStep;
+    } cases[] = {
+        {"FlySight 1, CRLF", [&] { return Fs1(track); }, "FlySight 1", 0.01},
+        {"old firmware, LF", [&] { return WriteFlySight1(track, oldFirmware, "\n"); }, "FlySight 1", 0.01},
+        {"reordered, debug columns", [&] { return WriteFlySight1(track, reordered, "\r\n"); }, "FlySight 1", 0.01},
+        {"blank lines", [&] { return "\r\n" + Fs1(track) + "\r\n \r\n"; }, "FlySight 1", 0.01},
+        {"FlySight 2", [&] { return WriteFlySight2(track); }, "FlySight 2", 0.001},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        const CTrackReadResult read = CFlySightReader::ReadText(c.write());
+        ASSERT_TRUE(read.ok) << read.message;
+        EXPECT_EQ(read.track.format, c.format);
+        ASSERT_EQ(read.track.fixes.size(), track.fixes.size());
+        for (std::size_t i = 0; i < track.fixes.size(); i += 97) {
+            const CTrackFix& a = track.fixes[i];
+            const CTrackFix& b = read.track.fixes[i];
+            EXPECT_NEAR(b.time, a.time, c.timeStep / 2 + 1e-6);
+            EXPECT_NEAR(b.lat, a.lat, 1e-7);
+            EXPECT_NEAR(b.lon, a.lon, 1e-7);
+            EXPECT_NEAR(b.hMSL, a.hMSL, 1e-3);
+            EXPECT_NEAR(b.velN, a.velN, 0.006);
+            EXPECT_NEAR(b.velD, a.velD, 0.006);
+            EXPECT_NEAR(b.sAcc, a.sAcc, 0.006);
+            EXPECT_EQ(b.numSV, a.numSV);
+        }
+    }
+}
+
+TEST(FlySightReader, DropsRowsWithoutA3DFixAndTheRowCutByAPowerLoss)
+{
+    CTrack track = Fixes(40);
+    track.fixes[3].numSV = 3; // written with gpsFix 2
+    const std::string text = Fs1(track);
+    const std::string cut = text.substr(0, text.size() - 30);
+    const struct
+    {
+        const char* name;
+        std::string text;
+        std::size_t fixes;
+    } cases[] = {
+        {"complete", text, 39},
+        {"cut mid-row", cut, 38},
+        {"cut, padded with NUL", cut + std::string(512, '\0'), 38},
+        {"no line end after the last row", text.substr(0, text.size() - 2), 38},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        const CTrackReadResult read = CFlySightReader::ReadText(c.text);
+        ASSERT_TRUE(read.ok) << read.message;
+        EXPECT_EQ(read.track.fixes.size(), c.fixes);
+        EXPECT_EQ(read.track.fixes[3].time, track.fixes[4].time);
+    }
+}
+
+TEST(FlySightReader, RefusalsNameTheLine)
+{
+    // FlySight 1 row i is on line i + 3; FlySight 2 row i on line i + 8.
+    const auto fs1With = [](std::function<void(CTrack&)> change) {
+        CTrack track = Fixes(30);
+        change(track);
+        return Fs1(track);
+    };
+    const std::string fs2 = WriteFlySight2(Fixes(30));
+    const struct
+    {
+        const char* name;
+        std::string text;
+        int line;
+        const char* says;
+    } cases[] = {
+        {"empty", "\r\n\r\n", 0, "The file is empty"},
+        {"only headers", Fs1(Fixes(0)), 2, "without a single usable position fix"},
+        {"FlySight 2 only headers", fs2.substr(0, fs2.find("$GNSS")), 7, "without a single usable"},
+        {"binary", std::string("\x89PNG\r\n\x1a\n\0\0\0\rIHDR", 16), 2, "binary data"},
+        {"no header", Fs1(Fixes(5)).substr(Fs1(Fixes(0)).size()), 1, "no column names"},
+        {"missing velD", "time,lat,lon,hMSL,velN,velE\r\n", 1, "\"velD\" is missing"},
+        {"time backwards", fs1With([](CTrack& t) { t.fixes[10].time -= 5; }), 13, "the time goes backwards"},
+        {"height", fs1With([](CTrack& t) { t.fixes[20].hMSL = 20000; }), 23, "height 20000.000 is outside"},
+        {"latitude", fs1With([](CTrack& t) { t.fixes[5].lat = 95; }), 8, "latitude 95.0000000 is outside"},
+        {"not a number", fs1With([](CTrack& t) { t.fixes[7].velD = NAN; }), 10, "velD value \"nan\" is not a number"},
+        {"short row", Fs1(Fixes(3)) + "2024-04-20T04:00:09.00Z,61.5\r\n", 6, "the row has 2 fields"},
+        {"FlySight 2 speed",
+         WriteFlySight2(Fixes(9)).insert(fs2.find("$GNSS"),
+                                         "$GNSS,2024-04-20T04:00:00.100Z,61.5,24,100,0,0,200,1,1,0.3,9\r\n"),
+         8, "vertical speed 200 is outside"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        const CTrackReadResult read = CFlySightReader::ReadText(c.text);
+        EXPECT_FALSE(read.ok);
+        EXPECT_TRUE(read.track.fixes.empty());
+        EXPECT_EQ(read.line, c.line);
+        EXPECT_NE(read.message.find(c.says), std::string::npos) << read.message;
+        if (c.line > 0) {
+            EXPECT_EQ(read.message.rfind("Line " + std::to_string(c.line) + ": ", 0), 0u) << read.message;
+        }
+    }
+}
+
+TEST(FlySightReader, SensorBarometerIsPlacedInUtcThroughItsTimeRows)
+{
+    const CTrack track = Fixes(100000);
+    std::vector<CBaroReading> expected, baro;
+    std::string message;
+    ASSERT_TRUE(CFlySightReader::ReadSensorText(WriteSensor(track, expected), baro, message)) << message;
+    ASSERT_EQ(baro.size(), expected.size());
+    double worst = 0;
+    for (std::size_t i = 0; i < baro.size(); ++i) {
+        worst = std::max(worst, std::fabs(baro[i].time - expected[i].time));
+        EXPECT_NEAR(baro[i].altitude, expected[i].altitude, 1e-6);
+    }
+    EXPECT_LT(worst, 0.002);
+    const char* withoutTimeRows = "$FLYS,1\n$COL,BARO,time,pressure\n$BARO,1.0,90000\r\n";
+    EXPECT_FALSE(CFlySightReader::ReadSensorText(withoutTimeRows, baro, message));
+    EXPECT_NE(message.find("no $TIME rows"), std::string::npos);
+}
+
+TEST(FlySightReader, ReadFileTakesTheSensorFileBesideAFlySight2Track)
+{
+    const std::filesystem::path folder = std::filesystem::temp_directory_path() / "tervola_tracks_reader";
+    std::filesystem::remove_all(folder);
+    std::filesystem::create_directories(folder);
+    const CTrack track = Fixes(3000);
+    std::vector<CBaroReading> expected;
+    std::ofstream(folder / "TRACK.CSV", std::ios::binary) << WriteFlySight2(track);
+    std::ofstream(folder / "Sensor.csv", std::ios::binary) << WriteSensor(track, expected);
+    std::ofstream(folder / "old.csv", std::ios::binary) << Fs1(track);
+
+    const CTrackReadResult withBaro = CFlySightReader::ReadFile(folder / "TRACK.CSV");
+    ASSERT_TRUE(withBaro.ok) << withBaro.message;
+    EXPECT_EQ(withBaro.track.baro.size(), expected.size());
+    const CTrackReadResult fs1 = CFlySightReader::ReadFile(folder / "old.csv");
+    EXPECT_TRUE(fs1.ok && fs1.track.baro.empty());
+    std::ofstream(folder / "Sensor.csv", std::ios::binary) << "\x01\x02";
+    EXPECT_TRUE(CFlySightReader::ReadFile(folder / "TRACK.CSV").ok);
+    const CTrackReadResult missing = CFlySightReader::ReadFile(folder / "none.csv");
+    EXPECT_FALSE(missing.ok);
+    EXPECT_NE(missing.message.find((folder / "none.csv").string()), std::string::npos);
+    std::filesystem::remove_all(folder);
+}
+
+} // namespace

@@ -1,0 +1,308 @@
+#include "tracks/CFlySightReader.h"
+
+#include "tracks/CCsvColumns.h"
+#include "tracks/TrackText.h"
+
+#include <cmath>
+#include <cstdint>
+#include <fstream>
+#include <limits>
+#include <system_error>
+
+namespace {
+
+enum Column { Time, Lat, Lon, HMsl, VelN, VelE, VelD, HAcc, VAcc, SAcc, GpsFix, NumSV, ColumnCount };
+
+constexpr std::string_view kColumnNames[ColumnCount] = {"time", "lat",  "lon",  "hMSL", "velN",   "velE",
+                                                        "velD", "hAcc", "vAcc", "sAcc", "gpsFix", "numSV"};
+// Every fix needs time and position; exit, opening and landing are told by the speeds.
+constexpr Column kRequired[] = {Time, Lat, Lon, HMsl, VelN, VelE, VelD};
+constexpr std::string_view kRequiredList = "time, lat, lon, hMSL, velN, velE and velD";
+
+// Bytes looked at for binary content: the headers and the first few hundred rows.
+constexpr std::size_t kBinaryProbe = 64 * 1024;
+// The largest file taken for a track (an hour at 5 Hz is about 2 MB): a video or a disk image
+// picked by mistake is refused before it is read into memory.
+constexpr std::uintmax_t kLargestFile = 512ull * 1024 * 1024;
+// Bytes of text per fix, to reserve the fixes in one go (a FlySight 1 row is about 130 bytes).
+constexpr std::size_t kBytesPerFix = 100;
+// Values beyond these are not a skydive but a damaged row.
+constexpr double kLowestHeight = -500.0;
+constexpr double kHighestHeight = 15000.0;
+constexpr double kFastestSpeed = 150.0;
+// FlySight 1 value of gpsFix for a 3D fix.
+constexpr long long k3DFix = 3;
+
+constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
+
+enum class RowOutcome { Fix, Skip, Refuse };
+
+bool Refuse(CTrackReadResult& result, int line, std::string_view reason)
+{
+    result.ok = false;
+    result.line = line;
+    result.message = LineMessage(line, reason);
+    // Nothing partial goes back with a refusal.
+    result.track = CTrack();
+    return false;
+}
+
+std::string NotANumber(Column column, std::string_view field)
+{
+    return "the " + std::string(kColumnNames[column]) + " value " + QuoteField(field) + " is not a number.";
+}
+
+// Turns the wanted fields of a data row into a fix; Skip for a row without a 3D fix.
+RowOutcome ParseFix(const std::string_view* values, CTrackFix& fix, std::string& why)
+{
+    if (!values[GpsFix].empty()) {
+        long long gpsFix = 0;
+        if (!ParseInteger(values[GpsFix], gpsFix)) {
+            why = NotANumber(GpsFix, values[GpsFix]);
+            return RowOutcome::Refuse;
+        }
+        if (gpsFix < k3DFix)
+            return RowOutcome::Skip;
+    }
+    if (!ParseUtcTime(values[Time], fix.time)) {
+        why = "the time " + QuoteField(values[Time]) + " is not a UTC date and time.";
+        return RowOutcome::Refuse;
+    }
+    double* const targets[] = {nullptr,    &fix.lat,  &fix.lon,  &fix.hMSL, &fix.velN,
+                               &fix.velE,  &fix.velD, &fix.hAcc, &fix.vAcc, &fix.sAcc};
+    for (int column = Lat; column <= SAcc; ++column) {
+        const bool required = column <= VelD;
+        if (!required && values[column].empty()) {
+            *targets[column] = kNaN;
+        } else if (!ParseNumber(values[column], *targets[column])) {
+            why = NotANumber(static_cast<Column>(column), values[column]);
+            return RowOutcome::Refuse;
+        }
+    }
+    long long satellites = -1;
+    if (!values[NumSV].empty() && !ParseInteger(values[NumSV], satellites)) {
+        why = NotANumber(NumSV, values[NumSV]);
+        return RowOutcome::Refuse;
+    }
+    fix.numSV = static_cast<int>(satellites);
+
+    const auto outside = [&](Column column, double low, double high, std::string_view what, std::string_view unit) {
+        if (*targets[column] >= low && *targets[column] <= high)
+            return false;
+        why = "the " + std::string(what) + " " + std::string(values[column]) + " is outside " +
+              std::to_string(static_cast<int>(low)) + " to " + std::to_string(static_cast<int>(high)) + " " +
+              std::string(unit) + ".";
+        return true;
+    };
+    if (outside(Lat, -90, 90, "latitude", "degrees") || outside(Lon, -180, 180, "longitude", "degrees") ||
+        outside(HMsl, kLowestHeight, kHighestHeight, "height", "m") ||
+        outside(VelN, -kFastestSpeed, kFastestSpeed, "north speed", "m/s") ||
+        outside(VelE, -kFastestSpeed, kFastestSpeed, "east speed", "m/s") ||
+        outside(VelD, -kFastestSpeed, kFastestSpeed, "vertical speed", "m/s"))
+        return RowOutcome::Refuse;
+    return RowOutcome::Fix;
+}
+
+// Takes the column names of a header line; false (result refused) when the names lack a column
+// a track needs.
+bool ReadHeader(CTrackReadResult& result, CCsvColumns& columns, std::string_view line, std::size_t skip, int number)
+{
+    if (columns.ReadHeader(line, skip) == 0) {
+        return Refuse(result, number,
+                      "no column names: a FlySight track starts with a line naming its columns (" +
+                          std::string(kRequiredList) + ").");
+    }
+    for (Column column : kRequired) {
+        if (!columns.Has(column)) {
+            return Refuse(result, number,
+                          "the column \"" + std::string(kColumnNames[column]) + "\" is missing; a track needs " +
+                              std::string(kRequiredList) + ".");
+        }
+    }
+    return true;
+}
+
+// Reads one data row into the track; false when the row refuses the file.
+bool AddRow(CTrackReadResult& result, const CCsvColumns& columns, std::string_view row, std::size_t skip, int line)
+{
+    std::string_view values[ColumnCount];
+    const std::size_t fields = columns.ReadRow(row, skip, values);
+    if (fields < columns.FieldsNeeded()) {
+        return Refuse(result, line,
+                      "the row has " + std::to_string(fields) + " fields where the column names call for " +
+                          std::to_string(columns.FieldsNeeded()) + ".");
+    }
+    CTrackFix fix;
+    std::string why;
+    switch (ParseFix(values, fix, why)) {
+    case RowOutcome::Skip: return true;
+    case RowOutcome::Refuse: return Refuse(result, line, why);
+    case RowOutcome::Fix: break;
+    }
+    std::vector<CTrackFix>& fixes = result.track.fixes;
+    if (!fixes.empty()) {
+        if (fix.time < fixes.back().time)
+            return Refuse(result, line, "the time goes backwards, to " + QuoteField(values[Time]) + ".");
+        // A fix stamped twice: the first row of it stays.
+        if (fix.time == fixes.back().time)
+            return true;
+    }
+    fixes.push_back(fix);
+    return true;
+}
+
+void Finish(CTrackReadResult& result, int lastLine)
+{
+    if (result.track.fixes.empty()) {
+        Refuse(result, lastLine, "the file ends without a single usable position fix.");
+        return;
+    }
+    result.ok = true;
+    result.line = 0;
+    result.message.clear();
+}
+
+// FlySight 1: a line of column names, a line of units, then one row per fix. A row that stops
+// without its line end is the one the logger was writing when it lost power: dropped.
+void ReadFlySight1(CTextLines& lines, const CTextLine& header, CTrackReadResult& result)
+{
+    result.track.format = "FlySight 1";
+    CCsvColumns columns(kColumnNames, ColumnCount);
+    if (!ReadHeader(result, columns, header.text, 0, header.number))
+        return;
+    bool firstRow = true;
+    CTextLine line;
+    std::string_view values[ColumnCount];
+    while (lines.Next(line)) {
+        if (IsBlankLine(line.text))
+            continue;
+        if (!line.terminated)
+            break;
+        if (firstRow) {
+            firstRow = false;
+            // The units line has no time: ",(deg),(deg),(m),...".
+            columns.ReadRow(line.text, 0, values);
+            if (values[Time].empty())
+                continue;
+        }
+        if (!AddRow(result, columns, line.text, 0, line.number))
+            return;
+    }
+    Finish(result, lines.LastNumber());
+}
+
+// FlySight 2: "$"-sentences; "$COL,GNSS,..." names the columns of the "$GNSS,..." rows. The
+// header sentences, the units and the sentences of other sensors are not needed.
+void ReadFlySight2(CTextLines& lines, CTrackReadResult& result)
+{
+    result.track.format = "FlySight 2";
+    CCsvColumns columns(kColumnNames, ColumnCount);
+    CTextLine line;
+    while (lines.Next(line)) {
+        const std::string_view text = TrimField(line.text);
+        if (text.empty())
+            continue;
+        if (text.substr(0, 6) == "$GNSS,") {
+            if (!line.terminated)
+                break;
+            if (!columns.HasHeader()) {
+                Refuse(result, line.number, "a $GNSS row comes before the $COL,GNSS line naming its columns.");
+                return;
+            }
+            if (!AddRow(result, columns, text, 1, line.number))
+                return;
+        } else if (text.substr(0, 10) == "$COL,GNSS,") {
+            if (!ReadHeader(result, columns, text, 2, line.number))
+                return;
+        } else if (text.front() != '$') {
+            if (!line.terminated)
+                break;
+            Refuse(result, line.number, "the line is not a FlySight 2 sentence (those start with '$').");
+            return;
+        }
+    }
+    if (!columns.HasHeader()) {
+        Refuse(result, lines.LastNumber(), "the file has no $COL,GNSS line naming the columns of its fixes.");
+        return;
+    }
+    Finish(result, lines.LastNumber());
+}
+
+// The whole file in text; false with the reason when it cannot be had.
+bool ReadWholeFile(const std::filesystem::path& path, std::string& text, std::string& why)
+{
+    const std::string name = "\"" + path.string() + "\"";
+    std::error_code error;
+    const std::uintmax_t size = std::filesystem::file_size(path, error);
+    if (error) {
+        why = "The file " + name + " cannot be read.";
+        return false;
+    }
+    if (size > kLargestFile) {
+        why = "The file " + name + " is too large for a track.";
+        return false;
+    }
+    std::ifstream in(path, std::ios::binary);
+    text.resize(static_cast<std::size_t>(size));
+    if (!in || !in.read(text.data(), static_cast<std::streamsize>(size))) {
+        why = "The file " + name + " cannot be read.";
+        return false;
+    }
+    return true;
+}
+
+// The SENSOR.CSV in the track's folder, whatever the case of its name; empty when none.
+std::filesystem::path FindSensorFile(const std::filesystem::path& track)
+{
+    std::error_code error;
+    const std::filesystem::path folder = track.has_parent_path() ? track.parent_path() : std::filesystem::path(".");
+    for (std::filesystem::directory_iterator it(folder, error), end; !error && it != end; it.increment(error)) {
+        if (EqualNoCase(it->path().filename().string(), "SENSOR.CSV") && it->is_regular_file(error))
+            return it->path();
+    }
+    return {};
+}
+
+} // namespace
+
+CTrackReadResult CFlySightReader::ReadText(std::string_view text)
+{
+    CTrackReadResult result;
+    text = StripTextPadding(text);
+    int binaryLine = 0;
+    if (HasBinaryByte(text, kBinaryProbe, binaryLine)) {
+        Refuse(result, binaryLine, "the file holds binary data, not the comma-separated text of a FlySight.");
+        return result;
+    }
+    CTextLines lines(text);
+    CTextLine first;
+    bool found = false;
+    while (!found && lines.Next(first))
+        found = !IsBlankLine(first.text);
+    if (!found) {
+        Refuse(result, 0, "the file is empty.");
+        return result;
+    }
+    result.track.fixes.reserve(text.size() / kBytesPerFix + 16);
+    if (TrimField(first.text).substr(0, 5) == "$FLYS")
+        ReadFlySight2(lines, result);
+    else
+        ReadFlySight1(lines, first, result);
+    return result;
+}
+
+CTrackReadResult CFlySightReader::ReadFile(const std::filesystem::path& path)
+{
+    CTrackReadResult result;
+    std::string text;
+    if (!ReadWholeFile(path, text, result.message))
+        return result;
+    result = ReadText(text);
+    if (!result.ok || result.track.format != "FlySight 2")
+        return result;
+    const std::filesystem::path sensorPath = FindSensorFile(path);
+    std::string sensorText, why;
+    if (!sensorPath.empty() && ReadWholeFile(sensorPath, sensorText, why))
+        ReadSensorText(sensorText, result.track.baro, why);
+    return result;
+}

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "tracks/CTrack.h"
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <vector>
+
+// The outcome of reading a track: the track, or the reason it was refused. A refused read
+// carries no partial track.
+struct CTrackReadResult
+{
+    bool ok = false;
+    // The 1-based line the message is about; 0 when it is about the file as a whole.
+    int line = 0;
+    // English text for the user, e.g. "Line 12: the time goes backwards."; empty when ok.
+    std::string message;
+    CTrack track;
+};
+
+// Reads the track files of the FlySight loggers. Columns are found by their names, so extra
+// columns and another column order are read as well; blank lines, CRLF or LF line ends and a
+// last row cut short by a power loss (dropped) are tolerated. Rows of FlySight 1 without a 3D
+// fix are skipped; a repeated time stamp keeps the first row of it.
+//
+// Required columns: time, lat, lon, hMSL (every fix needs them) and velN, velE, velD (exit,
+// opening and landing are told by the speeds; every firmware of both loggers writes them).
+// hAcc, vAcc, sAcc, numSV and gpsFix are used when present; a missing accuracy is NaN.
+class CFlySightReader
+{
+public:
+    // A FlySight 1 CSV or a FlySight 2 TRACK.CSV, told apart by their content.
+    static CTrackReadResult ReadText(std::string_view text);
+    // The barometer readings of a FlySight 2 SENSOR.CSV, placed in UTC through its $TIME rows.
+    // False with a message (baro untouched) when the text holds no usable readings.
+    static bool ReadSensorText(std::string_view text, std::vector<CBaroReading>& baro, std::string& message);
+    // Reads the file; for FlySight 2 also a SENSOR.CSV beside it (name matched without regard to
+    // case); a missing or unusable SENSOR.CSV is no error (no baro then). A file that cannot be
+    // read gives a message naming it.
+    static CTrackReadResult ReadFile(const std::filesystem::path& path);
+};
