@@ -1,0 +1,106 @@
+#include "SyntheticTrack.h"
+#include "tracks/CJumpDetector.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstdio>
+
+namespace {
+
+// Tolerances: exit ±10 m and ±0.5 s, opening ±40 m (the sharpest slowing of the one-second
+// average comes about 0.4 s after the canopy takes the load), freefall time in whole seconds
+// ±1.5 s, landing ±3 s, ground ±3 m.
+TEST(JumpDetector, FindsExitOpeningAndLandingOfSyntheticJumps)
+{
+    const auto jump = [](std::uint32_t seed, double noise, double rate) {
+        CSyntheticJump j;
+        j.seed = seed;
+        j.noise = noise;
+        j.rateHz = rate;
+        return j;
+    };
+    CSyntheticJump hopAndPop = jump(7, 1, 5);
+    hopAndPop.exitHeight = 1200;
+    hopAndPop.pullAfter = 3; // the canopy takes the load after 4 s
+    CSyntheticJump inTheAir = jump(8, 1, 5);
+    inTheAir.endAfterLoad = 30;
+    const struct
+    {
+        const char* name;
+        CSyntheticJump jump;
+        bool landed;
+    } cases[] = {
+        {"4000 m, no noise", jump(1, 0, 5), true},  {"4000 m, seed 1", jump(1, 1, 5), true},
+        {"4000 m, seed 2", jump(2, 1, 5), true},    {"4000 m, seed 3, double noise", jump(3, 2, 5), true},
+        {"4000 m, 10 Hz", jump(4, 1, 10), true},    {"4000 m, 1 Hz", jump(5, 1, 1), true},
+        {"hop-and-pop 1200 m, 4 s", hopAndPop, true}, {"ends under canopy", inTheAir, false},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        CSyntheticTruth truth;
+        const CTrack track = MakeJumpTrack(c.jump, truth);
+        const CJumpDetection d = DetectJump(track.fixes);
+        ASSERT_TRUE(d.ok) << d.message;
+        EXPECT_EQ(d.landed, c.landed);
+        // Heights are above the landing point, or above the last fix of a track ending in the air.
+        const double ground = c.landed ? c.jump.ground : track.fixes.back().hMSL;
+        const double exitError = d.exitHeight - (truth.exitHeight + c.jump.ground - ground);
+        const double openError = d.openHeight - (truth.openHeight + c.jump.ground - ground);
+        const double freefallError = d.freefallTime - (truth.loadTime - truth.exitTime);
+        std::printf("[ measured ] %-30s exit %+5.1f m %+5.2f s, open %+5.1f m %+5.2f s, freefall %+5.2f s (whole "
+                    "seconds %+5.2f), ground %+5.2f m, landing %+5.2f s, vMax %.1f\n",
+                    c.name, exitError, d.exitTime - truth.exitTime, openError, d.deployTime - truth.loadTime,
+                    d.deployTime - d.exitTime - (truth.loadTime - truth.exitTime), freefallError,
+                    d.groundAltitude - ground, c.landed ? d.landingTime - truth.landingTime : 0.0, d.vMax);
+        EXPECT_LE(std::fabs(exitError), 10);
+        EXPECT_LE(std::fabs(openError), 40);
+        EXPECT_LE(std::fabs(freefallError), 1.5);
+        EXPECT_LE(std::fabs(d.exitTime - truth.exitTime), 0.5);
+        EXPECT_LE(std::fabs(d.groundAltitude - ground), 3);
+        EXPECT_LE(std::fabs(track.fixes[d.exitIndex].time - d.exitTime), 0.5 / c.jump.rateHz + 1e-6);
+        EXPECT_NEAR(d.vAvg * (d.deployTime - d.exitTime), d.exitHeight - d.openHeight, 1.0);
+        if (c.landed) {
+            EXPECT_LE(std::fabs(d.landingTime - truth.landingTime), 3.0);
+            EXPECT_NEAR(d.canopyTime, truth.landingTime - truth.loadTime, 3.0);
+        } else {
+            EXPECT_EQ(d.landingIndex, track.fixes.size() - 1);
+            EXPECT_NEAR(d.canopyTime, 30, 1);
+        }
+        if (c.jump.pullAfter == 0) {
+            EXPECT_NEAR(d.vMax, 55, 2);
+        }
+    }
+}
+
+TEST(JumpDetector, TracksWithoutACompleteJump)
+{
+    CSyntheticTruth truth;
+    const CTrack jump = MakeJumpTrack(CSyntheticJump(), truth);
+    const auto until = [&](double time) {
+        std::vector<CTrackFix> fixes;
+        for (const CTrackFix& fix : jump.fixes)
+            if (fix.time <= time)
+                fixes.push_back(fix);
+        return fixes;
+    };
+    const struct
+    {
+        const char* name;
+        std::vector<CTrackFix> fixes;
+        const char* says;
+    } cases[] = {
+        {"no fixes", {}, "No freefall found in the track."},
+        {"car ride and walk", MakeCarRide(3).fixes, "No freefall found in the track."},
+        {"climb only", until(truth.exitTime - 5), "No freefall found in the track."},
+        {"ends in freefall", until(truth.exitTime + 20), "ends in freefall"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        const CJumpDetection d = DetectJump(c.fixes);
+        EXPECT_FALSE(d.ok);
+        EXPECT_NE(d.message.find(c.says), std::string::npos) << d.message;
+    }
+}
+
+} // namespace
