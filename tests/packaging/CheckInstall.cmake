@@ -15,8 +15,8 @@ set(mime ${PREFIX}/share/mime/packages/${id}.xml)
 set(metainfo ${PREFIX}/share/metainfo/${id}.metainfo.xml)
 set(icon ${PREFIX}/share/icons/hicolor/scalable/apps/${id}.svg)
 set(manpage ${PREFIX}/share/man/man1/tervola.1.gz)
-foreach(file ${PREFIX}/bin/tervola-pocket ${PREFIX}/bin/tervola ${desktop} ${mime} ${metainfo} ${icon}
-        ${manpage})
+foreach(file ${PREFIX}/bin/tervola-pocket ${PREFIX}/bin/tervola ${desktop} ${mime} ${metainfo}
+        ${icon} ${manpage})
   if(NOT EXISTS ${file})
     message(FATAL_ERROR "not installed: ${file}\n${output}")
   endif()
@@ -45,7 +45,8 @@ list(TRANSFORM defined REPLACE "<mime-type type=\"([^\"]+)\"" "\\1")
 list(SORT defined)
 if(NOT entry_types STREQUAL defined OR NOT defined STREQUAL
    "application/x-tervola-logbook;application/x-tervola-logbook-compressed")
-  message(FATAL_ERROR "desktop entry types (${entry_types}) differ from the MIME package's (${defined})")
+  message(FATAL_ERROR
+          "desktop entry types (${entry_types}) differ from the MIME package's (${defined})")
 endif()
 expect("${mime_xml}" "<glob pattern=\"\\*\\.tvz\"/>" "${mime}")
 expect("${mime_xml}" "<glob pattern=\"\\*\\.tvl\"/>" "${mime}")
@@ -68,7 +69,8 @@ if(NOT component MATCHES "<releases>[ \n]*<release version=\"([^\"]+)\""
 endif()
 
 # The installed tool runs.
-execute_process(COMMAND ${PREFIX}/bin/tervola --version RESULT_VARIABLE result OUTPUT_VARIABLE version)
+execute_process(COMMAND ${PREFIX}/bin/tervola --version
+                RESULT_VARIABLE result OUTPUT_VARIABLE version)
 if(NOT result EQUAL 0 OR NOT version STREQUAL "tervola ${VERSION}\n")
   message(FATAL_ERROR "installed tervola --version: ${result} \"${version}\"")
 endif()

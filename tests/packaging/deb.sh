@@ -41,7 +41,7 @@ description=$(field Description)
 # Depends comes from the programs' libraries (dpkg-shlibdeps), each with a lowest version.
 depends=$(field Depends)
 for package in libc6 libstdc++6 libqt6core6 libqt6gui6 libqt6widgets6 libqt6svg6 zlib1g; do
-  sed 's/, /\n/g' <<<"$depends" | grep -q "^$package (>= [^)]*)\$" \
+  grep -q "^$package (>= [^)]*)\$" <<<"${depends//, /$'\n'}" \
     || fail "Depends lacks $package: $depends"
 done
 
@@ -57,7 +57,7 @@ for file in usr/bin/tervola-pocket usr/bin/tervola \
             "usr/share/metainfo/$id.metainfo.xml" \
             "usr/share/icons/hicolor/scalable/apps/$id.svg" \
             usr/share/man/man1/tervola.1.gz; do
-  grep -qE "^-r[-w]xr-xr-x root/root .* \./$file\$|^-rw-r--r-- root/root .* \./$file\$" <<<"$listing" \
+  grep -qE "^(-rwxr-xr-x|-rw-r--r--) root/root .* \./$file\$" <<<"$listing" \
     || fail "$file missing or with wrong mode"
 done
 [ "$(grep -c '^-' <<<"$listing")" -eq 7 ] || fail "unexpected files in the package"

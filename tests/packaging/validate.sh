@@ -62,15 +62,18 @@ mime)
     done <"$db/globs2"
   }
   by_root() {
-    local root=$1 ns local type
-    while read -r ns local type; do
-      [ -z "$type" ] && { type=$local; local=$ns; }
-      if [ "$local" = "$root" ]; then echo "$type"; return; fi
+    # Lines are "NAMESPACE LOCALNAME TYPE"; the empty namespace leaves two fields.
+    local root=$1 ns element type
+    while read -r ns element type; do
+      [ -z "$type" ] && { type=$element; element=$ns; }
+      if [ "$element" = "$root" ]; then echo "$type"; return; fi
     done <"$db/XMLnamespaces"
   }
   tvz="$(dirname "$0")/../../examples/demo.tvz"
   tvl="$data/golden.tvl"
-  [ -f "$tvz" ] && [ -f "$tvl" ] || fail "sample logbooks missing: $tvz $tvl"
+  for sample in "$tvz" "$tvl"; do
+    [ -f "$sample" ] || fail "sample logbook missing: $sample"
+  done
   got=$(by_name "$(basename "$tvz")")
   [ "$got" = application/x-tervola-logbook-compressed ] || fail "demo.tvz resolves to '$got'"
   got=$(by_name "$(basename "$tvl")")
@@ -102,12 +105,14 @@ manpage)
   commands=$("$tool" --help | sed -n '/^Commands:/,/^$/p' | awk 'NF > 1 && /^  / {print $1}')
   [ -n "$commands" ] || fail "no commands in tervola --help"
   for command in $commands; do
-    grep -qE "(^|[^a-z])tervola $command " <<<"$text" || fail "command '$command' not in the man page"
+    grep -qE "(^|[^a-z])tervola $command " <<<"$text" \
+      || fail "command '$command' not in the man page packaging/tervola.1.in"
     for option in $("$tool" "$command" --help | grep -oE -- '--[a-z][a-z-]*' | sort -u); do
-      grep -qF -- "$option" <<<"$text" || fail "option $option of '$command' not in the man page"
+      grep -qF -- "$option" <<<"$text" \
+        || fail "option $option of '$command' not in the man page packaging/tervola.1.in"
     done
   done
-  echo "man page covers: $(echo $commands) and their options"
+  echo "man page covers: ${commands//$'\n'/ } and their options"
   ;;
 
 *)
