@@ -9,6 +9,7 @@ packages=(
   qt6-base-dev qt6-base-dev-tools qt6-svg-dev libgl-dev
   clang libclang-rt-14-dev
   fonts-dejavu-core
+  desktop-file-utils appstream shared-mime-info libxml2-utils dpkg-dev groff-base
 )
 if [ "${TERVOLA_WITH_XVFB:-0}" = 1 ]; then packages+=(xvfb xauth); fi
 
