@@ -5,6 +5,7 @@
 #include "cli/CConvertCommand.h"
 #include "cli/CExportCommand.h"
 #include "cli/CGenerateCommand.h"
+#include "cli/CImportCommand.h"
 #include "cli/CInfoCommand.h"
 #include "resources/StringTable.h"
 
@@ -14,6 +15,7 @@ CCommandLineTool::CCommandLineTool()
     m_commands.push_back(std::make_unique<CInfoCommand>());
     m_commands.push_back(std::make_unique<CExportCommand>());
     m_commands.push_back(std::make_unique<CConvertCommand>());
+    m_commands.push_back(std::make_unique<CImportCommand>());
     m_commands.push_back(std::make_unique<CGenerateCommand>());
 }
 

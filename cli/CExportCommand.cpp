@@ -7,6 +7,7 @@
 #include "cli/CUnitsOption.h"
 #include "document/CLogbookDoc.h"
 #include "resources/StringTable.h"
+#include "tracks/CGpxWriter.h"
 
 #include <QJsonDocument>
 #include <QSaveFile>
@@ -16,18 +17,20 @@ namespace {
 const QString kFormat = QStringLiteral("format");
 const QString kOutput = QStringLiteral("output");
 const QString kCompact = QStringLiteral("compact");
+const QString kJump = QStringLiteral("jump");
 
 } // namespace
 
 QString CExportCommand::Summary() const
 {
-    return QStringLiteral("Writes a whole logbook as JSON or as a CSV table.");
+    return QStringLiteral("Writes a logbook as JSON or as a CSV table, or a jump's track as GPX.");
 }
 
 void CExportCommand::Configure(QCommandLineParser& parser)
 {
     parser.addPositionalArgument(QStringLiteral("FILE"), QStringLiteral("The logbook (.tvz or .tvl)."));
-    parser.addOption({kFormat, QStringLiteral("Output format: json or csv."), QStringLiteral("json|csv")});
+    parser.addOption({kFormat, QStringLiteral("Output format: json, csv or gpx."), QStringLiteral("json|csv|gpx")});
+    parser.addOption({kJump, QStringLiteral("The jump whose track --format gpx writes."), QStringLiteral("N")});
     parser.addOption({{QStringLiteral("o"), kOutput},
                       QStringLiteral("Write to OUT instead of standard output."),
                       QStringLiteral("OUT")});
@@ -64,6 +67,11 @@ QString CExportCommand::Details() const
         "Wind direction (degrees), Wind speed (m/s), Equipment, Landing, Team, Size, Points,\n"
         "Malfunction, Signed by and Note (plain text; several lines stay in one quoted field).\n"
         "\n"
+        "GPX (1.1, UTF-8) of the GPS recording of jump N (--jump N is needed): one track segment,\n"
+        "a point per sample with latitude, longitude, the height above the landing point as\n"
+        "<ele> and the time (the jump's time stamp plus the sample's seconds from exit, in UTC).\n"
+        "A jump without a GPS recording or without a time stamp is refused.\n"
+        "\n"
         "Exit codes: 0 written, 1 the file does not load or OUT cannot be written, 2 wrong\n"
         "command line.\n");
 }
@@ -72,9 +80,17 @@ int CExportCommand::Execute(const QCommandLineParser& parser)
 {
     const QString format = parser.value(kFormat).trimmed().toLower();
     if (format.isEmpty())
-        return Usage(QStringLiteral("--format json or --format csv is needed"));
-    if (format != QLatin1String("json") && format != QLatin1String("csv"))
-        return Usage(QStringLiteral("unknown format \"%1\" (use json or csv)").arg(parser.value(kFormat)));
+        return Usage(QStringLiteral("--format json, csv or gpx is needed"));
+    if (format != QLatin1String("json") && format != QLatin1String("csv") && format != QLatin1String("gpx"))
+        return Usage(QStringLiteral("unknown format \"%1\" (use json, csv or gpx)").arg(parser.value(kFormat)));
+    const bool gpx = format == QLatin1String("gpx");
+    int number = 0;
+    if (gpx) {
+        bool ok = false;
+        number = parser.value(kJump).toInt(&ok);
+        if (!ok)
+            return Usage(QStringLiteral("--format gpx needs --jump N"));
+    }
     CUnitSettings units;
     QString error;
     if (!CUnitsOption::Resolve(parser, units, error))
@@ -85,7 +101,17 @@ int CExportCommand::Execute(const QCommandLineParser& parser)
         return Failure;
 
     QByteArray bytes;
-    if (format == QLatin1String("json")) {
+    if (gpx) {
+        const CJump* jump = CLogbookOpener::FindJumpOrReport(doc, number);
+        if (!jump)
+            return Failure;
+        std::string text, message;
+        if (!CGpxWriter::Write(*jump, text, message)) {
+            CConsole::ErrLine(message);
+            return Failure;
+        }
+        bytes = QByteArray(text.data(), static_cast<qsizetype>(text.size()));
+    } else if (format == QLatin1String("json")) {
         const auto layout = parser.isSet(kCompact) ? QJsonDocument::Compact : QJsonDocument::Indented;
         bytes = QJsonDocument(CJsonExporter::Export(doc)).toJson(layout);
     } else {

@@ -1,0 +1,171 @@
+#include "cli/CImportCommand.h"
+
+#include "cli/CConsole.h"
+#include "cli/CLogbookOpener.h"
+#include "document/CLogbookDoc.h"
+#include "document/IClock.h"
+#include "editing/CJumpEdit.h"
+#include "resources/StringTable.h"
+#include "tracks/CTrackFileImport.h"
+#include "units/CMemorySettingsStore.h"
+#include "units/CUnitSettings.h"
+
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+
+namespace {
+
+const QString kJump = QStringLiteral("jump");
+const QString kRate = QStringLiteral("rate");
+
+// "2024-04-20 06:20:13 +03:00".
+std::string ZonedText(const CZonedDateTime& when)
+{
+    const CDateTime& t = when.dateTime;
+    const int offset = std::abs(when.offsetMinutes);
+    char text[64];
+    std::snprintf(text, sizeof text, "%04d-%02d-%02d %02d:%02d:%02d %c%02d:%02d", t.Year(), t.Month(), t.Day(),
+                  t.Hour(), t.Minute(), t.Second(), when.offsetMinutes < 0 ? '-' : '+', offset / 60, offset % 60);
+    return text;
+}
+
+std::string OneDecimal(double value)
+{
+    char text[32];
+    std::snprintf(text, sizeof text, "%.1f", value);
+    return text;
+}
+
+} // namespace
+
+QString CImportCommand::Summary() const
+{
+    return QStringLiteral("Logs a jump from a FlySight track and saves the logbook.");
+}
+
+void CImportCommand::Configure(QCommandLineParser& parser)
+{
+    parser.addPositionalArgument(QStringLiteral("LOGBOOK"), QStringLiteral("The logbook (.tvz or .tvl)."));
+    parser.addPositionalArgument(QStringLiteral("TRACK"),
+                                 QStringLiteral("A FlySight 1 CSV file or a FlySight 2 TRACK.CSV."));
+    parser.addOption({kJump, QStringLiteral("Give the track to jump N (which has no recording yet) instead of "
+                                            "logging a new jump."),
+                      QStringLiteral("N")});
+    parser.addOption({kRate, QStringLiteral("Keep at most HZ samples a second (default: every fix)."),
+                      QStringLiteral("HZ")});
+}
+
+QString CImportCommand::Details() const
+{
+    return QStringLiteral(
+        "The track's exit, deployment and landing are found in its fixes. The jump gets the track\n"
+        "as its GPS recording (heights above the landing point, seconds from exit), the fall rate\n"
+        "\"Import\" with the exit and opening heights, freefall and canopy times and the maximum\n"
+        "and average vertical speeds, and the exit's date and time in local time. A new jump takes\n"
+        "the next number and, like a jump logged in the window, the place, aircraft, rig and the\n"
+        "other details of the last jump. A FlySight 2 SENSOR.CSV beside TRACK.CSV is read too.\n"
+        "\n"
+        "The logbook is saved as the window program's Save does (a .bak copy first, the new file\n"
+        "renamed over the old one only once complete). Then the result is printed:\n"
+        "  Jump         the jump's number\n"
+        "  Exit         date, time and UTC offset, and the exit height in metres\n"
+        "  Opening      the opening height in metres\n"
+        "  Freefall     seconds, and Canopy seconds\n"
+        "  Speed        maximum and average vertical freefall speed in m/s\n"
+        "\n"
+        "A track that cannot be read or holds no jump prints why (with the line at fault) and the\n"
+        "logbook is left as it was.\n"
+        "Exit codes: 0 imported and saved, 1 a file could not be read, used or saved, 2 wrong\n"
+        "command line.\n");
+}
+
+int CImportCommand::Execute(const QCommandLineParser& parser)
+{
+    const QStringList arguments = parser.positionalArguments();
+    CTrackImportOptions options;
+    if (parser.isSet(kRate))
+    {
+        bool ok = false;
+        options.rateHz = parser.value(kRate).toDouble(&ok);
+        if (!ok || !(options.rateHz > 0.0) || !std::isfinite(options.rateHz))
+            return Usage(QStringLiteral("--rate needs a number of samples a second above 0"));
+    }
+    int number = 0;
+    if (parser.isSet(kJump))
+    {
+        bool ok = false;
+        number = parser.value(kJump).toInt(&ok);
+        if (!ok)
+            return Usage(QStringLiteral("--jump needs a jump number"));
+    }
+
+    const std::string logbook = LocalPath(arguments.at(0));
+    CLogbookDoc doc;
+    if (!CLogbookOpener::OpenOrReport(doc, logbook))
+        return Failure;
+    CJump* target = nullptr;
+    if (parser.isSet(kJump))
+    {
+        target = CLogbookOpener::FindJumpOrReport(doc, number);
+        if (!target)
+            return Failure;
+        const char* refusal = target->GetRecording().IsPresent() ? " already has a recording."
+                              : target->IsSigned()               ? " is signed and cannot be changed."
+                                                                 : nullptr;
+        if (refusal)
+        {
+            CConsole::ErrLine("Jump " + std::to_string(number) + refusal);
+            return Failure;
+        }
+    }
+
+    const CTrackFileImport imported = CTrackFileImport::Run(LocalPath(arguments.at(1)), options);
+    if (!imported.ok)
+    {
+        CConsole::ErrLine(imported.message);
+        return Failure;
+    }
+
+    // The jump is filled exactly as the window's editor fills it, then written by the editor's
+    // own OK, so a jump imported here and one imported in the window are the same.
+    // There is no one to ask about the wind: a new jump keeps the last jump's wind when it had
+    // one and has none otherwise, instead of a wind of 0 that the editor's check refuses.
+    const CSystemClock clock;
+    const CUnitSettings units;
+    CMemorySettingsStore store;
+    const CJump* last = doc.GetLastJump();
+    store.SetInt(CJumpEdit::kSection, CJumpEdit::kHasWind, last && last->GetWind().IsSet() ? 1 : 0);
+    CJumpEdit edit(doc, units, &store, clock, target);
+    edit.TakeImport(imported.jump.recording, imported.jump.fallrate, imported.jump.exitTime);
+    const CCheckResult check = edit.ValidateAll();
+    if (!check.Passed())
+    {
+        CConsole::ErrLine(check.message);
+        return Failure;
+    }
+    const CJumpEdit::ApplyResult applied = edit.Apply();
+    if (!applied.ok || !applied.jump)
+    {
+        CConsole::ErrLine(applied.error);
+        return Failure;
+    }
+    if (!doc.Save(logbook))
+    {
+        CConsole::ErrLine(StringTable::Text(StringTable::IDS_SAVE_FAILED));
+        return Failure;
+    }
+
+    const CJumpFallrate& f = imported.jump.fallrate;
+    const CJumpDetection& d = imported.detection;
+    CConsole::OutLine("Jump: " + std::to_string(applied.jump->GetNumber()));
+    CConsole::OutLine("Track: " + imported.format + ", " + std::to_string(imported.fixCount) + " fixes, " +
+                      std::to_string(imported.jump.recording.GetSamples().size()) + " kept" +
+                      (d.landed ? "" : ", ends in the air"));
+    CConsole::OutLine("Exit: " + ZonedText(imported.jump.exitTime) + ", " + std::to_string(f.exitHeight) + " m");
+    CConsole::OutLine("Opening: " + std::to_string(f.openHeight) + " m");
+    CConsole::OutLine("Freefall: " + std::to_string(f.freefallTime) + " s");
+    CConsole::OutLine("Canopy: " + std::to_string(f.canopyTime) + " s");
+    CConsole::OutLine("Speed: max " + OneDecimal(f.maxSpeed) + " m/s, average " + OneDecimal(f.avgSpeed) + " m/s");
+    return Success;
+}

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "cli/CCommand.h"
+
+// "tervola import LOGBOOK TRACK.CSV [--jump N] [--rate HZ]": a logger's track becomes a jump of
+// the logbook, a new one or a chosen jump without a recording, and the logbook is saved safely.
+class CImportCommand final : public CCommand
+{
+public:
+    QString Name() const override { return QStringLiteral("import"); }
+    QString Summary() const override;
+
+protected:
+    void Configure(QCommandLineParser& parser) override;
+    QString Details() const override;
+    int Execute(const QCommandLineParser& parser) override;
+    int RequiredArguments() const override { return 2; }
+};
