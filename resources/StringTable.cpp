@@ -88,6 +88,15 @@ bool Has(int id)
     return Find(id) != nullptr;
 }
 
+std::vector<int> Ids()
+{
+    std::vector<int> ids;
+    ids.reserve(kEntries.size());
+    for (const Entry& e : kEntries)
+        ids.push_back(e.id);
+    return ids;
+}
+
 std::string Substitute(std::string_view text, std::string_view arg1, std::string_view arg2)
 {
     std::string out;

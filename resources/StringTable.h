@@ -2,6 +2,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 // The program's numbered texts (English). Messages are addressed by number and composed with
 // plain "%1"/"%2" substitution, so the core builds its own messages without any UI library.
@@ -68,6 +69,8 @@ inline constexpr std::string_view kProductVersion = "1.0.0";
 std::string_view Text(int id);
 // True when the table holds the id.
 bool Has(int id);
+// Every id of the table, in ascending order.
+std::vector<int> Ids();
 // The text with every "%1" replaced by arg1 and every "%2" by arg2 (plain substitution).
 std::string Format(int id, std::string_view arg1 = {}, std::string_view arg2 = {});
 // Plain substitution on any text.

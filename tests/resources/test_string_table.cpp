@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <vector>
 
 namespace {
 
@@ -27,6 +28,22 @@ TEST(StringTable, EveryNumberedRangeIsPresent)
         EXPECT_TRUE(Has(id)) << id;
     EXPECT_FALSE(Has(4011));
     EXPECT_EQ(Text(4011), "");
+}
+
+TEST(StringTable, IdsListEveryMessageOnceInOrder)
+{
+    const std::vector<int> ids = Ids();
+    ASSERT_FALSE(ids.empty());
+    EXPECT_EQ(ids.front(), IDS_WRITE_ERROR);
+    EXPECT_EQ(ids.back(), IDS_SIGNATURE);
+    for (std::size_t i = 0; i < ids.size(); ++i)
+    {
+        EXPECT_TRUE(Has(ids[i])) << ids[i];
+        if (i > 0)
+        {
+            EXPECT_LT(ids[i - 1], ids[i]);
+        }
+    }
 }
 
 TEST(StringTable, SubstitutionIsPlainText)
