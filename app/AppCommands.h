@@ -24,6 +24,9 @@ enum Id : int {
     ID_JUMP_SHOW_PICTURE = 32799,
     // The fifth page button: "Open...", so a touch user can change logbooks from any page.
     ID_PAGE_OPEN = 32833,
+    // A logger's track as a new jump, or into the selected jump.
+    ID_JUMP_IMPORT_TRACK = 32834,
+    ID_JUMP_ADD_TRACK = 32835,
 };
 
 // The list control's id, used as its object name suffix.

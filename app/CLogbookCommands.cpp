@@ -60,6 +60,8 @@ void CLogbookCommands::Execute(int command)
     case AppCommands::ID_FILE_SAVE: OnFileSave(); break;
     case AppCommands::ID_FILE_SAVE_AS: OnFileSaveAs(); break;
     case AppCommands::ID_JUMP_NEW: OnJumpNew(); break;
+    case AppCommands::ID_JUMP_IMPORT_TRACK: OnJumpImportTrack(); break;
+    case AppCommands::ID_JUMP_ADD_TRACK: OnJumpImportTrackInto(); break;
     case AppCommands::ID_JUMP_VIEW:
     case AppCommands::ID_JUMP_CHANGE: OnJumpView(); break;
     case AppCommands::ID_JUMP_SHOW_PICTURE: OnJumpShowPicture(); break;

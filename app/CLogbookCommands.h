@@ -36,8 +36,10 @@ public:
     // Save is offered while a modified logbook is open, Save as while any is open.
     bool CanSave() const;
     bool CanSaveAs() const;
-    // The context menu for the list's selected jump: "View...", "Change...", "Show picture...",
-    // "Delete".
+    // A track can go into a listed jump that has no recording and no signature.
+    static bool CanAddTrack(const CJump* jump);
+    // The context menu for the list's selected jump: "View...", "Change...", "Add track...",
+    // "Show picture...", "Delete".
     QMenu* CreateContextMenu(QWidget* parent);
 
 public slots:
@@ -53,6 +55,11 @@ public slots:
     void OnFileSaveAs();
     // The jump editor on a new jump; on OK the summary, list and buttons follow.
     void OnJumpNew();
+    // "Import track...": a logger's track chosen in a file dialog becomes a new jump, shown in the
+    // jump editor to be checked and completed; nothing is added without OK.
+    void OnJumpImportTrack();
+    // The same for the list's selected jump, when it has no recording and is not signed.
+    void OnJumpImportTrackInto();
     // The jump editor on the selected jump of the jump list ("View..." and "Change...").
     void OnJumpView();
     // Shows the selected jump's picture when it is a picture inside the logbook's folder.

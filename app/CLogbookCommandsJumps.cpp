@@ -194,6 +194,7 @@ QMenu* CLogbookCommands::CreateContextMenu(QWidget* parent)
     };
     add(QStringLiteral("View..."), "viewAction", AppCommands::ID_JUMP_VIEW, jump != nullptr);
     add(QStringLiteral("Change..."), "changeAction", AppCommands::ID_JUMP_CHANGE, jump != nullptr);
+    add(tr("Add track..."), "addTrackAction", AppCommands::ID_JUMP_ADD_TRACK, CanAddTrack(jump));
     menu->addSeparator();
     add(QStringLiteral("Show picture..."), "showPictureAction", AppCommands::ID_JUMP_SHOW_PICTURE,
         jump && !jump->GetPictureName().empty());

@@ -90,6 +90,11 @@ void CMainFrame::CreateMenuAndCommandBar()
     m_jumpNewAction = MakeAction(QStringLiteral("jumpNewAction"), QStringLiteral("New jump..."),
                                  AppCommands::ID_JUMP_NEW, QStringLiteral("newjump.svg"));
     m_jumpNewAction->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_J));
+    m_jumpImportAction = MakeAction(QStringLiteral("jumpImportTrackAction"), tr("Import track..."),
+                                    AppCommands::ID_JUMP_IMPORT_TRACK);
+    m_jumpImportAction->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_I));
+    m_jumpAddTrackAction =
+        MakeAction(QStringLiteral("jumpAddTrackAction"), tr("Add track..."), AppCommands::ID_JUMP_ADD_TRACK);
     m_jumpViewAction =
         MakeAction(QStringLiteral("jumpViewAction"), QStringLiteral("View..."), AppCommands::ID_JUMP_VIEW);
     m_jumpChangeAction =
@@ -102,7 +107,8 @@ void CMainFrame::CreateMenuAndCommandBar()
 
     // Every command action carries its id; the commands controller carries it out.
     for (QAction* action : {m_newAction, m_openAction, m_saveAction, m_saveAsAction, m_jumpNewAction,
-                            m_jumpViewAction, m_jumpChangeAction, m_jumpPictureAction, m_jumpDeleteAction})
+                            m_jumpImportAction, m_jumpViewAction, m_jumpChangeAction, m_jumpAddTrackAction,
+                            m_jumpPictureAction, m_jumpDeleteAction})
         connect(action, &QAction::triggered, m_commands,
                 [this, action] { m_commands->Execute(action->data().toInt()); });
     connect(m_aboutAction, &QAction::triggered, this, &CMainFrame::OnAbout);
@@ -122,9 +128,11 @@ void CMainFrame::CreateMenuAndCommandBar()
     QMenu* jump = menuBar()->addMenu(QStringLiteral("&Jump"));
     jump->setObjectName(QStringLiteral("jumpMenu"));
     jump->addAction(m_jumpNewAction);
+    jump->addAction(m_jumpImportAction);
     jump->addSeparator();
     jump->addAction(m_jumpViewAction);
     jump->addAction(m_jumpChangeAction);
+    jump->addAction(m_jumpAddTrackAction);
     jump->addAction(m_jumpPictureAction);
     jump->addAction(m_jumpDeleteAction);
     // The selected row decides what the jump items can do when the menu opens.
@@ -191,10 +199,12 @@ void CMainFrame::UpdateCommands()
     m_saveAction->setEnabled(m_commands->CanSave());
     m_saveAsAction->setEnabled(m_commands->CanSaveAs());
     m_jumpNewAction->setEnabled(open);
+    m_jumpImportAction->setEnabled(open);
     const bool listed = m_view->GetViewMode() == CLogbookView::ViewMode::JumpList;
     const CJump* selected = listed ? m_view->GetList()->SelectedJump() : nullptr;
     m_jumpViewAction->setEnabled(selected != nullptr);
     m_jumpChangeAction->setEnabled(selected != nullptr);
+    m_jumpAddTrackAction->setEnabled(CLogbookCommands::CanAddTrack(selected));
     m_jumpPictureAction->setEnabled(selected && !selected->GetPictureName().empty());
     m_jumpDeleteAction->setEnabled(selected != nullptr);
     // The program's own commands (About and the settings dialogs) are offered only while a

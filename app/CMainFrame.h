@@ -75,6 +75,8 @@ private:
     QAction* m_aboutAction = nullptr;
     QAction* m_exitAction = nullptr;
     QAction* m_jumpNewAction = nullptr;
+    QAction* m_jumpImportAction = nullptr;
+    QAction* m_jumpAddTrackAction = nullptr;
     QAction* m_jumpViewAction = nullptr;
     QAction* m_jumpChangeAction = nullptr;
     QAction* m_jumpPictureAction = nullptr;

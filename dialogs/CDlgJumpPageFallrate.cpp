@@ -24,8 +24,6 @@ CDlgJumpPageFallrate::CDlgJumpPageFallrate(CJumpEdit& edit, QWidget* parent)
     for (int id : {StringTable::IDS_STANDARD, StringTable::IDS_VERTICAL, StringTable::IDS_CUSTOM,
                    StringTable::IDS_MANUAL})
         m_kind->addItem(DialogText::Message(id));
-    if (edit.OffersImport())
-        m_kind->addItem(DialogText::Message(StringTable::IDS_IMPORT));
 
     const auto makeField = [this](const char* name, const QString& padTitle, int maximum, int minimum = 0) {
         auto* field = new CKqNumberField(padTitle, false, this);
@@ -71,6 +69,10 @@ CDlgJumpPageFallrate::CDlgJumpPageFallrate(CJumpEdit& edit, QWidget* parent)
 void CDlgJumpPageFallrate::Initialise()
 {
     const CJumpValues& v = m_edit.Values();
+    // Added here rather than with the other kinds: a track imported into the editor after it
+    // was built offers Import too.
+    if (m_edit.OffersImport() && m_kind->count() == Import)
+        m_kind->addItem(DialogText::Message(StringTable::IDS_IMPORT));
     m_kind->setCurrentIndex(v.kind);
     ShowFallrateValues();
     {

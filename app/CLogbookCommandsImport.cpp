@@ -1,0 +1,99 @@
+// The track commands of CLogbookCommands: a GPS logger's file becomes a jump, new or one already
+// logged without a recording, through the jump editor so that the user checks it before OK.
+
+#include "app/CLogbookCommands.h"
+
+#include "app/CJumpListCtrl.h"
+#include "app/CLogbookView.h"
+#include "app/IFileChooser.h"
+#include "controls/IMessageSink.h"
+#include "dialogs/CDlgJump.h"
+#include "document/CLogbookDoc.h"
+#include "tracks/CTrackFileImport.h"
+#include "units/ISettingsStore.h"
+
+#include <QApplication>
+#include <QCursor>
+#include <QFile>
+#include <QFileInfo>
+
+namespace {
+
+// Where the last track came from, so that the next import starts in the logger's folder.
+constexpr std::string_view kSection = "Import";
+constexpr std::string_view kTrackFolder = "TrackFolder";
+
+} // namespace
+
+bool CLogbookCommands::CanAddTrack(const CJump* jump)
+{
+    return jump && !jump->GetRecording().IsPresent() && !jump->IsSigned();
+}
+
+void CLogbookCommands::OnJumpImportTrack()
+{
+    if (m_view.IsLogbookOpen())
+        ImportTrack(nullptr);
+}
+
+void CLogbookCommands::OnJumpImportTrackInto()
+{
+    if (m_view.GetViewMode() != CLogbookView::ViewMode::JumpList)
+        return;
+    CJump* jump = const_cast<CJump*>(m_view.GetList()->SelectedJump());
+    if (CanAddTrack(jump))
+        ImportTrack(jump);
+}
+
+void CLogbookCommands::ImportTrack(CJump* target)
+{
+    if (!m_services.files)
+        return;
+    QString start;
+    if (m_services.settings)
+        start = QString::fromStdString(m_services.settings->GetString(kSection, kTrackFolder, ""));
+    if (start.isEmpty())
+        start = StartFolder();
+    const QString path = m_services.files->ChooseTrack(start);
+    if (path.isEmpty())
+        return;
+    if (m_services.settings)
+        m_services.settings->SetString(kSection, kTrackFolder, QFileInfo(path).absolutePath().toStdString());
+
+    // An hour of fixes reads in well under a second; the cursor says the window is busy.
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    const CTrackFileImport imported = CTrackFileImport::Run(QFile::encodeName(path).toStdString(), {});
+    QApplication::restoreOverrideCursor();
+    if (!imported.ok)
+    {
+        if (m_services.messages)
+            m_services.messages->Error(QString::fromStdString(imported.message));
+        return;
+    }
+
+    const auto take = [&imported](CDlgJump& dialog) {
+        dialog.Edit().TakeImport(imported.jump.recording, imported.jump.fallrate, imported.jump.exitTime);
+    };
+    if (!target)
+    {
+        const std::size_t before = m_doc.GetJumpCount();
+        if (EditJump(nullptr, CJumpEdit::PageDetails, take) && m_doc.GetJumpCount() == before + 1)
+            ShowAddedJump();
+        return;
+    }
+    CJumpListCtrl* list = m_view.GetList();
+    const int number = target->GetNumber();
+    if (!EditJump(target, CJumpEdit::PageDetails, take))
+        return;
+    if (target->GetNumber() == number)
+    {
+        list->UpdateRow(list->RowOf(target));
+    }
+    else
+    {
+        list->Fill(m_doc, false);
+        list->ShowRow(list->RowOf(target));
+    }
+    m_view.UpdateButtons();
+    emit stateChanged();
+}

@@ -1,0 +1,154 @@
+// "Import track..." and "Add track..." on the real main window: a FlySight file becomes a jump
+// only through the editor's OK, with its recording and the locked imported values; a bad file
+// or Cancel changes nothing.
+
+#include "CAppHarness.h"
+#include "tests/tracks/SyntheticTrack.h"
+
+#include "app/CJumpListCtrl.h"
+#include "app/CLogbookCommands.h"
+#include "app/CLogbookView.h"
+#include "app/CMainFrame.h"
+#include "controls/CKqSpinBox.h"
+#include "dialogs/CDlgJump.h"
+
+#include <QAction>
+#include <QComboBox>
+#include <QFile>
+#include <QMenu>
+#include <QtTest>
+
+namespace {
+
+// Jump 1 signed, jump 2 with nothing recorded.
+CTestLogbook Logbook()
+{
+    return CTestLogbook()
+        .Jump(1, "2024-05-01T10:00:00Z", "Tervola", 4000, 1000, 60, {}, "Anna")
+        .Jump(2, "2024-05-03T10:00:00Z", "Utti", 3000, 1000, 50);
+}
+
+QString WriteTrack(CAppHarness& harness)
+{
+    CSyntheticTruth truth;
+    const std::string text = WriteFlySight1(MakeJumpTrack(CSyntheticJump{}, truth), FlySight1Columns(), "\r\n");
+    const QString path = harness.Path(QStringLiteral("21-04-20/07-00-00.CSV"));
+    QDir().mkpath(QFileInfo(path).absolutePath());
+    QFile file(path);
+    file.open(QIODevice::WriteOnly);
+    file.write(text.data(), static_cast<qint64>(text.size()));
+    return path;
+}
+
+QAction* Action(CAppHarness& harness, const char* name)
+{
+    return harness.Frame()->findChild<QAction*>(QString::fromLatin1(name));
+}
+
+} // namespace
+
+class TestImport : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void importedTrackIsCheckedInTheEditorBeforeItJoins()
+    {
+        for (const bool ok : {false, true})
+        {
+            CAppHarness harness;
+            // The last jump had no wind and neither will this one: the editor's OK goes through.
+            harness.settings.SetInt("Jump", "HasWind", 0);
+            harness.StartWith(Logbook());
+            harness.View()->OnViewJumpList();
+            harness.files.trackAnswers = {WriteTrack(harness)};
+            bool locked = false;
+            QString kind;
+            harness.dialogs.steps.append([&](QDialog& dialog) {
+                auto& editor = static_cast<CDlgJump&>(dialog);
+                locked = editor.findChild<CKqSpinBox*>(QStringLiteral("jumpExit"))->isReadOnly();
+                kind = editor.findChild<QComboBox*>(QStringLiteral("jumpKind"))->currentText();
+                if (!ok)
+                    return int(QDialog::Rejected);
+                editor.accept();
+                return editor.result();
+            });
+            QAction* action = Action(harness, "jumpImportTrackAction");
+            QCOMPARE(action->shortcut(), QKeySequence(Qt::CTRL | Qt::Key_I));
+            action->trigger();
+
+            QCOMPARE(harness.dialogs.ran, QStringList{QStringLiteral("jumpEditor")});
+            QVERIFY(locked);
+            QCOMPARE(kind, QStringLiteral("Import"));
+            const CLogbookDoc& doc = harness.Frame()->GetDocument();
+            QCOMPARE(int(doc.GetJumpCount()), ok ? 3 : 2);
+            QCOMPARE(harness.View()->GetList()->topLevelItemCount(), ok ? 3 : 2);
+            QCOMPARE(doc.IsModified(), ok);
+            // The next import starts in the logger's folder.
+            QCOMPARE(harness.settings.GetString("Import", "TrackFolder", ""),
+                     harness.Path(QStringLiteral("21-04-20")).toStdString());
+            if (!ok)
+                continue;
+            const CJump* added = doc.GetLastJump();
+            QCOMPARE(added->GetNumber(), 3);
+            QCOMPARE(added->GetFallrateKind(), int(Import));
+            QCOMPARE(added->GetRecording().GetKind(), int(CJumpRecording::Satellite));
+            QVERIFY(std::abs(added->GetExitHeight() - 4000) < 15);
+            QVERIFY(added->GetCanopyTime() > 60);
+            QCOMPARE(added->GetPlace(), std::string("Utti"));
+        }
+    }
+
+    void badTrackIsRefusedWithItsLine()
+    {
+        CAppHarness harness;
+        harness.StartWith(Logbook());
+        const QString path = harness.Path(QStringLiteral("notes.csv"));
+        QFile file(path);
+        file.open(QIODevice::WriteOnly);
+        file.write("time,lat,lon,hMSL,velN,velE,velD\r\n,(deg),(deg),(m),(m/s),(m/s),(m/s)\r\n"
+                   "2021-04-20T04:20:00.00Z,61.5,24.0,abc,0,0,0\r\n2021-04-20T04:20:00.20Z,61.5,24.0,100,0,0,0\r\n");
+        file.close();
+        harness.files.trackAnswers = {path};
+        Action(harness, "jumpImportTrackAction")->trigger();
+        QVERIFY(harness.dialogs.ran.isEmpty());
+        const QStringList errors = harness.messages.Texts(CRecordingMessages::Kind::Error);
+        QCOMPARE(errors.size(), 1);
+        QVERIFY2(errors.front().startsWith(QStringLiteral("notes.csv: Line 3")), qPrintable(errors.front()));
+        QCOMPARE(int(harness.Frame()->GetDocument().GetJumpCount()), 2);
+        QVERIFY(!harness.Frame()->GetDocument().IsModified());
+    }
+
+    void trackGoesIntoAListedJumpWithoutRecording()
+    {
+        CAppHarness harness;
+        harness.StartWith(Logbook());
+        harness.View()->OnViewJumpList();
+        CJumpListCtrl* list = harness.View()->GetList();
+        QAction* add = Action(harness, "jumpAddTrackAction");
+        // The list shows the newest jump first: row 1 is the signed jump 1.
+        harness.SelectRow(list->RowOf(harness.Frame()->GetDocument().GetJumps().front().get()));
+        harness.Frame()->UpdateCommands();
+        QVERIFY(!add->isEnabled());
+        CJump* target = harness.Frame()->GetDocument().GetJumps().back().get();
+        harness.SelectRow(list->RowOf(target));
+        harness.Frame()->UpdateCommands();
+        QVERIFY(add->isEnabled());
+        std::unique_ptr<QMenu> menu(harness.Commands()->CreateContextMenu(nullptr));
+        QVERIFY(menu->findChild<QAction*>(QStringLiteral("addTrackAction"))->isEnabled());
+
+        harness.files.trackAnswers = {WriteTrack(harness)};
+        harness.dialogs.steps.append(CScriptedDialogs::Ok<CDlgJump>([](CDlgJump&) {}));
+        add->trigger();
+        QCOMPARE(int(harness.Frame()->GetDocument().GetJumpCount()), 2);
+        QCOMPARE(target->GetNumber(), 2);
+        QCOMPARE(target->GetPlace(), std::string("Utti"));
+        QCOMPARE(target->GetFallrateKind(), int(Import));
+        QVERIFY(target->GetRecording().IsPresent());
+        QCOMPARE(target->GetTimestamp().dateTime.Year(), 2024);
+        QCOMPARE(target->GetTimestamp().dateTime.Month(), 4);
+    }
+};
+
+QTEST_MAIN(TestImport)
+#include "test_app_import.moc"
