@@ -108,7 +108,7 @@ manpage)
     grep -qE "(^|[^a-z])tervola $command " <<<"$text" \
       || fail "command '$command' not in the man page packaging/tervola.1.in"
     for option in $("$tool" "$command" --help | grep -oE -- '--[a-z][a-z-]*' | sort -u); do
-      grep -qF -- "$option" <<<"$text" \
+      grep -qE -- "$option([^a-z-]|\$)" <<<"$text" \
         || fail "option $option of '$command' not in the man page packaging/tervola.1.in"
     done
   done
