@@ -1,22 +1,19 @@
 #include "xml/CXmlParser.h"
 
 #include "resources/StringTable.h"
+#include "xml/CFileReadAhead.h"
 #include "xml/CXmlDecoder.h"
 #include "xml/XmlUtf8.h"
 #include "xml/XmlValues.h"
 
 #include <algorithm>
 #include <array>
-#include <cstdio>
 #include <cstring>
 #include <memory>
-#include <zlib.h>
 
 namespace {
 
 constexpr std::size_t kNone = static_cast<std::size_t>(-1);
-// Files are read in blocks of this size; events do not depend on it.
-constexpr std::size_t kReadChunk = 64 * 1024;
 // Spare token and stack buffers kept for reuse give back anything beyond this.
 constexpr std::size_t kKeepBytes = 4096;
 
@@ -119,69 +116,39 @@ bool CXmlParser::Finish()
     return !m_stopped && m_stackSize == 0;
 }
 
-bool CXmlParser::ParseStream(void* stream, bool gzip)
+bool CXmlParser::ParseWholeFile(const std::string& path, bool gzip)
 {
+    m_fileIdentity = CFileIdentity();
+    CFileReadAhead reader(m_progress);
+    if (!reader.Open(path, gzip)) {
+        Reset();
+        return false;
+    }
     Reset();
-    std::unique_ptr<char[]> buffer(new char[kReadChunk]);
     bool ok = true;
-    for (;;) {
-        std::size_t count = 0;
-        if (gzip) {
-            auto* file = static_cast<gzFile>(stream);
-            if (gzeof(file))
-                break;
-            const int n = gzread(file, buffer.get(), static_cast<unsigned>(kReadChunk));
-            if (n < 0) {
-                ok = false;
-                break;
-            }
-            count = static_cast<std::size_t>(n);
-        } else {
-            auto* file = static_cast<std::FILE*>(stream);
-            count = std::fread(buffer.get(), 1, kReadChunk, file);
-            if (count == 0 && std::ferror(file))
-                ok = false;
-        }
-        if (count == 0)
-            break;
-        if (!Feed(buffer.get(), count)) {
+    const char* data = nullptr;
+    std::size_t size = 0;
+    while (reader.Next(data, size)) {
+        if (!Feed(data, size)) {
             ok = false;
             break;
         }
     }
-    // zlib tells of a stream cut short (its end or checksum missing) only through gzerror after
-    // a short read; such a file is damaged even when the text it gave looks complete.
-    if (ok && gzip) {
-        int error = Z_OK;
-        gzerror(static_cast<gzFile>(stream), &error);
-        ok = error == Z_OK;
-    }
-    return ok && Finish();
+    reader.Stop();
+    ok = ok && reader.Succeeded() && Finish();
+    if (ok)
+        m_fileIdentity = reader.Identity();
+    return ok;
 }
 
 bool CXmlParser::ParseFile(const std::string& path)
 {
-    std::FILE* file = std::fopen(path.c_str(), "rb");
-    if (file == nullptr) {
-        Reset();
-        return false;
-    }
-    const bool ok = ParseStream(file, false);
-    std::fclose(file);
-    return ok;
+    return ParseWholeFile(path, false);
 }
 
 bool CXmlParser::ParseGzipFile(const std::string& path)
 {
-    gzFile file = gzopen(path.c_str(), "rb");
-    if (file == nullptr) {
-        Reset();
-        return false;
-    }
-    gzbuffer(file, static_cast<unsigned>(kReadChunk));
-    const bool ok = ParseStream(file, true);
-    gzclose(file);
-    return ok;
+    return ParseWholeFile(path, true);
 }
 
 bool CXmlParser::ParseString(std::string_view text)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "xml/CFileIdentity.h"
 #include "xml/CXmlHandler.h"
 #include "xml/CXmlToken.h"
 #include "xml/XmlEncoding.h"
@@ -8,6 +9,8 @@
 #include <string>
 #include <string_view>
 #include <vector>
+
+struct CIoProgress;
 
 // The logbook's event-driven XML reader: a ten-state byte machine fed in chunks. It keeps no
 // tree; start and end tags go to a stack of handlers (see CXmlHandler and Delegate).
@@ -24,9 +27,16 @@ public:
     void Reset();
 
     // Reads a plain file in chunks. An unopenable file returns false with no error text.
+    // The file is read ahead on a second thread while this one parses.
     bool ParseFile(const std::string& path);
-    // Reads a gzip file (zlib also reads an uncompressed file transparently).
+    // Reads a gzip file (zlib also reads an uncompressed file transparently), inflated on a
+    // second thread while this one parses; the events are those of the text fed at once.
     bool ParseGzipFile(const std::string& path);
+    // Where the file parses report their progress (bytes of the file read); null: nowhere.
+    void SetProgress(CIoProgress* progress) { m_progress = progress; }
+    // After a successful ParseFile or ParseGzipFile: the identity of the bytes read; unknown
+    // otherwise.
+    const CFileIdentity& GetFileIdentity() const { return m_fileIdentity; }
     // Parses Unicode text held in memory as Latin-1 (characters above 255 become '?').
     // An empty text returns true.
     bool ParseString(std::string_view text);
@@ -116,7 +126,7 @@ private:
     bool CheckStartTagSize();
     void ReleaseLargeBuffers();
     bool Stop(std::string error);
-    bool ParseStream(void* stream, bool gzip);
+    bool ParseWholeFile(const std::string& path, bool gzip);
 
     CXmlHandler* m_root;
     XmlEncoding m_encoding = Utf8;
@@ -147,4 +157,7 @@ private:
     std::size_t m_maxInput = kDefaultMaxInputBytes;
     std::size_t m_inputBytes = 0;       // fed since the last Reset
     std::size_t m_stackNameBytes = 0;   // names of the open elements together
+
+    CIoProgress* m_progress = nullptr;
+    CFileIdentity m_fileIdentity;
 };

@@ -1,0 +1,198 @@
+#include "ParseEverySplit.h"
+#include "TempDirTest.h"
+
+#include "xml/CFileIdentity.h"
+#include "xml/CFileReadAhead.h"
+#include "xml/CIoProgress.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <zlib.h>
+
+namespace {
+
+std::string Document(int jumps)
+{
+    std::string doc = "<?xml version=\"1.0\" encoding=\"UTF-8\" ?><log>";
+    for (int i = 0; i < jumps; ++i)
+        doc += "<jump n=\"" + std::to_string(i) + "\"><dz>Tervola \xC3\xA4 " + std::to_string(i * 7) +
+               "</dz><note>" + std::string(static_cast<std::size_t>(i % 300), 'x') + "</note><w/></jump>";
+    return doc + "<end a=\"1\"/></log>";
+}
+
+std::string Gzip(const std::string& text)
+{
+    uLongf size = compressBound(static_cast<uLong>(text.size())) + 64;
+    std::string out(size, '\0');
+    z_stream stream{};
+    deflateInit2(&stream, 9, Z_DEFLATED, 15 + 16, 8, Z_DEFAULT_STRATEGY);
+    stream.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(text.data()));
+    stream.avail_in = static_cast<uInt>(text.size());
+    stream.next_out = reinterpret_cast<Bytef*>(out.data());
+    stream.avail_out = static_cast<uInt>(out.size());
+    deflate(&stream, Z_FINISH);
+    out.resize(stream.total_out);
+    deflateEnd(&stream);
+    return out;
+}
+
+// The parse as it was done on one thread: zlib's reader (or the C library's) feeding the parser
+// chunk by chunk, with the same end and error rules.
+ParseOutcome ParseOnOneThread(const std::string& path, bool gzip, const std::function<void(HandlerSet&, CXmlParser&)>& setup)
+{
+    HandlerSet set;
+    CXmlParser parser(&set.Root());
+    setup(set, parser);
+    ParseOutcome outcome;
+    parser.Reset();
+    // zlib drops the text of a read that runs into damage, so the reads are as large as the
+    // reader's (they were so before it had a thread).
+    std::vector<char> chunk(CFileReadAhead::kChunkBytes);
+    char* buffer = chunk.data();
+    const unsigned capacity = static_cast<unsigned>(chunk.size());
+    bool ok = true;
+    if (gzip) {
+        gzFile file = gzopen(path.c_str(), "rb");
+        for (;;) {
+            if (gzeof(file))
+                break;
+            const int n = gzread(file, buffer, capacity);
+            if (n <= 0) {
+                ok = n == 0;
+                break;
+            }
+            if (!parser.Feed(buffer, static_cast<std::size_t>(n))) {
+                ok = false;
+                break;
+            }
+        }
+        int error = Z_OK;
+        gzerror(file, &error);
+        ok = ok && error == Z_OK;
+        gzclose(file);
+    } else {
+        std::FILE* file = std::fopen(path.c_str(), "rb");
+        std::size_t n = 0;
+        while (ok && (n = std::fread(buffer, 1, capacity, file)) > 0)
+            ok = parser.Feed(buffer, n);
+        std::fclose(file);
+    }
+    outcome.ok = ok && parser.Finish();
+    outcome.events = set.log;
+    outcome.error = parser.GetErrorMessage();
+    outcome.depth = parser.GetDepth();
+    return outcome;
+}
+
+ParseOutcome ParseWithReadAhead(const std::string& path, bool gzip, const std::function<void(HandlerSet&, CXmlParser&)>& setup,
+                                CFileIdentity* identity = nullptr, CIoProgress* progress = nullptr)
+{
+    HandlerSet set;
+    CXmlParser parser(&set.Root());
+    setup(set, parser);
+    parser.SetProgress(progress);
+    ParseOutcome outcome;
+    outcome.ok = gzip ? parser.ParseGzipFile(path) : parser.ParseFile(path);
+    outcome.events = set.log;
+    outcome.error = parser.GetErrorMessage();
+    outcome.depth = parser.GetDepth();
+    if (identity)
+        *identity = parser.GetFileIdentity();
+    return outcome;
+}
+
+class ReadAhead : public TempDirTest
+{
+protected:
+    std::string Write(const std::string& name, const std::string& bytes)
+    {
+        std::ofstream(PathOf(name), std::ios::binary) << bytes;
+        return PathOf(name);
+    }
+};
+
+TEST_F(ReadAhead, GivesTheEventsAndRefusalsOfTheParseOnOneThread)
+{
+    const std::string text = Document(4000);
+    const std::string packed = Gzip(text);
+    ASSERT_GT(text.size(), 8 * 64 * 1024u) << "the text must fill the queue of chunks";
+    const auto none = [](HandlerSet&, CXmlParser&) {};
+    struct Case
+    {
+        std::string name;
+        std::string bytes;
+        bool gzip;
+        std::function<void(HandlerSet&, CXmlParser&)> setup;
+    };
+    std::vector<Case> cases = {
+        {"whole gzip", packed, true, none},
+        {"plain text through the gzip reader", text, true, none},
+        {"plain", text, false, none},
+        {"two gzip members", Gzip(text.substr(0, 300000)) + Gzip(text.substr(300000)), true, none},
+        {"garbage after the gzip stream", packed + "garbage", true, none},
+        {"empty gzip file", "", true, none},
+        {"a lone gzip magic byte", "\x1F", true, none},
+        {"refusal at the end", packed, true, [](HandlerSet& s, CXmlParser&) { s.Root().RefuseOpen("end"); }},
+        {"refusal of a late element", packed, true,
+         [](HandlerSet& s, CXmlParser&) { s.Root().RefuseClose("jump", "no more"); }},
+        {"token limit", packed, true, [](HandlerSet&, CXmlParser& p) { p.SetLimits(200, 256); }},
+        {"input limit", packed, true,
+         [](HandlerSet&, CXmlParser& p) { p.SetLimits(CXmlParser::kDefaultMaxTokenBytes, 256, 500000); }},
+        {"input limit of a plain file", text, false,
+         [](HandlerSet&, CXmlParser& p) { p.SetLimits(CXmlParser::kDefaultMaxTokenBytes, 256, 500000); }},
+    };
+    // Cut and damaged compressed files: in the header, in the middle, in the trailer.
+    for (std::size_t cut : {std::size_t{1}, std::size_t{9}, std::size_t{10}, packed.size() / 2, packed.size() - 8,
+                            packed.size() - 4, packed.size() - 1})
+        cases.push_back({"cut to " + std::to_string(cut), packed.substr(0, cut), true, none});
+    for (std::size_t at : {std::size_t{3}, std::size_t{200}, packed.size() / 3, packed.size() - 6}) {
+        std::string damaged = packed;
+        damaged[at] = static_cast<char>(damaged[at] ^ 0x55);
+        cases.push_back({"damaged at " + std::to_string(at), damaged, true, none});
+    }
+    cases.push_back({"plain cut inside a tag", text.substr(0, 400001), false, none});
+
+    int loaded = 0;
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        const std::string path = Write("file", c.bytes);
+        const ParseOutcome expected = ParseOnOneThread(path, c.gzip, c.setup);
+        const ParseOutcome actual = ParseWithReadAhead(path, c.gzip, c.setup);
+        EXPECT_EQ(actual.ok, expected.ok);
+        EXPECT_EQ(actual.error, expected.error);
+        EXPECT_EQ(actual.depth, expected.depth);
+        EXPECT_EQ(actual.events.size(), expected.events.size());
+        EXPECT_TRUE(actual.events == expected.events);
+        loaded += actual.ok ? 1 : 0;
+    }
+    // Whole, plain twice, two members, garbage after the end load; the refusals and damage do not.
+    EXPECT_GE(loaded, 5);
+    EXPECT_LE(loaded + 15, static_cast<int>(cases.size()));
+}
+
+TEST_F(ReadAhead, RemembersTheIdentityOfTheBytesOnDiskAndCountsProgress)
+{
+    const std::string text = Document(1500);
+    const auto none = [](HandlerSet&, CXmlParser&) {};
+    for (const auto& [bytes, gzip] : {std::pair{Gzip(text) + "tail", true}, std::pair{text, false}}) {
+        const std::string path = Write(gzip ? "log.tvz" : "log.tvl", bytes);
+        CFileIdentity identity;
+        CIoProgress progress;
+        ASSERT_TRUE(ParseWithReadAhead(path, gzip, none, &identity, &progress).ok);
+        const CFileIdentity onDisk = CFileIdentity::Of(path);
+        EXPECT_TRUE(identity.known);
+        EXPECT_EQ(identity.size, bytes.size());
+        EXPECT_EQ(identity.crc, crc32_z(0, reinterpret_cast<const Bytef*>(bytes.data()), bytes.size()));
+        EXPECT_EQ(identity.modifiedNs, onDisk.modifiedNs);
+        EXPECT_TRUE(identity.SameContent(onDisk));
+        EXPECT_EQ(progress.total.load(), bytes.size());
+        EXPECT_EQ(progress.done.load(), bytes.size());
+
+        // A parse that fails remembers nothing.
+        ASSERT_FALSE(ParseWithReadAhead(Write("cut", bytes.substr(0, bytes.size() / 2)), gzip, none, &identity).ok);
+        EXPECT_FALSE(identity.known);
+    }
+}
+
+} // namespace
