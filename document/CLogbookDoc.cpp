@@ -1,10 +1,12 @@
 #include "document/CLogbookDoc.h"
 
+#include "document/CFileLock.h"
 #include "document/IClock.h"
 #include "document/SafeFileReplace.h"
 #include "document/SettingsReader.h"
 #include "resources/StringTable.h"
 #include "units/ISettingsStore.h"
+#include "xml/CIoProgress.h"
 #include "xml/CXmlParser.h"
 #include "xml/CXmlWriter.h"
 #include "xml/IXmlOutput.h"
@@ -12,6 +14,8 @@
 
 #include <algorithm>
 #include <cctype>
+#include <filesystem>
+#include <system_error>
 
 namespace {
 
@@ -45,6 +49,23 @@ const IClock& SystemClock()
     return clock;
 }
 
+// How long a save waits for another program that is saving the same logbook.
+constexpr int kSaveLockWaitMs = 10'000;
+
+// True when the file at path is no longer the one described by known: other bytes, or a file
+// that exists but cannot be read. A file that is gone has nothing left to lose.
+bool ChangedOnDisk(const std::string& path, const CFileIdentity& known)
+{
+    std::error_code ec;
+    const bool exists = std::filesystem::exists(path, ec);
+    if (!exists && !ec)
+        return false;
+    const auto size = std::filesystem::file_size(path, ec);
+    if (!ec && size != known.size)
+        return true;
+    return !CFileIdentity::Of(path).SameContent(known);
+}
+
 } // namespace
 
 CLogbookDoc::CLogbookDoc(ISettingsStore* settings, const IClock* clock)
@@ -60,7 +81,9 @@ void CLogbookDoc::Clear()
     m_settings.Reset();
     m_path.clear();
     m_fileVersion.clear();
+    m_fileIdentity = CFileIdentity();
     m_modified = false;
+    ++m_changeCount;
     m_totalFreefallTime = 0;
     m_totalFreefallDistance = 0;
     m_totalCanopyDistance = 0;
@@ -73,6 +96,7 @@ CLoadResult CLogbookDoc::Load(const std::string& name)
     Clear();
     CLoadResult result;
     CXmlParser parser(this);
+    parser.SetProgress(m_progress);
     m_rootSeen = false;
     const bool ok = IsPlainPath(path) ? parser.ParseFile(path) : parser.ParseGzipFile(path);
     if (!ok) {
@@ -89,6 +113,7 @@ CLoadResult CLogbookDoc::Load(const std::string& name)
     }
     RecomputeTotals();
     m_path = path;
+    m_fileIdentity = parser.GetFileIdentity();
     m_modified = false;
     if (m_store)
         m_store->SetString(kLastFileSection, kLastFileValue, path);
@@ -99,6 +124,7 @@ CLoadResult CLogbookDoc::Load(const std::string& name)
 CLoadResult CLogbookDoc::TryLoad(const std::string& path)
 {
     CLogbookDoc fresh(m_store, m_clock);
+    fresh.SetProgress(m_progress);
     CLoadResult result = fresh.Load(path);
     if (result.ok)
         SwapContents(fresh);
@@ -109,7 +135,9 @@ void CLogbookDoc::SwapContents(CLogbookDoc& other)
 {
     std::swap(m_path, other.m_path);
     std::swap(m_fileVersion, other.m_fileVersion);
+    std::swap(m_fileIdentity, other.m_fileIdentity);
     std::swap(m_modified, other.m_modified);
+    ++m_changeCount;
     std::swap(m_settings, other.m_settings);
     std::swap(m_jumps, other.m_jumps);
     std::swap(m_totalFreefallTime, other.m_totalFreefallTime);
@@ -117,12 +145,37 @@ void CLogbookDoc::SwapContents(CLogbookDoc& other)
     std::swap(m_totalCanopyDistance, other.m_totalCanopyDistance);
 }
 
-bool CLogbookDoc::Save(const std::string& path)
+CSaveResult CLogbookDoc::Save(const std::string& path, SaveCheck check)
 {
+    const std::uint64_t changeCount = m_changeCount;
+    CSaveResult result = WriteFile(path, check);
+    SaveFinished(result, changeCount);
+    return result;
+}
+
+CSaveResult CLogbookDoc::WriteFile(const std::string& path, SaveCheck check) const
+{
+    CSaveResult result;
+    result.path = path;
+    result.messageId = StringTable::IDS_SAVE_FAILED;
     if (path.empty())
-        return false;
+        return result;
     const bool gzip = !IsPlainPath(path);
     const std::string temporary = SafeFileReplace::TemporaryPath(path);
+
+    // The temporary file is the save's lock too: while it is locked, no other instance checks
+    // or replaces this logbook. One left by a save that was killed is locked and reused.
+    CFileLock lock;
+    if (lock.Acquire(temporary, kSaveLockWaitMs) != CFileLock::Result::Locked)
+        return result;
+    if (check == SaveCheck::IfUnchanged && path == m_path && m_fileIdentity.known &&
+        ChangedOnDisk(path, m_fileIdentity)) {
+        lock.Release(true);
+        result.status = SaveStatus::ChangedOnDisk;
+        result.messageId = StringTable::IDS_FILE_CHANGED;
+        return result;
+    }
+    SafeFileReplace::RemoveLeftovers(path);
 
     bool ok = false;
     {
@@ -134,23 +187,59 @@ bool CLogbookDoc::Save(const std::string& path)
             ok = written && closed && !writer.Failed();
         }
     }
-    ok = ok && SafeFileReplace::SyncFile(temporary) && SafeFileReplace::Commit(temporary, path);
-    if (!ok) {
-        SafeFileReplace::RemoveQuietly(temporary);
-        return false;
+    if (ok && SafeFileReplace::SyncFile(temporary)) {
+        // Read back from the disk cache: the identity of exactly the bytes that go in place.
+        result.identity = CFileIdentity::Of(temporary);
+        ok = result.identity.known && SafeFileReplace::Commit(temporary, path);
+    } else {
+        ok = false;
     }
-    m_path = path;
-    m_modified = false;
-    if (m_store)
-        m_store->SetString(kLastFileSection, kLastFileValue, path);
-    return true;
+    if (!ok) {
+        lock.Release(true);
+        result.identity = CFileIdentity();
+        return result;
+    }
+    lock.Release(false);
+    result.status = SaveStatus::Saved;
+    result.messageId = 0;
+    return result;
 }
 
-bool CLogbookDoc::SaveIfModified()
+void CLogbookDoc::SaveFinished(const CSaveResult& result, std::uint64_t changeCount)
+{
+    if (!result)
+        return;
+    m_path = result.path;
+    m_fileIdentity = result.identity;
+    if (m_changeCount == changeCount)
+        m_modified = false;
+    if (m_store)
+        m_store->SetString(kLastFileSection, kLastFileValue, result.path);
+}
+
+CSaveResult CLogbookDoc::SaveIfModified()
 {
     if (!HasPath() || !m_modified)
-        return false;
+        return CSaveResult();
     return Save(m_path);
+}
+
+std::unique_ptr<CLogbookDoc> CLogbookDoc::Snapshot() const
+{
+    auto copy = std::make_unique<CLogbookDoc>(nullptr, m_clock);
+    copy->m_settings = m_settings;
+    copy->m_jumps.reserve(m_jumps.size());
+    for (const auto& jump : m_jumps)
+        copy->m_jumps.push_back(std::make_unique<CJump>(*jump));
+    copy->m_path = m_path;
+    copy->m_fileVersion = m_fileVersion;
+    copy->m_fileIdentity = m_fileIdentity;
+    copy->m_modified = m_modified;
+    copy->m_changeCount = m_changeCount;
+    copy->m_outputFactory = m_outputFactory;
+    copy->m_maxJumps = m_maxJumps;
+    copy->m_progress = m_progress;
+    return copy;
 }
 
 bool CLogbookDoc::WriteTo(CXmlWriter& writer) const
@@ -161,11 +250,21 @@ bool CLogbookDoc::WriteTo(CXmlWriter& writer) const
     writer.StartElement("tvl", {{"version", kFileVersion},
                                 {"creator", creator},
                                 {"mod", XmlDateTimeToString(clock.Now())}});
+    if (m_progress) {
+        m_progress->total = m_jumps.size() + 1;
+        m_progress->done = 0;
+    }
     m_settings.Write(writer);
     writer.StartElement("log", "size", XmlIntToString(static_cast<int>(m_jumps.size()), true));
-    for (const auto& jump : m_jumps)
+    std::uint64_t written = 1;
+    for (const auto& jump : m_jumps) {
+        if (m_progress)
+            m_progress->done.store(written++, std::memory_order_relaxed);
         jump->Write(writer);
+    }
     writer.EndElement();
+    if (m_progress)
+        m_progress->done = written;
     return !writer.Failed();
 }
 
@@ -203,6 +302,7 @@ CJump* CLogbookDoc::AddJump(std::unique_ptr<CJump> jump)
     if (!jump)
         return nullptr;
     CJump* added = InsertSorted(m_jumps, std::move(jump));
+    ++m_changeCount;
     m_totalFreefallTime += added->FreefallTime(m_settings);
     m_totalFreefallDistance += added->GetFreefallDistance();
     m_totalCanopyDistance += added->GetOpenHeight();
@@ -216,6 +316,7 @@ std::unique_ptr<CJump> CLogbookDoc::RemoveJump(std::size_t index)
         return nullptr;
     std::unique_ptr<CJump> jump = std::move(m_jumps[index]);
     m_jumps.erase(m_jumps.begin() + static_cast<std::ptrdiff_t>(index));
+    ++m_changeCount;
     m_totalFreefallTime -= jump->FreefallTime(m_settings);
     m_totalFreefallDistance -= jump->GetFreefallDistance();
     m_totalCanopyDistance -= jump->GetOpenHeight();
@@ -227,6 +328,7 @@ void CLogbookDoc::BeginChangeJump(const CJump* jump)
 {
     if (!jump)
         return;
+    ++m_changeCount;
     m_totalFreefallTime -= jump->FreefallTime(m_settings);
     m_totalFreefallDistance -= jump->GetFreefallDistance();
     m_totalCanopyDistance -= jump->GetOpenHeight();
@@ -236,6 +338,7 @@ void CLogbookDoc::EndChangeJump(CJump* jump)
 {
     if (!jump)
         return;
+    ++m_changeCount;
     m_totalFreefallTime += jump->FreefallTime(m_settings);
     m_totalFreefallDistance += jump->GetFreefallDistance();
     m_totalCanopyDistance += jump->GetOpenHeight();

@@ -3,6 +3,7 @@
 #include "model/CJump.h"
 #include "model/CLogbookSettings.h"
 #include "xml/CDateTime.h"
+#include "xml/CFileIdentity.h"
 #include "xml/CXmlHandler.h"
 
 #include <cstdint>
@@ -15,6 +16,7 @@
 class ISettingsStore;
 class IClock;
 class IXmlOutput;
+struct CIoProgress;
 
 // What a load reports: success, or the text to show before "The file could not be opened."
 // (empty when the file simply could not be read).
@@ -23,6 +25,33 @@ struct CLoadResult
     bool ok = false;
     std::string message;
     explicit operator bool() const { return ok; }
+};
+
+// How a save ended.
+enum class SaveStatus
+{
+    Saved,
+    Failed,          // nothing was replaced; the old file and its backup are as they were
+    ChangedOnDisk    // another program changed the file since it was loaded or saved here
+};
+
+// Whether a save first makes sure that the file on disk is still the one this document read.
+enum class SaveCheck
+{
+    IfUnchanged,   // refuse with ChangedOnDisk when another program has changed it
+    Overwrite      // the user has decided to replace it anyway
+};
+
+// What a save reports: the status, the message to show when it did not save, and the file it
+// wrote. A save run on another thread hands this back to the document (SaveFinished).
+struct CSaveResult
+{
+    SaveStatus status = SaveStatus::Failed;
+    int messageId = 0;          // StringTable id of the message; 0 when saved
+    std::string path;
+    CFileIdentity identity;     // of the file written
+    // Saved or not, for the callers that need no more (a save used to answer with a bool).
+    operator bool() const { return status == SaveStatus::Saved; }
 };
 
 // The numbers of the home screen's summary, in stored units (metres, seconds).
@@ -56,18 +85,47 @@ public:
     CLoadResult TryLoad(const std::string& path);
     // Saves safely: temporary file, flush, ".bak" copy of the old file, rename. A failed save
     // leaves the old file and its backup untouched. Success sets the path and clears the flag.
-    bool Save(const std::string& path);
-    // Saves to the current path when there is one and the document is modified.
-    bool SaveIfModified();
+    // Saving over the file this document was loaded from or last saved to first checks that
+    // no other program has changed it since (unless check says Overwrite).
+    CSaveResult Save(const std::string& path, SaveCheck check = SaveCheck::IfUnchanged);
+    // Saves to the current path when there is one and the document is modified; otherwise
+    // returns Failed with no message and does nothing.
+    CSaveResult SaveIfModified();
+
+    // The part of Save that touches only files: it reads the records and changes nothing, so
+    // it may run on another thread on a snapshot. Holds a lock on the temporary file while it
+    // checks and writes, so that two programs saving the same logbook take turns, and removes
+    // what an interrupted save left behind.
+    CSaveResult WriteFile(const std::string& path, SaveCheck check = SaveCheck::IfUnchanged) const;
+    // Takes a finished save in on the document's own thread: path, file identity, "LastFile",
+    // and the modified flag cleared unless the document changed after changeCount was taken.
+    void SaveFinished(const CSaveResult& result, std::uint64_t changeCount);
+    // A copy of everything a save writes (settings, jumps, path, file identity), for saving on
+    // another thread while this document goes on being edited.
+    std::unique_ptr<CLogbookDoc> Snapshot() const;
+    // Grows with every change; a save compares it to tell whether edits came in meanwhile.
+    std::uint64_t GetChangeCount() const { return m_changeCount; }
+    // The identity of the file as this document last read or wrote it; unknown without one.
+    const CFileIdentity& GetFileIdentity() const { return m_fileIdentity; }
+    // Where loads report the bytes read and saves the jumps written; null: nowhere.
+    void SetProgress(CIoProgress* progress) { m_progress = progress; }
 
     bool HasPath() const { return !m_path.empty(); }
     const std::string& GetPath() const { return m_path; }
     // Forgets the file (New writes a fresh one through Save).
-    void SetPath(std::string path) { m_path = std::move(path); }
+    void SetPath(std::string path)
+    {
+        m_path = std::move(path);
+        m_fileIdentity = CFileIdentity();
+    }
     // The root's "version" text as the last successful load read it; empty otherwise.
     const std::string& GetFileVersion() const { return m_fileVersion; }
     bool IsModified() const { return m_modified; }
-    void SetModified(bool modified = true) { m_modified = modified; }
+    void SetModified(bool modified = true)
+    {
+        m_modified = modified;
+        m_changeCount += modified ? 1 : 0;
+    }
 
     CLogbookSettings& GetSettings() { return m_settings; }
     const CLogbookSettings& GetSettings() const { return m_settings; }
@@ -126,7 +184,10 @@ private:
     const IClock* m_clock;
     std::string m_path;
     std::string m_fileVersion;
+    CFileIdentity m_fileIdentity;
     bool m_modified = false;
+    std::uint64_t m_changeCount = 0;
+    CIoProgress* m_progress = nullptr;
     CLogbookSettings m_settings;
     std::vector<std::unique_ptr<CJump>> m_jumps;
     std::unique_ptr<SettingsReader> m_settingsReader;

@@ -101,6 +101,13 @@ bool Commit(const std::string& temporary, const std::string& target)
     return true;
 }
 
+void RemoveLeftovers(const std::string& target)
+{
+    const std::string backup = BackupPath(target);
+    if (!backup.empty())
+        RemoveQuietly(backup + kTemporarySuffix);
+}
+
 void RemoveQuietly(const std::string& path)
 {
     std::error_code ec;

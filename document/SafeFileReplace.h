@@ -18,6 +18,9 @@ bool SyncFile(const std::string& path);
 // The old target and the old backup stay untouched unless the temporary file is in place.
 // False when the new file could not be put in place; the temporary file is then still there.
 bool Commit(const std::string& temporary, const std::string& target);
+// Removes what an interrupted save of target may have left besides its own temporary file
+// (which the next save reuses): the half-made copy meant to become the backup.
+void RemoveLeftovers(const std::string& target);
 // Removes a file, ignoring every error (also when it does not exist).
 void RemoveQuietly(const std::string& path);
 

@@ -35,6 +35,9 @@ constexpr std::array kEntries = {
     Entry{4017, "Please enter a signer or delete the signature."},
     Entry{4018, "Please sign the jump or delete the signer."},
     Entry{4019, "Please enter a different jump number. The jump number must be unique."},
+    Entry{4020, "The file was changed by another program after it was opened here. It was not overwritten."},
+    Entry{4021, "This logbook is already open in another Tervola Pocket (%1). Changes saved in one may be "
+                "refused or overwritten by the other."},
     Entry{5005, "Your membership/license will expire %1."},
     Entry{5006, "Equipment %1 needs to be inspected %2."},
     Entry{5007, "Do you want to delete jump number %1?"},

@@ -72,11 +72,13 @@ TEST(CLogbookDocSave, SaveIfModified)
 
     ASSERT_TRUE(doc.Save(path));
     EXPECT_FALSE(doc.IsModified());
+    const std::string saved = ReadBytes(path);
     WriteBytes(path, "sentinel");
     EXPECT_FALSE(doc.SaveIfModified());   // not modified: the file is not touched
     EXPECT_EQ(ReadBytes(path), "sentinel");
 
     doc.SetModified();
+    WriteBytes(path, saved);   // the same bytes again: nothing to lose
     EXPECT_TRUE(doc.SaveIfModified());
     EXPECT_FALSE(doc.IsModified());
     CLogbookDoc reread;
