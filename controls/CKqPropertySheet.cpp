@@ -12,6 +12,8 @@
 #include <QTabWidget>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 CKqPropertySheet::CKqPropertySheet(const QString& caption, IMessageSink* messages, QWidget* parent)
     : QDialog(parent), m_messages(messages)
 {
@@ -41,6 +43,12 @@ CKqPropertySheet::~CKqPropertySheet() = default;
 
 void CKqPropertySheet::AddPage(CKqPropertyPage* page)
 {
+    InsertPage(m_pages.size(), page);
+}
+
+void CKqPropertySheet::InsertPage(int index, CKqPropertyPage* page)
+{
+    index = std::clamp(index, 0, static_cast<int>(m_pages.size()));
     // Each page scrolls on its own when the screen is smaller than the page.
     auto* scroller = new QScrollArea;
     scroller->setObjectName(page->objectName() + QStringLiteral("Scroller"));
@@ -49,10 +57,20 @@ void CKqPropertySheet::AddPage(CKqPropertyPage* page)
     scroller->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     scroller->setWidget(page);
     page->SetSheet(this);
-    m_pages.append(page);
-    m_tabs->addTab(scroller, page->Title());
+    m_pages.insert(index, page);
+    // The page on top stays on top; only its index moves, and no page is left or checked.
+    m_reverting = true;
+    m_tabs->insertTab(index, scroller, page->Title());
+    m_reverting = false;
     if (m_current < 0)
         m_current = 0;
+    else if (index <= m_current)
+        ++m_current;
+}
+
+int CKqPropertySheet::IndexOf(const CKqPropertyPage* page) const
+{
+    return static_cast<int>(m_pages.indexOf(const_cast<CKqPropertyPage*>(page)));
 }
 
 int CKqPropertySheet::ActiveIndex() const

@@ -25,14 +25,20 @@ public:
 
     // Adds a page as the next tab; the sheet owns it.
     void AddPage(CKqPropertyPage* page);
+    // Puts a page in as the tab at index (the pages from there move one on); the sheet owns it.
+    void InsertPage(int index, CKqPropertyPage* page);
     int PageCount() const { return m_pages.size(); }
     CKqPropertyPage* Page(int index) const { return m_pages.value(index, nullptr); }
+    // The tab index of a page, or -1 when the sheet does not hold it.
+    int IndexOf(const CKqPropertyPage* page) const;
     // The index of the page on top.
     int ActiveIndex() const;
     // Shows another page after the one on top passed its check; false when it was refused.
     bool SetActivePage(int index);
     // Puts a page on top without checking the one that was there (for opening on a page).
     void StartOnPage(int index);
+    // The same by the page itself, wherever other pages put its tab.
+    void StartOnPage(const CKqPropertyPage* page) { StartOnPage(IndexOf(page)); }
     // The tabs, for tests and layouts.
     QTabWidget* Tabs() const { return m_tabs; }
     // The OK and Cancel buttons.
@@ -44,8 +50,9 @@ public:
     // The message sink the sheet reports to.
     IMessageSink* Messages() const { return m_messages; }
 
-    // Initialises every page once; the sheet calls this before it first shows.
-    void InitialisePages();
+    // Initialises every page once; the sheet calls this before it first shows. A sheet whose
+    // pages depend on what was prepared after it was made adds them here before the base runs.
+    virtual void InitialisePages();
 
 public slots:
     // OK: every page's check in tab order, then Apply; the sheet stays open on a failure.

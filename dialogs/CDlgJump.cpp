@@ -5,6 +5,7 @@
 #include "dialogs/CDlgJumpPageFallrate.h"
 #include "dialogs/CDlgJumpPageInfo.h"
 #include "dialogs/CDlgJumpPageNote.h"
+#include "dialogs/CDlgJumpPageRecording.h"
 #include "dialogs/CDlgJumpPageSignature.h"
 #include "dialogs/DialogText.h"
 #include "resources/StringTable.h"
@@ -28,11 +29,40 @@ CDlgJump::CDlgJump(CLogbookDoc& doc, const CUnitSettings& units, ISettingsStore*
                                                                         m_signature})
         AddPage(page);
     connect(m_fallrate, &CDlgJumpPageFallrate::kindPicked, m_details, &CDlgJumpPageDetails::ShowRecordedValues);
+    AddRecordingPage();
     if (m_edit.IsViewOnly())
         Buttons()->button(QDialogButtonBox::Cancel)->hide();
 }
 
 CDlgJump::~CDlgJump() = default;
+
+void CDlgJump::InitialisePages()
+{
+    AddRecordingPage();
+    CKqPropertySheet::InitialisePages();
+}
+
+void CDlgJump::AddRecordingPage()
+{
+    if (m_recording || !m_edit.Recording())
+        return;
+    m_recording = new CDlgJumpPageRecording(m_edit);
+    InsertPage(IndexOf(m_info) + 1, m_recording);
+    connect(m_fallrate, &CDlgJumpPageFallrate::kindPicked, m_recording, &CDlgJumpPageRecording::UpdateMarks);
+}
+
+CKqPropertyPage* CDlgJump::PageFor(CJumpEdit::Page page) const
+{
+    switch (page)
+    {
+    case CJumpEdit::PageDetails: return m_details;
+    case CJumpEdit::PageFallrate: return m_fallrate;
+    case CJumpEdit::PageInfo: return m_info;
+    case CJumpEdit::PageNote: return m_note;
+    case CJumpEdit::PageSignature: return m_signature;
+    default: return nullptr;
+    }
+}
 
 bool CDlgJump::Apply()
 {
