@@ -3,6 +3,7 @@
 #include "controls/CRecordingPlot.h"
 #include "editing/CJumpEdit.h"
 #include "model/CJumpRecording.h"
+#include "tracks/RecordingDetection.h"
 
 #include <QVBoxLayout>
 
@@ -32,7 +33,13 @@ CDlgJumpPageRecording::CDlgJumpPageRecording(const CJumpEdit& edit, QWidget* par
 void CDlgJumpPageRecording::Initialise()
 {
     const CJumpRecording* recording = m_edit.Recording();
-    m_plot->SetSeries(recording ? CRecordingSeries(*recording) : CRecordingSeries());
+    CRecordingSeries series = recording ? CRecordingSeries(*recording) : CRecordingSeries();
+    // A recording whose times do not count from the exit shows the exit and deployment that
+    // the detection finds in it.
+    const CJumpDetection detection = DetectJumpInSeries(series);
+    m_detectedExit = detection.ok ? std::optional<double>(detection.exitTime) : std::nullopt;
+    m_detectedDeployment = detection.ok ? std::optional<double>(detection.deployTime) : std::nullopt;
+    m_plot->SetSeries(std::move(series));
     UpdateMarks();
 }
 
@@ -40,7 +47,7 @@ void CDlgJumpPageRecording::UpdateMarks()
 {
     if (m_edit.Values().kind != Import)
     {
-        m_plot->SetMarks(std::nullopt, std::nullopt);
+        m_plot->SetMarks(m_detectedExit, m_detectedDeployment);
         return;
     }
     // An imported recording counts its seconds from the exit; the deployment follows after the

@@ -32,18 +32,3 @@ CJumpDetection DetectJumpInSeries(const CRecordingSeries& series)
     }
     return DetectJump(fixes);
 }
-
-void MarkJump(CRecordingSeries& series, bool imported, int freefallTime)
-{
-    if (imported)
-    {
-        series.SetExitTime(0.0);
-        series.SetDeploymentTime(static_cast<double>(freefallTime));
-        return;
-    }
-    const CJumpDetection detection = DetectJumpInSeries(series);
-    if (!detection.ok)
-        return;
-    series.SetExitTime(detection.exitTime);
-    series.SetDeploymentTime(detection.deployTime);
-}

@@ -11,7 +11,3 @@ class CRecordingSeries;
 // recording's own seconds.
 CJumpDetection DetectJumpInSeries(const CRecordingSeries& series);
 
-// Marks the series' exit and deployment: for an imported fall rate the recording counts its
-// seconds from the exit, so exit is 0 and deployment the freefall time; otherwise they are
-// detected, and left unset when no jump is found.
-void MarkJump(CRecordingSeries& series, bool imported, int freefallTime);

@@ -23,20 +23,14 @@ TEST(RecordingDetection, FindsExitAndDeploymentInAStoredRecording)
         CImportedJump imported;
         std::string message;
         ASSERT_TRUE(BuildImportedJump(track, detection, options, 0, imported, message)) << message;
-        CRecordingSeries series(imported.recording);
-        MarkJump(series, false, 0);
-        ASSERT_TRUE(series.ExitTime() && series.DeploymentTime());
-        EXPECT_NEAR(*series.ExitTime(), 0.0, 1.5);
-        EXPECT_NEAR(*series.DeploymentTime(), imported.fallrate.freefallTime, 2.0);
-
-        MarkJump(series, true, 61);
-        EXPECT_EQ(*series.DeploymentTime(), 61.0);
+        const CJumpDetection found = DetectJumpInSeries(CRecordingSeries(imported.recording));
+        ASSERT_TRUE(found.ok) << found.message;
+        EXPECT_NEAR(found.exitTime, 0.0, 1.5);
+        EXPECT_NEAR(found.deployTime, imported.fallrate.freefallTime, 2.0);
+        EXPECT_NEAR(found.exitHeight, imported.fallrate.exitHeight, 30);
     }
-    // Nothing to find: the marks stay unset.
-    CImportedJump ride;
-    CRecordingSeries empty(ride.recording);
-    MarkJump(empty, false, 0);
-    EXPECT_FALSE(empty.ExitTime().has_value());
+    // Nothing to find in an empty recording.
+    EXPECT_FALSE(DetectJumpInSeries(CRecordingSeries()).ok);
 }
 
 } // namespace
