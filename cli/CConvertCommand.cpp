@@ -25,6 +25,9 @@ QString CConvertCommand::Details() const
         "file is written beside OUT and only renamed over it once it is complete, so a failed save\n"
         "leaves the old file as it was. The file's \"mod\" becomes the time of the save.\n"
         "\n"
+        "When OUT is IN and another program changes the file while it is converted, it is not\n"
+        "overwritten: the tool prints \"The file was changed by another program after it was opened\n"
+        "here. It was not overwritten.\" and fails.\n"
         "Errors while reading IN are printed as \"check\" prints them; a failed save prints\n"
         "\"The file could not be saved.\". Nothing is printed on success.\n"
         "Exit codes: 0 saved, 1 IN does not load or OUT cannot be saved, 2 wrong command line.\n");
@@ -36,8 +39,10 @@ int CConvertCommand::Execute(const QCommandLineParser& parser)
     CLogbookDoc doc;
     if (!CLogbookOpener::OpenOrReport(doc, LocalPath(arguments.at(0))))
         return Failure;
-    if (!doc.Save(LocalPath(arguments.at(1)))) {
-        CConsole::ErrLine(StringTable::Text(StringTable::IDS_SAVE_FAILED));
+    // Saving over IN itself is refused when another program changed IN after it was read.
+    const CSaveResult saved = doc.Save(LocalPath(arguments.at(1)));
+    if (!saved) {
+        CConsole::ErrLine(StringTable::Text(saved.messageId != 0 ? saved.messageId : StringTable::IDS_SAVE_FAILED));
         return Failure;
     }
     return Success;
