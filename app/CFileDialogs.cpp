@@ -7,7 +7,7 @@
 
 QString CFileDialogs::Filter()
 {
-    return QStringLiteral("Tervola Files (*.tvz)");
+    return QCoreApplication::translate("CFileDialogs", "Tervola Files (*.tvz)");
 }
 
 QString CFileDialogs::ChooseOpen(const QString& startPath)
@@ -34,9 +34,11 @@ QString CFileDialogs::Run(Purpose purpose, const QString& startPath)
 
     const bool save = purpose == Purpose::Save;
     const bool track = purpose == Purpose::Track;
-    const QString title = save ? QStringLiteral("Save as") : track ? QStringLiteral("Import track") : QStringLiteral("Open");
+    const QString title = save    ? QCoreApplication::translate("CFileDialogs", "Save as")
+                          : track ? QCoreApplication::translate("CFileDialogs", "Import track")
+                                  : QCoreApplication::translate("CFileDialogs", "Open");
     // Loggers write upper-case names (TRACK.CSV) and file systems may tell case apart.
-    const QString filter = track ? QStringLiteral("GPS tracks (*.csv *.CSV)") : Filter();
+    const QString filter = track ? QCoreApplication::translate("CFileDialogs", "GPS tracks (*.csv *.CSV)") : Filter();
     QFileDialog dialog(parent, title, start, filter);
     dialog.setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     // Open: only existing files. Save: the folder must exist; replacing a file is confirmed.

@@ -40,7 +40,7 @@ CJumpListCtrl::CJumpListCtrl(QWidget* parent) : QTreeWidget(parent)
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
 
     setColumnCount(ColumnCount);
-    setHeaderLabels({QStringLiteral("Jump"), QStringLiteral("Date"), QStringLiteral("Place")});
+    setHeaderLabels({tr("Jump"), tr("Date"), tr("Place")});
     headerItem()->setTextAlignment(NumberColumn, Qt::AlignRight | Qt::AlignVCenter);
     header()->setStretchLastSection(false);
     header()->setSectionsMovable(false);

@@ -10,6 +10,8 @@
 #include "app/CQSettingsStore.h"
 #include "app/CSplashWnd.h"
 #include "document/IClock.h"
+#include "translations/CTranslations.h"
+#include "translations/MessageText.h"
 #include "units/ISettingsStore.h"
 
 #include <QApplication>
@@ -45,7 +47,9 @@ bool CLogbookApp::InitInstance(const QStringList& arguments)
 {
     if (!m_services.settings || !m_services.clock || !m_services.messages || !m_services.files)
         return false;
-    // 1. Platform services: Qt's widgets need no further set-up; the artwork is registered.
+    // 1. Platform services: the translations of the default locale's language (the system's
+    // unless a test chose another) are installed; the artwork is registered.
+    CTranslations::Install(QLocale());
     CArtwork::Init();
     if (QCoreApplication::applicationName().isEmpty())
         QCoreApplication::setApplicationName(QString::fromLatin1(kProgram));
@@ -97,5 +101,5 @@ void CLogbookApp::LoadStartLogbook(const QStringList& arguments)
         return;
     const CLoadResult result = m_frame->GetDocument().Load(last);
     if (!result.ok && !result.message.empty())
-        m_services.messages->Error(QString::fromStdString(result.message));
+        m_services.messages->Error(MessageText::Translate(result.message));
 }

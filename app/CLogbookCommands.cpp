@@ -12,6 +12,7 @@
 #include "document/CLogbookDoc.h"
 #include "document/IClock.h"
 #include "resources/StringTable.h"
+#include "translations/MessageText.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -24,7 +25,7 @@ namespace {
 
 QString Message(int id, const QString& arg1 = {})
 {
-    return QString::fromStdString(StringTable::Format(id, arg1.toStdString()));
+    return MessageText::Format(id, arg1);
 }
 
 // Paths go to the core as the file system's own bytes.
@@ -90,7 +91,7 @@ bool CLogbookCommands::SaveModified()
     if (!CanSave())
         return true;
     const QString name = QFileInfo(DisplayPath(m_doc.GetPath())).fileName();
-    switch (m_services.messages->AskYesNoCancel(QStringLiteral("Save changes to %1?").arg(name)))
+    switch (m_services.messages->AskYesNoCancel(tr("Save changes to %1?").arg(name)))
     {
     case IMessageSink::Answer::Yes:
         if (m_doc.Save(m_doc.GetPath()))
@@ -141,7 +142,7 @@ bool CLogbookCommands::LoadLogbook(const QString& path)
     if (!result.ok)
     {
         if (!result.message.empty())
-            m_services.messages->Error(QString::fromStdString(result.message));
+            m_services.messages->Error(MessageText::Translate(result.message));
         m_services.messages->Error(Message(StringTable::IDS_OPEN_FAILED));
         return false;
     }

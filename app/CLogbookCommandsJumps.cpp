@@ -14,6 +14,7 @@
 #include "document/CLogbookDoc.h"
 #include "document/IClock.h"
 #include "resources/StringTable.h"
+#include "translations/MessageText.h"
 
 #include <QFile>
 #include <QMenu>
@@ -146,9 +147,8 @@ void CLogbookCommands::OnJumpDelete()
     const int index = m_doc.IndexOf(jump);
     if (!jump || index < 0)
         return;
-    const std::string number = std::to_string(jump->GetNumber());
     if (!m_services.messages->AskYesNo(
-            QString::fromStdString(StringTable::Format(StringTable::IDS_DELETE_JUMP, number))))
+            MessageText::Format(StringTable::IDS_DELETE_JUMP, QString::number(jump->GetNumber()))))
         return;
     // The row goes first: it refers to the jump that the document is about to destroy.
     list->RemoveJumpRow(jump);
@@ -192,13 +192,13 @@ QMenu* CLogbookCommands::CreateContextMenu(QWidget* parent)
         action->setData(command);
         action->setEnabled(enabled);
     };
-    add(QStringLiteral("View..."), "viewAction", AppCommands::ID_JUMP_VIEW, jump != nullptr);
-    add(QStringLiteral("Change..."), "changeAction", AppCommands::ID_JUMP_CHANGE, jump != nullptr);
+    add(tr("View..."), "viewAction", AppCommands::ID_JUMP_VIEW, jump != nullptr);
+    add(tr("Change..."), "changeAction", AppCommands::ID_JUMP_CHANGE, jump != nullptr);
     add(tr("Add track..."), "addTrackAction", AppCommands::ID_JUMP_ADD_TRACK, CanAddTrack(jump));
     menu->addSeparator();
-    add(QStringLiteral("Show picture..."), "showPictureAction", AppCommands::ID_JUMP_SHOW_PICTURE,
+    add(tr("Show picture..."), "showPictureAction", AppCommands::ID_JUMP_SHOW_PICTURE,
         jump && !jump->GetPictureName().empty());
-    add(QStringLiteral("Delete"), "deleteAction", AppCommands::ID_JUMP_DELETE, jump != nullptr);
+    add(tr("Delete"), "deleteAction", AppCommands::ID_JUMP_DELETE, jump != nullptr);
     return menu;
 }
 

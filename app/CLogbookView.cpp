@@ -36,15 +36,15 @@ CLogbookView::CLogbookView(CLogbookDoc& doc, const CUnitSettings& units, const C
     m_buttonLayout->setContentsMargins(0, 0, 0, 0);
     m_buttonLayout->setSpacing(6);
     m_homeButton = MakePictureButton(QStringLiteral("homeButton"), QStringLiteral("home.svg"),
-                                     QStringLiteral("Home"), AppCommands::ID_VIEW_HOME);
+                                     tr("Home"), AppCommands::ID_VIEW_HOME);
     m_signListButton = MakePictureButton(QStringLiteral("signListButton"), QStringLiteral("signlist.svg"),
-                                         QStringLiteral("Jumps to be signed"), AppCommands::ID_VIEW_SIGNLIST);
+                                         tr("Jumps to be signed"), AppCommands::ID_VIEW_SIGNLIST);
     m_jumpListButton = MakePictureButton(QStringLiteral("jumpListButton"), QStringLiteral("jumplist.svg"),
-                                         QStringLiteral("All jumps"), AppCommands::ID_VIEW_JUMPLIST);
+                                         tr("All jumps"), AppCommands::ID_VIEW_JUMPLIST);
     m_newJumpButton = MakePictureButton(QStringLiteral("newJumpButton"), QStringLiteral("newjump.svg"),
-                                        QStringLiteral("New jump"), AppCommands::ID_JUMP_NEW);
+                                        tr("New jump"), AppCommands::ID_JUMP_NEW);
     m_pageOpenButton = MakePictureButton(QStringLiteral("pageOpenButton"), QStringLiteral("open.svg"),
-                                         QStringLiteral("Open another logbook"), AppCommands::ID_PAGE_OPEN);
+                                         tr("Open another logbook"), AppCommands::ID_PAGE_OPEN);
     m_buttonLayout->addWidget(m_homeButton);
     m_buttonLayout->addWidget(m_newJumpButton);
     m_buttonLayout->addWidget(m_signListButton);
@@ -111,9 +111,9 @@ void CLogbookView::CreateStartButtons()
     m_startLayout = new QBoxLayout(QBoxLayout::TopToBottom, m_startPanel);
     m_startLayout->setSpacing(16);
     m_startNewButton = MakePictureButton(QStringLiteral("startNewButton"), QStringLiteral("new.svg"),
-                                         QStringLiteral("New logbook"), AppCommands::ID_FILE_NEW);
+                                         tr("New logbook"), AppCommands::ID_FILE_NEW);
     m_startOpenButton = MakePictureButton(QStringLiteral("startOpenButton"), QStringLiteral("open.svg"),
-                                          QStringLiteral("Open logbook"), AppCommands::ID_FILE_OPEN);
+                                          tr("Open logbook"), AppCommands::ID_FILE_OPEN);
     for (QToolButton* button : {m_startNewButton, m_startOpenButton})
     {
         button->setParent(m_startPanel);

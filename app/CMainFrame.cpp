@@ -12,6 +12,7 @@
 #include "document/CReminders.h"
 #include "document/IClock.h"
 #include "resources/StringTable.h"
+#include "translations/MessageText.h"
 #include "units/ISettingsStore.h"
 
 #include <QAction>
@@ -70,24 +71,24 @@ QAction* CMainFrame::MakeAction(const QString& name, const QString& text, int co
 
 void CMainFrame::CreateMenuAndCommandBar()
 {
-    m_newAction = MakeAction(QStringLiteral("fileNewAction"), QStringLiteral("New..."), AppCommands::ID_FILE_NEW,
+    m_newAction = MakeAction(QStringLiteral("fileNewAction"), tr("New..."), AppCommands::ID_FILE_NEW,
                              QStringLiteral("new.svg"));
-    m_openAction = MakeAction(QStringLiteral("fileOpenAction"), QStringLiteral("Open..."),
+    m_openAction = MakeAction(QStringLiteral("fileOpenAction"), tr("Open..."),
                               AppCommands::ID_FILE_OPEN, QStringLiteral("open.svg"));
-    m_saveAction = MakeAction(QStringLiteral("fileSaveAction"), QStringLiteral("Save"), AppCommands::ID_FILE_SAVE,
+    m_saveAction = MakeAction(QStringLiteral("fileSaveAction"), tr("Save"), AppCommands::ID_FILE_SAVE,
                               QStringLiteral("save.svg"));
     m_saveAsAction =
-        MakeAction(QStringLiteral("fileSaveAsAction"), QStringLiteral("Save as..."), AppCommands::ID_FILE_SAVE_AS);
-    m_aboutAction = MakeAction(QStringLiteral("aboutAction"), QStringLiteral("About Tervola Pocket..."),
+        MakeAction(QStringLiteral("fileSaveAsAction"), tr("Save as..."), AppCommands::ID_FILE_SAVE_AS);
+    m_aboutAction = MakeAction(QStringLiteral("aboutAction"), tr("About Tervola Pocket..."),
                                AppCommands::ID_APP_ABOUT, QStringLiteral("about.svg"));
-    m_exitAction = MakeAction(QStringLiteral("exitAction"), QStringLiteral("E&xit"), AppCommands::ID_APP_EXIT);
+    m_exitAction = MakeAction(QStringLiteral("exitAction"), tr("E&xit"), AppCommands::ID_APP_EXIT);
     m_newAction->setShortcut(QKeySequence::New);
     m_openAction->setShortcut(QKeySequence::Open);
     m_saveAction->setShortcut(QKeySequence::Save);
     m_saveAsAction->setShortcut(QKeySequence::SaveAs);
     m_exitAction->setShortcut(QKeySequence::Quit);
 
-    m_jumpNewAction = MakeAction(QStringLiteral("jumpNewAction"), QStringLiteral("New jump..."),
+    m_jumpNewAction = MakeAction(QStringLiteral("jumpNewAction"), tr("New jump..."),
                                  AppCommands::ID_JUMP_NEW, QStringLiteral("newjump.svg"));
     m_jumpNewAction->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_J));
     m_jumpImportAction = MakeAction(QStringLiteral("jumpImportTrackAction"), tr("Import track..."),
@@ -96,13 +97,13 @@ void CMainFrame::CreateMenuAndCommandBar()
     m_jumpAddTrackAction =
         MakeAction(QStringLiteral("jumpAddTrackAction"), tr("Add track..."), AppCommands::ID_JUMP_ADD_TRACK);
     m_jumpViewAction =
-        MakeAction(QStringLiteral("jumpViewAction"), QStringLiteral("View..."), AppCommands::ID_JUMP_VIEW);
+        MakeAction(QStringLiteral("jumpViewAction"), tr("View..."), AppCommands::ID_JUMP_VIEW);
     m_jumpChangeAction =
-        MakeAction(QStringLiteral("jumpChangeAction"), QStringLiteral("Change..."), AppCommands::ID_JUMP_CHANGE);
-    m_jumpPictureAction = MakeAction(QStringLiteral("jumpPictureAction"), QStringLiteral("Show picture..."),
+        MakeAction(QStringLiteral("jumpChangeAction"), tr("Change..."), AppCommands::ID_JUMP_CHANGE);
+    m_jumpPictureAction = MakeAction(QStringLiteral("jumpPictureAction"), tr("Show picture..."),
                                      AppCommands::ID_JUMP_SHOW_PICTURE);
     m_jumpDeleteAction =
-        MakeAction(QStringLiteral("jumpDeleteAction"), QStringLiteral("Delete"), AppCommands::ID_JUMP_DELETE);
+        MakeAction(QStringLiteral("jumpDeleteAction"), tr("Delete"), AppCommands::ID_JUMP_DELETE);
     m_jumpDeleteAction->setShortcut(QKeySequence::Delete);
 
     // Every command action carries its id; the commands controller carries it out.
@@ -114,7 +115,7 @@ void CMainFrame::CreateMenuAndCommandBar()
     connect(m_aboutAction, &QAction::triggered, this, &CMainFrame::OnAbout);
     connect(m_exitAction, &QAction::triggered, this, &QWidget::close);
 
-    QMenu* file = menuBar()->addMenu(QStringLiteral("&File"));
+    QMenu* file = menuBar()->addMenu(tr("&File"));
     file->setObjectName(QStringLiteral("fileMenu"));
     file->addAction(m_newAction);
     file->addAction(m_openAction);
@@ -125,7 +126,7 @@ void CMainFrame::CreateMenuAndCommandBar()
     file->addSeparator();
     file->addAction(m_exitAction);
 
-    QMenu* jump = menuBar()->addMenu(QStringLiteral("&Jump"));
+    QMenu* jump = menuBar()->addMenu(tr("&Jump"));
     jump->setObjectName(QStringLiteral("jumpMenu"));
     jump->addAction(m_jumpNewAction);
     jump->addAction(m_jumpImportAction);
@@ -139,7 +140,7 @@ void CMainFrame::CreateMenuAndCommandBar()
     connect(jump, &QMenu::aboutToShow, this, &CMainFrame::UpdateCommands);
 
     // The command bar: the file commands as large icons for the stylus and the finger.
-    m_commandBar = addToolBar(QStringLiteral("Commands"));
+    m_commandBar = addToolBar(tr("Commands"));
     m_commandBar->setObjectName(QStringLiteral("commandBar"));
     m_commandBar->setMovable(false);
     m_commandBar->setFloatable(false);
@@ -157,18 +158,18 @@ void CMainFrame::CreateMenuAndCommandBar()
 void CMainFrame::CreateSettingsCommands()
 {
     m_settingsCommands = new CSettingsCommands(m_doc, m_units, m_services, this);
-    m_userProfileAction = MakeAction(QStringLiteral("userProfileAction"), QStringLiteral("User Profile..."),
+    m_userProfileAction = MakeAction(QStringLiteral("userProfileAction"), tr("User Profile..."),
                                      AppCommands::ID_USER_PROFILE, QStringLiteral("profile.svg"));
-    m_equipmentAction = MakeAction(QStringLiteral("equipmentAction"), QStringLiteral("Equipment..."),
+    m_equipmentAction = MakeAction(QStringLiteral("equipmentAction"), tr("Equipment..."),
                                    AppCommands::ID_EQUIPMENT, QStringLiteral("equipment.svg"));
-    m_preferencesAction = MakeAction(QStringLiteral("preferencesAction"), QStringLiteral("Preferences..."),
+    m_preferencesAction = MakeAction(QStringLiteral("preferencesAction"), tr("Preferences..."),
                                      AppCommands::ID_PREFERENCES, QStringLiteral("preferences.svg"));
     connect(m_userProfileAction, &QAction::triggered, m_settingsCommands, &CSettingsCommands::OnUserProfile);
     connect(m_equipmentAction, &QAction::triggered, m_settingsCommands, &CSettingsCommands::OnEquipment);
     connect(m_preferencesAction, &QAction::triggered, m_settingsCommands, &CSettingsCommands::OnPreferences);
     connect(m_settingsCommands, &CSettingsCommands::changed, this, &CMainFrame::OnSettingsChanged);
 
-    QMenu* logbook = menuBar()->addMenu(QStringLiteral("&Logbook"));
+    QMenu* logbook = menuBar()->addMenu(tr("&Logbook"));
     logbook->setObjectName(QStringLiteral("logbookMenu"));
     logbook->addAction(m_userProfileAction);
     logbook->addAction(m_equipmentAction);
@@ -227,11 +228,11 @@ void CMainFrame::CheckReminders()
         return;
     for (const CReminders::Item& item : CReminders::Due(m_doc.GetSettings(), m_services.clock->Today()))
     {
-        const std::string date = CDateText::ShortDate(item.date).toStdString();
-        const std::string text = item.messageId == StringTable::IDS_MEMBERSHIP_EXPIRES
-                                     ? StringTable::Format(item.messageId, date)
-                                     : StringTable::Format(item.messageId, std::to_string(item.rigNumber), date);
-        m_services.messages->Information(QString::fromStdString(text));
+        const QString date = CDateText::ShortDate(item.date);
+        const QString text = item.messageId == StringTable::IDS_MEMBERSHIP_EXPIRES
+                                 ? MessageText::Format(item.messageId, date)
+                                 : MessageText::Format(item.messageId, QString::number(item.rigNumber), date);
+        m_services.messages->Information(text);
     }
 }
 
@@ -250,8 +251,8 @@ void CMainFrame::OnAbout()
     if (!m_services.messages)
         return;
     m_services.messages->About(
-        QStringLiteral("About Tervola Pocket"),
-        QStringLiteral("Tervola Pocket %1\nThe skydiver's logbook.\n%2")
+        tr("About Tervola Pocket"),
+        tr("Tervola Pocket %1\nThe skydiver's logbook.\n%2")
             .arg(QString::fromUtf8(StringTable::kProductVersion.data(),
                                    static_cast<qsizetype>(StringTable::kProductVersion.size())),
                  QString::fromUtf8(StringTable::kWebAddress.data(),

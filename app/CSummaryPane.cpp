@@ -2,6 +2,7 @@
 
 #include "document/CLogbookDoc.h"
 #include "resources/StringTable.h"
+#include "translations/MessageText.h"
 #include "units/CUnitSettings.h"
 #include "units/DurationText.h"
 #include "units/RoundValue.h"
@@ -88,11 +89,11 @@ CSummaryPane::CSummaryPane(QWidget* parent) : QWidget(parent), m_grid(new QGridL
 void CSummaryPane::SetSummary(const CLogbookSummary& summary, const CUnitSettings& units)
 {
     const QString unit = FromUtf8(units.DistanceLabel());
-    m_labels[NumberOfJumps]->setText(FromUtf8(StringTable::Text(StringTable::IDS_NUMBER_OF_JUMPS)));
-    m_labels[FreefallTime]->setText(FromUtf8(StringTable::Text(StringTable::IDS_FREEFALL_TIME)));
-    m_labels[FreefallDistance]->setText(FromUtf8(StringTable::Text(StringTable::IDS_FREEFALL_DIST)) + unit);
-    m_labels[CanopyDistance]->setText(FromUtf8(StringTable::Text(StringTable::IDS_CANOPY_DIST)) + unit);
-    m_labels[LastJump]->setText(FromUtf8(StringTable::Text(StringTable::IDS_LAST_JUMP)));
+    m_labels[NumberOfJumps]->setText(MessageText::Text(StringTable::IDS_NUMBER_OF_JUMPS));
+    m_labels[FreefallTime]->setText(MessageText::Text(StringTable::IDS_FREEFALL_TIME));
+    m_labels[FreefallDistance]->setText(MessageText::Text(StringTable::IDS_FREEFALL_DIST) + unit);
+    m_labels[CanopyDistance]->setText(MessageText::Text(StringTable::IDS_CANOPY_DIST) + unit);
+    m_labels[LastJump]->setText(MessageText::Text(StringTable::IDS_LAST_JUMP));
 
     // The total stays within the duration text's range even for absurd files.
     const auto seconds = static_cast<int>(

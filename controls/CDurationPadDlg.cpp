@@ -48,8 +48,8 @@ CDurationPadDlg::CDurationPadDlg(QWidget* parent, const QString& title, int hour
     }
     for (int digit = 0; digit <= 9; ++digit)
         AddShortcut(Qt::Key_0 + digit, KeyButton(CDurationPadState::Hour(digit)));
-    m_minutesCaption = AddCaption(QStringLiteral("Minutes"));
-    m_secondsCaption = AddCaption(QStringLiteral("Seconds"));
+    m_minutesCaption = AddCaption(tr("Minutes"));
+    m_secondsCaption = AddCaption(tr("Seconds"));
     SetDisplayAlignment(Qt::AlignCenter);
     Refresh();
 }

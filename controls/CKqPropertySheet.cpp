@@ -3,6 +3,7 @@
 #include "controls/CKqPropertyPage.h"
 #include "controls/IMessageSink.h"
 #include "editing/CCheckResult.h"
+#include "translations/MessageText.h"
 
 #include <QDialogButtonBox>
 #include <QMessageBox>
@@ -131,7 +132,7 @@ void CKqPropertySheet::ShowFailure(int pageIndex, const CCheckResult& result)
         m_reverting = false;
     }
     m_current = pageIndex;
-    const QString text = QString::fromStdString(result.message);
+    const QString text = MessageText::Translate(result.message, result.messageId);
     if (m_messages)
         m_messages->Warning(text);
     else

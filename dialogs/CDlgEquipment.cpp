@@ -36,7 +36,7 @@ CDlgEquipment::CDlgEquipment(const CEquipment& rig, IMessageSink* messages, QWid
     : QDialog(parent), m_messages(messages), m_rig(std::make_unique<CEquipment>(rig))
 {
     setObjectName(QStringLiteral("dlgEquipment"));
-    setWindowTitle(QStringLiteral("Equipment"));
+    setWindowTitle(tr("Equipment"));
     m_edit.Load(rig);
 
     auto* form = new QWidget;
@@ -58,34 +58,34 @@ CDlgEquipment::CDlgEquipment(const CEquipment& rig, IMessageSink* messages, QWid
         grid->addLayout(box, row, 1);
     };
 
-    m_harness = AddText(grid, 0, QStringLiteral("Harness"), QStringLiteral("harnessEdit"));
-    m_harnessSerial = AddText(grid, 1, QStringLiteral("SN"), QStringLiteral("harnessSerialEdit"));
-    m_main = AddText(grid, 2, QStringLiteral("Main"), QStringLiteral("mainEdit"));
+    m_harness = AddText(grid, 0, tr("Harness"), QStringLiteral("harnessEdit"));
+    m_harnessSerial = AddText(grid, 1, tr("SN"), QStringLiteral("harnessSerialEdit"));
+    m_main = AddText(grid, 2, tr("Main"), QStringLiteral("mainEdit"));
     sizeRow(3, m_mainSize, QStringLiteral("mainSizeEdit"));
-    m_mainSerial = AddText(grid, 4, QStringLiteral("SN"), QStringLiteral("mainSerialEdit"));
-    m_reserve = AddText(grid, 5, QStringLiteral("Reserve"), QStringLiteral("reserveEdit"));
+    m_mainSerial = AddText(grid, 4, tr("SN"), QStringLiteral("mainSerialEdit"));
+    m_reserve = AddText(grid, 5, tr("Reserve"), QStringLiteral("reserveEdit"));
     sizeRow(6, m_reserveSize, QStringLiteral("reserveSizeEdit"));
-    m_reserveSerial = AddText(grid, 7, QStringLiteral("SN"), QStringLiteral("reserveSerialEdit"));
-    m_aad = AddText(grid, 8, QStringLiteral("AAD"), QStringLiteral("aadEdit"));
-    m_aadSerial = AddText(grid, 9, QStringLiteral("SN"), QStringLiteral("aadSerialEdit"));
+    m_reserveSerial = AddText(grid, 7, tr("SN"), QStringLiteral("reserveSerialEdit"));
+    m_aad = AddText(grid, 8, tr("AAD"), QStringLiteral("aadEdit"));
+    m_aadSerial = AddText(grid, 9, tr("SN"), QStringLiteral("aadSerialEdit"));
 
-    auto* dateLabel = new QLabel(QStringLiteral("Inspection/Repack Date"), form);
+    auto* dateLabel = new QLabel(tr("Inspection/Repack Date"), form);
     dateLabel->setWordWrap(true);
     m_date = new QDateEdit(form);
     m_date->setObjectName(QStringLiteral("inspectionDate"));
     m_date->setDisplayFormat(DialogText::ShortDateFormat());
     m_date->setCalendarPopup(true);
     m_date->setMinimumDate(kNoDate);
-    m_date->setSpecialValueText(QStringLiteral("None"));
+    m_date->setSpecialValueText(tr("None"));
     grid->addWidget(dateLabel, 10, 0, 1, 2);
     grid->addWidget(m_date, 11, 1);
 
     m_previousJumps = new QSpinBox(form);
     m_previousJumps->setObjectName(QStringLiteral("previousJumpsSpin"));
     m_previousJumps->setRange(0, CEquipmentEdit::kSpinnerMaxJumps);
-    grid->addWidget(new QLabel(QStringLiteral("Prev. Jumps"), form), 12, 0);
+    grid->addWidget(new QLabel(tr("Prev. Jumps"), form), 12, 0);
     grid->addWidget(m_previousJumps, 12, 1);
-    m_active = new QCheckBox(QStringLiteral("Active"), form);
+    m_active = new QCheckBox(tr("Active"), form);
     m_active->setObjectName(QStringLiteral("activeBox"));
     grid->addWidget(m_active, 13, 1);
     grid->setColumnStretch(1, 1);
@@ -174,7 +174,7 @@ void CDlgEquipment::accept()
     const CCheckResult result = m_edit.Validate();
     if (!result.Passed())
     {
-        const QString text = DialogText::ToQt(result.message);
+        const QString text = DialogText::CheckMessage(result);
         // A missing harness or main canopy is an error; a number out of range a refused entry.
         const bool missing = result.messageId == StringTable::IDS_NEED_HARNESS ||
                              result.messageId == StringTable::IDS_NEED_MAIN;

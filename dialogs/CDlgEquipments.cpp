@@ -5,7 +5,7 @@
 #include "document/CLogbookDoc.h"
 
 CDlgEquipments::CDlgEquipments(CLogbookDoc& doc, IMessageSink* messages, QWidget* parent)
-    : CKqPropertySheet(QStringLiteral("Equipment"), messages, parent), m_doc(doc)
+    : CKqPropertySheet(tr("Equipment"), messages, parent), m_doc(doc)
 {
     setObjectName(QStringLiteral("dlgEquipments"));
     m_edit.Load(doc.GetSettings().GetEquipmentList());

@@ -12,15 +12,15 @@
 CDlgEquipmentsPageAlarm::CDlgEquipmentsPageAlarm(CEquipmentsEdit& edit, QWidget* parent)
     : CKqPropertyPage(DialogText::Message(StringTable::IDS_ALARM), parent), m_edit(edit)
 {
-    m_enable = new QCheckBox(QStringLiteral("Enable Rig Alarms"), this);
+    m_enable = new QCheckBox(tr("Enable Rig Alarms"), this);
     m_enable->setObjectName(QStringLiteral("rigAlarmBox"));
-    m_daysLabel = new QLabel(QStringLiteral("Days prior to due date"), this);
+    m_daysLabel = new QLabel(tr("Days prior to due date"), this);
     m_daysLabel->setWordWrap(true);
     m_daysPrior = new QSpinBox(this);
     m_daysPrior->setObjectName(QStringLiteral("rigDaysPriorSpin"));
     m_daysPrior->setRange(0, CEquipmentsEdit::kMaxAlarmDays);
     m_daysLabel->setBuddy(m_daysPrior);
-    m_cycleLabel = new QLabel(QStringLiteral("Days between inspections"), this);
+    m_cycleLabel = new QLabel(tr("Days between inspections"), this);
     m_cycleLabel->setWordWrap(true);
     m_cycle = new QSpinBox(this);
     m_cycle->setObjectName(QStringLiteral("inspectionCycleSpin"));

@@ -6,6 +6,7 @@
 #include "dialogs/DialogText.h"
 #include "editing/CEquipmentsEdit.h"
 #include "resources/StringTable.h"
+#include "translations/MessageText.h"
 
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -16,9 +17,9 @@
 #include <QVBoxLayout>
 
 CDlgEquipmentsPageEquipments::CDlgEquipmentsPageEquipments(CEquipmentsEdit& edit, QWidget* parent)
-    : CKqPropertyPage(QStringLiteral("Gears"), parent), m_edit(edit)
+    : CKqPropertyPage(tr("Gears"), parent), m_edit(edit)
 {
-    auto* label = new QLabel(QStringLiteral("Equipments"), this);
+    auto* label = new QLabel(tr("Equipments"), this);
     m_list = new QListWidget(this);
     m_list->setObjectName(QStringLiteral("equipmentList"));
     m_list->setMinimumSize(120, 60);
@@ -28,9 +29,9 @@ CDlgEquipmentsPageEquipments::CDlgEquipmentsPageEquipments(CEquipmentsEdit& edit
     m_list->setResizeMode(QListView::Adjust);
     m_list->installEventFilter(this);
     label->setBuddy(m_list);
-    m_new = new QPushButton(QStringLiteral("New..."), this);
+    m_new = new QPushButton(tr("New..."), this);
     m_new->setObjectName(QStringLiteral("newEquipmentButton"));
-    m_remove = new QPushButton(QStringLiteral("Remove"), this);
+    m_remove = new QPushButton(tr("Remove"), this);
     m_remove->setObjectName(QStringLiteral("removeEquipmentButton"));
 
     auto* buttons = new QHBoxLayout;
@@ -103,11 +104,11 @@ void CDlgEquipmentsPageEquipments::OnRemove()
     const int row = m_list->currentRow();
     if (row < 0 || static_cast<std::size_t>(row) >= m_edit.Count())
         return;
-    const QString question = DialogText::ToQt(StringTable::Format(
-        StringTable::IDS_REMOVE_EQUIPMENT, m_edit.Rig(static_cast<std::size_t>(row)).GetDisplayText()));
+    const QString question = MessageText::Format(
+        StringTable::IDS_REMOVE_EQUIPMENT, DialogText::ToQt(m_edit.Rig(static_cast<std::size_t>(row)).GetDisplayText()));
     IMessageSink* messages = Sheet() ? Sheet()->Messages() : nullptr;
     const bool yes = messages ? messages->AskYesNo(question)
-                              : QMessageBox::question(this, QStringLiteral("Equipment"), question,
+                              : QMessageBox::question(this, tr("Equipment"), question,
                                                       QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
     if (!yes)
         return;

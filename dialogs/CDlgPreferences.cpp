@@ -7,6 +7,7 @@
 #include "dialogs/DialogText.h"
 #include "document/CLogbookDoc.h"
 #include "resources/StringTable.h"
+#include "translations/MessageText.h"
 #include "units/CUnitSettings.h"
 #include "units/DurationText.h"
 
@@ -26,12 +27,12 @@ CDlgPreferences::CDlgPreferences(CUnitSettings& units, ISettingsStore* store, CL
     : QDialog(parent), m_unitSettings(units), m_store(store), m_doc(doc), m_messages(messages)
 {
     setObjectName(QStringLiteral("dlgPreferences"));
-    setWindowTitle(QStringLiteral("Preferences"));
+    setWindowTitle(tr("Preferences"));
     m_edit.Load(units, doc.GetSettings());
 
     m_units = new QComboBox(this);
     m_units->setObjectName(QStringLiteral("unitsCombo"));
-    m_units->addItems({QStringLiteral("Imperial"), QStringLiteral("Metric")});
+    m_units->addItems({tr("Imperial"), tr("Metric")});
     m_speed = new QComboBox(this);
     m_speed->setObjectName(QStringLiteral("speedCombo"));
     m_fallrateLabel = new QLabel(this);
@@ -43,21 +44,21 @@ CDlgPreferences::CDlgPreferences(CUnitSettings& units, ISettingsStore* store, CL
     m_previousJumps->setRange(0, CPreferencesEdit::kMaxPreviousJumps);
     m_freefall = new QPushButton(this);
     m_freefall->setObjectName(QStringLiteral("freefallButton"));
-    m_glideLabel = new QLabel(QStringLiteral("Display Glide as"), this);
+    m_glideLabel = new QLabel(tr("Display Glide as"), this);
     m_glide = new QComboBox(this);
     m_glide->setObjectName(QStringLiteral("glideCombo"));
-    m_glide->addItems({QStringLiteral("Ratio"), QStringLiteral("Pitch")});
+    m_glide->addItems({tr("Ratio"), tr("Pitch")});
     // The glide choice is kept and saved but not offered.
     m_glideLabel->hide();
     m_glide->hide();
 
-    auto* unitsLabel = new QLabel(QStringLiteral("Units"), this);
+    auto* unitsLabel = new QLabel(tr("Units"), this);
     unitsLabel->setBuddy(m_units);
-    auto* speedLabel = new QLabel(QStringLiteral("Display Speed as"), this);
+    auto* speedLabel = new QLabel(tr("Display Speed as"), this);
     speedLabel->setBuddy(m_speed);
-    auto* jumpsLabel = new QLabel(QStringLiteral("Previous Jumps"), this);
+    auto* jumpsLabel = new QLabel(tr("Previous Jumps"), this);
     jumpsLabel->setBuddy(m_previousJumps);
-    auto* freefallLabel = new QLabel(QStringLiteral("Previous Freefall Time"), this);
+    auto* freefallLabel = new QLabel(tr("Previous Freefall Time"), this);
     freefallLabel->setBuddy(m_freefall);
     for (QLabel* label : {unitsLabel, speedLabel, m_fallrateLabel, jumpsLabel, freefallLabel})
         label->setWordWrap(true);
@@ -111,7 +112,7 @@ void CDlgPreferences::FillSpeedList()
 
 void CDlgPreferences::ShowValues()
 {
-    m_fallrateLabel->setText(DialogText::ToQt(m_edit.FallrateLabel()));
+    m_fallrateLabel->setText(MessageText::Translate(m_edit.FallrateLabel(), StringTable::IDS_CUSTOM_FALLRATE));
     m_fallrate->setText(QLocale().toString(static_cast<double>(m_edit.customTenths) / 10.0, 'f', 1));
     m_freefall->setText(DialogText::ToQt(DurationToText(m_edit.previousDelay, true)));
 }
@@ -161,7 +162,7 @@ void CDlgPreferences::accept()
     const CCheckResult result = m_edit.Validate();
     if (!result.Passed())
     {
-        const QString text = DialogText::ToQt(result.message);
+        const QString text = DialogText::CheckMessage(result);
         if (m_messages)
             m_messages->Warning(text);
         else

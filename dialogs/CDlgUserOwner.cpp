@@ -8,7 +8,7 @@
 CDlgUserOwner::CDlgUserOwner(const QString& name, const QString& memberNumber, QWidget* parent) : QDialog(parent)
 {
     setObjectName(QStringLiteral("dlgUserOwner"));
-    setWindowTitle(QStringLiteral("Owner"));
+    setWindowTitle(tr("Owner"));
     m_name = new QLineEdit(name, this);
     m_name->setObjectName(QStringLiteral("ownerNameEdit"));
     m_number = new QLineEdit(memberNumber, this);
@@ -17,9 +17,9 @@ CDlgUserOwner::CDlgUserOwner(const QString& name, const QString& memberNumber, Q
 
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(6, 6, 6, 6);
-    layout->addWidget(new QLabel(QStringLiteral("Name"), this));
+    layout->addWidget(new QLabel(tr("Name"), this));
     layout->addWidget(m_name);
-    layout->addWidget(new QLabel(QStringLiteral("Member No."), this));
+    layout->addWidget(new QLabel(tr("Member No."), this));
     layout->addWidget(m_number);
     layout->addStretch(1);
     layout->addWidget(buttons);

@@ -11,6 +11,8 @@
 namespace {
 
 const int kFields[3] = {CUserProfileEdit::Licenses, CUserProfileEdit::Ratings, CUserProfileEdit::Awards};
+// The edits' object names, the same in every language.
+const char* const kNames[3] = {"licensesEdit", "ratingsEdit", "awardsEdit"};
 
 } // namespace
 
@@ -20,7 +22,7 @@ CDlgUserPageList::CDlgUserPageList(CUserProfileEdit& edit, CUserProfileEdit::Lis
 {
     auto* label = new QLabel(title, this);
     m_text = new QPlainTextEdit(this);
-    m_text->setObjectName(Title().toLower() + QStringLiteral("Edit"));
+    m_text->setObjectName(QString::fromLatin1(kNames[list]));
     m_text->setTabChangesFocus(true);
     m_text->setLineWrapMode(QPlainTextEdit::NoWrap);
     m_text->setMinimumSize(120, 60);

@@ -1,6 +1,7 @@
 #include "dialogs/DialogText.h"
 
-#include "resources/StringTable.h"
+#include "editing/CCheckResult.h"
+#include "translations/MessageText.h"
 
 #include <QLocale>
 
@@ -18,7 +19,12 @@ std::string FromQt(const QString& text)
 
 QString Message(int id)
 {
-    return ToQt(StringTable::Text(id));
+    return MessageText::Text(id);
+}
+
+QString CheckMessage(const CCheckResult& result)
+{
+    return MessageText::Translate(result.message, result.messageId);
 }
 
 QDate ToQDate(const CDateTime& date)

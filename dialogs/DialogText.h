@@ -8,6 +8,8 @@
 #include <string>
 #include <string_view>
 
+struct CCheckResult;
+
 // Small conversions the editors share: texts between the core's UTF-8 strings and Qt, and
 // calendar days between CDateTime and QDate.
 namespace DialogText {
@@ -16,8 +18,10 @@ namespace DialogText {
 QString ToQt(std::string_view text);
 // A control's text as UTF-8.
 std::string FromQt(const QString& text);
-// The string-table entry of a number.
+// The string-table entry of a number, in the user's language.
 QString Message(int id);
+// The message of a refused check, in the user's language.
+QString CheckMessage(const CCheckResult& result);
 // The day of a valid date-time; a null QDate otherwise.
 QDate ToQDate(const CDateTime& date);
 // The day as a date-time at midnight; Null for a date that is not valid.

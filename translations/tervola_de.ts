@@ -1,0 +1,805 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de">
+<context>
+    <name>CDlgEquipment</name>
+    <message>
+        <source>Equipment</source>
+        <translation>Ausrüstung</translation>
+    </message>
+    <message>
+        <source>Harness</source>
+        <translation>Gurtzeug</translation>
+    </message>
+    <message>
+        <source>SN</source>
+        <translation>SN</translation>
+    </message>
+    <message>
+        <source>Main</source>
+        <translation>Hauptschirm</translation>
+    </message>
+    <message>
+        <source>Reserve</source>
+        <translation>Reserve</translation>
+    </message>
+    <message>
+        <source>AAD</source>
+        <translation>AAD</translation>
+    </message>
+    <message>
+        <source>Inspection/Repack Date</source>
+        <translation>Prüf-/Packdatum</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>Ohne</translation>
+    </message>
+    <message>
+        <source>Prev. Jumps</source>
+        <translation>Sprünge vorher</translation>
+    </message>
+    <message>
+        <source>Active</source>
+        <translation>Aktiv</translation>
+    </message>
+</context>
+<context>
+    <name>CDlgEquipments</name>
+    <message>
+        <source>Equipment</source>
+        <translation>Ausrüstung</translation>
+    </message>
+</context>
+<context>
+    <name>CDlgEquipmentsPageAlarm</name>
+    <message>
+        <source>Enable Rig Alarms</source>
+        <translation>An Prüftermine erinnern</translation>
+    </message>
+    <message>
+        <source>Days prior to due date</source>
+        <translation>Tage vor dem Termin</translation>
+    </message>
+    <message>
+        <source>Days between inspections</source>
+        <translation>Tage zwischen Prüfungen</translation>
+    </message>
+</context>
+<context>
+    <name>CDlgEquipmentsPageEquipments</name>
+    <message>
+        <source>Gears</source>
+        <translation>Ausrüstung</translation>
+    </message>
+    <message>
+        <source>Equipments</source>
+        <translation>Ausrüstungen</translation>
+    </message>
+    <message>
+        <source>New...</source>
+        <translation>Neu...</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Entfernen</translation>
+    </message>
+    <message>
+        <source>Equipment</source>
+        <translation>Ausrüstung</translation>
+    </message>
+</context>
+<context>
+    <name>CDlgJumpPageDetails</name>
+    <message>
+        <source>Jump</source>
+        <translation>Sprung</translation>
+    </message>
+    <message>
+        <source>Zeit</source>
+        <translation>Zeit</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>Ohne</translation>
+    </message>
+    <message>
+        <source>Exit</source>
+        <translation>Absprung</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Öffnung</translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation>Datum</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>Zeit</translation>
+    </message>
+    <message>
+        <source>Equipment</source>
+        <translation>Ausrüstung</translation>
+    </message>
+    <message>
+        <source>Malfunction</source>
+        <translation>Störung</translation>
+    </message>
+</context>
+<context>
+    <name>CDlgJumpPageFallrate</name>
+    <message>
+        <source>Delay</source>
+        <translation>Freifallzeit</translation>
+    </message>
+    <message>
+        <source>VMax</source>
+        <translation>VMax</translation>
+    </message>
+    <message>
+        <source>VAvg</source>
+        <translation>VMittel</translation>
+    </message>
+    <message>
+        <source>Wind</source>
+        <translation>Wind</translation>
+    </message>
+    <message>
+        <source>Direction</source>
+        <translation>Richtung</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>Ohne</translation>
+    </message>
+    <message>
+        <source>Fallrate</source>
+        <translation>Fallrate</translation>
+    </message>
+</context>
+<context>
+    <name>CDlgJumpPageInfo</name>
+    <message>
+        <source>Size</source>
+        <translation>Gruppengröße</translation>
+    </message>
+    <message>
+        <source>Points</source>
+        <translation>Punkte</translation>
+    </message>
+    <message>
+        <source>Place</source>
+        <translation>Sprungplatz</translation>
+    </message>
+    <message>
+        <source>Aircraft</source>
+        <translation>Flugzeug</translation>
+    </message>
+    <message>
+        <source>Type</source>
+        <translation>Sprungart</translation>
+    </message>
+    <message>
+        <source>Landing</source>
+        <translation>Landung</translation>
+    </message>
+    <message>
+        <source>Team</source>
+        <translation>Team</translation>
+    </message>
+</context>
+<context>
+    <name>CDlgJumpPageRecording</name>
+    <message>
+        <source>Track</source>
+        <translation>Track</translation>
+    </message>
+    <message>
+        <source>Profile</source>
+        <translation>Profil</translation>
+    </message>
+</context>
+<context>
+    <name>CDlgJumpPageSignature</name>
+    <message>
+        <source>Undo</source>
+        <translation>Rückgängig</translation>
+    </message>
+    <message>
+        <source>Remove the last stroke</source>
+        <translation>Letzten Strich entfernen</translation>
+    </message>
+    <message>
+        <source>Signer</source>
+        <translation>Unterzeichner</translation>
+    </message>
+    <message>
+        <source>Signature</source>
+        <translation>Unterschrift</translation>
+    </message>
+</context>
+<context>
+    <name>CDlgPreferences</name>
+    <message>
+        <source>Preferences</source>
+        <translation>Einstellungen</translation>
+    </message>
+    <message>
+        <source>Imperial</source>
+        <translation>Imperial</translation>
+    </message>
+    <message>
+        <source>Metric</source>
+        <translation>Metrisch</translation>
+    </message>
+    <message>
+        <source>Display Glide as</source>
+        <translation>Gleitzahl als</translation>
+    </message>
+    <message>
+        <source>Ratio</source>
+        <translation>Verhältnis</translation>
+    </message>
+    <message>
+        <source>Pitch</source>
+        <translation>Neigung</translation>
+    </message>
+    <message>
+        <source>Units</source>
+        <translation>Einheiten</translation>
+    </message>
+    <message>
+        <source>Display Speed as</source>
+        <translation>Geschwindigkeit in</translation>
+    </message>
+    <message>
+        <source>Previous Jumps</source>
+        <translation>Frühere Sprünge</translation>
+    </message>
+    <message>
+        <source>Previous Freefall Time</source>
+        <translation>Frühere Freifallzeit</translation>
+    </message>
+</context>
+<context>
+    <name>CDlgUserOwner</name>
+    <message>
+        <source>Owner</source>
+        <translation>Besitzer</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Member No.</source>
+        <translation>Mitglieds-Nr.</translation>
+    </message>
+</context>
+<context>
+    <name>CDlgUserPageMembership</name>
+    <message>
+        <source>Edit...</source>
+        <translation>Ändern...</translation>
+    </message>
+    <message>
+        <source>Expires</source>
+        <translation>Läuft ab</translation>
+    </message>
+    <message>
+        <source>Enable Membership Alarm</source>
+        <translation>An Ablauf erinnern</translation>
+    </message>
+    <message>
+        <source>Days prior do due date</source>
+        <translation>Tage vor Ablauf</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Member No.</source>
+        <translation>Mitglieds-Nr.</translation>
+    </message>
+</context>
+<context>
+    <name>CDurationPadDlg</name>
+    <message>
+        <source>Minutes</source>
+        <translation>Minuten</translation>
+    </message>
+    <message>
+        <source>Seconds</source>
+        <translation>Sekunden</translation>
+    </message>
+</context>
+<context>
+    <name>CFileDialogs</name>
+    <message>
+        <source>Tervola Files (*.tvz)</source>
+        <translation>Tervola-Dateien (*.tvz)</translation>
+    </message>
+    <message>
+        <source>Save as</source>
+        <translation>Speichern unter</translation>
+    </message>
+    <message>
+        <source>Import track</source>
+        <translation>Track importieren</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Öffnen</translation>
+    </message>
+    <message>
+        <source>GPS tracks (*.csv *.CSV)</source>
+        <translation>GPS-Tracks (*.csv *.CSV)</translation>
+    </message>
+</context>
+<context>
+    <name>CJumpListCtrl</name>
+    <message>
+        <source>Jump</source>
+        <translation>Sprung</translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation>Datum</translation>
+    </message>
+    <message>
+        <source>Place</source>
+        <translation>Sprungplatz</translation>
+    </message>
+</context>
+<context>
+    <name>CKqNumberField</name>
+    <message>
+        <source>Keypad</source>
+        <translation>Tastenfeld</translation>
+    </message>
+</context>
+<context>
+    <name>CKqPadDlg</name>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+</context>
+<context>
+    <name>CKqTimeField</name>
+    <message>
+        <source>Keypad</source>
+        <translation>Tastenfeld</translation>
+    </message>
+</context>
+<context>
+    <name>CLogbookCommands</name>
+    <message>
+        <source>Save changes to %1?</source>
+        <translation>Änderungen an %1 speichern?</translation>
+    </message>
+    <message>
+        <source>View...</source>
+        <translation>Ansehen...</translation>
+    </message>
+    <message>
+        <source>Change...</source>
+        <translation>Ändern...</translation>
+    </message>
+    <message>
+        <source>Show picture...</source>
+        <translation>Bild zeigen...</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Löschen</translation>
+    </message>
+    <message>
+        <source>Add track...</source>
+        <translation>Track hinzufügen...</translation>
+    </message>
+</context>
+<context>
+    <name>CLogbookView</name>
+    <message>
+        <source>Home</source>
+        <translation>Start</translation>
+    </message>
+    <message>
+        <source>Jumps to be signed</source>
+        <translation>Zu unterschreibende Sprünge</translation>
+    </message>
+    <message>
+        <source>All jumps</source>
+        <translation>Alle Sprünge</translation>
+    </message>
+    <message>
+        <source>New jump</source>
+        <translation>Neuer Sprung</translation>
+    </message>
+    <message>
+        <source>Open another logbook</source>
+        <translation>Anderes Logbuch öffnen</translation>
+    </message>
+    <message>
+        <source>New logbook</source>
+        <translation>Neues Logbuch</translation>
+    </message>
+    <message>
+        <source>Open logbook</source>
+        <translation>Logbuch öffnen</translation>
+    </message>
+</context>
+<context>
+    <name>CMainFrame</name>
+    <message>
+        <source>New...</source>
+        <translation>Neu...</translation>
+    </message>
+    <message>
+        <source>Open...</source>
+        <translation>Öffnen...</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Speichern</translation>
+    </message>
+    <message>
+        <source>Save as...</source>
+        <translation>Speichern unter...</translation>
+    </message>
+    <message>
+        <source>About Tervola Pocket...</source>
+        <translation>Über Tervola Pocket...</translation>
+    </message>
+    <message>
+        <source>E&amp;xit</source>
+        <translation>&amp;Beenden</translation>
+    </message>
+    <message>
+        <source>New jump...</source>
+        <translation>Neuer Sprung...</translation>
+    </message>
+    <message>
+        <source>View...</source>
+        <translation>Ansehen...</translation>
+    </message>
+    <message>
+        <source>Change...</source>
+        <translation>Ändern...</translation>
+    </message>
+    <message>
+        <source>Show picture...</source>
+        <translation>Bild zeigen...</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Löschen</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>&amp;Datei</translation>
+    </message>
+    <message>
+        <source>&amp;Jump</source>
+        <translation>&amp;Sprung</translation>
+    </message>
+    <message>
+        <source>Commands</source>
+        <translation>Befehle</translation>
+    </message>
+    <message>
+        <source>User Profile...</source>
+        <translation>Benutzerprofil...</translation>
+    </message>
+    <message>
+        <source>Equipment...</source>
+        <translation>Ausrüstung...</translation>
+    </message>
+    <message>
+        <source>Preferences...</source>
+        <translation>Einstellungen...</translation>
+    </message>
+    <message>
+        <source>&amp;Logbook</source>
+        <translation>&amp;Logbuch</translation>
+    </message>
+    <message>
+        <source>About Tervola Pocket</source>
+        <translation>Über Tervola Pocket</translation>
+    </message>
+    <message>
+        <source>Tervola Pocket %1
+The skydiver&apos;s logbook.
+%2</source>
+        <translation>Tervola Pocket %1
+Das Logbuch für Fallschirmspringer.
+%2</translation>
+    </message>
+    <message>
+        <source>Import track...</source>
+        <translation>Track importieren...</translation>
+    </message>
+    <message>
+        <source>Add track...</source>
+        <translation>Track hinzufügen...</translation>
+    </message>
+</context>
+<context>
+    <name>CRecordingPlot</name>
+    <message>
+        <source>No recording</source>
+        <translation>Keine Aufzeichnung</translation>
+    </message>
+    <message>
+        <source>Altitude (%1)</source>
+        <translation>Höhe (%1)</translation>
+    </message>
+    <message>
+        <source>Vertical speed (%1)</source>
+        <translation>Vertikalgeschwindigkeit (%1)</translation>
+    </message>
+    <message>
+        <source>Exit</source>
+        <translation>Absprung</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Öffnung</translation>
+    </message>
+    <message>
+        <source>Ground track</source>
+        <translation>Weg über Grund</translation>
+    </message>
+</context>
+<context>
+    <name>StringTable</name>
+    <message>
+        <source>An error occured while writing the tervola file.</source>
+        <comment>4000</comment>
+        <translation>Beim Schreiben der Tervola-Datei ist ein Fehler aufgetreten.</translation>
+    </message>
+    <message>
+        <source>The file could not be opened.</source>
+        <comment>4001</comment>
+        <translation>Die Datei konnte nicht geöffnet werden.</translation>
+    </message>
+    <message>
+        <source>The file could not be saved.</source>
+        <comment>4002</comment>
+        <translation>Die Datei konnte nicht gespeichert werden.</translation>
+    </message>
+    <message>
+        <source>Max. 4 licenses are allowed.</source>
+        <comment>4003</comment>
+        <translation>Höchstens 4 Lizenzen sind erlaubt.</translation>
+    </message>
+    <message>
+        <source>Max. ratings are allowed.</source>
+        <comment>4004</comment>
+        <translation>Höchstens 4 Berechtigungen sind erlaubt.</translation>
+    </message>
+    <message>
+        <source>Max. 10 awards are allowed.</source>
+        <comment>4005</comment>
+        <translation>Höchstens 10 Auszeichnungen sind erlaubt.</translation>
+    </message>
+    <message>
+        <source>Please enter a valid value.</source>
+        <comment>4006</comment>
+        <translation>Bitte einen gültigen Wert eingeben.</translation>
+    </message>
+    <message>
+        <source>Please enter a harness.</source>
+        <comment>4007</comment>
+        <translation>Bitte ein Gurtzeug eingeben.</translation>
+    </message>
+    <message>
+        <source>Please enter a main canopy.</source>
+        <comment>4008</comment>
+        <translation>Bitte einen Hauptschirm eingeben.</translation>
+    </message>
+    <message>
+        <source>Please enter a value between %1 and %2.</source>
+        <comment>4009</comment>
+        <translation>Bitte einen Wert zwischen %1 und %2 eingeben.</translation>
+    </message>
+    <message>
+        <source>Please enter a value for the open height that is less than the exit height.</source>
+        <comment>4010</comment>
+        <translation>Bitte eine Öffnungshöhe eingeben, die unter der Absprunghöhe liegt.</translation>
+    </message>
+    <message>
+        <source>Please enter a time.</source>
+        <comment>4012</comment>
+        <translation>Bitte eine Zeit eingeben.</translation>
+    </message>
+    <message>
+        <source>Please select an eqipment from the list or enter your equipment without preceeding [n].</source>
+        <comment>4013</comment>
+        <translation>Bitte eine Ausrüstung aus der Liste wählen oder die Ausrüstung ohne vorangestelltes [n] eingeben.</translation>
+    </message>
+    <message>
+        <source>The file is no valid tervola file.</source>
+        <comment>4014</comment>
+        <translation>Die Datei ist keine gültige Tervola-Datei.</translation>
+    </message>
+    <message>
+        <source>The file version (%1) can not be processed. Please install an actual version of Tervola or contact support@tervola.example.org</source>
+        <comment>4015</comment>
+        <translation>Die Dateiversion (%1) kann nicht verarbeitet werden. Bitte eine aktuelle Version von Tervola installieren oder an support@tervola.example.org wenden.</translation>
+    </message>
+    <message>
+        <source>Parser error: %1</source>
+        <comment>4016</comment>
+        <translation>Fehler beim Lesen der Datei: %1</translation>
+    </message>
+    <message>
+        <source>Please enter a signer or delete the signature.</source>
+        <comment>4017</comment>
+        <translation>Bitte einen Unterzeichner eingeben oder die Unterschrift löschen.</translation>
+    </message>
+    <message>
+        <source>Please sign the jump or delete the signer.</source>
+        <comment>4018</comment>
+        <translation>Bitte den Sprung unterschreiben oder den Unterzeichner löschen.</translation>
+    </message>
+    <message>
+        <source>Please enter a different jump number. The jump number must be unique.</source>
+        <comment>4019</comment>
+        <translation>Bitte eine andere Sprungnummer eingeben. Jede Sprungnummer darf nur einmal vorkommen.</translation>
+    </message>
+    <message>
+        <source>Your membership/license will expire %1.</source>
+        <comment>5005</comment>
+        <translation>Die Mitgliedschaft/Lizenz läuft am %1 ab.</translation>
+    </message>
+    <message>
+        <source>Equipment %1 needs to be inspected %2.</source>
+        <comment>5006</comment>
+        <translation>Ausrüstung %1 muss bis %2 geprüft werden.</translation>
+    </message>
+    <message>
+        <source>Do you want to delete jump number %1?</source>
+        <comment>5007</comment>
+        <translation>Sprung Nummer %1 löschen?</translation>
+    </message>
+    <message>
+        <source>Do you want to remove the equipment %1?</source>
+        <comment>5008</comment>
+        <translation>Ausrüstung %1 entfernen?</translation>
+    </message>
+    <message>
+        <source>User Profile</source>
+        <comment>6000</comment>
+        <translation>Benutzerprofil</translation>
+    </message>
+    <message>
+        <source>Membership</source>
+        <comment>6001</comment>
+        <translation>Mitgliedschaft</translation>
+    </message>
+    <message>
+        <source>Licenses</source>
+        <comment>6002</comment>
+        <translation>Lizenzen</translation>
+    </message>
+    <message>
+        <source>Ratings</source>
+        <comment>6003</comment>
+        <translation>Berechtigungen</translation>
+    </message>
+    <message>
+        <source>Awards</source>
+        <comment>6004</comment>
+        <translation>Auszeichnungen</translation>
+    </message>
+    <message>
+        <source>Alarm</source>
+        <comment>6008</comment>
+        <translation>Erinnerung</translation>
+    </message>
+    <message>
+        <source>Custom Fallrate</source>
+        <comment>6009</comment>
+        <translation>Eigene Fallrate</translation>
+    </message>
+    <message>
+        <source>Number of Jumps</source>
+        <comment>6010</comment>
+        <translation>Anzahl Sprünge</translation>
+    </message>
+    <message>
+        <source>Freefall Time</source>
+        <comment>6011</comment>
+        <translation>Freifallzeit</translation>
+    </message>
+    <message>
+        <source>Freefall Dist.</source>
+        <comment>6012</comment>
+        <translation>Freifallstrecke</translation>
+    </message>
+    <message>
+        <source>Canopy Dist.</source>
+        <comment>6013</comment>
+        <translation>Schirmstrecke</translation>
+    </message>
+    <message>
+        <source>Last Jump</source>
+        <comment>6014</comment>
+        <translation>Letzter Sprung</translation>
+    </message>
+    <message>
+        <source>Jump</source>
+        <comment>6018</comment>
+        <translation>Sprung</translation>
+    </message>
+    <message>
+        <source>Details</source>
+        <comment>6019</comment>
+        <translation>Details</translation>
+    </message>
+    <message>
+        <source>Fallrate</source>
+        <comment>6021</comment>
+        <translation>Fallrate</translation>
+    </message>
+    <message>
+        <source>Standard</source>
+        <comment>6022</comment>
+        <translation>Standard</translation>
+    </message>
+    <message>
+        <source>Vertical</source>
+        <comment>6023</comment>
+        <translation>Vertikal</translation>
+    </message>
+    <message>
+        <source>Custom</source>
+        <comment>6024</comment>
+        <translation>Eigene</translation>
+    </message>
+    <message>
+        <source>Import</source>
+        <comment>6025</comment>
+        <translation>Import</translation>
+    </message>
+    <message>
+        <source>Manual</source>
+        <comment>6026</comment>
+        <translation>Manuell</translation>
+    </message>
+    <message>
+        <source>Info</source>
+        <comment>6027</comment>
+        <translation>Info</translation>
+    </message>
+    <message>
+        <source>Note</source>
+        <comment>6028</comment>
+        <translation>Notiz</translation>
+    </message>
+    <message>
+        <source>Signature</source>
+        <comment>6029</comment>
+        <translation>Unterschrift</translation>
+    </message>
+    <message>
+        <source>The file was changed by another program after it was opened here. It was not overwritten.</source>
+        <comment>4020</comment>
+        <translation>Die Datei wurde nach dem Öffnen von einem anderen Programm geändert. Sie wurde nicht überschrieben.</translation>
+    </message>
+    <message>
+        <source>This logbook is already open in another Tervola Pocket (%1). Changes saved in one may be refused or overwritten by the other.</source>
+        <comment>4021</comment>
+        <translation>Dieses Logbuch ist bereits in einem anderen Tervola Pocket geöffnet (%1). Was in einem gespeichert wird, kann vom anderen abgelehnt oder überschrieben werden.</translation>
+    </message>
+</context>
+</TS>
