@@ -12,6 +12,7 @@
 #include <QFontDatabase>
 #include <QFontInfo>
 #include <QGridLayout>
+#include <QLocale>
 #include <QPainter>
 #include <QPainterPath>
 
@@ -56,8 +57,9 @@ QFont CSummaryPane::ValueFont()
 QString CSummaryPane::DistanceText(double metres, const CUnitSettings& units)
 {
     const double shown = RoundValue(units.DistanceToDisplay(metres), RoundHalfUp, 0);
-    // Whole numbers only; "+ 0.0" turns a negative zero into a plain "0".
-    return QString::number(shown + 0.0, 'f', 0);
+    // Whole numbers only, grouped as the locale groups them; "+ 0.0" turns a negative zero into
+    // a plain "0".
+    return QLocale().toString(shown + 0.0, 'f', 0);
 }
 
 CSummaryPane::CSummaryPane(QWidget* parent) : QWidget(parent), m_grid(new QGridLayout(this))
@@ -98,7 +100,7 @@ void CSummaryPane::SetSummary(const CLogbookSummary& summary, const CUnitSetting
     // The total stays within the duration text's range even for absurd files.
     const auto seconds = static_cast<int>(
         std::clamp<int64_t>(summary.freefallSeconds, 0, std::numeric_limits<int>::max()));
-    m_values[NumberOfJumps]->setText(QString::number(summary.numberOfJumps));
+    m_values[NumberOfJumps]->setText(QLocale().toString(summary.numberOfJumps));
     m_values[FreefallTime]->setText(QString::fromStdString(DurationToText(seconds, true)));
     m_values[FreefallDistance]->setText(DistanceText(summary.freefallMetres, units));
     m_values[CanopyDistance]->setText(DistanceText(summary.canopyMetres, units));
