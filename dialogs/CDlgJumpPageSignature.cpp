@@ -23,9 +23,11 @@ CDlgJumpPageSignature::CDlgJumpPageSignature(CJumpEdit& edit, const CJumpEdit::P
     auto* grid = MakeGrid(this);
     AddRow(grid, 0, tr("Signer"), m_signer);
     auto* caption = new QLabel(tr("Signature"), this);
-    grid->addWidget(caption, 1, 0, 1, 2);
-    grid->addWidget(m_undo, 1, 2, Qt::AlignRight);
-    grid->addWidget(m_signature, 2, 0, 1, 3);
+    // The undo button shares the field column, so a long caption or button text (German) does
+    // not widen the page.
+    grid->addWidget(caption, 1, 0);
+    grid->addWidget(m_undo, 1, 1, Qt::AlignRight);
+    grid->addWidget(m_signature, 2, 0, 1, 2);
     grid->setRowStretch(2, 1);
 
     MapField(CJumpEdit::FieldSigner, m_signer);

@@ -36,12 +36,16 @@ inline QStringList Clipped(QWidget* root)
     return clipped;
 }
 
-// The visible scroll areas below root that scroll sideways (their content is wider than they).
+// The visible scroll areas from root down that scroll sideways (their content is wider than
+// they); root counts too, as a sheet's page lies in its own scroll area.
 inline QStringList ScrollsSideways(QWidget* root)
 {
     QStringList wide;
-    for (QAbstractScrollArea* area : root->findChildren<QAbstractScrollArea*>())
-        if (area->isVisibleTo(root) && area->horizontalScrollBar()->isVisible() &&
+    QList<QAbstractScrollArea*> areas = root->findChildren<QAbstractScrollArea*>();
+    if (auto* self = qobject_cast<QAbstractScrollArea*>(root))
+        areas.prepend(self);
+    for (QAbstractScrollArea* area : areas)
+        if ((area == root || area->isVisibleTo(root)) && area->horizontalScrollBar()->isVisible() &&
             area->horizontalScrollBar()->maximum() > 0)
             wide.append(area->objectName());
     return wide;

@@ -5,6 +5,7 @@
 // and no summary text is cut. Exits with the number of problems found.
 
 #include "CAppHarness.h"
+#include "CPictureLanguage.h"
 
 #include "app/CJumpListCtrl.h"
 #include "app/CLogbookView.h"
@@ -96,7 +97,7 @@ int CheckLayout(CLogbookView* view, const QString& name)
 int main(int argc, char* argv[])
 {
     QApplication application(argc, argv);
-    QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
+    PictureLanguage::Use(QLocale(QLocale::English, QLocale::UnitedStates));
     const QString target = argc > 1 ? QString::fromLocal8Bit(argv[1])
                                     : QCoreApplication::applicationDirPath() + QStringLiteral("/screens");
     QDir().mkpath(target);

@@ -4,6 +4,8 @@
 // pad fits the screen, every key and line lies inside the pad, no two overlap, and no key is
 // squeezed below its smallest size. Exits with the number of problems found.
 
+#include "CPictureLanguage.h"
+
 #include "controls/CDurationPadDlg.h"
 #include "controls/CKqButton.h"
 #include "controls/CNumberPadDlg.h"
@@ -121,7 +123,7 @@ int main(int argc, char* argv[])
     int problems = 0;
     for (const Scene& scene : scenes)
     {
-        QLocale::setDefault(scene.locale);
+        PictureLanguage::Use(scene.locale);
         for (const QSize& size : sizes)
         {
             const std::unique_ptr<CKqPadDlg> pad = scene.make();

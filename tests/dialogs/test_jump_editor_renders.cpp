@@ -3,6 +3,7 @@
 // written as PNG files into the folder named by TERVOLA_RENDER_DIR (nothing is written without
 // it). Each picture is checked: no text cut short, no page that only fits by scrolling sideways.
 
+#include "CPictureLanguage.h"
 #include "CRecordingMessages.h"
 #include "CRenderCheck.h"
 
@@ -61,6 +62,8 @@ class TestJumpEditorRenders : public QObject
     Q_OBJECT
 
 private slots:
+    void initTestCase() { PictureLanguage::Use(QLocale()); }
+
     void everyPageAtEverySize()
     {
         const QString folder = qEnvironmentVariable("TERVOLA_RENDER_DIR");

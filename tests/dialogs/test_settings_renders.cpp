@@ -1,8 +1,10 @@
-// Pictures of every page of the profile, equipment and preferences dialogs and of the rig editor
-// at the handheld's 240x320 and 320x240 and at 360x640 and 1024x768, written as PNG files into
-// the folder named by TERVOLA_RENDER_DIR (nothing is written without it). Each picture is also
-// checked: no label or button may be narrower or lower than it needs to show its text.
+// Pictures of every page of the profile, equipment and preferences dialogs, of the rig editor
+// and of the owner editor at the handheld's 240x320 and 320x240 and at 360x640 and 1024x768,
+// written as PNG files into the folder named by TERVOLA_RENDER_DIR (nothing is written without
+// it). Each picture is also checked: no label or button may be narrower or lower than it needs
+// to show its text.
 
+#include "CPictureLanguage.h"
 #include "CRecordingMessages.h"
 #include "CRenderCheck.h"
 
@@ -11,6 +13,7 @@
 #include "dialogs/CDlgEquipments.h"
 #include "dialogs/CDlgPreferences.h"
 #include "dialogs/CDlgUser.h"
+#include "dialogs/CDlgUserOwner.h"
 #include "document/CLogbookDoc.h"
 #include "units/CMemorySettingsStore.h"
 #include "units/CUnitSettings.h"
@@ -79,6 +82,7 @@ private:
 private slots:
     void initTestCase()
     {
+        PictureLanguage::Use(QLocale());
         m_folder = qEnvironmentVariable("TERVOLA_RENDER_DIR");
         if (!m_folder.isEmpty())
             QDir().mkpath(m_folder);
@@ -112,6 +116,12 @@ private slots:
         CUnitSettings units;
         CDlgPreferences dlg(units, &store, *doc, &m_messages);
         Shoot(dlg, QStringLiteral("preferences"));
+    }
+
+    void owner()
+    {
+        CDlgUserOwner dlg(QStringLiteral("Aino Mäkelä"), QStringLiteral("SIL 20417"));
+        Shoot(dlg, QStringLiteral("owner"));
     }
 
 private:
