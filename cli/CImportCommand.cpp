@@ -7,7 +7,6 @@
 #include "editing/CJumpEdit.h"
 #include "resources/StringTable.h"
 #include "tracks/CTrackFileImport.h"
-#include "units/CMemorySettingsStore.h"
 #include "units/CUnitSettings.h"
 
 #include <cmath>
@@ -129,14 +128,9 @@ int CImportCommand::Execute(const QCommandLineParser& parser)
 
     // The jump is filled exactly as the window's editor fills it, then written by the editor's
     // own OK, so a jump imported here and one imported in the window are the same.
-    // There is no one to ask about the wind: a new jump keeps the last jump's wind when it had
-    // one and has none otherwise, instead of a wind of 0 that the editor's check refuses.
     const CSystemClock clock;
     const CUnitSettings units;
-    CMemorySettingsStore store;
-    const CJump* last = doc.GetLastJump();
-    store.SetInt(CJumpEdit::kSection, CJumpEdit::kHasWind, last && last->GetWind().IsSet() ? 1 : 0);
-    CJumpEdit edit(doc, units, &store, clock, target);
+    CJumpEdit edit(doc, units, nullptr, clock, target);
     edit.TakeImport(imported.jump.recording, imported.jump.fallrate, imported.jump.exitTime);
     const CCheckResult check = edit.ValidateAll();
     if (!check.Passed())

@@ -196,6 +196,10 @@ void CJumpEdit::TakeImport(CJumpRecording recording, const CJumpFallrate& fallra
     m_hasImport = true;
     m_import = {m_values.date,       m_values.noTime, m_values.timeText, m_values.exitHeight,
                 m_values.openHeight, m_values.delay,  m_values.vMax,     m_values.vAvg};
+    // A new jump that found no wind to take over has none, rather than a wind of 0 that the
+    // check refuses: the track does not know the wind.
+    if (!m_jump && m_values.windSpeed == 0)
+        m_values.noWind = true;
     CJumpFallrate imported = fallrate;
     imported.kind = Import;
     m_taken = TakenImport{std::move(recording), imported, exitTime.offsetMinutes};

@@ -57,8 +57,6 @@ private slots:
         for (const bool ok : {false, true})
         {
             CAppHarness harness;
-            // The last jump had no wind and neither will this one: the editor's OK goes through.
-            harness.settings.SetInt("Jump", "HasWind", 0);
             harness.StartWith(Logbook());
             harness.View()->OnViewJumpList();
             harness.files.trackAnswers = {WriteTrack(harness)};

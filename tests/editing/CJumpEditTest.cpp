@@ -291,6 +291,8 @@ TEST_F(JumpEditTest, TakenImportWritesRecordingAndExactValues)
         EXPECT_TRUE(edit->IsLocked());
         EXPECT_EQ(edit->Values().timeText, "16:42:07");
         EXPECT_EQ(edit->Values().exitHeight, 3990);
+        // The last jump had no wind: a new imported one has none rather than a refused 0.
+        EXPECT_TRUE(edit->Values().noWind);
         if (pick == Manual)
             edit->PickKind(Manual);
         ASSERT_TRUE(edit->Validate(CJumpEdit::PageDetails).Passed());
