@@ -1,17 +1,12 @@
 #include "xml/CFileIdentity.h"
 
+#include "xml/CFileChecksum.h"
+
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
-#include <zlib.h>
 
 #include <memory>
-
-void CFileIdentity::Add(const void* data, std::size_t bytes)
-{
-    crc = static_cast<std::uint32_t>(crc32_z(crc, static_cast<const Bytef*>(data), bytes));
-    size += bytes;
-}
 
 CFileIdentity CFileIdentity::Of(const std::string& path)
 {
@@ -27,6 +22,7 @@ CFileIdentity CFileIdentity::Of(const std::string& path)
     identity.modifiedNs = static_cast<std::int64_t>(info.st_mtim.tv_sec) * 1'000'000'000 + info.st_mtim.tv_nsec;
     constexpr std::size_t kBlock = 256 * 1024;
     std::unique_ptr<char[]> buffer(new char[kBlock]);
+    CFileChecksum checksum;
     for (;;) {
         const ssize_t got = ::read(fd, buffer.get(), kBlock);
         if (got < 0) {
@@ -35,9 +31,11 @@ CFileIdentity CFileIdentity::Of(const std::string& path)
         }
         if (got == 0)
             break;
-        identity.Add(buffer.get(), static_cast<std::size_t>(got));
+        checksum.Add(buffer.get(), static_cast<std::size_t>(got));
+        identity.size += static_cast<std::uint64_t>(got);
     }
     ::close(fd);
+    identity.checksum = checksum.Value();
     identity.known = true;
     return identity;
 }

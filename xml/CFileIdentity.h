@@ -3,25 +3,23 @@
 #include <cstdint>
 #include <string>
 
-// What tells one state of a file from another: its size, its modification time and a CRC-32 of
-// all its bytes. A load remembers it for the bytes it read, a save for the bytes it wrote, so
+// What tells one state of a file from another: its size, its modification time and a checksum
+// of all its bytes (CFileChecksum). A load remembers it for the bytes it read, a save for the bytes it wrote, so
 // that the next save can see whether another program has changed the file in between.
 struct CFileIdentity
 {
     bool known = false;              // false: nothing was read (no file, or reading failed)
     std::uint64_t size = 0;
     std::int64_t modifiedNs = 0;     // modification time, nanoseconds since 1970
-    std::uint32_t crc = 0;
+    std::uint64_t checksum = 0;
 
     // Reads the whole file at path; unknown when it does not exist or cannot be read.
     static CFileIdentity Of(const std::string& path);
-    // Adds bytes read from the file in order.
-    void Add(const void* data, std::size_t bytes);
 
     // The same bytes, whatever the times say: a program that wrote the same content again (a
     // synchronising service, for one) has changed nothing.
     bool SameContent(const CFileIdentity& other) const
     {
-        return known && other.known && size == other.size && crc == other.crc;
+        return known && other.known && size == other.size && checksum == other.checksum;
     }
 };

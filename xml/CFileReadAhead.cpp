@@ -160,12 +160,17 @@ long CFileReadAhead::ReadText(Chunk& chunk)
     do {
         count = ::read(m_fd, chunk.bytes.get(), kChunkBytes);
     } while (count < 0 && errno == EINTR);
-    if (count > 0) {
-        m_identity.Add(chunk.bytes.get(), static_cast<std::size_t>(count));
-        if (m_progress)
-            m_progress->done = m_identity.size;
-    }
+    if (count > 0)
+        Count(chunk.bytes.get(), static_cast<std::size_t>(count));
     return static_cast<long>(count);
+}
+
+void CFileReadAhead::Count(const char* bytes, std::size_t size)
+{
+    m_checksum.Add(bytes, size);
+    m_identity.size += size;
+    if (m_progress)
+        m_progress->done.store(m_identity.size, std::memory_order_relaxed);
 }
 
 bool CFileReadAhead::HashUpTo(std::uint64_t offset)
@@ -181,10 +186,8 @@ bool CFileReadAhead::HashUpTo(std::uint64_t offset)
             return false;
         if (got == 0)
             break;
-        m_identity.Add(m_hashBuffer.get(), static_cast<std::size_t>(got));
+        Count(m_hashBuffer.get(), static_cast<std::size_t>(got));
     }
-    if (m_progress)
-        m_progress->done = m_identity.size;
     return true;
 }
 
@@ -196,6 +199,7 @@ void CFileReadAhead::Finish(bool ok)
     if (m_fd >= 0)
         ::close(m_fd);
     m_fd = -1;
+    m_identity.checksum = m_checksum.Value();
     m_identity.known = ok;
     {
         std::lock_guard<std::mutex> lock(m_mutex);

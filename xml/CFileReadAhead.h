@@ -1,5 +1,6 @@
 #pragma once
 
+#include "xml/CFileChecksum.h"
 #include "xml/CFileIdentity.h"
 
 #include <condition_variable>
@@ -15,7 +16,7 @@ struct CIoProgress;
 
 // Reads a file on a thread of its own, plain or through zlib's gzip reader, and hands its text
 // to the caller in chunks through a short queue: while the caller parses one chunk, the thread
-// inflates the next ones. The thread also takes the file's identity (size, time, CRC-32 of the
+// inflates the next ones. The thread also takes the file's identity (size, time, checksum of the
 // bytes on disk) and counts its progress.
 class CFileReadAhead
 {
@@ -54,6 +55,8 @@ private:
     void Read();
     // Reads the next text into chunk; -1 on an error, 0 at the end.
     long ReadText(Chunk& chunk);
+    // Adds bytes read from the file to the identity.
+    void Count(const char* bytes, std::size_t size);
     // Takes the file's bytes up to offset into the identity (gzip: zlib reads on its own).
     bool HashUpTo(std::uint64_t offset);
     void Finish(bool ok);
@@ -62,6 +65,7 @@ private:
     int m_fd = -1;             // the file; zlib reads a duplicate of it
     void* m_gzip = nullptr;    // gzFile, kept opaque so that users of this header need no zlib.h
     CFileIdentity m_identity;
+    CFileChecksum m_checksum;
     std::unique_ptr<char[]> m_hashBuffer;
 
     std::mutex m_mutex;

@@ -1,6 +1,7 @@
 #include "ParseEverySplit.h"
 #include "TempDirTest.h"
 
+#include "xml/CFileChecksum.h"
 #include "xml/CFileIdentity.h"
 #include "xml/CFileReadAhead.h"
 #include "xml/CIoProgress.h"
@@ -102,6 +103,35 @@ ParseOutcome ParseWithReadAhead(const std::string& path, bool gzip, const std::f
     return outcome;
 }
 
+TEST(FileChecksum, IsXxh64WhateverThePiecesTheBytesComeIn)
+{
+    // Published XXH64 values (seed 0).
+    const std::pair<std::string, std::uint64_t> known[] = {
+        {"", 0xEF46DB3751D8E999ull},
+        {"abc", 0x44BC2CF5AD770999ull},
+        {"Nobody inspects the spammish repetition", 0xFBCEA83C8A378BF1ull},
+    };
+    for (const auto& [text, value] : known) {
+        CFileChecksum checksum;
+        checksum.Add(text.data(), text.size());
+        EXPECT_EQ(checksum.Value(), value) << text;
+    }
+    const std::string text = Document(40);
+    CFileChecksum whole;
+    whole.Add(text.data(), text.size());
+    for (const std::size_t piece : {std::size_t{1}, std::size_t{7}, std::size_t{31}, std::size_t{32}, std::size_t{33}}) {
+        CFileChecksum pieces;
+        for (std::size_t at = 0; at < text.size(); at += piece)
+            pieces.Add(text.data() + at, std::min(piece, text.size() - at));
+        EXPECT_EQ(pieces.Value(), whole.Value()) << piece;
+    }
+    std::string changed = text;
+    changed[text.size() / 2] ^= 1;
+    CFileChecksum other;
+    other.Add(changed.data(), changed.size());
+    EXPECT_NE(other.Value(), whole.Value());
+}
+
 class ReadAhead : public TempDirTest
 {
 protected:
@@ -183,7 +213,9 @@ TEST_F(ReadAhead, RemembersTheIdentityOfTheBytesOnDiskAndCountsProgress)
         const CFileIdentity onDisk = CFileIdentity::Of(path);
         EXPECT_TRUE(identity.known);
         EXPECT_EQ(identity.size, bytes.size());
-        EXPECT_EQ(identity.crc, crc32_z(0, reinterpret_cast<const Bytef*>(bytes.data()), bytes.size()));
+        CFileChecksum whole;
+        whole.Add(bytes.data(), bytes.size());
+        EXPECT_EQ(identity.checksum, whole.Value());
         EXPECT_EQ(identity.modifiedNs, onDisk.modifiedNs);
         EXPECT_TRUE(identity.SameContent(onDisk));
         EXPECT_EQ(progress.total.load(), bytes.size());
