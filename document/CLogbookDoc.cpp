@@ -14,7 +14,9 @@
 
 #include <algorithm>
 #include <cctype>
+#include <condition_variable>
 #include <filesystem>
+#include <mutex>
 #include <system_error>
 
 namespace {
@@ -73,10 +75,38 @@ CLogbookDoc::CLogbookDoc(ISettingsStore* settings, const IClock* clock)
 {
 }
 
-CLogbookDoc::~CLogbookDoc() = default;
+// Held by a document and by its snapshot while the snapshot copies the jumps.
+struct CLogbookDoc::CopyGate
+{
+    std::mutex mutex;
+    std::condition_variable done;
+    bool copying = false;
+};
+
+CLogbookDoc::~CLogbookDoc()
+{
+    WaitForCopy();
+    if (m_copySource) {
+        // A snapshot that never copied lets its document's edits go on.
+        {
+            std::lock_guard<std::mutex> lock(m_copySource->m_copyGate->mutex);
+            m_copySource->m_copyGate->copying = false;
+        }
+        m_copySource->m_copyGate->done.notify_all();
+    }
+}
+
+void CLogbookDoc::WaitForCopy() const
+{
+    if (!m_copyGate)
+        return;
+    std::unique_lock<std::mutex> lock(m_copyGate->mutex);
+    m_copyGate->done.wait(lock, [this] { return !m_copyGate->copying; });
+}
 
 void CLogbookDoc::Clear()
 {
+    WaitForCopy();
     m_jumps.clear();
     m_settings.Reset();
     m_path.clear();
@@ -133,6 +163,7 @@ CLoadResult CLogbookDoc::TryLoad(const std::string& path)
 
 void CLogbookDoc::SwapContents(CLogbookDoc& other)
 {
+    WaitForCopy();
     std::swap(m_path, other.m_path);
     std::swap(m_fileVersion, other.m_fileVersion);
     std::swap(m_fileIdentity, other.m_fileIdentity);
@@ -153,13 +184,14 @@ CSaveResult CLogbookDoc::Save(const std::string& path, SaveCheck check)
     return result;
 }
 
-CSaveResult CLogbookDoc::WriteFile(const std::string& path, SaveCheck check) const
+CSaveResult CLogbookDoc::WriteFile(const std::string& path, SaveCheck check)
 {
     CSaveResult result;
     result.path = path;
     result.messageId = StringTable::IDS_SAVE_FAILED;
     if (path.empty())
         return result;
+    CopyJumps();
     const bool gzip = !IsPlainPath(path);
     const std::string temporary = SafeFileReplace::TemporaryPath(path);
 
@@ -224,13 +256,18 @@ CSaveResult CLogbookDoc::SaveIfModified()
     return Save(m_path);
 }
 
-std::unique_ptr<CLogbookDoc> CLogbookDoc::Snapshot() const
+std::unique_ptr<CLogbookDoc> CLogbookDoc::Snapshot()
 {
+    WaitForCopy();
+    if (!m_copyGate)
+        m_copyGate = std::make_shared<CopyGate>();
     auto copy = std::make_unique<CLogbookDoc>(nullptr, m_clock);
     copy->m_settings = m_settings;
-    copy->m_jumps.reserve(m_jumps.size());
-    for (const auto& jump : m_jumps)
-        copy->m_jumps.push_back(std::make_unique<CJump>(*jump));
+    {
+        std::lock_guard<std::mutex> lock(m_copyGate->mutex);
+        m_copyGate->copying = true;
+    }
+    copy->m_copySource = this;
     copy->m_path = m_path;
     copy->m_fileVersion = m_fileVersion;
     copy->m_fileIdentity = m_fileIdentity;
@@ -240,6 +277,22 @@ std::unique_ptr<CLogbookDoc> CLogbookDoc::Snapshot() const
     copy->m_maxJumps = m_maxJumps;
     copy->m_progress = m_progress;
     return copy;
+}
+
+void CLogbookDoc::CopyJumps()
+{
+    if (!m_copySource)
+        return;
+    m_jumps.reserve(m_copySource->m_jumps.size());
+    for (const auto& jump : m_copySource->m_jumps)
+        m_jumps.push_back(std::make_unique<CJump>(*jump));
+    const std::shared_ptr<CopyGate> gate = m_copySource->m_copyGate;
+    m_copySource = nullptr;
+    {
+        std::lock_guard<std::mutex> lock(gate->mutex);
+        gate->copying = false;
+    }
+    gate->done.notify_all();
 }
 
 bool CLogbookDoc::WriteTo(CXmlWriter& writer) const
@@ -301,6 +354,7 @@ CJump* CLogbookDoc::AddJump(std::unique_ptr<CJump> jump)
 {
     if (!jump)
         return nullptr;
+    WaitForCopy();
     CJump* added = InsertSorted(m_jumps, std::move(jump));
     ++m_changeCount;
     m_totalFreefallTime += added->FreefallTime(m_settings);
@@ -314,6 +368,7 @@ std::unique_ptr<CJump> CLogbookDoc::RemoveJump(std::size_t index)
 {
     if (index >= m_jumps.size())
         return nullptr;
+    WaitForCopy();
     std::unique_ptr<CJump> jump = std::move(m_jumps[index]);
     m_jumps.erase(m_jumps.begin() + static_cast<std::ptrdiff_t>(index));
     ++m_changeCount;
@@ -328,6 +383,7 @@ void CLogbookDoc::BeginChangeJump(const CJump* jump)
 {
     if (!jump)
         return;
+    WaitForCopy();
     ++m_changeCount;
     m_totalFreefallTime -= jump->FreefallTime(m_settings);
     m_totalFreefallDistance -= jump->GetFreefallDistance();

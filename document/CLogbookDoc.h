@@ -92,17 +92,23 @@ public:
     // returns Failed with no message and does nothing.
     CSaveResult SaveIfModified();
 
-    // The part of Save that touches only files: it reads the records and changes nothing, so
-    // it may run on another thread on a snapshot. Holds a lock on the temporary file while it
-    // checks and writes, so that two programs saving the same logbook take turns, and removes
-    // what an interrupted save left behind.
-    CSaveResult WriteFile(const std::string& path, SaveCheck check = SaveCheck::IfUnchanged) const;
+    // The part of Save that touches only files: it reads the records and changes nothing else
+    // (on a snapshot it first copies the jumps), so it may run on another thread on a snapshot.
+    // Holds a lock on the temporary file while it checks and writes, so that two programs
+    // saving the same logbook take turns, and removes what an interrupted save left behind.
+    CSaveResult WriteFile(const std::string& path, SaveCheck check = SaveCheck::IfUnchanged);
     // Takes a finished save in on the document's own thread: path, file identity, "LastFile",
     // and the modified flag cleared unless the document changed after changeCount was taken.
     void SaveFinished(const CSaveResult& result, std::uint64_t changeCount);
-    // A copy of everything a save writes (settings, jumps, path, file identity), for saving on
-    // another thread while this document goes on being edited.
-    std::unique_ptr<CLogbookDoc> Snapshot() const;
+    // A copy of everything a save writes, for saving on another thread while this document goes
+    // on being edited. Settings, path and file identity are copied at once; the jumps, which
+    // may take tens of milliseconds, are copied by the snapshot's CopyJumps (its WriteFile calls
+    // it) on the thread that saves. Until then every change of the jump list here (AddJump,
+    // RemoveJump, BeginChangeJump, Clear, a load) waits for the copy; reading goes on. This
+    // document's destructor waits for a copy still running.
+    std::unique_ptr<CLogbookDoc> Snapshot();
+    // In a snapshot: copies the jumps of the document it was taken from, once.
+    void CopyJumps();
     // Grows with every change; a save compares it to tell whether edits came in meanwhile.
     std::uint64_t GetChangeCount() const { return m_changeCount; }
     // The identity of the file as this document last read or wrote it; unknown without one.
@@ -176,6 +182,9 @@ public:
 
 private:
     class SettingsReader;
+    struct CopyGate;
+    // Before the jump list changes: waits until no snapshot is copying it.
+    void WaitForCopy() const;
     bool WriteTo(class CXmlWriter& writer) const;
     // Exchanges everything a logbook holds (not the settings store, clock or output factory).
     void SwapContents(CLogbookDoc& other);
@@ -192,6 +201,8 @@ private:
     std::vector<std::unique_ptr<CJump>> m_jumps;
     std::unique_ptr<SettingsReader> m_settingsReader;
     OutputFactory m_outputFactory;
+    std::shared_ptr<CopyGate> m_copyGate;   // of this document's snapshots
+    const CLogbookDoc* m_copySource = nullptr;   // in a snapshot: whose jumps still have to be copied
     std::size_t m_maxJumps = kDefaultMaxJumps;
     bool m_rootSeen = false;   // set by the "tvl" element during a load
     int64_t m_totalFreefallTime = 0;

@@ -201,6 +201,10 @@ TEST(CLogbookDocFile, ASnapshotSavesWhileTheDocumentIsEdited)
         EXPECT_EQ(JumpsIn(path), 2000u);
         EXPECT_TRUE(doc.GetFileIdentity().SameContent(CFileIdentity::Of(path)));
     }
+    // A snapshot that is dropped without saving holds nothing up.
+    doc.Snapshot().reset();
+    doc.RemoveJump(0);
+    doc.AddJump(MakeJump(1, "Tervola"));
     // The edits go out with the next save, which sees its own file as unchanged.
     EXPECT_TRUE(doc.SaveIfModified());
     EXPECT_EQ(JumpsIn(path), 1000u);
