@@ -38,6 +38,20 @@ void CBenchReport::Memory(const std::string& metric, long long addedBytes, long 
     Verdict(ratio, target);
 }
 
+void CBenchReport::Instructions(const std::string& metric, long long own, const std::string& reference,
+                                long long referenceCount, double target)
+{
+    if (own <= 0 || referenceCount <= 0) {
+        std::printf("  %-10s could not be counted (valgrind)\n", metric.c_str());
+        ++m_misses;
+        return;
+    }
+    const double ratio = static_cast<double>(own) / static_cast<double>(referenceCount);
+    std::printf("  %-10s own %7.2f G instr | %-12s %7.2f G instr | ratio %5.2f         ", metric.c_str(), own / 1e9,
+                reference.c_str(), referenceCount / 1e9, ratio);
+    Verdict(ratio, target);
+}
+
 void CBenchReport::Growth(const std::string& metric, const CBestTime& small, const CBestTime& large, double target)
 {
     const double ratio = large.Wall() / small.Wall();

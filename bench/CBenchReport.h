@@ -15,6 +15,9 @@ public:
                const CBestTime& referenceTime, double target);
     // Memory a load adds against the file size. target <= 0 means the ratio is only reported.
     void Memory(const std::string& metric, long long addedBytes, long long fileBytes, double target);
+    // Instructions of the own work against the reference's (callgrind). target <= 0: reported.
+    void Instructions(const std::string& metric, long long own, const std::string& reference, long long referenceCount,
+                      double target);
     // A growth factor between two workloads against its limit.
     void Growth(const std::string& metric, const CBestTime& small, const CBestTime& large, double target);
     // A line of plain text.

@@ -1,5 +1,7 @@
 #include "CPeakMemoryProbe.h"
 
+#include "CExpatCounter.h"
+
 #include "document/CLogbookDoc.h"
 
 #include <cstdio>
@@ -36,14 +38,19 @@ bool CPeakMemoryProbe::RunChildIfAsked(int argc, char** argv, int& exitCode)
 {
     if (argc < 3 || std::strcmp(argv[1], kChildFlag) != 0)
         return false;
-    // "empty": only the tool and an empty logbook; "load PATH": the same plus a loaded file.
+    // "empty": only the tool and an empty logbook; "load PATH": the same plus a loaded file;
+    // "expat PATH": the reference reader on a plain file instead.
     const std::string what = argv[2];
     CLogbookDoc doc;
     bool ok = true;
-    if (what == "load" && argc >= 4)
+    if (what == "load" && argc >= 4) {
         ok = static_cast<bool>(doc.Load(argv[3]));
-    else if (what != "empty")
+    } else if (what == "expat" && argc >= 4) {
+        CExpatCounter expat;
+        ok = expat.ParseFile(argv[3], 64 * 1024);
+    } else if (what != "empty") {
         ok = false;
+    }
     std::printf("%lld %zu\n", OwnPeakBytes(), doc.GetJumpCount());
     std::fflush(stdout);
     exitCode = ok ? 0 : 1;

@@ -34,12 +34,16 @@ public:
         CBestTime loadTvz, inflateTvz;
         CBestTime saveTvz, deflateTvz;
         CBestTime saveTvl, writeTvl;
+        CBestTime snapshot;   // what a background save takes on the window's thread
+        CBestTime copyJumps;  // the copy of the jumps it makes on its own thread
         long long plainBytes = 0, gzipBytes = 0;
         long long memoryTvl = -1, memoryTvz = -1;   // bytes a load adds to the empty tool
     };
 
     // folder holds the files; baselineBytes is the peak of a tool with an empty logbook.
     CWorkloadBench(std::string folder, long long baselineBytes);
+    // Also counts the instructions of a .tvl load and of expat with callgrind (slow: minutes).
+    void SetCountInstructions(bool count) { m_countInstructions = count; }
 
     // Runs every measurement and prints its lines; false (with a message) when something
     // did not work, for example a load that failed or a save whose bytes differ.
@@ -62,4 +66,5 @@ private:
     CFixedClock m_clock;
     std::unique_ptr<CLogbookDoc> m_doc;   // the generated logbook, saved in every save run
     std::vector<unsigned char> m_scratch;
+    bool m_countInstructions = false;
 };

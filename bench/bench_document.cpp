@@ -1,6 +1,7 @@
 // Times the logbook document's load and save against the reference tools on generated logbooks
 // and measures the memory a load takes:
 //   bench_document [--quick] [--only NAME] [--runs N] [--save-runs N] [--big-runs N] [--dir FOLDER] [--keep]
+//                  [--callgrind]
 // Workloads (generator options, seed 1, no barometric recordings):
 //   1k       1,000 jumps without recordings
 //   10k      10,000 jumps without recordings
@@ -8,11 +9,15 @@
 //   10k-gps  10,000 jumps, 1,000 of them with a GPS recording of 1,500 waypoints
 // --quick runs 1k, 10k and 1k-gps (100 recordings of 1,500 waypoints) only; --only NAME (more
 // than once for several) picks workloads.
-// Each time is the best of --runs loads (default 7) and --save-runs saves (default 3); the
-// recording-heavy logbook gets --big-runs of each (default 3 loads and 2 saves).
+// Each time is the best of --runs loads (default 7) and --save-runs saves (default 3, 0 times no
+// saves); the recording-heavy logbook gets --big-runs of each (default 3 loads and 2 saves).
+// --callgrind also counts the instructions of a .tvl load and of expat on the same file with
+// valgrind's callgrind (minutes per workload); on a busy machine that ratio is the one to trust.
 // Every line gives both best times, their ratio and the target; the exit status is the number
-// of missed targets (capped at 100).
+// of missed targets (capped at 100). The gzip save compresses on one thread per processor
+// core, so its ratio depends on the cores this process may use, which the first line names.
 #include "CBenchReport.h"
+#include "CInstructionCount.h"
 #include "CPeakMemoryProbe.h"
 #include "CWorkloadBench.h"
 
@@ -23,8 +28,10 @@
 #include <map>
 #include <string>
 #include <system_error>
+#include <thread>
 #include <vector>
 
+#include <sched.h>
 #include <unistd.h>
 
 namespace {
@@ -49,7 +56,7 @@ int Usage()
 {
     std::fprintf(stderr,
                  "usage: bench_document [--quick] [--only NAME] [--runs N] [--save-runs N] [--big-runs N] "
-                 "[--dir FOLDER] [--keep]\n");
+                 "[--dir FOLDER] [--keep] [--callgrind]\n");
     return 2;
 }
 
@@ -63,6 +70,7 @@ int main(int argc, char** argv)
 
     bool quick = false;
     bool keep = false;
+    bool callgrind = false;
     int runs = 7;
     int saveRuns = 3;
     int bigRuns = 0;   // 0: 3 loads and 2 saves
@@ -74,10 +82,12 @@ int main(int argc, char** argv)
             quick = true;
         else if (arg == "--keep")
             keep = true;
+        else if (arg == "--callgrind")
+            callgrind = true;
         else if (arg == "--runs" && i + 1 < argc)
             runs = std::max(1, std::atoi(argv[++i]));
         else if (arg == "--save-runs" && i + 1 < argc)
-            saveRuns = std::max(1, std::atoi(argv[++i]));
+            saveRuns = std::max(0, std::atoi(argv[++i]));
         else if (arg == "--big-runs" && i + 1 < argc)
             bigRuns = std::max(1, std::atoi(argv[++i]));
         else if (arg == "--only" && i + 1 < argc)
@@ -97,7 +107,8 @@ int main(int argc, char** argv)
     } else {
         workloads.push_back(MakeWorkload("100k", "100,000 jumps, no recordings", 100000, 0, 0, runs, saveRuns));
         workloads.push_back(MakeWorkload("10k-gps", "10,000 jumps, 1,000 GPS recordings of 1,500 waypoints", 10000,
-                                         1000, 1500, bigRuns > 0 ? bigRuns : 3, bigRuns > 0 ? bigRuns : 2));
+                                         1000, 1500, bigRuns > 0 ? bigRuns : 3,
+                                         saveRuns == 0 ? 0 : bigRuns > 0 ? bigRuns : 2));
     }
     if (!only.empty()) {
         std::erase_if(workloads, [&](const CWorkloadBench::Workload& w) {
@@ -123,8 +134,20 @@ int main(int argc, char** argv)
                   "tool with an empty logbook: %.1f MB peak",
                   folder.c_str(), baseline / 1048576.0);
     report.Note(line);
+    cpu_set_t allowed;
+    CPU_ZERO(&allowed);
+    const int usable = sched_getaffinity(0, sizeof allowed, &allowed) == 0 ? CPU_COUNT(&allowed) : -1;
+    std::snprintf(line, sizeof line,
+                  "processor cores: %u in the machine, %d usable here; the gzip save compresses on %u threads",
+                  std::thread::hardware_concurrency(), usable, std::max(1u, std::thread::hardware_concurrency()));
+    report.Note(line);
+    if (callgrind && !CInstructionCount::Available()) {
+        std::fprintf(stderr, "bench_document: --callgrind needs valgrind\n");
+        return 2;
+    }
 
     CWorkloadBench bench(folder, baseline);
+    bench.SetCountInstructions(callgrind);
     std::map<std::string, CWorkloadBench::Result> results;
     bool ok = true;
     for (const CWorkloadBench::Workload& workload : workloads) {
@@ -144,8 +167,10 @@ int main(int argc, char** argv)
         report.Note("growth from 10,000 to 100,000 jumps (time of 100k / time of 10k)");
         report.Growth("load .tvl", small.loadTvl, large.loadTvl, 11);
         report.Growth("load .tvz", small.loadTvz, large.loadTvz, 11);
-        report.Growth("save .tvz", small.saveTvz, large.saveTvz, 11);
-        report.Growth("save .tvl", small.saveTvl, large.saveTvl, 11);
+        if (saveRuns > 0) {
+            report.Growth("save .tvz", small.saveTvz, large.saveTvz, 11);
+            report.Growth("save .tvl", small.saveTvl, large.saveTvl, 11);
+        }
     }
 
     if (!keep)
