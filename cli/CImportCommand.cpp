@@ -17,6 +17,7 @@ namespace {
 
 const QString kJump = QStringLiteral("jump");
 const QString kRate = QStringLiteral("rate");
+const QString kBaro = QStringLiteral("baro");
 
 // "2024-04-20 06:20:13 +03:00".
 std::string ZonedText(const CZonedDateTime& when)
@@ -53,6 +54,8 @@ void CImportCommand::Configure(QCommandLineParser& parser)
                       QStringLiteral("N")});
     parser.addOption({kRate, QStringLiteral("Keep at most HZ samples a second (default: every fix)."),
                       QStringLiteral("HZ")});
+    parser.addOption({kBaro, QStringLiteral("Keep the barometer of a FlySight 2 session (SENSOR.CSV) as a "
+                                            "barometric recording instead of the GPS track.")});
 }
 
 QString CImportCommand::Details() const
@@ -90,6 +93,7 @@ int CImportCommand::Execute(const QCommandLineParser& parser)
         if (!ok || !(options.rateHz > 0.0) || !std::isfinite(options.rateHz))
             return Usage(QStringLiteral("--rate needs a number of samples a second above 0"));
     }
+    options.barometric = parser.isSet(kBaro);
     int number = 0;
     if (parser.isSet(kJump))
     {

@@ -44,7 +44,7 @@ INSTANTIATE_TEST_SUITE_P(
                       CommandHelp{"info", {"FILE", "--units <metric|imperial>", "YYYY-MM-DD"}},
                       CommandHelp{"export", {"FILE", "--format <json|csv|gpx>", "--jump <N>", "--output <OUT>", "-o",
                                              "--units", "--compact", "RFC 4180", "GPX"}},
-                      CommandHelp{"import", {"LOGBOOK", "TRACK", "--jump <N>", "--rate <HZ>", "SENSOR.CSV"}},
+                      CommandHelp{"import", {"LOGBOOK", "TRACK", "--jump <N>", "--rate <HZ>", "--baro", "SENSOR.CSV"}},
                       CommandHelp{"convert", {"IN", "OUT", "bak"}},
                       CommandHelp{"generate", {"OUT", "--jumps <N>", "--recordings <R>", "--samples <S>", "--baro <B>",
                                                "--seed <K>"}}),

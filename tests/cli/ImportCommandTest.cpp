@@ -68,7 +68,8 @@ TEST_F(ImportCommand, LogsTheTrackAsANewJumpOrIntoAJumpWithoutRecording)
         int number;
     };
     int everyFix = 0;
-    for (const Case& c : {Case{fs1, {}, 501}, Case{fs2, {"--jump", "499", "--rate", "1"}, 499}})
+    for (const Case& c : {Case{fs1, {}, 501}, Case{fs2, {"--jump", "499", "--rate", "1"}, 499},
+                          Case{fs2, {"--baro"}, 502}})
     {
         SCOPED_TRACE(c.number);
         const CToolResult result = Import(c.track, c.options);
@@ -83,9 +84,15 @@ TEST_F(ImportCommand, LogsTheTrackAsANewJumpOrIntoAJumpWithoutRecording)
         EXPECT_GT(jump["cpTime"].toInt(), 60);
         EXPECT_GT(jump["vMax"].toDouble(), 50.0);
         const QJsonObject profile = jump["profile"].toObject();
-        EXPECT_EQ(profile["type"].toString(), "gps");
+        const bool barometric = c.options.contains("--baro");
+        EXPECT_EQ(profile["type"].toString(), barometric ? "baro" : "gps");
         const int samples = static_cast<int>(profile["waypoints"].toArray().size());
-        if (c.options.isEmpty())
+        if (barometric)
+        {
+            // The barometer's own samples, from before the exit to the landing.
+            EXPECT_GT(samples, 100);
+        }
+        else if (c.options.isEmpty())
         {
             // A new jump takes what the last jump had, as the window's editor fills it.
             EXPECT_EQ(jump["dz"].toString(), "Tervola");
