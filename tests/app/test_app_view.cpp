@@ -284,8 +284,9 @@ private slots:
                 if (!action->isSeparator())
                     texts.append(action->text() + (action->isEnabled() ? "" : " (off)"));
             // Only row 1 has a picture.
-            QCOMPARE(texts, (QStringList{"View...", "Change...", row == 1 ? "Show picture..." : "Show picture... (off)",
-                                         "Delete"}));
+            // Neither jump is signed or has a recording: both can take a track.
+            QCOMPARE(texts, (QStringList{"View...", "Change...", "Add track...",
+                                         row == 1 ? "Show picture..." : "Show picture... (off)", "Delete"}));
         }
     }
 };
