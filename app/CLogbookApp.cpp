@@ -100,6 +100,8 @@ void CLogbookApp::LoadStartLogbook(const QStringList& arguments)
     if (!QFileInfo(path).isFile())
         return;
     const CLoadResult result = m_frame->GetDocument().Load(last);
-    if (!result.ok && !result.message.empty())
+    if (result.ok)
+        m_frame->GetCommands()->LockLogbook(last);
+    else if (!result.message.empty())
         m_services.messages->Error(MessageText::Translate(result.message));
 }

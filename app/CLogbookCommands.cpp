@@ -4,6 +4,8 @@
 #include "app/CJumpListCtrl.h"
 #include "app/CLogbookView.h"
 #include "app/CPictureGuard.h"
+#include "app/CProgressWait.h"
+#include "app/CSaveProgressBar.h"
 #include "app/IFileChooser.h"
 #include "app/IPictureViewer.h"
 #include "controls/IDialogRunner.h"
@@ -20,6 +22,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <thread>
 
 namespace {
 
@@ -46,6 +49,9 @@ CLogbookCommands::CLogbookCommands(CLogbookDoc& doc, const CUnitSettings& units,
     : QObject(window), m_doc(doc), m_units(units), m_services(services), m_view(view), m_window(window)
 {
     setObjectName(QStringLiteral("logbookCommands"));
+    m_saver = new CBackgroundSaver(doc, this);
+    new CSaveProgressBar(*m_saver, window);
+    connect(m_saver, &CBackgroundSaver::finished, this, &CLogbookCommands::OnSaveFinished);
     connect(&view, &CLogbookView::commandRequested, this, &CLogbookCommands::Execute);
     connect(&view, &CLogbookView::rowActivated, this, &CLogbookCommands::OnRowActivated);
     connect(&view, &CLogbookView::contextMenuRequested, this, &CLogbookCommands::OnContextMenu);
@@ -88,19 +94,17 @@ bool CLogbookCommands::CanSaveAs() const
 
 bool CLogbookCommands::SaveModified()
 {
+    WaitForSaves();
     if (!CanSave())
         return true;
     const QString name = QFileInfo(DisplayPath(m_doc.GetPath())).fileName();
     switch (m_services.messages->AskYesNoCancel(tr("Save changes to %1?").arg(name)))
     {
     case IMessageSink::Answer::Yes:
-        if (m_doc.Save(m_doc.GetPath()))
-        {
-            emit stateChanged();
-            return true;
-        }
-        m_services.messages->Error(Message(StringTable::IDS_SAVE_FAILED));
-        return false;
+        // The end of the save tells of a failure or asks about a changed file.
+        m_saver->Request(m_doc.GetPath(), SaveCheck::IfUnchanged, CBackgroundSaver::Origin::Closing);
+        WaitForSaves();
+        return !m_doc.IsModified();
     case IMessageSink::Answer::No:
         return true;
     case IMessageSink::Answer::Cancel:
@@ -129,6 +133,10 @@ void CLogbookCommands::OnFileNew()
         m_doc.Clear();
         m_services.messages->Error(Message(StringTable::IDS_WRITE_ERROR));
     }
+    else
+    {
+        LockLogbook(m_doc.GetPath());
+    }
     m_view.Refresh();
     if (saved)
         emit logbookCreated();
@@ -136,9 +144,22 @@ void CLogbookCommands::OnFileNew()
 
 bool CLogbookCommands::LoadLogbook(const QString& path)
 {
+    WaitForSaves();
     const std::string file = NativePath(path);
-    // A bad file leaves the open logbook as it was instead of an empty document.
-    const CLoadResult result = m_doc.TryLoad(file);
+    // The file is read on another thread while the window stays painted; a bad file leaves the
+    // open logbook as it was instead of an empty document.
+    CIoProgress progress;
+    CLogbookDoc loaded(nullptr, m_services.clock);
+    loaded.SetProgress(&progress);
+    CLoadResult result;
+    CProgressWait wait(m_window, tr("Opening %1...").arg(QFileInfo(path).fileName()), progress);
+    std::thread reader([&] {
+        result = loaded.Load(file);
+        QMetaObject::invokeMethod(&wait, &CProgressWait::Finish, Qt::QueuedConnection);
+    });
+    wait.Exec();
+    reader.join();
+    loaded.SetProgress(nullptr);
     if (!result.ok)
     {
         if (!result.message.empty())
@@ -146,7 +167,9 @@ bool CLogbookCommands::LoadLogbook(const QString& path)
         m_services.messages->Error(Message(StringTable::IDS_OPEN_FAILED));
         return false;
     }
+    m_doc.Adopt(loaded);
     m_view.Refresh();
+    LockLogbook(file);
     return true;
 }
 
@@ -165,9 +188,7 @@ void CLogbookCommands::OnFileSave()
 {
     if (!CanSave())
         return;
-    if (!m_doc.Save(m_doc.GetPath()))
-        m_services.messages->Error(Message(StringTable::IDS_SAVE_FAILED));
-    emit stateChanged();
+    m_saver->Request(m_doc.GetPath(), SaveCheck::IfUnchanged, CBackgroundSaver::Origin::Command);
 }
 
 void CLogbookCommands::OnFileSaveAs()
@@ -177,7 +198,6 @@ void CLogbookCommands::OnFileSaveAs()
     const QString path = m_services.files->ChooseSave(DisplayPath(m_doc.GetPath()));
     if (path.isEmpty())
         return;
-    if (!m_doc.Save(NativePath(path)))
-        m_services.messages->Error(Message(StringTable::IDS_SAVE_FAILED));
-    emit stateChanged();
+    // The file dialog has asked whether to replace an existing file.
+    m_saver->Request(NativePath(path), SaveCheck::Overwrite, CBackgroundSaver::Origin::Command);
 }

@@ -1,6 +1,8 @@
 #pragma once
 
 #include "app/CAppServices.h"
+#include "app/CBackgroundSaver.h"
+#include "document/CLogbookLock.h"
 
 #include <QObject>
 #include <QString>
@@ -31,8 +33,19 @@ public:
     // Loads a logbook, keeping the open one when the file is bad; shows the load's messages
     // and 4001 on failure. The reminders are the caller's. Returns success.
     bool LoadLogbook(const QString& path);
-    // Asks whether to save a modified logbook; false when the user cancels or the save fails.
+    // Waits for a running save, then asks whether to save a modified logbook and waits for that
+    // save too; false when the user cancels or the logbook could not be saved.
     bool SaveModified();
+    // The automatic save when the window loses the user's attention: a modified logbook with a
+    // file is saved in the background.
+    void SaveAutomatically();
+    // Waits, with the window painted and a progress dialog after a moment, until no save runs.
+    void WaitForSaves();
+    // The saves running off the window's thread.
+    CBackgroundSaver* GetSaver() const { return m_saver; }
+    // Marks the logbook as open here (a lock file beside it); warns when another instance of
+    // the program has it open.
+    void LockLogbook(const std::string& path);
     // Save is offered while a modified logbook is open, Save as while any is open.
     bool CanSave() const;
     bool CanSaveAs() const;
@@ -49,9 +62,10 @@ public slots:
     void OnFileNew();
     // Open: open dialog, load (4001 on failure), then the reminders through logbookOpened.
     void OnFileOpen();
-    // Save to the current file (4002 on failure).
+    // Save to the current file in the background (4002 on failure; a file changed by another
+    // program is not overwritten without asking).
     void OnFileSave();
-    // Save under a new name (4002 on failure).
+    // Save under a new name in the background (4002 on failure).
     void OnFileSaveAs();
     // The jump editor on a new jump; on OK the summary, list and buttons follow.
     void OnJumpNew();
@@ -88,6 +102,11 @@ private:
     // Reads a track chosen by the user into the editor on target (null: a new jump).
     void ImportTrack(CJump* target);
     QString StartFolder() const;
+    // The end of a background save: 4002 on failure, the user's choice for a changed file.
+    void OnSaveFinished(const CSaveResult& result, CBackgroundSaver::Origin origin);
+    // Asks what to do with a file another program changed: keep mine under a new name, load
+    // theirs, or overwrite it.
+    void ResolveChangedFile(const std::string& path, CBackgroundSaver::Origin origin);
 
     CLogbookDoc& m_doc;
     const CUnitSettings& m_units;
@@ -96,4 +115,6 @@ private:
     QWidget* m_window;
     // The jump the last run of the editor added, or null.
     const CJump* m_lastAdded = nullptr;
+    CBackgroundSaver* m_saver = nullptr;
+    CLogbookLock m_lock;
 };

@@ -240,10 +240,8 @@ void CMainFrame::OnApplicationStateChanged(Qt::ApplicationState state)
 {
     if (state == Qt::ApplicationActive)
         return;
-    // No message here: the user has just turned to something else. A failed save leaves the
-    // logbook modified, so closing still asks.
-    if (m_doc.SaveIfModified())
-        UpdateCommands();
+    // In the background: the window stays responsive; the end of the save updates the commands.
+    m_commands->SaveAutomatically();
 }
 
 void CMainFrame::OnAbout()

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QMessageBox>
+#include <QPushButton>
 
 namespace {
 
@@ -50,4 +51,16 @@ IMessageSink::Answer CMessageBoxes::AskYesNoCancel(const QString& text)
 void CMessageBoxes::About(const QString& title, const QString& text)
 {
     QMessageBox::about(Parent(), title, text);
+}
+
+int CMessageBoxes::AskChoice(const QString& text, const QStringList& buttons)
+{
+    QMessageBox box(QMessageBox::Question, kTitle, text, QMessageBox::Cancel, Parent());
+    QList<QAbstractButton*> added;
+    for (const QString& label : buttons)
+        added.append(box.addButton(label, QMessageBox::AcceptRole));
+    if (!added.isEmpty())
+        box.setDefaultButton(qobject_cast<QPushButton*>(added.front()));
+    box.exec();
+    return static_cast<int>(added.indexOf(box.clickedButton()));
 }

@@ -24,6 +24,8 @@ public:
     Answer AskYesNoCancel(const QString& text) override;
     // The platform's About box.
     void About(const QString& title, const QString& text) override;
+    // Question icon, the given buttons and Cancel.
+    int AskChoice(const QString& text, const QStringList& buttons) override;
 
 private:
     QWidget* Parent() const;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 // Where the program's message boxes go. The window program shows real boxes (CMessageBoxes);
 // tests record the messages and answer questions without blocking.
@@ -24,4 +25,12 @@ public:
     virtual Answer AskYesNoCancel(const QString& text) = 0;
     // The About box.
     virtual void About(const QString& title, const QString& text) = 0;
+    // A question with buttons of its own, the first the default, and Cancel; returns the index
+    // of the button chosen, -1 for Cancel. A sink that cannot ask answers Cancel.
+    virtual int AskChoice(const QString& text, const QStringList& buttons)
+    {
+        (void)text;
+        (void)buttons;
+        return -1;
+    }
 };

@@ -161,6 +161,13 @@ CLoadResult CLogbookDoc::TryLoad(const std::string& path)
     return result;
 }
 
+void CLogbookDoc::Adopt(CLogbookDoc& loaded)
+{
+    SwapContents(loaded);
+    if (m_store && HasPath())
+        m_store->SetString(kLastFileSection, kLastFileValue, m_path);
+}
+
 void CLogbookDoc::SwapContents(CLogbookDoc& other)
 {
     WaitForCopy();

@@ -83,6 +83,9 @@ public:
     // Loads into a fresh document and takes its contents only on success: a file that fails
     // leaves this document exactly as it was (Open uses this to keep the logbook the user had).
     CLoadResult TryLoad(const std::string& path);
+    // Takes over everything another document loaded (on another thread, with no settings store
+    // of its own) and stores its path as "LastFile"; loaded gets this document's old contents.
+    void Adopt(CLogbookDoc& loaded);
     // Saves safely: temporary file, flush, ".bak" copy of the old file, rename. A failed save
     // leaves the old file and its backup untouched. Success sets the path and clears the flag.
     // Saving over the file this document was loaded from or last saved to first checks that

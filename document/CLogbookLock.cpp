@@ -14,6 +14,11 @@ std::string ThisProcess()
 
 } // namespace
 
+CLogbookLock::~CLogbookLock()
+{
+    Unlock();
+}
+
 std::string CLogbookLock::LockPathOf(const std::string& logbookPath)
 {
     return logbookPath + ".lock";

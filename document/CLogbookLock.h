@@ -18,6 +18,12 @@ public:
         Unavailable    // no lock file can be made (a read-only folder): nobody can tell
     };
 
+    CLogbookLock() = default;
+    // Releases the lock and removes the lock file.
+    ~CLogbookLock();
+    CLogbookLock(const CLogbookLock&) = delete;
+    CLogbookLock& operator=(const CLogbookLock&) = delete;
+
     // Locks the logbook at path, releasing the one held before; the same path again keeps the
     // lock already held.
     State Lock(const std::string& logbookPath);

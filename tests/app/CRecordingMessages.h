@@ -9,7 +9,7 @@
 class CRecordingMessages final : public IMessageSink
 {
 public:
-    enum class Kind { Error, Information, Warning, YesNo, YesNoCancel, About };
+    enum class Kind { Error, Information, Warning, YesNo, YesNoCancel, About, Choice };
     struct Box
     {
         Kind kind;
@@ -30,6 +30,11 @@ public:
         return yesNoCancelAnswer;
     }
     void About(const QString& title, const QString& text) override { boxes.append({Kind::About, title + '\n' + text}); }
+    int AskChoice(const QString& text, const QStringList& buttons) override
+    {
+        boxes.append({Kind::Choice, text + '\n' + buttons.join('|')});
+        return choiceAnswers.isEmpty() ? -1 : choiceAnswers.takeFirst();
+    }
 
     // The texts of the boxes of one kind, in order.
     QStringList Texts(Kind kind) const
@@ -44,4 +49,5 @@ public:
     QList<Box> boxes;
     bool yesNoAnswer = true;
     Answer yesNoCancelAnswer = Answer::No;
+    QList<int> choiceAnswers;   // the buttons chosen in turn; Cancel when none is left
 };

@@ -67,6 +67,7 @@ private slots:
         DeleteFirstJump(harness);
         QCOMPARE(CommandStates(harness), QString("111111"));
         harness.Commands()->OnFileSave();
+        harness.Commands()->WaitForSaves();   // saves run in the background
         QCOMPARE(CommandStates(harness), QString("110111"));
         QCOMPARE(JumpsInFile(harness.Path("jumps.tvz")), 2);
         harness.Frame()->GetDocument().Clear();
@@ -150,6 +151,7 @@ private slots:
         DeleteFirstJump(harness);
         harness.files.saveAnswers = {harness.Path(name)};
         harness.Commands()->OnFileSaveAs();
+        harness.Commands()->WaitForSaves();
         QCOMPARE(harness.messages.Texts(Kind::Error),
                  saved ? QStringList() : QStringList{"The file could not be saved."});
         QCOMPARE(JumpsInFile(harness.Path(name)), saved ? 2 : -1);
@@ -210,6 +212,7 @@ private slots:
         harness.Frame()->OnApplicationStateChanged(Qt::ApplicationActive);
         QCOMPARE(JumpsInFile(path), 3);
         harness.Frame()->OnApplicationStateChanged(Qt::ApplicationInactive);
+        harness.Commands()->WaitForSaves();
         QCOMPARE(JumpsInFile(path), 2);
         QCOMPARE(CommandStates(harness), QString("110111"));
     }

@@ -74,6 +74,7 @@ private slots:
         QVERIFY(harness.Frame()->isWindowModified());
 
         harness.Commands()->OnFileSave();
+        harness.Commands()->WaitForSaves();
         CLogbookDoc reloaded;
         QVERIFY(reloaded.Load(QFile::encodeName(path).toStdString()));
         // The wind is written with the file's decimals; the rest comes back exactly.

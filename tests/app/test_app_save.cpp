@@ -1,0 +1,212 @@
+// Saving in the background on the real main window: the window goes on while a save runs, a
+// second request waits for the first, edits made meanwhile keep the logbook modified, a failed
+// save shows 4002, closing waits for a running save, a file changed by another program is not
+// overwritten without the user's choice, and a second instance is warned.
+
+#include "CAppHarness.h"
+
+#include "app/CLogbookCommands.h"
+#include "app/CLogbookView.h"
+#include "app/CMainFrame.h"
+#include "document/CLogbookLock.h"
+
+#include <QAction>
+#include <QDir>
+#include <QFile>
+#include <QtTest>
+
+#include <unistd.h>
+
+using Kind = CRecordingMessages::Kind;
+using Answer = IMessageSink::Answer;
+
+namespace {
+
+CTestLogbook Jumps(int count)
+{
+    CTestLogbook logbook;
+    for (int n = 1; n <= count; ++n)
+        logbook.Jump(n, QStringLiteral("2024-05-%1T10:00:00Z").arg(n, 2, 10, QChar('0')), "Tervola", 4000, 1000, 60);
+    return logbook;
+}
+
+int JumpsInFile(const QString& path)
+{
+    CLogbookDoc doc;
+    return doc.Load(QFile::encodeName(path).toStdString()) ? int(doc.GetJumpCount()) : -1;
+}
+
+void DeleteFirstJump(CAppHarness& harness)
+{
+    harness.View()->OnViewJumpList();
+    harness.SelectRow(0);
+    harness.Commands()->OnJumpDelete();
+    harness.messages.boxes.clear();
+}
+
+CLogbookDoc& Doc(CAppHarness& harness)
+{
+    return harness.Frame()->GetDocument();
+}
+
+} // namespace
+
+class TestSave : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void aSaveRunsWhileTheWindowGoesOnAndASecondRequestWaits()
+    {
+        CAppHarness harness;
+        const QString path = harness.StartWith(Jumps(4));
+        CBackgroundSaver* saver = harness.Commands()->GetSaver();
+        DeleteFirstJump(harness);
+        harness.Commands()->OnFileSave();
+        // The command returned at once; the document learns of the save only when it has ended.
+        QVERIFY(saver->IsBusy());
+        QVERIFY(Doc(harness).IsModified());
+        harness.Commands()->OnFileSave();   // waits for the first, nothing changed meanwhile
+        DeleteFirstJump(harness);           // the records the save reads are its own
+        harness.Commands()->OnFileSave();   // replaces the waiting request
+        QCOMPARE(saver->SavesStarted(), 1);
+        harness.Commands()->WaitForSaves();
+        QCOMPARE(saver->SavesStarted(), 2);
+        QCOMPARE(JumpsInFile(path), 2);
+        QVERIFY(!Doc(harness).IsModified());
+
+        // A request that waits for nothing but the same file is dropped.
+        DeleteFirstJump(harness);
+        harness.Commands()->OnFileSave();
+        harness.Frame()->OnApplicationStateChanged(Qt::ApplicationInactive);
+        harness.Commands()->WaitForSaves();
+        QCOMPARE(saver->SavesStarted(), 3);
+        QCOMPARE(JumpsInFile(path), 1);
+        QVERIFY(harness.messages.boxes.isEmpty());
+    }
+
+    void editsDuringASaveKeepTheLogbookModified()
+    {
+        CAppHarness harness;
+        const QString path = harness.StartWith(Jumps(4));
+        DeleteFirstJump(harness);
+        harness.Frame()->OnApplicationStateChanged(Qt::ApplicationInactive);
+        DeleteFirstJump(harness);
+        harness.Commands()->WaitForSaves();
+        QCOMPARE(JumpsInFile(path), 3);   // what the logbook held when the save began
+        QVERIFY(Doc(harness).IsModified());
+        QVERIFY(harness.Frame()->findChild<QAction*>("fileSaveAction")->isEnabled());
+    }
+
+    // A save that cannot write shows 4002 whatever started it, and the logbook stays modified.
+    void aFailedSaveShows4002_data()
+    {
+        QTest::addColumn<bool>("automatic");
+        QTest::newRow("Save") << false;
+        QTest::newRow("automatic save") << true;
+    }
+
+    void aFailedSaveShows4002()
+    {
+        QFETCH(bool, automatic);
+        CAppHarness harness;
+        const QString path = harness.StartWith(Jumps(3));
+        QVERIFY(QDir().mkpath(path + ".saving"));   // the temporary file cannot be made
+        DeleteFirstJump(harness);
+        if (automatic)
+            harness.Frame()->OnApplicationStateChanged(Qt::ApplicationInactive);
+        else
+            harness.Commands()->OnFileSave();
+        harness.Commands()->WaitForSaves();
+        QCOMPARE(harness.messages.Texts(Kind::Error), QStringList{"The file could not be saved."});
+        QVERIFY(Doc(harness).IsModified());
+        QCOMPARE(JumpsInFile(path), 3);
+    }
+
+    void closingWaitsForARunningSave()
+    {
+        CAppHarness harness;
+        const QString path = harness.StartWith(Jumps(3));
+        DeleteFirstJump(harness);
+        harness.Commands()->OnFileSave();
+        harness.messages.yesNoCancelAnswer = Answer::Cancel;
+        harness.Frame()->findChild<QAction*>("exitAction")->trigger();
+        // The save ended before the question would have come: nothing left to ask.
+        QVERIFY(harness.messages.Texts(Kind::YesNoCancel).isEmpty());
+        QVERIFY(!harness.Frame()->isVisible());
+        QCOMPARE(JumpsInFile(path), 2);
+    }
+
+    // Another program wrote the file after it was opened: neither Save nor the automatic save
+    // overwrites it; the user chooses.
+    void aChangedFileIsNotOverwritten_data()
+    {
+        QTest::addColumn<bool>("automatic");
+        QTest::addColumn<int>("choice");
+        QTest::addColumn<int>("jumpsInFile");
+        QTest::addColumn<int>("jumpsInWindow");
+        QTest::addColumn<bool>("modified");
+        QTest::addColumn<int>("jumpsInCopy");
+        QTest::newRow("cancel") << false << -1 << 5 << 2 << true << -1;
+        QTest::newRow("keep mine under a new name") << false << 0 << 5 << 2 << false << 2;
+        QTest::newRow("load theirs") << false << 1 << 5 << 5 << false << -1;
+        QTest::newRow("overwrite") << false << 2 << 2 << 2 << false << -1;
+        QTest::newRow("automatic, cancel") << true << -1 << 5 << 2 << true << -1;
+        QTest::newRow("automatic, overwrite") << true << 2 << 2 << 2 << false << -1;
+    }
+
+    void aChangedFileIsNotOverwritten()
+    {
+        QFETCH(bool, automatic);
+        QFETCH(int, choice);
+        QFETCH(int, jumpsInFile);
+        QFETCH(int, jumpsInWindow);
+        QFETCH(bool, modified);
+        QFETCH(int, jumpsInCopy);
+        CAppHarness harness;
+        const QString path = harness.StartWith(Jumps(3));
+        DeleteFirstJump(harness);
+        QVERIFY(!harness.Write(Jumps(5), "jumps.tvz").isEmpty());   // theirs
+        harness.messages.choiceAnswers = {choice};
+        harness.files.saveAnswers = {harness.Path("mine.tvz")};
+        if (automatic)
+            harness.Frame()->OnApplicationStateChanged(Qt::ApplicationInactive);
+        else
+            harness.Commands()->OnFileSave();
+        harness.Commands()->WaitForSaves();
+
+        const QStringList asked = harness.messages.Texts(Kind::Choice);
+        QCOMPARE(asked.size(), 1);
+        QVERIFY(asked[0].startsWith("The file was changed by another program after it was opened here."));
+        QVERIFY(asked[0].endsWith("\nSave as...|Load theirs|Overwrite"));
+        QCOMPARE(JumpsInFile(path), jumpsInFile);
+        QCOMPARE(int(Doc(harness).GetJumpCount()), jumpsInWindow);
+        QCOMPARE(Doc(harness).IsModified(), modified);
+        QCOMPARE(JumpsInFile(harness.Path("mine.tvz")), jumpsInCopy);
+        QVERIFY(harness.messages.Texts(Kind::Error).isEmpty());
+    }
+
+    void aSecondInstanceIsWarned()
+    {
+        CAppHarness first;
+        const QString path = first.StartWith(Jumps(2));
+        QVERIFY(first.messages.Texts(Kind::Warning).isEmpty());
+        QVERIFY(QFile::exists(QFile::decodeName(CLogbookLock::LockPathOf(QFile::encodeName(path).toStdString()).c_str())));
+        {
+            CAppHarness second;
+            QVERIFY(second.StartWithoutSplash({path}));
+            const QStringList warnings = second.messages.Texts(Kind::Warning);
+            QCOMPARE(warnings.size(), 1);
+            QVERIFY(warnings[0].startsWith("This logbook is already open in another Tervola Pocket (process " +
+                                           QString::number(::getpid())));
+            QCOMPARE(int(Doc(second).GetJumpCount()), 2);   // opened all the same
+        }
+        first.app.reset();   // the first instance ends
+        CAppHarness third;
+        QVERIFY(third.StartWithoutSplash({path}));
+        QVERIFY(third.messages.Texts(Kind::Warning).isEmpty());
+    }
+};
+
+QTEST_MAIN(TestSave)
+#include "test_app_save.moc"
