@@ -405,6 +405,30 @@
         <source>Add track...</source>
         <translation>Track hinzufügen...</translation>
     </message>
+    <message>
+        <source>Opening %1...</source>
+        <translation>%1 wird geöffnet...</translation>
+    </message>
+    <message>
+        <source>Saving %1...</source>
+        <translation>%1 wird gespeichert...</translation>
+    </message>
+    <message>
+        <source>Keep your version under a new name, load the version on disk (your changes are lost), or overwrite it with yours?</source>
+        <translation>Die eigene Fassung unter einem neuen Namen speichern, die Fassung auf dem Datenträger laden (die eigenen Änderungen gehen verloren) oder sie mit der eigenen überschreiben?</translation>
+    </message>
+    <message>
+        <source>Save as...</source>
+        <translation>Speichern unter...</translation>
+    </message>
+    <message>
+        <source>Load theirs</source>
+        <translation>Andere Fassung laden</translation>
+    </message>
+    <message>
+        <source>Overwrite</source>
+        <translation>Überschreiben</translation>
+    </message>
 </context>
 <context>
     <name>CLogbookView</name>
@@ -557,6 +581,13 @@ Das Logbuch für Fallschirmspringer.
     <message>
         <source>Ground track</source>
         <translation>Weg über Grund</translation>
+    </message>
+</context>
+<context>
+    <name>CSaveProgressBar</name>
+    <message>
+        <source>Saving %p%</source>
+        <translation>Speichern %p%</translation>
     </message>
 </context>
 <context>
