@@ -56,6 +56,11 @@ void CProgressWait::Tick()
 
 bool CProgressWait::eventFilter(QObject* watched, QEvent* event)
 {
+    // Only the window's own input is held back: a message box that the waited-for work shows
+    // (a question about the file, an error) is a window of its own and gets its clicks.
+    const auto* widget = qobject_cast<const QWidget*>(watched);
+    if (!widget || !m_window || widget->window() != m_window)
+        return QObject::eventFilter(watched, event);
     switch (event->type())
     {
     case QEvent::MouseButtonPress:
@@ -77,7 +82,7 @@ bool CProgressWait::eventFilter(QObject* watched, QEvent* event)
             event->ignore();
             return true;
         }
-        return false;
+        return QObject::eventFilter(watched, event);
     default:
         return QObject::eventFilter(watched, event);
     }

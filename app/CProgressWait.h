@@ -12,8 +12,9 @@ class QProgressDialog;
 class QWidget;
 
 // Keeps the window painted while it waits for work on another thread (a load, the end of a
-// save): runs the event loop, swallows the user's input meanwhile so that no command starts in
-// the middle, and after a short delay shows a progress dialog that follows a CIoProgress.
+// save): runs the event loop, holds back the user's input to the window meanwhile so that no
+// command starts in the middle, and after a short delay shows a progress dialog that follows a
+// CIoProgress.
 class CProgressWait : public QObject
 {
     Q_OBJECT

@@ -8,11 +8,14 @@
 #include "app/CLogbookCommands.h"
 #include "app/CLogbookView.h"
 #include "app/CMainFrame.h"
+#include "app/CProgressWait.h"
 #include "document/CLogbookLock.h"
+#include "xml/CIoProgress.h"
 
 #include <QAction>
 #include <QDir>
 #include <QFile>
+#include <QPushButton>
 #include <QtTest>
 
 #include <unistd.h>
@@ -184,6 +187,33 @@ private slots:
         QCOMPARE(Doc(harness).IsModified(), modified);
         QCOMPARE(JumpsInFile(harness.Path("mine.tvz")), jumpsInCopy);
         QVERIFY(harness.messages.Texts(Kind::Error).isEmpty());
+    }
+
+    // While the window waits for a save or a load, its own input is held back, but a message
+    // box that the end of a save shows (a window of its own) still takes clicks.
+    void aWaitHoldsBackOnlyTheWindowsInput()
+    {
+        QWidget window;
+        auto* inWindow = new QPushButton(QStringLiteral("in"), &window);
+        QPushButton box(QStringLiteral("box"));
+        window.show();
+        box.show();
+        int windowClicks = 0;
+        int boxClicks = 0;
+        connect(inWindow, &QPushButton::clicked, [&] { ++windowClicks; });
+        connect(&box, &QPushButton::clicked, [&] { ++boxClicks; });
+        CIoProgress progress;
+        CProgressWait wait(&window, QStringLiteral("Saving"), progress);
+        QTimer::singleShot(0, [&] {
+            QTest::mouseClick(inWindow, Qt::LeftButton);
+            QTest::mouseClick(&box, Qt::LeftButton);
+            wait.Finish();
+        });
+        wait.Exec();
+        QCOMPARE(windowClicks, 0);
+        QCOMPARE(boxClicks, 1);
+        QTest::mouseClick(inWindow, Qt::LeftButton);
+        QCOMPARE(windowClicks, 1);
     }
 
     void aSecondInstanceIsWarned()
