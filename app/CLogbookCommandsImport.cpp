@@ -9,7 +9,9 @@
 #include "controls/IMessageSink.h"
 #include "dialogs/CDlgJump.h"
 #include "document/CLogbookDoc.h"
+#include "resources/StringTable.h"
 #include "tracks/CTrackFileImport.h"
+#include "translations/MessageText.h"
 #include "units/ISettingsStore.h"
 
 #include <QApplication>
@@ -22,6 +24,23 @@ namespace {
 // Where the last track came from, so that the next import starts in the logger's folder.
 constexpr std::string_view kSection = "Import";
 constexpr std::string_view kTrackFolder = "TrackFolder";
+
+// Why the file was refused, in the user's language, composed as the core composes the English:
+// "notes.csv: Line 3: <reason>", or the reason with a capital first letter when no line is at
+// fault. The arguments are the file's own words and numbers and stay as they are.
+QString Refusal(const CTrackFileImport& imported)
+{
+    const CTrackMessage& reason = imported.reason;
+    QString text = MessageText::Format(reason.id, QString::fromStdString(reason.arg1),
+                                       QString::fromStdString(reason.arg2));
+    if (text.isEmpty())
+        return QString::fromStdString(imported.message);
+    if (reason.line > 0)
+        text = MessageText::Format(StringTable::IDS_TRACK_LINE, QString::number(reason.line), text);
+    else
+        text[0] = text[0].toUpper();
+    return QString::fromStdString(imported.fileName) + QStringLiteral(": ") + text;
+}
 
 } // namespace
 
@@ -67,7 +86,7 @@ void CLogbookCommands::ImportTrack(CJump* target)
     if (!imported.ok)
     {
         if (m_services.messages)
-            m_services.messages->Error(QString::fromStdString(imported.message));
+            m_services.messages->Error(Refusal(imported));
         return;
     }
 

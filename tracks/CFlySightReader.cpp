@@ -1,5 +1,6 @@
 #include "tracks/CFlySightReader.h"
 
+#include "resources/StringTable.h"
 #include "tracks/CCsvColumns.h"
 #include "tracks/TrackText.h"
 
@@ -15,9 +16,9 @@ enum Column { Time, Lat, Lon, HMsl, VelN, VelE, VelD, HAcc, VAcc, SAcc, GpsFix, 
 
 constexpr std::string_view kColumnNames[ColumnCount] = {"time", "lat",  "lon",  "hMSL", "velN",   "velE",
                                                         "velD", "hAcc", "vAcc", "sAcc", "gpsFix", "numSV"};
-// Every fix needs time and position; exit, opening and landing are told by the speeds.
+// Every fix needs time and position; exit, opening and landing are told by the speeds. The
+// messages about missing columns list them.
 constexpr Column kRequired[] = {Time, Lat, Lon, HMsl, VelN, VelE, VelD};
-constexpr std::string_view kRequiredList = "time, lat, lon, hMSL, velN, velE and velD";
 
 // Bytes looked at for binary content: the headers and the first few hundred rows.
 constexpr std::size_t kBinaryProbe = 64 * 1024;
@@ -37,23 +38,25 @@ constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 
 enum class RowOutcome { Fix, Skip, Refuse };
 
-bool Refuse(CTrackReadResult& result, int line, std::string_view reason)
+bool Refuse(CTrackReadResult& result, int line, CTrackMessage reason)
 {
     result.ok = false;
     result.line = line;
-    result.message = LineMessage(line, reason);
+    reason.line = line;
+    result.message = TrackMessageText(reason);
+    result.reason = std::move(reason);
     // Nothing partial goes back with a refusal.
     result.track = CTrack();
     return false;
 }
 
-std::string NotANumber(Column column, std::string_view field)
+CTrackMessage NotANumber(Column column, std::string_view field)
 {
-    return "the " + std::string(kColumnNames[column]) + " value " + QuoteField(field) + " is not a number.";
+    return {StringTable::IDS_TRACK_NOT_A_NUMBER, std::string(kColumnNames[column]), QuoteField(field)};
 }
 
 // Turns the wanted fields of a data row into a fix; Skip for a row without a 3D fix.
-RowOutcome ParseFix(const std::string_view* values, CTrackFix& fix, std::string& why)
+RowOutcome ParseFix(const std::string_view* values, CTrackFix& fix, CTrackMessage& why)
 {
     if (!values[GpsFix].empty()) {
         long long gpsFix = 0;
@@ -65,7 +68,7 @@ RowOutcome ParseFix(const std::string_view* values, CTrackFix& fix, std::string&
             return RowOutcome::Skip;
     }
     if (!ParseUtcTime(values[Time], fix.time)) {
-        why = "the time " + QuoteField(values[Time]) + " is not a UTC date and time.";
+        why = {StringTable::IDS_TRACK_BAD_TIME, QuoteField(values[Time])};
         return RowOutcome::Refuse;
     }
     double* const targets[] = {nullptr,    &fix.lat,  &fix.lon,  &fix.hMSL, &fix.velN,
@@ -86,19 +89,20 @@ RowOutcome ParseFix(const std::string_view* values, CTrackFix& fix, std::string&
     }
     fix.numSV = static_cast<int>(satellites);
 
-    const auto outside = [&](Column column, double low, double high, std::string_view what, std::string_view unit) {
+    // Each message names its range in its text: -90 to 90, -180 to 180, kLowestHeight to
+    // kHighestHeight and ±kFastestSpeed.
+    const auto outside = [&](Column column, double low, double high, int id) {
         if (*targets[column] >= low && *targets[column] <= high)
             return false;
-        why = "the " + std::string(what) + " " + std::string(values[column]) + " is outside " +
-              std::to_string(static_cast<int>(low)) + " to " + std::to_string(static_cast<int>(high)) + " " +
-              std::string(unit) + ".";
+        why = {id, std::string(values[column])};
         return true;
     };
-    if (outside(Lat, -90, 90, "latitude", "degrees") || outside(Lon, -180, 180, "longitude", "degrees") ||
-        outside(HMsl, kLowestHeight, kHighestHeight, "height", "m") ||
-        outside(VelN, -kFastestSpeed, kFastestSpeed, "north speed", "m/s") ||
-        outside(VelE, -kFastestSpeed, kFastestSpeed, "east speed", "m/s") ||
-        outside(VelD, -kFastestSpeed, kFastestSpeed, "vertical speed", "m/s"))
+    if (outside(Lat, -90, 90, StringTable::IDS_TRACK_LATITUDE) ||
+        outside(Lon, -180, 180, StringTable::IDS_TRACK_LONGITUDE) ||
+        outside(HMsl, kLowestHeight, kHighestHeight, StringTable::IDS_TRACK_HEIGHT) ||
+        outside(VelN, -kFastestSpeed, kFastestSpeed, StringTable::IDS_TRACK_NORTH_SPEED) ||
+        outside(VelE, -kFastestSpeed, kFastestSpeed, StringTable::IDS_TRACK_EAST_SPEED) ||
+        outside(VelD, -kFastestSpeed, kFastestSpeed, StringTable::IDS_TRACK_VERTICAL_SPEED))
         return RowOutcome::Refuse;
     return RowOutcome::Fix;
 }
@@ -108,15 +112,12 @@ RowOutcome ParseFix(const std::string_view* values, CTrackFix& fix, std::string&
 bool ReadHeader(CTrackReadResult& result, CCsvColumns& columns, std::string_view line, std::size_t skip, int number)
 {
     if (columns.ReadHeader(line, skip) == 0) {
-        return Refuse(result, number,
-                      "no column names: a FlySight track starts with a line naming its columns (" +
-                          std::string(kRequiredList) + ").");
+        return Refuse(result, number, {StringTable::IDS_TRACK_NO_COLUMNS});
     }
     for (Column column : kRequired) {
         if (!columns.Has(column)) {
             return Refuse(result, number,
-                          "the column \"" + std::string(kColumnNames[column]) + "\" is missing; a track needs " +
-                              std::string(kRequiredList) + ".");
+                          {StringTable::IDS_TRACK_MISSING_COLUMN, std::string(kColumnNames[column])});
         }
     }
     return true;
@@ -129,11 +130,11 @@ bool AddRow(CTrackReadResult& result, const CCsvColumns& columns, std::string_vi
     const std::size_t fields = columns.ReadRow(row, skip, values);
     if (fields < columns.FieldsNeeded()) {
         return Refuse(result, line,
-                      "the row has " + std::to_string(fields) + " fields where the column names call for " +
-                          std::to_string(columns.FieldsNeeded()) + ".");
+                      {StringTable::IDS_TRACK_SHORT_ROW, std::to_string(fields),
+                       std::to_string(columns.FieldsNeeded())});
     }
     CTrackFix fix;
-    std::string why;
+    CTrackMessage why;
     switch (ParseFix(values, fix, why)) {
     case RowOutcome::Skip: return true;
     case RowOutcome::Refuse: return Refuse(result, line, why);
@@ -142,7 +143,7 @@ bool AddRow(CTrackReadResult& result, const CCsvColumns& columns, std::string_vi
     std::vector<CTrackFix>& fixes = result.track.fixes;
     if (!fixes.empty()) {
         if (fix.time < fixes.back().time)
-            return Refuse(result, line, "the time goes backwards, to " + QuoteField(values[Time]) + ".");
+            return Refuse(result, line, {StringTable::IDS_TRACK_TIME_BACKWARDS, QuoteField(values[Time])});
         // A fix stamped twice: the first row of it stays.
         if (fix.time == fixes.back().time)
             return true;
@@ -154,12 +155,13 @@ bool AddRow(CTrackReadResult& result, const CCsvColumns& columns, std::string_vi
 void Finish(CTrackReadResult& result, int lastLine)
 {
     if (result.track.fixes.empty()) {
-        Refuse(result, lastLine, "the file ends without a single usable position fix.");
+        Refuse(result, lastLine, {StringTable::IDS_TRACK_NO_FIX});
         return;
     }
     result.ok = true;
     result.line = 0;
     result.message.clear();
+    result.reason = {};
 }
 
 // FlySight 1: a line of column names, a line of units, then one row per fix. A row that stops
@@ -206,7 +208,7 @@ void ReadFlySight2(CTextLines& lines, CTrackReadResult& result)
             if (!line.terminated)
                 break;
             if (!columns.HasHeader()) {
-                Refuse(result, line.number, "a $GNSS row comes before the $COL,GNSS line naming its columns.");
+                Refuse(result, line.number, {StringTable::IDS_TRACK_GNSS_BEFORE_COLUMNS});
                 return;
             }
             if (!AddRow(result, columns, text, 1, line.number))
@@ -217,35 +219,35 @@ void ReadFlySight2(CTextLines& lines, CTrackReadResult& result)
         } else if (text.front() != '$') {
             if (!line.terminated)
                 break;
-            Refuse(result, line.number, "the line is not a FlySight 2 sentence (those start with '$').");
+            Refuse(result, line.number, {StringTable::IDS_TRACK_NOT_A_SENTENCE});
             return;
         }
     }
     if (!columns.HasHeader()) {
-        Refuse(result, lines.LastNumber(), "the file has no $COL,GNSS line naming the columns of its fixes.");
+        Refuse(result, lines.LastNumber(), {StringTable::IDS_TRACK_NO_GNSS_COLUMNS});
         return;
     }
     Finish(result, lines.LastNumber());
 }
 
 // The whole file in text; false with the reason when it cannot be had.
-bool ReadWholeFile(const std::filesystem::path& path, std::string& text, std::string& why)
+bool ReadWholeFile(const std::filesystem::path& path, std::string& text, CTrackMessage& why)
 {
     const std::string name = "\"" + path.string() + "\"";
     std::error_code error;
     const std::uintmax_t size = std::filesystem::file_size(path, error);
     if (error) {
-        why = "The file " + name + " cannot be read.";
+        why = {StringTable::IDS_TRACK_UNREADABLE, name};
         return false;
     }
     if (size > kLargestFile) {
-        why = "The file " + name + " is too large for a track.";
+        why = {StringTable::IDS_TRACK_TOO_LARGE, name};
         return false;
     }
     std::ifstream in(path, std::ios::binary);
     text.resize(static_cast<std::size_t>(size));
     if (!in || !in.read(text.data(), static_cast<std::streamsize>(size))) {
-        why = "The file " + name + " cannot be read.";
+        why = {StringTable::IDS_TRACK_UNREADABLE, name};
         return false;
     }
     return true;
@@ -271,7 +273,7 @@ CTrackReadResult CFlySightReader::ReadText(std::string_view text)
     text = StripTextPadding(text);
     int binaryLine = 0;
     if (HasBinaryByte(text, kBinaryProbe, binaryLine)) {
-        Refuse(result, binaryLine, "the file holds binary data, not the comma-separated text of a FlySight.");
+        Refuse(result, binaryLine, {StringTable::IDS_TRACK_BINARY});
         return result;
     }
     CTextLines lines(text);
@@ -280,7 +282,7 @@ CTrackReadResult CFlySightReader::ReadText(std::string_view text)
     while (!found && lines.Next(first))
         found = !IsBlankLine(first.text);
     if (!found) {
-        Refuse(result, 0, "the file is empty.");
+        Refuse(result, 0, {StringTable::IDS_TRACK_EMPTY});
         return result;
     }
     result.track.fixes.reserve(text.size() / kBytesPerFix + 16);
@@ -295,14 +297,17 @@ CTrackReadResult CFlySightReader::ReadFile(const std::filesystem::path& path)
 {
     CTrackReadResult result;
     std::string text;
-    if (!ReadWholeFile(path, text, result.message))
+    if (!ReadWholeFile(path, text, result.reason)) {
+        result.message = TrackMessageText(result.reason);
         return result;
+    }
     result = ReadText(text);
     if (!result.ok || result.track.format != "FlySight 2")
         return result;
     const std::filesystem::path sensorPath = FindSensorFile(path);
     std::string sensorText, why;
-    if (!sensorPath.empty() && ReadWholeFile(sensorPath, sensorText, why))
+    CTrackMessage unreadable;
+    if (!sensorPath.empty() && ReadWholeFile(sensorPath, sensorText, unreadable))
         ReadSensorText(sensorText, result.track.baro, why);
     return result;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "tracks/CTrack.h"
+#include "tracks/TrackText.h"
 
 #include <filesystem>
 #include <string>
@@ -16,6 +17,8 @@ struct CTrackReadResult
     int line = 0;
     // English text for the user, e.g. "Line 12: the time goes backwards."; empty when ok.
     std::string message;
+    // The same as a numbered message, for the window to show in the user's language.
+    CTrackMessage reason;
     CTrack track;
 };
 

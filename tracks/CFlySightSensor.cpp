@@ -3,6 +3,7 @@
 // the readings in UTC.
 #include "tracks/CFlySightReader.h"
 
+#include "resources/StringTable.h"
 #include "tracks/CCsvColumns.h"
 #include "tracks/TrackText.h"
 
@@ -50,12 +51,12 @@ bool ReadNumbers(const CCsvColumns& columns, std::string_view row, const std::st
     const std::size_t fields = columns.ReadRow(row, 1, values);
     if (fields < columns.FieldsNeeded())
         return Fail(message, line,
-                    "the row has " + std::to_string(fields) + " fields where the column names call for " +
-                        std::to_string(columns.FieldsNeeded()) + ".");
+                    StringTable::Format(StringTable::IDS_TRACK_SHORT_ROW, std::to_string(fields),
+                                        std::to_string(columns.FieldsNeeded())));
     for (std::size_t i = 0; i < count; ++i) {
         if (!ParseNumber(values[i], numbers[i]))
-            return Fail(message, line, "the " + std::string(names[i]) + " value " + QuoteField(values[i]) +
-                                           " is not a number.");
+            return Fail(message, line,
+                        StringTable::Format(StringTable::IDS_TRACK_NOT_A_NUMBER, names[i], QuoteField(values[i])));
     }
     return true;
 }

@@ -41,6 +41,8 @@
 // exit height, opening height and freefall time the logbook keeps beside it.
 #include "tracks/CJumpDetector.h"
 
+#include "resources/StringTable.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -59,7 +61,6 @@ constexpr double kLandingNearGround = 10.0;
 constexpr double kGroundLookAhead = 30.0;
 constexpr double kGroundAverage = 5.0;
 
-const char* const kNoFreefall = "No freefall found in the track.";
 
 // The mean of a field over the fixes within ±halfWindow seconds of each fix.
 std::vector<double> CentredMean(const std::vector<CTrackFix>& fixes, double CTrackFix::*field, double halfWindow)
@@ -163,10 +164,11 @@ std::size_t FindLanding(const std::vector<CTrackFix>& fixes, const std::vector<d
     return n;
 }
 
-CJumpDetection NotFound(const char* message)
+CJumpDetection NotFound(int id)
 {
     CJumpDetection detection;
-    detection.message = message;
+    detection.reason.id = id;
+    detection.message = TrackMessageText(detection.reason);
     return detection;
 }
 
@@ -176,7 +178,7 @@ CJumpDetection DetectJump(const std::vector<CTrackFix>& fixes)
 {
     const std::size_t n = fixes.size();
     if (n < 3)
-        return NotFound(kNoFreefall);
+        return NotFound(StringTable::IDS_TRACK_NO_FREEFALL);
     const std::vector<double> speeds = CentredMean(fixes, &CTrackFix::velD, kSmoothHalfWindow);
     const std::vector<double> heights = CentredMean(fixes, &CTrackFix::hMSL, kSmoothHalfWindow);
     const std::vector<double> accelerations = Derivative(fixes, speeds);
@@ -206,7 +208,7 @@ CJumpDetection DetectJump(const std::vector<CTrackFix>& fixes)
         if (!proven)
             continue;
         if (j == n) {
-            CJumpDetection detection = NotFound("The track ends in freefall, before the parachute opened.");
+            CJumpDetection detection = NotFound(StringTable::IDS_TRACK_ENDS_IN_FREEFALL);
             return detection;
         }
         const double crossingTime = fixes[k - 1].time + f * (fixes[k].time - fixes[k - 1].time);
@@ -215,7 +217,7 @@ CJumpDetection DetectJump(const std::vector<CTrackFix>& fixes)
         released = j;
     }
     if (released == 0)
-        return NotFound(kNoFreefall);
+        return NotFound(StringTable::IDS_TRACK_NO_FREEFALL);
 
     // The peak speed, then the sharpest slowing between the peak and the fall under 12 m/s.
     std::size_t peak = crossing;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "tracks/CTrack.h"
+#include "tracks/TrackText.h"
 
 #include <cstddef>
 #include <string>
@@ -13,6 +14,8 @@ struct CJumpDetection
     bool ok = false;
     // Why nothing was found, in English; empty when ok.
     std::string message;
+    // The same as a numbered message, for the window to show in the user's language.
+    CTrackMessage reason;
     // Indices into the fixes: the fix nearest the exit, the sharpest slowing of the opening, the
     // landing (the last fix when the track ends in the air).
     std::size_t exitIndex = 0, deployIndex = 0, landingIndex = 0;

@@ -6,29 +6,26 @@ CTrackFileImport CTrackFileImport::Run(const std::filesystem::path& path, const 
 {
     CTrackFileImport result;
     const std::string name = path.filename().string();
+    const auto refuse = [&](CTrackMessage reason) {
+        result.fileName = name;
+        result.message = name + ": " + TrackMessageText(reason);
+        result.reason = std::move(reason);
+        return result;
+    };
     const CTrackReadResult read = CFlySightReader::ReadFile(path);
     if (!read.ok)
-    {
-        result.message = name + ": " + read.message;
-        return result;
-    }
+        return refuse(read.reason);
     result.format = read.track.format;
     result.fixCount = read.track.fixes.size();
     result.detection = DetectJump(read.track.fixes);
     if (!result.detection.ok)
-    {
-        result.message = name + ": " + result.detection.message;
-        return result;
-    }
+        return refuse(result.detection.reason);
     // The jump is dated in local time with the offset that held on the day of the jump, not
     // today's: a summer jump imported in winter keeps its summer time.
     const int offset = LocalUtcOffsetMinutes(result.detection.exitTime);
-    std::string message;
-    if (!BuildImportedJump(read.track, result.detection, options, offset, result.jump, message))
-    {
-        result.message = name + ": " + message;
-        return result;
-    }
+    CTrackMessage reason;
+    if (!BuildImportedJump(read.track, result.detection, options, offset, result.jump, reason))
+        return refuse(std::move(reason));
     result.ok = true;
     return result;
 }

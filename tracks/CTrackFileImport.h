@@ -18,7 +18,12 @@ public:
     static CTrackFileImport Run(const std::filesystem::path& path, const CTrackImportOptions& options);
 
     bool ok = false;
+    // English, e.g. "notes.csv: Line 3: the file is empty.".
     std::string message;
+    // The parts of message, for the window to compose it in the user's language: the file's
+    // name, which goes first followed by ": ", and the reason.
+    std::string fileName;
+    CTrackMessage reason;
     // "FlySight 1" or "FlySight 2".
     std::string format;
     // How many fixes the file held.

@@ -3,6 +3,7 @@
 #include "model/CBaroSample.h"
 #include "model/CGpsSample.h"
 #include "model/FallrateKind.h"
+#include "resources/StringTable.h"
 #include "tracks/TrackTime.h"
 
 #include <algorithm>
@@ -111,15 +112,15 @@ void BuildSatellite(const CTrack& track, const CJumpDetection& detection, double
 // Heights of the barometer above its reading at the landing; qne holds the landing's pressure
 // in hPa, the reference the heights are zeroed on.
 bool BuildBarometric(const CTrack& track, const CJumpDetection& detection, double rateHz, CJumpRecording& recording,
-                     std::string& message)
+                     CTrackMessage& reason)
 {
     const std::vector<CBaroReading>& baro = track.baro;
     if (baro.empty()) {
-        message = "The track has no barometer readings.";
+        reason = {StringTable::IDS_TRACK_NO_BARO};
         return false;
     }
     if (baro.front().time > detection.exitTime || baro.back().time < detection.landingTime - kBaroCoverSlack) {
-        message = "The barometer readings do not cover the jump from exit to landing.";
+        reason = {StringTable::IDS_TRACK_BARO_SHORT};
         return false;
     }
     const auto timeOf = [&](std::size_t i) { return baro[i].time; };
@@ -144,21 +145,21 @@ bool BuildBarometric(const CTrack& track, const CJumpDetection& detection, doubl
 } // namespace
 
 bool BuildImportedJump(const CTrack& track, const CJumpDetection& detection, const CTrackImportOptions& options,
-                       int utcOffsetMinutes, CImportedJump& out, std::string& message)
+                       int utcOffsetMinutes, CImportedJump& out, CTrackMessage& reason)
 {
     if (!detection.ok) {
-        message = detection.message.empty() ? "No jump was found in the track." : detection.message;
+        reason = detection.reason.id != 0 ? detection.reason : CTrackMessage{StringTable::IDS_TRACK_NO_JUMP};
         return false;
     }
     const std::size_t n = track.fixes.size();
     if (detection.landingIndex >= n || detection.exitIndex > detection.deployIndex ||
         detection.deployIndex > detection.landingIndex) {
-        message = "The jump found does not belong to this track.";
+        reason = {StringTable::IDS_TRACK_FOREIGN_JUMP};
         return false;
     }
     CImportedJump jump;
     if (options.barometric) {
-        if (!BuildBarometric(track, detection, options.rateHz, jump.recording, message))
+        if (!BuildBarometric(track, detection, options.rateHz, jump.recording, reason))
             return false;
     } else {
         BuildSatellite(track, detection, options.rateHz, jump.recording);
@@ -172,12 +173,21 @@ bool BuildImportedJump(const CTrack& track, const CJumpDetection& detection, con
     jump.fallrate.avgSpeed = detection.vAvg;
     jump.exitTime = ZonedFromUtc(detection.exitTime, utcOffsetMinutes);
     if (!jump.exitTime.dateTime.IsValid()) {
-        message = "The time of the exit lies outside the years a logbook holds.";
+        reason = {StringTable::IDS_TRACK_EXIT_YEAR};
         return false;
     }
     out = std::move(jump);
-    message.clear();
+    reason = {};
     return true;
+}
+
+bool BuildImportedJump(const CTrack& track, const CJumpDetection& detection, const CTrackImportOptions& options,
+                       int utcOffsetMinutes, CImportedJump& out, std::string& message)
+{
+    CTrackMessage reason;
+    const bool built = BuildImportedJump(track, detection, options, utcOffsetMinutes, out, reason);
+    message = built ? std::string() : TrackMessageText(reason);
+    return built;
 }
 
 int LocalUtcOffsetMinutes(double utcSeconds)

@@ -40,6 +40,9 @@ inline constexpr double kImportLeadTime = 30.0;
 // barometric recording is asked for and the track has no barometer readings around the jump.
 bool BuildImportedJump(const CTrack& track, const CJumpDetection& detection, const CTrackImportOptions& options,
                        int utcOffsetMinutes, CImportedJump& out, std::string& message);
+// The same with the reason as a numbered message, for the window to show in the user's language.
+bool BuildImportedJump(const CTrack& track, const CJumpDetection& detection, const CTrackImportOptions& options,
+                       int utcOffsetMinutes, CImportedJump& out, CTrackMessage& reason);
 
 // The machine's UTC offset (minutes east) of local time at that UTC instant.
 int LocalUtcOffsetMinutes(double utcSeconds);

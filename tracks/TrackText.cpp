@@ -1,5 +1,6 @@
 #include "tracks/TrackText.h"
 
+#include "resources/StringTable.h"
 #include "xml/CDateTime.h"
 
 #include <charconv>
@@ -177,11 +178,19 @@ bool ParseUtcTime(std::string_view field, double& seconds)
 std::string LineMessage(int line, std::string_view reason)
 {
     if (line > 0)
-        return "Line " + std::to_string(line) + ": " + std::string(reason);
+        return StringTable::Format(StringTable::IDS_TRACK_LINE, std::to_string(line), reason);
     std::string text(reason);
     if (!text.empty() && text[0] >= 'a' && text[0] <= 'z')
         text[0] = static_cast<char>(text[0] - 'a' + 'A');
     return text;
+}
+
+std::string TrackMessageText(const CTrackMessage& message)
+{
+    const std::string reason = StringTable::Format(message.id, message.arg1, message.arg2);
+    if (message.line > 0)
+        return StringTable::Format(StringTable::IDS_TRACK_LINE, std::to_string(message.line), reason);
+    return LineMessage(0, reason);
 }
 
 std::string QuoteField(std::string_view field)

@@ -832,5 +832,145 @@ Das Logbuch für Fallschirmspringer.
         <comment>4021</comment>
         <translation>Dieses Logbuch ist bereits in einem anderen Tervola Pocket geöffnet (%1). Was in einem gespeichert wird, kann vom anderen abgelehnt oder überschrieben werden.</translation>
     </message>
+    <message>
+        <source>Line %1: %2</source>
+        <comment>4100</comment>
+        <translation>Zeile %1: %2</translation>
+    </message>
+    <message>
+        <source>the %1 value %2 is not a number.</source>
+        <comment>4101</comment>
+        <translation>der Wert %2 in der Spalte %1 ist keine Zahl.</translation>
+    </message>
+    <message>
+        <source>the time %1 is not a UTC date and time.</source>
+        <comment>4102</comment>
+        <translation>die Zeit %1 ist kein UTC-Datum mit Uhrzeit.</translation>
+    </message>
+    <message>
+        <source>the latitude %1 is outside -90 to 90 degrees.</source>
+        <comment>4103</comment>
+        <translation>die geografische Breite %1 liegt nicht zwischen -90 und 90 Grad.</translation>
+    </message>
+    <message>
+        <source>the longitude %1 is outside -180 to 180 degrees.</source>
+        <comment>4104</comment>
+        <translation>die geografische Länge %1 liegt nicht zwischen -180 und 180 Grad.</translation>
+    </message>
+    <message>
+        <source>the height %1 is outside -500 to 15000 m.</source>
+        <comment>4105</comment>
+        <translation>die Höhe %1 liegt nicht zwischen -500 und 15000 m.</translation>
+    </message>
+    <message>
+        <source>the north speed %1 is outside -150 to 150 m/s.</source>
+        <comment>4106</comment>
+        <translation>die Geschwindigkeit nach Norden %1 liegt nicht zwischen -150 und 150 m/s.</translation>
+    </message>
+    <message>
+        <source>the east speed %1 is outside -150 to 150 m/s.</source>
+        <comment>4107</comment>
+        <translation>die Geschwindigkeit nach Osten %1 liegt nicht zwischen -150 und 150 m/s.</translation>
+    </message>
+    <message>
+        <source>the vertical speed %1 is outside -150 to 150 m/s.</source>
+        <comment>4108</comment>
+        <translation>die vertikale Geschwindigkeit %1 liegt nicht zwischen -150 und 150 m/s.</translation>
+    </message>
+    <message>
+        <source>no column names: a FlySight track starts with a line naming its columns (time, lat, lon, hMSL, velN, velE and velD).</source>
+        <comment>4109</comment>
+        <translation>keine Spaltennamen: Ein FlySight-Track beginnt mit einer Zeile, die seine Spalten benennt (time, lat, lon, hMSL, velN, velE und velD).</translation>
+    </message>
+    <message>
+        <source>the column &quot;%1&quot; is missing; a track needs time, lat, lon, hMSL, velN, velE and velD.</source>
+        <comment>4110</comment>
+        <translation>die Spalte &quot;%1&quot; fehlt; ein Track braucht time, lat, lon, hMSL, velN, velE und velD.</translation>
+    </message>
+    <message>
+        <source>the row has %1 fields where the column names call for %2.</source>
+        <comment>4111</comment>
+        <translation>die Zeile hat %1 Felder, die Spaltennamen verlangen %2.</translation>
+    </message>
+    <message>
+        <source>the time goes backwards, to %1.</source>
+        <comment>4112</comment>
+        <translation>die Zeit springt zurück auf %1.</translation>
+    </message>
+    <message>
+        <source>the file ends without a single usable position fix.</source>
+        <comment>4113</comment>
+        <translation>die Datei endet ohne einen einzigen brauchbaren GPS-Fix.</translation>
+    </message>
+    <message>
+        <source>a $GNSS row comes before the $COL,GNSS line naming its columns.</source>
+        <comment>4114</comment>
+        <translation>eine $GNSS-Zeile steht vor der $COL,GNSS-Zeile, die ihre Spalten benennt.</translation>
+    </message>
+    <message>
+        <source>the line is not a FlySight 2 sentence (those start with &apos;$&apos;).</source>
+        <comment>4115</comment>
+        <translation>die Zeile ist kein FlySight-2-Satz (diese beginnen mit &apos;$&apos;).</translation>
+    </message>
+    <message>
+        <source>the file has no $COL,GNSS line naming the columns of its fixes.</source>
+        <comment>4116</comment>
+        <translation>die Datei hat keine $COL,GNSS-Zeile, die die Spalten ihrer GPS-Fixes benennt.</translation>
+    </message>
+    <message>
+        <source>the file holds binary data, not the comma-separated text of a FlySight.</source>
+        <comment>4117</comment>
+        <translation>die Datei enthält Binärdaten, nicht den kommagetrennten Text eines FlySight.</translation>
+    </message>
+    <message>
+        <source>the file is empty.</source>
+        <comment>4118</comment>
+        <translation>die Datei ist leer.</translation>
+    </message>
+    <message>
+        <source>The file %1 cannot be read.</source>
+        <comment>4119</comment>
+        <translation>Die Datei %1 kann nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>The file %1 is too large for a track.</source>
+        <comment>4120</comment>
+        <translation>Die Datei %1 ist zu groß für einen Track.</translation>
+    </message>
+    <message>
+        <source>No freefall found in the track.</source>
+        <comment>4121</comment>
+        <translation>Im Track wurde kein Freifall gefunden.</translation>
+    </message>
+    <message>
+        <source>The track ends in freefall, before the parachute opened.</source>
+        <comment>4122</comment>
+        <translation>Der Track endet im Freifall, bevor der Schirm geöffnet wurde.</translation>
+    </message>
+    <message>
+        <source>The track has no barometer readings.</source>
+        <comment>4123</comment>
+        <translation>Der Track hat keine Barometerwerte.</translation>
+    </message>
+    <message>
+        <source>The barometer readings do not cover the jump from exit to landing.</source>
+        <comment>4124</comment>
+        <translation>Die Barometerwerte decken den Sprung nicht vom Absprung bis zur Landung ab.</translation>
+    </message>
+    <message>
+        <source>No jump was found in the track.</source>
+        <comment>4125</comment>
+        <translation>Im Track wurde kein Sprung gefunden.</translation>
+    </message>
+    <message>
+        <source>The jump found does not belong to this track.</source>
+        <comment>4126</comment>
+        <translation>Der gefundene Sprung gehört nicht zu diesem Track.</translation>
+    </message>
+    <message>
+        <source>The time of the exit lies outside the years a logbook holds.</source>
+        <comment>4127</comment>
+        <translation>Die Zeit des Absprungs liegt außerhalb der Jahre, die ein Logbuch aufnehmen kann.</translation>
+    </message>
 </context>
 </TS>

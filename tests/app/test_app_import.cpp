@@ -11,6 +11,7 @@
 #include "app/CMainFrame.h"
 #include "controls/CKqSpinBox.h"
 #include "dialogs/CDlgJump.h"
+#include "translations/CTranslations.h"
 
 #include <QAction>
 #include <QComboBox>
@@ -97,22 +98,43 @@ private slots:
         }
     }
 
+    // The refusal in the user's language; the file's name, the line and the file's own words
+    // stay as they are.
+    void badTrackIsRefusedWithItsLine_data()
+    {
+        QTest::addColumn<QString>("language");
+        QTest::addColumn<QByteArray>("content");
+        QTest::addColumn<QString>("error");
+        const QByteArray badHeight = "time,lat,lon,hMSL,velN,velE,velD\r\n,(deg),(deg),(m),(m/s),(m/s),(m/s)\r\n"
+                                     "2021-04-20T04:20:00.00Z,61.5,24.0,abc,0,0,0\r\n"
+                                     "2021-04-20T04:20:00.20Z,61.5,24.0,100,0,0,0\r\n";
+        QTest::newRow("English") << "en_US" << badHeight
+                                 << "notes.csv: Line 3: the hMSL value \"abc\" is not a number.";
+        QTest::newRow("German") << "de_DE" << badHeight
+                                << "notes.csv: Zeile 3: der Wert \"abc\" in der Spalte hMSL ist keine Zahl.";
+        QTest::newRow("German, no line") << "de_DE" << QByteArray() << "notes.csv: Die Datei ist leer.";
+    }
+
     void badTrackIsRefusedWithItsLine()
     {
+        QFETCH(QString, language);
+        QFETCH(QByteArray, content);
+        QFETCH(QString, error);
+        // The program takes its language from the default locale when it starts.
+        QLocale::setDefault(QLocale(language));
         CAppHarness harness;
         harness.StartWith(Logbook());
         const QString path = harness.Path(QStringLiteral("notes.csv"));
         QFile file(path);
         file.open(QIODevice::WriteOnly);
-        file.write("time,lat,lon,hMSL,velN,velE,velD\r\n,(deg),(deg),(m),(m/s),(m/s),(m/s)\r\n"
-                   "2021-04-20T04:20:00.00Z,61.5,24.0,abc,0,0,0\r\n2021-04-20T04:20:00.20Z,61.5,24.0,100,0,0,0\r\n");
+        file.write(content);
         file.close();
         harness.files.trackAnswers = {path};
         Action(harness, "jumpImportTrackAction")->trigger();
+        QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
+        CTranslations::Install(QLocale());
         QVERIFY(harness.dialogs.ran.isEmpty());
-        const QStringList errors = harness.messages.Texts(CRecordingMessages::Kind::Error);
-        QCOMPARE(errors.size(), 1);
-        QVERIFY2(errors.front().startsWith(QStringLiteral("notes.csv: Line 3")), qPrintable(errors.front()));
+        QCOMPARE(harness.messages.Texts(CRecordingMessages::Kind::Error), QStringList{error});
         QCOMPARE(int(harness.Frame()->GetDocument().GetJumpCount()), 2);
         QVERIFY(!harness.Frame()->GetDocument().IsModified());
     }
