@@ -44,6 +44,8 @@ for package in libc6 libstdc++6 libqt6core6 libqt6gui6 libqt6widgets6 libqt6svg6
   grep -q "^$package (>= [^)]*)\$" <<<"${depends//, /$'\n'}" \
     || fail "Depends lacks $package: $depends"
 done
+# Qt's own translations, so that its buttons and dialogs speak the program's languages.
+[ "$(field Recommends)" = qt6-translations-l10n ] || fail "Recommends"
 
 # Files: everything under /usr, owned by root, and the installed set complete.
 listing=$(dpkg-deb -c "$deb")
