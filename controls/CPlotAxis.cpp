@@ -1,5 +1,7 @@
 #include "controls/CPlotAxis.h"
 
+#include <QLocale>
+
 #include <algorithm>
 #include <cmath>
 
@@ -39,7 +41,8 @@ QString CPlotAxis::Label(double value, double step)
     // Ticks are multiples of the step; rounding to it removes the sums' last-digit errors, and
     // adding zero turns a negative zero into zero.
     const double rounded = std::round(value / step) * step + 0.0;
-    return QString::number(rounded, 'f', decimals);
+    // In the user's notation: "1.000" and "2,5" for a German user.
+    return QLocale().toString(rounded, 'f', decimals);
 }
 
 void CPlotAxis::ChooseStep(double minSpacing)

@@ -3,6 +3,7 @@
 #include <QEvent>
 #include <QFontMetricsF>
 #include <QKeyEvent>
+#include <QLocale>
 #include <QMouseEvent>
 #include <QTouchEvent>
 
@@ -76,8 +77,9 @@ QStringList CRecordingPlot::CursorTexts() const
     if (!m_hasCursor)
         return {};
     const CRecordingSeries::Values v = CursorValues();
-    const auto whole = [](double value) { return QString::number(std::lround(value)); };
-    return {QStringLiteral("%1 s").arg(v.time, 0, 'f', 1),
+    const QLocale locale;
+    const auto whole = [&locale](double value) { return locale.toString(static_cast<qlonglong>(std::lround(value))); };
+    return {locale.toString(v.time, 'f', 1) + QStringLiteral(" s"),
             whole(m_units.HeightToDisplay(v.altitude)) + QLatin1Char(' ') +
                 QString::fromLatin1(m_units.HeightLabel().data(), static_cast<int>(m_units.HeightLabel().size())),
             whole(m_units.SpeedToDisplay(v.verticalSpeed)) + QLatin1Char(' ') +

@@ -4,6 +4,7 @@
 #include "controls/CRecordingPlot.h"
 
 #include <QFontMetricsF>
+#include <QLocale>
 #include <QPainter>
 #include <QPainterPath>
 
@@ -369,9 +370,10 @@ void CRecordingPlot::PaintGroundScale(QPainter& painter, double metresPerPixel) 
     const double bigUnit = metric ? 1000.0 : 5280.0;
     QString label;
     if (length >= bigUnit / 2 && std::fmod(length, bigUnit / 2) == 0.0)
-        label = QStringLiteral("%1 %2").arg(length / bigUnit).arg(metric ? QStringLiteral("km") : QStringLiteral("mi"));
+        label = QStringLiteral("%1 %2").arg(QLocale().toString(length / bigUnit),
+                                            metric ? QStringLiteral("km") : QStringLiteral("mi"));
     else
-        label = QStringLiteral("%1 %2").arg(length).arg(Text(m_units.HeightLabel()));
+        label = QStringLiteral("%1 %2").arg(QLocale().toString(length), Text(m_units.HeightLabel()));
     const double pixels = length / perUnit / metresPerPixel;
     const QFontMetricsF metrics(painter.font());
     const double y = m_groundArea.bottom() - 5;

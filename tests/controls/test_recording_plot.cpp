@@ -5,10 +5,12 @@
 
 #include "SyntheticJump.h"
 
+#include "controls/CPlotAxis.h"
 #include "controls/CRecordingPlot.h"
 
 #include <QDir>
 #include <QImage>
+#include <QLocale>
 #include <QRegularExpression>
 #include <QSignalSpy>
 #include <QTest>
@@ -32,11 +34,11 @@ std::unique_ptr<CRecordingPlot> ShowPlot(int kind, const CUnitSettings& units, Q
     return plot;
 }
 
-// The number and unit of a box line such as "1250 ft".
+// The number (in the user's notation) and unit of a box line such as "1,250 ft".
 std::pair<double, QString> Reading(const QString& text)
 {
-    const QRegularExpressionMatch match = QRegularExpression(QStringLiteral("^(-?[0-9.]+) (\\S+)$")).match(text);
-    return {match.captured(1).toDouble(), match.captured(2)};
+    const QRegularExpressionMatch match = QRegularExpression(QStringLiteral("^(\\S+) (\\S+)$")).match(text);
+    return {QLocale().toDouble(match.captured(1)), match.captured(2)};
 }
 
 } // namespace
@@ -96,6 +98,22 @@ private slots:
                     QVERIFY2(std::min(plot->GroundArea().width(), plot->GroundArea().height()) >= 60, qPrintable(file));
                 QVERIFY2(QRectF(plot->rect()).contains(plot->CursorBox()), qPrintable(file));
             }
+    }
+
+    void numbersFollowTheUsersNotation()
+    {
+        // A German user reads decimal commas and grouping points, on the axes and in the box.
+        const QLocale before;
+        QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
+        QCOMPARE(CPlotAxis::Label(12000.0, 2000.0), QStringLiteral("12.000"));
+        QCOMPARE(CPlotAxis::Label(2.5, 0.5), QStringLiteral("2,5"));
+        auto plot = ShowPlot(CJumpRecording::Satellite, CUnitSettings(CUnitSettings::Imperial, 0, 0), QSize(360, 640));
+        QTest::mouseMove(plot.get(), QPoint(qRound(plot->XOfTime(20.0)), qRound(plot->AltitudeArea().center().y())));
+        const QStringList texts = plot->CursorTexts();
+        QLocale::setDefault(before);
+        QVERIFY2(QRegularExpression(QStringLiteral("^\\d+,\\d s$")).match(texts.value(0)).hasMatch(), qPrintable(texts.value(0)));
+        QVERIFY2(QRegularExpression(QStringLiteral("^\\d{1,2}\\.\\d{3} ft$")).match(texts.value(1)).hasMatch(),
+                 qPrintable(texts.value(1)));
     }
 
     void hoverShowsTheValuesAtTheCursor()
