@@ -151,7 +151,8 @@ private slots:
         auto plot = ShowPlot(CJumpRecording::Satellite, CUnitSettings(CUnitSettings::Metric, 0, 0), QSize(1024, 768));
         const double secondsPerPixel = plot->TimeAtX(1) - plot->TimeAtX(0);
         const auto timeAt = [&](double t) { return QPoint(qRound(plot->XOfTime(t)), qRound(plot->SpeedArea().center().y())); };
-        QPointingDevice* const screen = QTest::createTouchDevice();
+        // One device for the whole run, as Qt keeps it registered until the program ends.
+        static QPointingDevice* const screen = QTest::createTouchDevice();
         QTest::touchEvent(plot.get(), screen).press(0, timeAt(-20));
         QVERIFY(std::abs(plot->CursorTime() + 20) <= secondsPerPixel);
         QTest::touchEvent(plot.get(), screen).move(0, timeAt(40));
