@@ -59,6 +59,14 @@ bool CFileReadAhead::Open(const std::string& path, bool gzip)
         m_gzip = file;
         m_hashBuffer.reset(new char[kHashBlock]);
     }
+    m_onCallersThread = !gzip;
+    if (m_onCallersThread) {
+        // A plain file is read on the caller's thread: a read from the disk cache costs less
+        // than handing the chunk over to another processor core.
+        m_chunks.resize(1);
+        m_chunks[0].bytes.reset(new char[kChunkBytes]);
+        return true;
+    }
     m_chunks.resize(kChunks);
     for (std::size_t i = 0; i < kChunks; ++i) {
         m_chunks[i].bytes.reset(new char[kChunkBytes]);
@@ -75,17 +83,34 @@ bool CFileReadAhead::Open(const std::string& path, bool gzip)
 
 void CFileReadAhead::Stop()
 {
+    if (!m_thread.joinable()) {
+        // Read on the caller's thread (or never started): nothing runs, only the file is open.
+        if (!m_ended && !m_chunks.empty())
+            Finish(false);
+        return;
+    }
     {
         std::lock_guard<std::mutex> lock(m_mutex);
         m_stopping = true;
     }
     m_changed.notify_all();
-    if (m_thread.joinable())
-        m_thread.join();
+    m_thread.join();
 }
 
 bool CFileReadAhead::Next(const char*& data, std::size_t& size)
 {
+    if (m_onCallersThread) {
+        if (m_ended)
+            return false;
+        const long count = ReadText(m_chunks[0]);
+        if (count <= 0) {
+            Finish(count == 0);
+            return false;
+        }
+        data = m_chunks[0].bytes.get();
+        size = static_cast<std::size_t>(count);
+        return true;
+    }
     std::unique_lock<std::mutex> lock(m_mutex);
     if (m_inUse != kChunks) {
         m_free.push_back(m_inUse);

@@ -14,10 +14,12 @@
 
 struct CIoProgress;
 
-// Reads a file on a thread of its own, plain or through zlib's gzip reader, and hands its text
-// to the caller in chunks through a short queue: while the caller parses one chunk, the thread
-// inflates the next ones. The thread also takes the file's identity (size, time, checksum of the
-// bytes on disk) and counts its progress.
+// Reads a file in chunks for the parser, plain or through zlib's gzip reader. A gzip file is
+// inflated on a thread of its own, which hands the text over through a short queue: while the
+// caller parses one chunk, the thread inflates the next ones. A plain file is read on the
+// caller's thread, since a read from the disk cache costs less than handing the chunk to another
+// core. Either way the file's identity (size, time, checksum of the bytes on disk) is taken and
+// the progress counted.
 class CFileReadAhead
 {
 public:
@@ -28,8 +30,8 @@ public:
     CFileReadAhead(const CFileReadAhead&) = delete;
     CFileReadAhead& operator=(const CFileReadAhead&) = delete;
 
-    // Opens the file and starts reading; false when the file cannot be opened. A gzip reader
-    // passes a file that is not gzip through as it is, like zlib's gzread.
+    // Opens the file (and starts inflating); false when the file cannot be opened. A gzip
+    // reader passes a file that is not gzip through as it is, like zlib's gzread.
     bool Open(const std::string& path, bool gzip);
     // The next chunk's bytes, valid until the next call; false at the end or after an error.
     bool Next(const char*& data, std::size_t& size);
@@ -64,6 +66,7 @@ private:
     CIoProgress* m_progress;
     int m_fd = -1;             // the file; zlib reads a duplicate of it
     void* m_gzip = nullptr;    // gzFile, kept opaque so that users of this header need no zlib.h
+    bool m_onCallersThread = false;   // a plain file: no thread, Next reads
     CFileIdentity m_identity;
     CFileChecksum m_checksum;
     std::unique_ptr<char[]> m_hashBuffer;

@@ -27,7 +27,6 @@ public:
     void Reset();
 
     // Reads a plain file in chunks. An unopenable file returns false with no error text.
-    // The file is read ahead on a second thread while this one parses.
     bool ParseFile(const std::string& path);
     // Reads a gzip file (zlib also reads an uncompressed file transparently), inflated on a
     // second thread while this one parses; the events are those of the text fed at once.
