@@ -4,7 +4,8 @@
 // as data, so menus, the command bar and the page buttons name the same command.
 namespace AppCommands {
 
-enum Id : int {
+enum Id : int
+{
     ID_FILE_NEW = 57600,
     ID_FILE_OPEN = 57601,
     ID_FILE_SAVE = 57603,

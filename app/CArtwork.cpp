@@ -19,8 +19,8 @@ QRectF Scaled(const QSizeF& size, const QRectF& target, bool covering)
     const double sy = target.height() / size.height();
     const double scale = covering ? std::max(sx, sy) : std::min(sx, sy);
     const QSizeF scaled = size * scale;
-    return QRectF(target.center().x() - scaled.width() / 2, target.center().y() - scaled.height() / 2,
-                  scaled.width(), scaled.height());
+    return QRectF(target.center().x() - scaled.width() / 2, target.center().y() - scaled.height() / 2, scaled.width(),
+                  scaled.height());
 }
 
 void Paint(QPainter& painter, const QString& name, const QRectF& target, int mode)
@@ -28,8 +28,7 @@ void Paint(QPainter& painter, const QString& name, const QRectF& target, int mod
     QSvgRenderer renderer(CArtwork::Path(name));
     if (!renderer.isValid())
         return;
-    if (mode == 0)
-    {
+    if (mode == 0) {
         renderer.render(&painter, target);
         return;
     }

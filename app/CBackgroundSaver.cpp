@@ -36,8 +36,7 @@ CBackgroundSaver::~CBackgroundSaver()
 void CBackgroundSaver::Request(const std::string& path, SaveCheck check, Origin origin)
 {
     const Job job{path, check, origin};
-    if (m_running)
-    {
+    if (m_running) {
         m_waiting = job;
         return;
     }
@@ -62,16 +61,13 @@ void CBackgroundSaver::Start(const Job& job)
         m_snapshot.reset();
         QMetaObject::invokeMethod(this, &CBackgroundSaver::OnThreadDone, Qt::QueuedConnection);
     };
-    try
-    {
+    try {
         m_thread = std::thread([save] {
             LowerThisThreadsPriority();
             save();
         });
-    }
-    catch (const std::system_error&)
-    {
-        save();   // no thread to be had: the window waits this once
+    } catch (const std::system_error&) {
+        save(); // no thread to be had: the window waits this once
     }
     emit started();
 }
@@ -90,8 +86,7 @@ void CBackgroundSaver::OnThreadDone()
         m_waiting.reset();
     emit finished(result, job.origin);
     // Whoever took the result may have started the next save already.
-    if (!m_running && m_waiting)
-    {
+    if (!m_running && m_waiting) {
         const Job next = *m_waiting;
         m_waiting.reset();
         // A waiting save of the file just written is needed only for changes made meanwhile.

@@ -20,7 +20,12 @@ class CBackgroundSaver : public QObject
 
 public:
     // Why a save runs; the window answers the end of each kind differently.
-    enum class Origin { Command, Automatic, Closing };
+    enum class Origin
+    {
+        Command,
+        Automatic,
+        Closing
+    };
 
     // Saves doc, which must outlive this object.
     explicit CBackgroundSaver(CLogbookDoc& doc, QObject* parent = nullptr);
@@ -60,7 +65,7 @@ private:
     std::thread m_thread;
     std::unique_ptr<CLogbookDoc> m_snapshot;
     std::uint64_t m_changeCount = 0;
-    CSaveResult m_result;   // written by the thread, read after it has ended
+    CSaveResult m_result; // written by the thread, read after it has ended
     Job m_job;
     bool m_running = false;
     std::optional<Job> m_waiting;

@@ -48,8 +48,7 @@ QString CFileDialogs::Run(Purpose purpose, const QString& startPath)
 
     // On a handheld-sized screen the desktop's dialog does not fit: use Qt's own, full screen.
     const QScreen* screen = parent ? parent->screen() : QApplication::primaryScreen();
-    if (screen && screen->availableGeometry().width() <= 480)
-    {
+    if (screen && screen->availableGeometry().width() <= 480) {
         dialog.setOption(QFileDialog::DontUseNativeDialog);
         dialog.setWindowState(Qt::WindowMaximized);
     }

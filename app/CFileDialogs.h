@@ -25,7 +25,12 @@ public:
     static QString Filter();
 
 private:
-    enum class Purpose { Open, Save, Track };
+    enum class Purpose
+    {
+        Open,
+        Save,
+        Track
+    };
     QString Run(Purpose purpose, const QString& startPath);
     QPointer<QWidget> m_parent;
 };

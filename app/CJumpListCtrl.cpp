@@ -23,10 +23,9 @@ constexpr int kIconRole = Qt::UserRole + 1;
 CJumpListCtrl::CJumpListCtrl(QWidget* parent) : QTreeWidget(parent)
 {
     setObjectName(QStringLiteral("jumpList%1").arg(AppCommands::kListControlId));
-    m_icons = {CArtwork::Icon(QStringLiteral("row_unsigned.svg")),
-               CArtwork::Icon(QStringLiteral("row_unsigned_picture.svg")),
-               CArtwork::Icon(QStringLiteral("row_signed.svg")),
-               CArtwork::Icon(QStringLiteral("row_signed_picture.svg"))};
+    m_icons = {
+        CArtwork::Icon(QStringLiteral("row_unsigned.svg")), CArtwork::Icon(QStringLiteral("row_unsigned_picture.svg")),
+        CArtwork::Icon(QStringLiteral("row_signed.svg")), CArtwork::Icon(QStringLiteral("row_signed_picture.svg"))};
 
     // A report list: no tree lines, whole rows selected, one at a time.
     setRootIsDecorated(false);
@@ -66,8 +65,7 @@ void CJumpListCtrl::Fill(const CLogbookDoc& doc, bool unsignedOnly)
     clear();
     QList<QTreeWidgetItem*> rows;
     rows.reserve(static_cast<qsizetype>(doc.GetJumpCount()));
-    for (const auto& jump : doc.GetJumps())
-    {
+    for (const auto& jump : doc.GetJumps()) {
         if (unsignedOnly && jump->IsSigned())
             continue;
         auto* row = new QTreeWidgetItem;
@@ -121,8 +119,7 @@ int CJumpListCtrl::RowOf(const CJump* jump) const
 
 void CJumpListCtrl::ShowRow(int row)
 {
-    if (QTreeWidgetItem* item = topLevelItem(row))
-    {
+    if (QTreeWidgetItem* item = topLevelItem(row)) {
         setCurrentItem(item);
         scrollToItem(item);
     }

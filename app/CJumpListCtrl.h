@@ -16,9 +16,21 @@ class CJumpListCtrl : public QTreeWidget
 
 public:
     // Icon of a row, by signature and picture.
-    enum IconIndex { Unsigned = 0, UnsignedPicture = 1, Signed = 2, SignedPicture = 3 };
+    enum IconIndex
+    {
+        Unsigned = 0,
+        UnsignedPicture = 1,
+        Signed = 2,
+        SignedPicture = 3
+    };
     // Columns in creation order.
-    enum Column { NumberColumn = 0, DateColumn = 1, PlaceColumn = 2, ColumnCount = 3 };
+    enum Column
+    {
+        NumberColumn = 0,
+        DateColumn = 1,
+        PlaceColumn = 2,
+        ColumnCount = 3
+    };
     // The room left beside the last column for the vertical scroll bar, at least.
     static constexpr int kScrollBarRoom = 15;
 

@@ -75,8 +75,7 @@ bool CLogbookApp::InitInstance(const QStringList& arguments)
     CSplashWnd::EndSplash();
 
     // A modified logbook is saved whenever the program loses the user's attention.
-    connect(qApp, &QGuiApplication::applicationStateChanged, m_frame.get(),
-            &CMainFrame::OnApplicationStateChanged);
+    connect(qApp, &QGuiApplication::applicationStateChanged, m_frame.get(), &CMainFrame::OnApplicationStateChanged);
 
     // 7. The reminders.
     m_frame->CheckReminders();
@@ -87,8 +86,7 @@ void CLogbookApp::LoadStartLogbook(const QStringList& arguments)
 {
     // A logbook named on the command line (a desktop opening a ".tvz") is an explicit request:
     // it fails like the Open command, with its messages.
-    if (arguments.size() > 1 && !arguments.at(1).isEmpty())
-    {
+    if (arguments.size() > 1 && !arguments.at(1).isEmpty()) {
         m_frame->GetCommands()->LoadLogbook(arguments.at(1));
         return;
     }

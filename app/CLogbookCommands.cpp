@@ -59,21 +59,41 @@ CLogbookCommands::CLogbookCommands(CLogbookDoc& doc, const CUnitSettings& units,
 
 void CLogbookCommands::Execute(int command)
 {
-    switch (command)
-    {
-    case AppCommands::ID_FILE_NEW: OnFileNew(); break;
+    switch (command) {
+    case AppCommands::ID_FILE_NEW:
+        OnFileNew();
+        break;
     case AppCommands::ID_FILE_OPEN:
-    case AppCommands::ID_PAGE_OPEN: OnFileOpen(); break;
-    case AppCommands::ID_FILE_SAVE: OnFileSave(); break;
-    case AppCommands::ID_FILE_SAVE_AS: OnFileSaveAs(); break;
-    case AppCommands::ID_JUMP_NEW: OnJumpNew(); break;
-    case AppCommands::ID_JUMP_IMPORT_TRACK: OnJumpImportTrack(); break;
-    case AppCommands::ID_JUMP_ADD_TRACK: OnJumpImportTrackInto(); break;
+    case AppCommands::ID_PAGE_OPEN:
+        OnFileOpen();
+        break;
+    case AppCommands::ID_FILE_SAVE:
+        OnFileSave();
+        break;
+    case AppCommands::ID_FILE_SAVE_AS:
+        OnFileSaveAs();
+        break;
+    case AppCommands::ID_JUMP_NEW:
+        OnJumpNew();
+        break;
+    case AppCommands::ID_JUMP_IMPORT_TRACK:
+        OnJumpImportTrack();
+        break;
+    case AppCommands::ID_JUMP_ADD_TRACK:
+        OnJumpImportTrackInto();
+        break;
     case AppCommands::ID_JUMP_VIEW:
-    case AppCommands::ID_JUMP_CHANGE: OnJumpView(); break;
-    case AppCommands::ID_JUMP_SHOW_PICTURE: OnJumpShowPicture(); break;
-    case AppCommands::ID_JUMP_DELETE: OnJumpDelete(); break;
-    default: break;
+    case AppCommands::ID_JUMP_CHANGE:
+        OnJumpView();
+        break;
+    case AppCommands::ID_JUMP_SHOW_PICTURE:
+        OnJumpShowPicture();
+        break;
+    case AppCommands::ID_JUMP_DELETE:
+        OnJumpDelete();
+        break;
+    default:
+        break;
     }
 }
 
@@ -98,8 +118,7 @@ bool CLogbookCommands::SaveModified()
     if (!CanSave())
         return true;
     const QString name = QFileInfo(DisplayPath(m_doc.GetPath())).fileName();
-    switch (m_services.messages->AskYesNoCancel(tr("Save changes to %1?").arg(name)))
-    {
+    switch (m_services.messages->AskYesNoCancel(tr("Save changes to %1?").arg(name))) {
     case IMessageSink::Answer::Yes:
         // The end of the save tells of a failure or asks about a changed file.
         m_saver->Request(m_doc.GetPath(), SaveCheck::IfUnchanged, CBackgroundSaver::Origin::Closing);
@@ -124,17 +143,14 @@ void CLogbookCommands::OnFileNew()
     const bool existed = QFileInfo::exists(path);
     m_doc.Clear();
     const bool saved = m_doc.Save(NativePath(path));
-    if (!saved)
-    {
+    if (!saved) {
         // The save replaces the file only once the new one is complete, so a failure leaves
         // behind at most a file that did not exist before: remove that one.
         if (!existed)
             QFile::remove(path);
         m_doc.Clear();
         m_services.messages->Error(Message(StringTable::IDS_WRITE_ERROR));
-    }
-    else
-    {
+    } else {
         LockLogbook(m_doc.GetPath());
     }
     m_view.Refresh();
@@ -160,8 +176,7 @@ bool CLogbookCommands::LoadLogbook(const QString& path)
     wait.Exec();
     reader.join();
     loaded.SetProgress(nullptr);
-    if (!result.ok)
-    {
+    if (!result.ok) {
         if (!result.message.empty())
             m_services.messages->Error(MessageText::Translate(result.message));
         m_services.messages->Error(Message(StringTable::IDS_OPEN_FAILED));

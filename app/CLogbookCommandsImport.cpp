@@ -31,8 +31,8 @@ constexpr std::string_view kTrackFolder = "TrackFolder";
 QString Refusal(const CTrackFileImport& imported)
 {
     const CTrackMessage& reason = imported.reason;
-    QString text = MessageText::Format(reason.id, QString::fromStdString(reason.arg1),
-                                       QString::fromStdString(reason.arg2));
+    QString text =
+        MessageText::Format(reason.id, QString::fromStdString(reason.arg1), QString::fromStdString(reason.arg2));
     if (text.isEmpty())
         return QString::fromStdString(imported.message);
     if (reason.line > 0)
@@ -83,8 +83,7 @@ void CLogbookCommands::ImportTrack(CJump* target)
     QApplication::setOverrideCursor(Qt::WaitCursor);
     const CTrackFileImport imported = CTrackFileImport::Run(QFile::encodeName(path).toStdString(), {});
     QApplication::restoreOverrideCursor();
-    if (!imported.ok)
-    {
+    if (!imported.ok) {
         if (m_services.messages)
             m_services.messages->Error(Refusal(imported));
         return;
@@ -93,8 +92,7 @@ void CLogbookCommands::ImportTrack(CJump* target)
     const auto take = [&imported](CDlgJump& dialog) {
         dialog.Edit().TakeImport(imported.jump.recording, imported.jump.fallrate, imported.jump.exitTime);
     };
-    if (!target)
-    {
+    if (!target) {
         const std::size_t before = m_doc.GetJumpCount();
         if (EditJump(nullptr, CJumpEdit::PageDetails, take) && m_doc.GetJumpCount() == before + 1)
             ShowAddedJump();
@@ -104,12 +102,9 @@ void CLogbookCommands::ImportTrack(CJump* target)
     const int number = target->GetNumber();
     if (!EditJump(target, CJumpEdit::PageDetails, take))
         return;
-    if (target->GetNumber() == number)
-    {
+    if (target->GetNumber() == number) {
         list->UpdateRow(list->RowOf(target));
-    }
-    else
-    {
+    } else {
         list->Fill(m_doc, false);
         list->ShowRow(list->RowOf(target));
     }

@@ -40,8 +40,7 @@ bool CLogbookCommands::EditJump(CJump* jump, int page, const std::function<void(
         return false;
     const CJumpEdit::ApplyResult& result = dialog.Result();
     m_lastAdded = jump ? nullptr : result.jump;
-    if (!result.ok)
-    {
+    if (!result.ok) {
         // The editor showed what went wrong; the totals and list show what the logbook holds.
         m_view.SetViewMode(m_view.GetViewMode() == ViewMode::Empty ? ViewMode::Empty : ViewMode::Home);
         return false;
@@ -61,15 +60,12 @@ void CLogbookCommands::ShowAddedJump()
     // The new jump shows in the summary, in a list that is on screen, and in the buttons. Its
     // row goes where the jump went, so that a long list is not built again.
     const ViewMode mode = m_view.GetViewMode();
-    if (mode == ViewMode::JumpList || mode == ViewMode::SignList)
-    {
+    if (mode == ViewMode::JumpList || mode == ViewMode::SignList) {
         const auto& jumps = m_doc.GetJumps();
         const CJump* added = nullptr;
         int row = 0;
-        for (const auto& jump : jumps)
-        {
-            if (jump.get() == m_lastAdded)
-            {
+        for (const auto& jump : jumps) {
+            if (jump.get() == m_lastAdded) {
                 added = jump.get();
                 break;
             }
@@ -103,15 +99,11 @@ void CLogbookCommands::OnRowActivated(int row)
     if (!EditJump(jump, signing ? CJumpEdit::PageSignature : CJumpEdit::PageDetails))
         return;
 
-    if (!signing)
-    {
+    if (!signing) {
         // A new number may move the jump; otherwise only its row changes.
-        if (jump->GetNumber() == number)
-        {
+        if (jump->GetNumber() == number) {
             list->UpdateRow(row);
-        }
-        else
-        {
+        } else {
             list->Fill(m_doc, false);
             list->ShowRow(list->RowOf(jump));
         }
@@ -119,16 +111,14 @@ void CLogbookCommands::OnRowActivated(int row)
         emit stateChanged();
         return;
     }
-    if (!jump->IsSigned())
-    {
+    if (!jump->IsSigned()) {
         list->UpdateRow(row);
         m_view.UpdateButtons();
         emit stateChanged();
         return;
     }
     const auto& jumps = m_doc.GetJumps();
-    if (std::none_of(jumps.begin(), jumps.end(), [](const auto& each) { return !each->IsSigned(); }))
-    {
+    if (std::none_of(jumps.begin(), jumps.end(), [](const auto& each) { return !each->IsSigned(); })) {
         m_view.SetViewMode(ViewMode::Home);
         return;
     }
@@ -153,8 +143,7 @@ void CLogbookCommands::OnJumpDelete()
     // The row goes first: it refers to the jump that the document is about to destroy.
     list->RemoveJumpRow(jump);
     m_doc.RemoveJump(static_cast<std::size_t>(index));
-    if (list->topLevelItemCount() == 0)
-    {
+    if (list->topLevelItemCount() == 0) {
         m_view.SetViewMode(ViewMode::Home);
         return;
     }

@@ -39,8 +39,7 @@ void CLogbookCommands::SaveAutomatically()
 
 void CLogbookCommands::WaitForSaves()
 {
-    while (m_saver->IsBusy())
-    {
+    while (m_saver->IsBusy()) {
         const QString name = QFileInfo(DisplayPath(m_doc.GetPath())).fileName();
         CProgressWait wait(m_window, tr("Saving %1...").arg(name), m_saver->Progress());
         const QMetaObject::Connection idle = connect(m_saver, &CBackgroundSaver::idle, &wait, &CProgressWait::Finish);
@@ -54,13 +53,11 @@ void CLogbookCommands::WaitForSaves()
 void CLogbookCommands::OnSaveFinished(const CSaveResult& result, CBackgroundSaver::Origin origin)
 {
     emit stateChanged();
-    if (result)
-    {
+    if (result) {
         LockLogbook(result.path);
         return;
     }
-    if (result.status == SaveStatus::ChangedOnDisk)
-    {
+    if (result.status == SaveStatus::ChangedOnDisk) {
         ResolveChangedFile(result.path, origin);
         return;
     }
@@ -72,10 +69,8 @@ void CLogbookCommands::ResolveChangedFile(const std::string& path, CBackgroundSa
     const QString text = MessageText::Format(StringTable::IDS_FILE_CHANGED) + QStringLiteral("\n\n") +
                          tr("Keep your version under a new name, load the version on disk (your changes are "
                             "lost), or overwrite it with yours?");
-    switch (m_services.messages->AskChoice(text, {tr("Save as..."), tr("Load theirs"), tr("Overwrite")}))
-    {
-    case 0:
-    {
+    switch (m_services.messages->AskChoice(text, {tr("Save as..."), tr("Load theirs"), tr("Overwrite")})) {
+    case 0: {
         const QString chosen = m_services.files->ChooseSave(DisplayPath(path));
         if (!chosen.isEmpty())
             m_saver->Request(NativePath(chosen), SaveCheck::Overwrite, origin);
@@ -85,8 +80,11 @@ void CLogbookCommands::ResolveChangedFile(const std::string& path, CBackgroundSa
         if (LoadLogbook(DisplayPath(path)))
             emit logbookOpened();
         break;
-    case 2: m_saver->Request(path, SaveCheck::Overwrite, origin); break;
-    default: break;   // the logbook stays modified; the next save asks again
+    case 2:
+        m_saver->Request(path, SaveCheck::Overwrite, origin);
+        break;
+    default:
+        break; // the logbook stays modified; the next save asks again
     }
 }
 

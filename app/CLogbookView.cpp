@@ -15,11 +15,9 @@
 
 namespace {
 
-
 } // namespace
 
-CLogbookView::CLogbookView(CLogbookDoc& doc, const CUnitSettings& units, const CAppServices& services,
-                           QWidget* parent)
+CLogbookView::CLogbookView(CLogbookDoc& doc, const CUnitSettings& units, const CAppServices& services, QWidget* parent)
     : QWidget(parent), m_doc(doc), m_units(units), m_services(services)
 {
     setObjectName(QStringLiteral("logbookView"));
@@ -35,14 +33,14 @@ CLogbookView::CLogbookView(CLogbookDoc& doc, const CUnitSettings& units, const C
     m_buttonLayout = new QBoxLayout(QBoxLayout::LeftToRight, m_buttonBar);
     m_buttonLayout->setContentsMargins(0, 0, 0, 0);
     m_buttonLayout->setSpacing(6);
-    m_homeButton = MakePictureButton(QStringLiteral("homeButton"), QStringLiteral("home.svg"),
-                                     tr("Home"), AppCommands::ID_VIEW_HOME);
+    m_homeButton = MakePictureButton(QStringLiteral("homeButton"), QStringLiteral("home.svg"), tr("Home"),
+                                     AppCommands::ID_VIEW_HOME);
     m_signListButton = MakePictureButton(QStringLiteral("signListButton"), QStringLiteral("signlist.svg"),
                                          tr("Jumps to be signed"), AppCommands::ID_VIEW_SIGNLIST);
     m_jumpListButton = MakePictureButton(QStringLiteral("jumpListButton"), QStringLiteral("jumplist.svg"),
                                          tr("All jumps"), AppCommands::ID_VIEW_JUMPLIST);
-    m_newJumpButton = MakePictureButton(QStringLiteral("newJumpButton"), QStringLiteral("newjump.svg"),
-                                        tr("New jump"), AppCommands::ID_JUMP_NEW);
+    m_newJumpButton = MakePictureButton(QStringLiteral("newJumpButton"), QStringLiteral("newjump.svg"), tr("New jump"),
+                                        AppCommands::ID_JUMP_NEW);
     m_pageOpenButton = MakePictureButton(QStringLiteral("pageOpenButton"), QStringLiteral("open.svg"),
                                          tr("Open another logbook"), AppCommands::ID_PAGE_OPEN);
     m_buttonLayout->addWidget(m_homeButton);
@@ -55,9 +53,8 @@ CLogbookView::CLogbookView(CLogbookDoc& doc, const CUnitSettings& units, const C
     connect(m_signListButton, &QToolButton::clicked, this, &CLogbookView::OnViewSignList);
     connect(m_jumpListButton, &QToolButton::clicked, this, &CLogbookView::OnViewJumpList);
     for (QToolButton* button : {m_newJumpButton, m_pageOpenButton})
-        connect(button, &QToolButton::clicked, this, [this, button] {
-            emit commandRequested(button->property("command").toInt());
-        });
+        connect(button, &QToolButton::clicked, this,
+                [this, button] { emit commandRequested(button->property("command").toInt()); });
     m_outer->addWidget(m_buttonBar);
 
     // The home page: the summary card centred over the painted background.
@@ -75,20 +72,17 @@ CLogbookView::CLogbookView(CLogbookDoc& doc, const CUnitSettings& units, const C
     m_list->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(m_list, &QWidget::customContextMenuRequested, this, &CLogbookView::ShowListContextMenu);
     // A tap on a row, Enter or a double-click opens the jump editor on it.
-    connect(m_list, &QTreeWidget::itemClicked, this, [this](QTreeWidgetItem* item) {
-        emit rowActivated(m_list->indexOfTopLevelItem(item));
-    });
-    connect(m_list, &QTreeWidget::itemActivated, this, [this](QTreeWidgetItem* item) {
-        emit rowActivated(m_list->indexOfTopLevelItem(item));
-    });
+    connect(m_list, &QTreeWidget::itemClicked, this,
+            [this](QTreeWidgetItem* item) { emit rowActivated(m_list->indexOfTopLevelItem(item)); });
+    connect(m_list, &QTreeWidget::itemActivated, this,
+            [this](QTreeWidgetItem* item) { emit rowActivated(m_list->indexOfTopLevelItem(item)); });
     m_outer->addWidget(m_list, 1);
 
     ApplyIconSizes();
     SetViewMode(ViewMode::Empty);
 }
 
-QToolButton* CLogbookView::MakePictureButton(const QString& name, const QString& art, const QString& tip,
-                                             int command)
+QToolButton* CLogbookView::MakePictureButton(const QString& name, const QString& art, const QString& tip, int command)
 {
     auto* button = new QToolButton(this);
     button->setObjectName(name);
@@ -110,12 +104,11 @@ void CLogbookView::CreateStartButtons()
     m_startPanel->setObjectName(QStringLiteral("startPanel"));
     m_startLayout = new QBoxLayout(QBoxLayout::TopToBottom, m_startPanel);
     m_startLayout->setSpacing(16);
-    m_startNewButton = MakePictureButton(QStringLiteral("startNewButton"), QStringLiteral("new.svg"),
-                                         tr("New logbook"), AppCommands::ID_FILE_NEW);
+    m_startNewButton = MakePictureButton(QStringLiteral("startNewButton"), QStringLiteral("new.svg"), tr("New logbook"),
+                                         AppCommands::ID_FILE_NEW);
     m_startOpenButton = MakePictureButton(QStringLiteral("startOpenButton"), QStringLiteral("open.svg"),
                                           tr("Open logbook"), AppCommands::ID_FILE_OPEN);
-    for (QToolButton* button : {m_startNewButton, m_startOpenButton})
-    {
+    for (QToolButton* button : {m_startNewButton, m_startOpenButton}) {
         button->setParent(m_startPanel);
         button->setText(button->toolTip());
         button->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
@@ -125,9 +118,8 @@ void CLogbookView::CreateStartButtons()
     m_startLayout->addWidget(m_startOpenButton, 0, Qt::AlignCenter);
     m_startLayout->addStretch(1);
     for (QToolButton* button : {m_startNewButton, m_startOpenButton})
-        connect(button, &QToolButton::clicked, this, [this, button] {
-            emit commandRequested(button->property("command").toInt());
-        });
+        connect(button, &QToolButton::clicked, this,
+                [this, button] { emit commandRequested(button->property("command").toInt()); });
     m_outer->addWidget(m_startPanel, 1);
     ApplyOrientation();
     ApplyIconSizes();
@@ -249,8 +241,7 @@ void CLogbookView::resizeEvent(QResizeEvent* event)
 {
     QWidget::resizeEvent(event);
     const bool landscape = event->size().width() == kLandscapeWidth;
-    if (landscape != m_landscape)
-    {
+    if (landscape != m_landscape) {
         m_landscape = landscape;
         ApplyOrientation();
     }

@@ -22,13 +22,18 @@ class CLogbookView : public QWidget
 
 public:
     // What the view shows.
-    enum class ViewMode { Empty = 0, Home = 1, JumpList = 2, SignList = 3 };
+    enum class ViewMode
+    {
+        Empty = 0,
+        Home = 1,
+        JumpList = 2,
+        SignList = 3
+    };
     // A client width of exactly this many pixels selects the landscape layout.
     static constexpr int kLandscapeWidth = 320;
 
     // The view of the frame's document, in mode Empty until the first refresh.
-    CLogbookView(CLogbookDoc& doc, const CUnitSettings& units, const CAppServices& services,
-                 QWidget* parent = nullptr);
+    CLogbookView(CLogbookDoc& doc, const CUnitSettings& units, const CAppServices& services, QWidget* parent = nullptr);
 
     // The current mode.
     ViewMode GetViewMode() const { return m_mode; }

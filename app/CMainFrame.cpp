@@ -3,9 +3,9 @@
 #include "app/AppCommands.h"
 #include "app/CArtwork.h"
 #include "app/CDateText.h"
+#include "app/CJumpListCtrl.h"
 #include "app/CLogbookCommands.h"
 #include "app/CLogbookView.h"
-#include "app/CJumpListCtrl.h"
 #include "app/CSettingsCommands.h"
 #include "app/CSplashWnd.h"
 #include "controls/IMessageSink.h"
@@ -35,9 +35,7 @@ CUnitSettings LoadUnits(const ISettingsStore* store)
 } // namespace
 
 CMainFrame::CMainFrame(const CAppServices& services, QWidget* parent)
-    : QMainWindow(parent),
-      m_services(services),
-      m_units(LoadUnits(services.settings)),
+    : QMainWindow(parent), m_services(services), m_units(LoadUnits(services.settings)),
       m_doc(services.settings, services.clock)
 {
     setObjectName(QStringLiteral("mainFrame"));
@@ -71,16 +69,15 @@ QAction* CMainFrame::MakeAction(const QString& name, const QString& text, int co
 
 void CMainFrame::CreateMenuAndCommandBar()
 {
-    m_newAction = MakeAction(QStringLiteral("fileNewAction"), tr("New..."), AppCommands::ID_FILE_NEW,
-                             QStringLiteral("new.svg"));
-    m_openAction = MakeAction(QStringLiteral("fileOpenAction"), tr("Open..."),
-                              AppCommands::ID_FILE_OPEN, QStringLiteral("open.svg"));
-    m_saveAction = MakeAction(QStringLiteral("fileSaveAction"), tr("Save"), AppCommands::ID_FILE_SAVE,
-                              QStringLiteral("save.svg"));
-    m_saveAsAction =
-        MakeAction(QStringLiteral("fileSaveAsAction"), tr("Save as..."), AppCommands::ID_FILE_SAVE_AS);
-    m_aboutAction = MakeAction(QStringLiteral("aboutAction"), tr("About Tervola Pocket..."),
-                               AppCommands::ID_APP_ABOUT, QStringLiteral("about.svg"));
+    m_newAction =
+        MakeAction(QStringLiteral("fileNewAction"), tr("New..."), AppCommands::ID_FILE_NEW, QStringLiteral("new.svg"));
+    m_openAction = MakeAction(QStringLiteral("fileOpenAction"), tr("Open..."), AppCommands::ID_FILE_OPEN,
+                              QStringLiteral("open.svg"));
+    m_saveAction =
+        MakeAction(QStringLiteral("fileSaveAction"), tr("Save"), AppCommands::ID_FILE_SAVE, QStringLiteral("save.svg"));
+    m_saveAsAction = MakeAction(QStringLiteral("fileSaveAsAction"), tr("Save as..."), AppCommands::ID_FILE_SAVE_AS);
+    m_aboutAction = MakeAction(QStringLiteral("aboutAction"), tr("About Tervola Pocket..."), AppCommands::ID_APP_ABOUT,
+                               QStringLiteral("about.svg"));
     m_exitAction = MakeAction(QStringLiteral("exitAction"), tr("E&xit"), AppCommands::ID_APP_EXIT);
     m_newAction->setShortcut(QKeySequence::New);
     m_openAction->setShortcut(QKeySequence::Open);
@@ -88,28 +85,25 @@ void CMainFrame::CreateMenuAndCommandBar()
     m_saveAsAction->setShortcut(QKeySequence::SaveAs);
     m_exitAction->setShortcut(QKeySequence::Quit);
 
-    m_jumpNewAction = MakeAction(QStringLiteral("jumpNewAction"), tr("New jump..."),
-                                 AppCommands::ID_JUMP_NEW, QStringLiteral("newjump.svg"));
+    m_jumpNewAction = MakeAction(QStringLiteral("jumpNewAction"), tr("New jump..."), AppCommands::ID_JUMP_NEW,
+                                 QStringLiteral("newjump.svg"));
     m_jumpNewAction->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_J));
-    m_jumpImportAction = MakeAction(QStringLiteral("jumpImportTrackAction"), tr("Import track..."),
-                                    AppCommands::ID_JUMP_IMPORT_TRACK);
+    m_jumpImportAction =
+        MakeAction(QStringLiteral("jumpImportTrackAction"), tr("Import track..."), AppCommands::ID_JUMP_IMPORT_TRACK);
     m_jumpImportAction->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_I));
     m_jumpAddTrackAction =
         MakeAction(QStringLiteral("jumpAddTrackAction"), tr("Add track..."), AppCommands::ID_JUMP_ADD_TRACK);
-    m_jumpViewAction =
-        MakeAction(QStringLiteral("jumpViewAction"), tr("View..."), AppCommands::ID_JUMP_VIEW);
-    m_jumpChangeAction =
-        MakeAction(QStringLiteral("jumpChangeAction"), tr("Change..."), AppCommands::ID_JUMP_CHANGE);
-    m_jumpPictureAction = MakeAction(QStringLiteral("jumpPictureAction"), tr("Show picture..."),
-                                     AppCommands::ID_JUMP_SHOW_PICTURE);
-    m_jumpDeleteAction =
-        MakeAction(QStringLiteral("jumpDeleteAction"), tr("Delete"), AppCommands::ID_JUMP_DELETE);
+    m_jumpViewAction = MakeAction(QStringLiteral("jumpViewAction"), tr("View..."), AppCommands::ID_JUMP_VIEW);
+    m_jumpChangeAction = MakeAction(QStringLiteral("jumpChangeAction"), tr("Change..."), AppCommands::ID_JUMP_CHANGE);
+    m_jumpPictureAction =
+        MakeAction(QStringLiteral("jumpPictureAction"), tr("Show picture..."), AppCommands::ID_JUMP_SHOW_PICTURE);
+    m_jumpDeleteAction = MakeAction(QStringLiteral("jumpDeleteAction"), tr("Delete"), AppCommands::ID_JUMP_DELETE);
     m_jumpDeleteAction->setShortcut(QKeySequence::Delete);
 
     // Every command action carries its id; the commands controller carries it out.
-    for (QAction* action : {m_newAction, m_openAction, m_saveAction, m_saveAsAction, m_jumpNewAction,
-                            m_jumpImportAction, m_jumpViewAction, m_jumpChangeAction, m_jumpAddTrackAction,
-                            m_jumpPictureAction, m_jumpDeleteAction})
+    for (QAction* action :
+         {m_newAction, m_openAction, m_saveAction, m_saveAsAction, m_jumpNewAction, m_jumpImportAction,
+          m_jumpViewAction, m_jumpChangeAction, m_jumpAddTrackAction, m_jumpPictureAction, m_jumpDeleteAction})
         connect(action, &QAction::triggered, m_commands,
                 [this, action] { m_commands->Execute(action->data().toInt()); });
     connect(m_aboutAction, &QAction::triggered, this, &CMainFrame::OnAbout);
@@ -160,8 +154,8 @@ void CMainFrame::CreateSettingsCommands()
     m_settingsCommands = new CSettingsCommands(m_doc, m_units, m_services, this);
     m_userProfileAction = MakeAction(QStringLiteral("userProfileAction"), tr("User Profile..."),
                                      AppCommands::ID_USER_PROFILE, QStringLiteral("profile.svg"));
-    m_equipmentAction = MakeAction(QStringLiteral("equipmentAction"), tr("Equipment..."),
-                                   AppCommands::ID_EQUIPMENT, QStringLiteral("equipment.svg"));
+    m_equipmentAction = MakeAction(QStringLiteral("equipmentAction"), tr("Equipment..."), AppCommands::ID_EQUIPMENT,
+                                   QStringLiteral("equipment.svg"));
     m_preferencesAction = MakeAction(QStringLiteral("preferencesAction"), tr("Preferences..."),
                                      AppCommands::ID_PREFERENCES, QStringLiteral("preferences.svg"));
     connect(m_userProfileAction, &QAction::triggered, m_settingsCommands, &CSettingsCommands::OnUserProfile);
@@ -184,12 +178,18 @@ void CMainFrame::CreateSettingsCommands()
 void CMainFrame::OnSettingsChanged()
 {
     // The mode stays; its contents are drawn again with the new values and units.
-    switch (m_view->GetViewMode())
-    {
-    case CLogbookView::ViewMode::JumpList: m_view->OnViewJumpList(); break;
-    case CLogbookView::ViewMode::SignList: m_view->OnViewSignList(); break;
-    case CLogbookView::ViewMode::Home: m_view->SetViewMode(CLogbookView::ViewMode::Home); break;
-    case CLogbookView::ViewMode::Empty: break;
+    switch (m_view->GetViewMode()) {
+    case CLogbookView::ViewMode::JumpList:
+        m_view->OnViewJumpList();
+        break;
+    case CLogbookView::ViewMode::SignList:
+        m_view->OnViewSignList();
+        break;
+    case CLogbookView::ViewMode::Home:
+        m_view->SetViewMode(CLogbookView::ViewMode::Home);
+        break;
+    case CLogbookView::ViewMode::Empty:
+        break;
     }
     UpdateCommands();
 }
@@ -226,8 +226,7 @@ void CMainFrame::CheckReminders()
 {
     if (!m_doc.HasPath() || !m_services.clock || !m_services.messages)
         return;
-    for (const CReminders::Item& item : CReminders::Due(m_doc.GetSettings(), m_services.clock->Today()))
-    {
+    for (const CReminders::Item& item : CReminders::Due(m_doc.GetSettings(), m_services.clock->Today())) {
         const QString date = CDateText::ShortDate(item.date);
         const QString text = item.messageId == StringTable::IDS_MEMBERSHIP_EXPIRES
                                  ? MessageText::Format(item.messageId, date)
@@ -248,19 +247,17 @@ void CMainFrame::OnAbout()
 {
     if (!m_services.messages)
         return;
-    m_services.messages->About(
-        tr("About Tervola Pocket"),
-        tr("Tervola Pocket %1\nThe skydiver's logbook.\n%2")
-            .arg(QString::fromUtf8(StringTable::kProductVersion.data(),
-                                   static_cast<qsizetype>(StringTable::kProductVersion.size())),
-                 QString::fromUtf8(StringTable::kWebAddress.data(),
-                                   static_cast<qsizetype>(StringTable::kWebAddress.size()))));
+    m_services.messages->About(tr("About Tervola Pocket"),
+                               tr("Tervola Pocket %1\nThe skydiver's logbook.\n%2")
+                                   .arg(QString::fromUtf8(StringTable::kProductVersion.data(),
+                                                          static_cast<qsizetype>(StringTable::kProductVersion.size())),
+                                        QString::fromUtf8(StringTable::kWebAddress.data(),
+                                                          static_cast<qsizetype>(StringTable::kWebAddress.size()))));
 }
 
 void CMainFrame::closeEvent(QCloseEvent* event)
 {
-    if (!m_commands->SaveModified())
-    {
+    if (!m_commands->SaveModified()) {
         event->ignore();
         return;
     }

@@ -38,9 +38,8 @@ bool CMessageBoxes::AskYesNo(const QString& text)
 
 IMessageSink::Answer CMessageBoxes::AskYesNoCancel(const QString& text)
 {
-    const auto button = QMessageBox::question(Parent(), kTitle, text,
-                                              QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel,
-                                              QMessageBox::Yes);
+    const auto button = QMessageBox::question(
+        Parent(), kTitle, text, QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, QMessageBox::Yes);
     if (button == QMessageBox::Yes)
         return Answer::Yes;
     if (button == QMessageBox::No)

@@ -37,8 +37,7 @@ bool CPictureGuard::HasSignature(const fs::path& file, Kind kind)
     const auto starts = [&](std::initializer_list<unsigned char> bytes) {
         return got >= bytes.size() && std::equal(bytes.begin(), bytes.end(), head.begin());
     };
-    switch (kind)
-    {
+    switch (kind) {
     case Kind::Jpeg:
         return starts({0xFF, 0xD8, 0xFF});
     case Kind::Png:

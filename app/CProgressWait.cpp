@@ -40,8 +40,7 @@ void CProgressWait::Exec()
 
 void CProgressWait::Tick()
 {
-    if (!m_dialog && m_clock.elapsed() >= kDelayMs)
-    {
+    if (!m_dialog && m_clock.elapsed() >= kDelayMs) {
         m_dialog = new QProgressDialog(m_label, QString(), 0, 1000, m_window);
         m_dialog->setObjectName(QStringLiteral("progressWaitDialog"));
         m_dialog->setWindowModality(Qt::WindowModal);
@@ -61,8 +60,7 @@ bool CProgressWait::eventFilter(QObject* watched, QEvent* event)
     const auto* widget = qobject_cast<const QWidget*>(watched);
     if (!widget || !m_window || widget->window() != m_window)
         return QObject::eventFilter(watched, event);
-    switch (event->type())
-    {
+    switch (event->type()) {
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonRelease:
     case QEvent::MouseButtonDblClick:
@@ -77,8 +75,7 @@ bool CProgressWait::eventFilter(QObject* watched, QEvent* event)
         return true;
     case QEvent::Close:
         // The window cannot close in the middle of the work it waits for.
-        if (watched == m_window)
-        {
+        if (watched == m_window) {
             event->ignore();
             return true;
         }

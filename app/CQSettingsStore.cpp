@@ -28,8 +28,7 @@ QString CQSettingsStore::Key(std::string_view section, std::string_view name)
     return FromUtf8(section) + QLatin1Char('/') + FromUtf8(name);
 }
 
-std::string CQSettingsStore::GetString(std::string_view section, std::string_view name,
-                                       std::string_view fallback) const
+std::string CQSettingsStore::GetString(std::string_view section, std::string_view name, std::string_view fallback) const
 {
     const QVariant value = m_settings->value(Key(section, name));
     if (!value.isValid())

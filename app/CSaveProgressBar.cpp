@@ -13,8 +13,7 @@ CSaveProgressBar::CSaveProgressBar(const CBackgroundSaver& saver, QWidget* windo
     m_timer.setInterval(100);
     connect(&m_timer, &QTimer::timeout, this, &CSaveProgressBar::Tick);
     connect(&saver, &CBackgroundSaver::started, this, [this] {
-        if (!m_timer.isActive())
-        {
+        if (!m_timer.isActive()) {
             m_clock.start();
             m_timer.start();
         }
@@ -33,8 +32,7 @@ void CSaveProgressBar::Tick()
     const int height = fontMetrics().height() + 4;
     setGeometry(0, window->height() - height, window->width(), height);
     setValue(static_cast<int>(m_saver.Progress().Fraction() * 1000));
-    if (isHidden())
-    {
+    if (isHidden()) {
         show();
         raise();
     }

@@ -72,16 +72,14 @@ void CSplashWnd::HideSplash()
 bool CSplashWnd::eventFilter(QObject* watched, QEvent* event)
 {
     // Follow the client area's size while it is laid out.
-    if (watched == parentWidget() && event->type() == QEvent::Resize)
-    {
+    if (watched == parentWidget() && event->type() == QEvent::Resize) {
         setGeometry(parentWidget()->rect());
         raise();
         return false;
     }
     if (!m_closable || s_instance != this)
         return false;
-    switch (event->type())
-    {
+    switch (event->type()) {
     case QEvent::ShortcutOverride:
         // Claim the key so that no shortcut fires; the key press itself then closes the splash.
         event->accept();
@@ -112,7 +110,7 @@ void CSplashWnd::paintEvent(QPaintEvent*)
     const QRectF area = rect();
     CArtwork::PaintStretched(painter, QStringLiteral("splash_sky.svg"), area);
     // The emblem keeps its proportions, centred in the sky above the horizon.
-    const QRectF emblem = area.adjusted(area.width() * 0.1, area.height() * 0.06, -area.width() * 0.1,
-                                        -area.height() * 0.16);
+    const QRectF emblem =
+        area.adjusted(area.width() * 0.1, area.height() * 0.06, -area.width() * 0.1, -area.height() * 0.16);
     CArtwork::PaintFitted(painter, QStringLiteral("splash_logo.svg"), emblem);
 }

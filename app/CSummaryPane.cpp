@@ -73,8 +73,7 @@ CSummaryPane::CSummaryPane(QWidget* parent) : QWidget(parent), m_grid(new QGridL
 
     const QFont labelFont = LabelFont();
     const QFont valueFont = ValueFont();
-    for (int row = 0; row < RowCount; ++row)
-    {
+    for (int row = 0; row < RowCount; ++row) {
         m_labels[row] = new QLabel(this);
         m_labels[row]->setObjectName(QStringLiteral("summaryLabel%1").arg(row));
         m_labels[row]->setFont(labelFont);
@@ -98,8 +97,8 @@ void CSummaryPane::SetSummary(const CLogbookSummary& summary, const CUnitSetting
     m_labels[LastJump]->setText(MessageText::Text(StringTable::IDS_LAST_JUMP));
 
     // The total stays within the duration text's range even for absurd files.
-    const auto seconds = static_cast<int>(
-        std::clamp<int64_t>(summary.freefallSeconds, 0, std::numeric_limits<int>::max()));
+    const auto seconds =
+        static_cast<int>(std::clamp<int64_t>(summary.freefallSeconds, 0, std::numeric_limits<int>::max()));
     m_values[NumberOfJumps]->setText(QLocale().toString(summary.numberOfJumps));
     m_values[FreefallTime]->setText(QString::fromStdString(DurationToText(seconds, true)));
     m_values[FreefallDistance]->setText(DistanceText(summary.freefallMetres, units));
@@ -129,8 +128,7 @@ int CSummaryPane::SideBySideWidth() const
 {
     int labels = 0;
     int values = 0;
-    for (int row = 0; row < RowCount; ++row)
-    {
+    for (int row = 0; row < RowCount; ++row) {
         labels = std::max(labels, m_labels[row]->sizeHint().width());
         values = std::max(values, m_values[row]->sizeHint().width());
     }
@@ -148,20 +146,15 @@ void CSummaryPane::Arrange(bool stacked)
     if (stacked == m_stacked && m_grid->count() == 2 * RowCount)
         return;
     m_stacked = stacked;
-    for (int row = 0; row < RowCount; ++row)
-    {
+    for (int row = 0; row < RowCount; ++row) {
         m_grid->removeWidget(m_labels[row]);
         m_grid->removeWidget(m_values[row]);
     }
-    for (int row = 0; row < RowCount; ++row)
-    {
-        if (stacked)
-        {
+    for (int row = 0; row < RowCount; ++row) {
+        if (stacked) {
             m_grid->addWidget(m_labels[row], 2 * row, 0, Qt::AlignLeft | Qt::AlignBottom);
             m_grid->addWidget(m_values[row], 2 * row + 1, 0, Qt::AlignLeft | Qt::AlignTop);
-        }
-        else
-        {
+        } else {
             m_grid->addWidget(m_labels[row], row, 0, Qt::AlignLeft | Qt::AlignVCenter);
             m_grid->addWidget(m_values[row], row, 1, Qt::AlignRight | Qt::AlignVCenter);
         }

@@ -18,7 +18,15 @@ class CSummaryPane : public QWidget
 
 public:
     // Rows of the summary.
-    enum Row { NumberOfJumps = 0, FreefallTime, FreefallDistance, CanopyDistance, LastJump, RowCount };
+    enum Row
+    {
+        NumberOfJumps = 0,
+        FreefallTime,
+        FreefallDistance,
+        CanopyDistance,
+        LastJump,
+        RowCount
+    };
 
     // Labels and values without text until SetSummary.
     explicit CSummaryPane(QWidget* parent = nullptr);

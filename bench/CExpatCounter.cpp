@@ -21,8 +21,7 @@ CExpatCounter::~CExpatCounter()
 
 bool CExpatCounter::Feed(const char* data, std::size_t size, bool last)
 {
-    return XML_Parse(static_cast<XML_Parser>(m_parser), data, static_cast<int>(size), last ? 1 : 0) ==
-           XML_STATUS_OK;
+    return XML_Parse(static_cast<XML_Parser>(m_parser), data, static_cast<int>(size), last ? 1 : 0) == XML_STATUS_OK;
 }
 
 bool CExpatCounter::ParseFile(const std::string& path, std::size_t chunkBytes)

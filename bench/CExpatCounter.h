@@ -29,7 +29,7 @@ private:
     static void End(void* data, const char* name);
     static void Text(void* data, const char* text, int length);
 
-    void* m_parser;   // XML_Parser; kept opaque so that users of this header need no expat.h
+    void* m_parser; // XML_Parser; kept opaque so that users of this header need no expat.h
     ParseWork m_work;
     std::string m_value;
     std::string m_text;

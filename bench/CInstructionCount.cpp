@@ -47,8 +47,8 @@ bool CInstructionCount::Available()
 long long CInstructionCount::Measure(const std::vector<std::string>& args, const std::string& folder)
 {
     const std::string out = folder + "/callgrind.out." + std::to_string(getpid());
-    std::vector<std::string> all = {"valgrind", "--tool=callgrind", "--callgrind-out-file=" + out,
-                                    "/proc/self/exe", CPeakMemoryProbe::kChildFlag};
+    std::vector<std::string> all = {"valgrind", "--tool=callgrind", "--callgrind-out-file=" + out, "/proc/self/exe",
+                                    CPeakMemoryProbe::kChildFlag};
     all.insert(all.end(), args.begin(), args.end());
     // /proc/self/exe would name valgrind in the child; the benchmark's own path goes instead.
     char self[4096] = {};

@@ -35,7 +35,8 @@ bool CReferenceTools::DeflateLevel9(const std::string& path, std::string_view te
     gzFile file = gzopen(path.c_str(), "wb9");
     if (file == nullptr)
         return false;
-    const bool written = gzwrite(file, text.data(), static_cast<unsigned>(text.size())) == static_cast<int>(text.size());
+    const bool written =
+        gzwrite(file, text.data(), static_cast<unsigned>(text.size())) == static_cast<int>(text.size());
     const bool closed = gzclose(file) == Z_OK;
     return written && closed && SyncFile(path);
 }

@@ -68,8 +68,7 @@ bool CWorkloadBench::Prepare(const Workload& workload, std::string& text)
     CLogbookDoc check(nullptr, &m_clock);
     const std::string again = PathOf(workload, "-check.tvl");
     std::string againText;
-    if (!check.Load(tvz) || !check.Save(again) || !CReferenceTools::ReadWhole(again, againText) ||
-        againText != text)
+    if (!check.Load(tvz) || !check.Save(again) || !CReferenceTools::ReadWhole(again, againText) || againText != text)
         return Fail("the logbook " + tvz + " does not load and save back to the same bytes");
     SafeFileReplace::RemoveQuietly(again);
     return true;

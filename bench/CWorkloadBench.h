@@ -24,8 +24,8 @@ public:
         std::string name;
         std::string description;
         CGeneratorOptions options;
-        int loadRuns = 7;   // loads are quick: more runs find a quiet moment of the machine
-        int saveRuns = 3;   // saves at compression level 9 take long
+        int loadRuns = 7; // loads are quick: more runs find a quiet moment of the machine
+        int saveRuns = 3; // saves at compression level 9 take long
     };
     // Best times of each side of each comparison, and the memory figures.
     struct Result
@@ -34,10 +34,10 @@ public:
         CBestTime loadTvz, inflateTvz;
         CBestTime saveTvz, deflateTvz;
         CBestTime saveTvl, writeTvl;
-        CBestTime snapshot;   // what a background save takes on the window's thread
-        CBestTime copyJumps;  // the copy of the jumps it makes on its own thread
+        CBestTime snapshot;  // what a background save takes on the window's thread
+        CBestTime copyJumps; // the copy of the jumps it makes on its own thread
         long long plainBytes = 0, gzipBytes = 0;
-        long long memoryTvl = -1, memoryTvz = -1;   // bytes a load adds to the empty tool
+        long long memoryTvl = -1, memoryTvz = -1; // bytes a load adds to the empty tool
     };
 
     // folder holds the files; baselineBytes is the peak of a tool with an empty logbook.
@@ -64,7 +64,7 @@ private:
     long long m_baseline;
     std::size_t m_expectedJumps = 0;
     CFixedClock m_clock;
-    std::unique_ptr<CLogbookDoc> m_doc;   // the generated logbook, saved in every save run
+    std::unique_ptr<CLogbookDoc> m_doc; // the generated logbook, saved in every save run
     std::vector<unsigned char> m_scratch;
     bool m_countInstructions = false;
 };

@@ -8,13 +8,31 @@
 
 namespace {
 
-const char* const kDropZones[] = {"Tervola", "Skydive Rovaniemi", "Fallschirmsport Marl", "Empuriabrava",
-                                  "Z\xC3\xBC" "rich-Hausen", "Saulgau"};
+const char* const kDropZones[] = {"Tervola",
+                                  "Skydive Rovaniemi",
+                                  "Fallschirmsport Marl",
+                                  "Empuriabrava",
+                                  "Z\xC3\xBC"
+                                  "rich-Hausen",
+                                  "Saulgau"};
 const char* const kAircraft[] = {"Cessna 206", "Pilatus PC-6 Porter", "Twin Otter", "Dornier Do 28", "Skyvan"};
 const char* const kTypes[] = {"Belly", "Freefly", "Tracking", "Wingsuit", "CRW", "Hop & Pop"};
 const char* const kFallrates[] = {"Standard", "Vertical", "Custom", "Manual", "Import"};
-const char* const kNoteWords[] = {"Exit", "sauber", "\xC3\xBC" "ber", "Wolken", "<tight>", "Gr\xC3\xB6\xC3\x9F" "e",
-                                  "R&W", "\"Docks\"", "K\xC3\xA4lte", "Spot", "perfekt", "l\xC3\xA4" "nding"};
+const char* const kNoteWords[] = {"Exit",
+                                  "sauber",
+                                  "\xC3\xBC"
+                                  "ber",
+                                  "Wolken",
+                                  "<tight>",
+                                  "Gr\xC3\xB6\xC3\x9F"
+                                  "e",
+                                  "R&W",
+                                  "\"Docks\"",
+                                  "K\xC3\xA4lte",
+                                  "Spot",
+                                  "perfekt",
+                                  "l\xC3\xA4"
+                                  "nding"};
 const char* const kSigners[] = {"J\xC3\xBCrgen M\xC3\xBCller", "Anna Virtanen", "Pierre L'\xC3\x89toile",
                                 "Sami Ker\xC3\xA4nen"};
 

@@ -36,8 +36,8 @@
 
 namespace {
 
-CWorkloadBench::Workload MakeWorkload(std::string name, std::string description, int jumps, int recordings,
-                                      int samples, int loadRuns, int saveRuns)
+CWorkloadBench::Workload MakeWorkload(std::string name, std::string description, int jumps, int recordings, int samples,
+                                      int loadRuns, int saveRuns)
 {
     CWorkloadBench::Workload workload;
     workload.name = std::move(name);
@@ -54,9 +54,8 @@ CWorkloadBench::Workload MakeWorkload(std::string name, std::string description,
 
 int Usage()
 {
-    std::fprintf(stderr,
-                 "usage: bench_document [--quick] [--only NAME] [--runs N] [--save-runs N] [--big-runs N] "
-                 "[--dir FOLDER] [--keep] [--callgrind]\n");
+    std::fprintf(stderr, "usage: bench_document [--quick] [--only NAME] [--runs N] [--save-runs N] [--big-runs N] "
+                         "[--dir FOLDER] [--keep] [--callgrind]\n");
     return 2;
 }
 
@@ -73,8 +72,8 @@ int main(int argc, char** argv)
     bool callgrind = false;
     int runs = 7;
     int saveRuns = 3;
-    int bigRuns = 0;   // 0: 3 loads and 2 saves
-    std::vector<std::string> only;   // names of the workloads to run; empty: all
+    int bigRuns = 0;               // 0: 3 loads and 2 saves
+    std::vector<std::string> only; // names of the workloads to run; empty: all
     std::string parent = std::filesystem::temp_directory_path().string();
     for (int i = 1; i < argc; ++i) {
         const std::string arg = argv[i];
@@ -108,7 +107,9 @@ int main(int argc, char** argv)
         workloads.push_back(MakeWorkload("100k", "100,000 jumps, no recordings", 100000, 0, 0, runs, saveRuns));
         workloads.push_back(MakeWorkload("10k-gps", "10,000 jumps, 1,000 GPS recordings of 1,500 waypoints", 10000,
                                          1000, 1500, bigRuns > 0 ? bigRuns : 3,
-                                         saveRuns == 0 ? 0 : bigRuns > 0 ? bigRuns : 2));
+                                         saveRuns == 0 ? 0
+                                         : bigRuns > 0 ? bigRuns
+                                                       : 2));
     }
     if (!only.empty()) {
         std::erase_if(workloads, [&](const CWorkloadBench::Workload& w) {

@@ -22,8 +22,8 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QDialog>
-#include <QSpinBox>
 #include <QElapsedTimer>
+#include <QSpinBox>
 
 #include <algorithm>
 #include <cstdio>
@@ -87,10 +87,8 @@ int main(int argc, char** argv)
 {
     QApplication application(argc, argv);
     const int repeats = argc > 1 && std::string(argv[1]) == "--quick" ? 3 : 7;
-    std::printf("%-8s %14s %14s %14s %14s\n", "jumps", "new: shown ms", "new: OK ms", "tap: shown ms",
-                "tap: OK ms");
-    for (int jumps : {1000, 10000, 100000})
-    {
+    std::printf("%-8s %14s %14s %14s %14s\n", "jumps", "new: shown ms", "new: OK ms", "tap: shown ms", "tap: OK ms");
+    for (int jumps : {1000, 10000, 100000}) {
         CMemorySettingsStore settings;
         // New jumps without wind: the last generated jump may have none to copy.
         settings.SetInt("Jump", "HasWind", 0);
@@ -120,10 +118,8 @@ int main(int argc, char** argv)
             --tapRow;
 
         std::vector<double> times[4];
-        for (int run = 0; run < repeats; ++run)
-        {
-            for (int kind = 0; kind < 2; ++kind)
-            {
+        for (int run = 0; run < repeats; ++run) {
+            for (int kind = 0; kind < 2; ++kind) {
                 runner.number = kind == 0 ? freeNumber : 0;
                 runner.clock.start();
                 if (kind == 0)
@@ -131,19 +127,16 @@ int main(int argc, char** argv)
                 else
                     frame.GetCommands()->OnRowActivated(tapRow);
                 const qint64 done = runner.clock.nsecsElapsed();
-                if (runner.lastResult != QDialog::Accepted)
-                {
+                if (runner.lastResult != QDialog::Accepted) {
                     std::printf("the editor refused OK: %s\n", qPrintable(quiet.last));
                     return 1;
                 }
                 times[kind * 2].push_back(runner.shownAt / 1e6);
                 times[kind * 2 + 1].push_back((done - runner.shownAt) / 1e6);
                 // The new jump goes again (untimed), so the next run's number is free too.
-                if (kind == 0)
-                {
+                if (kind == 0) {
                     for (const auto& jump : doc.GetJumps())
-                        if (jump->GetNumber() == freeNumber)
-                        {
+                        if (jump->GetNumber() == freeNumber) {
                             view->GetList()->RemoveJumpRow(jump.get());
                             doc.RemoveJump(static_cast<std::size_t>(doc.IndexOf(jump.get())));
                             break;

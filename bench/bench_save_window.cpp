@@ -61,8 +61,8 @@ public:
 // One save from start to end with a timer watching the event loop and the list scrolling.
 struct CSaveRun
 {
-    double blockMs = 0;   // the longest gap between timer runs, less the timer's interval
-    double saveMs = 0;    // from the command until the save has ended
+    double blockMs = 0; // the longest gap between timer runs, less the timer's interval
+    double saveMs = 0;  // from the command until the save has ended
 };
 
 CSaveRun MeasureSave(CMainFrame& frame, const std::function<void()>& start)
@@ -114,8 +114,7 @@ int main(int argc, char** argv)
     bool quick = false;
     int runs = 5;
     std::string only;
-    for (int i = 1; i < argc; ++i)
-    {
+    for (int i = 1; i < argc; ++i) {
         const std::string arg = argv[i];
         if (arg == "--quick")
             quick = true;
@@ -140,8 +139,7 @@ int main(int argc, char** argv)
     if (!only.empty())
         std::erase_if(workloads, [&](const Workload& w) { return only != w.name; });
     int misses = 0;
-    for (const Workload& workload : workloads)
-    {
+    for (const Workload& workload : workloads) {
         CMemorySettingsStore settings;
         CFixedClock clock(CDateTime(2025, 1, 2, 12, 0, 0));
         CQuietServices quiet;
@@ -155,9 +153,9 @@ int main(int argc, char** argv)
         options.barometric = 0;
         CLogbookDoc& doc = frame.GetDocument();
         CLogbookGenerator(options).Fill(doc);
-        const std::string path = QDir(folder.path()).filePath(QStringLiteral("%1.tvz").arg(workload.name)).toStdString();
-        if (!doc.Save(path))
-        {
+        const std::string path =
+            QDir(folder.path()).filePath(QStringLiteral("%1.tvz").arg(workload.name)).toStdString();
+        if (!doc.Save(path)) {
             std::printf("%s: cannot save %s\n", workload.name, path.c_str());
             return 100;
         }
@@ -167,10 +165,8 @@ int main(int argc, char** argv)
 
         std::vector<double> blocks[2];
         std::vector<double> saves[2];
-        for (int run = 0; run < runs; ++run)
-        {
-            for (int kind = 0; kind < 2; ++kind)
-            {
+        for (int run = 0; run < runs; ++run) {
+            for (int kind = 0; kind < 2; ++kind) {
                 doc.SetModified();
                 const CSaveRun measured = MeasureSave(frame, [&] {
                     if (kind == 0)
@@ -178,8 +174,7 @@ int main(int argc, char** argv)
                     else
                         frame.OnApplicationStateChanged(Qt::ApplicationInactive);
                 });
-                if (doc.IsModified() || !quiet.errors.isEmpty())
-                {
+                if (doc.IsModified() || !quiet.errors.isEmpty()) {
                     std::printf("%s: the save did not succeed\n", workload.name);
                     return 100;
                 }
@@ -187,15 +182,14 @@ int main(int argc, char** argv)
                 saves[kind].push_back(measured.saveMs);
             }
         }
-        for (int kind = 0; kind < 2; ++kind)
-        {
+        for (int kind = 0; kind < 2; ++kind) {
             const double worst = *std::max_element(blocks[kind].begin(), blocks[kind].end());
             const bool pass = worst <= kTargetMs;
             misses += pass ? 0 : 1;
             std::printf("%-8s %-15s longest block: median %6.1f ms, worst %6.1f ms of %d runs | save %7.0f ms "
                         "(median) | target <= %.0f ms | %s\n",
-                        workload.name, kind == 0 ? "Save command" : "automatic save", Median(blocks[kind]), worst,
-                        runs, Median(saves[kind]), kTargetMs, pass ? "PASS" : "MISS");
+                        workload.name, kind == 0 ? "Save command" : "automatic save", Median(blocks[kind]), worst, runs,
+                        Median(saves[kind]), kTargetMs, pass ? "PASS" : "MISS");
         }
         std::fflush(stdout);
     }

@@ -17,16 +17,15 @@ void CCheckCommand::Configure(QCommandLineParser& parser)
 
 QString CCheckCommand::Details() const
 {
-    return QStringLiteral(
-        "On success prints one line with the number of jumps in the file and the number of the\n"
-        "last jump, for example \"312 jumps, last jump number 431\", and exits with 0.\n"
-        "\n"
-        "On failure prints to standard error, one per line and in the same order, the texts the\n"
-        "window program shows in its message boxes (for a file of a newer version the version\n"
-        "message, then \"The file could not be opened.\") and exits with 1. A file that does not\n"
-        "exist or cannot be read gives \"The file could not be opened.\" alone.\n"
-        "\n"
-        "Exit codes: 0 the file loads, 1 it does not, 2 wrong command line.\n");
+    return QStringLiteral("On success prints one line with the number of jumps in the file and the number of the\n"
+                          "last jump, for example \"312 jumps, last jump number 431\", and exits with 0.\n"
+                          "\n"
+                          "On failure prints to standard error, one per line and in the same order, the texts the\n"
+                          "window program shows in its message boxes (for a file of a newer version the version\n"
+                          "message, then \"The file could not be opened.\") and exits with 1. A file that does not\n"
+                          "exist or cannot be read gives \"The file could not be opened.\" alone.\n"
+                          "\n"
+                          "Exit codes: 0 the file loads, 1 it does not, 2 wrong command line.\n");
 }
 
 int CCheckCommand::Execute(const QCommandLineParser& parser)

@@ -12,7 +12,12 @@ class CCommand
 {
 public:
     // Exit codes shared by every command.
-    enum ExitCode { Success = 0, Failure = 1, UsageError = 2 };
+    enum ExitCode
+    {
+        Success = 0,
+        Failure = 1,
+        UsageError = 2
+    };
 
     // Commands are owned through this base.
     virtual ~CCommand() = default;

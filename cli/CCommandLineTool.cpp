@@ -30,22 +30,21 @@ CCommand* CCommandLineTool::Find(const QString& name) const
 
 QString CCommandLineTool::HelpText() const
 {
-    QString text = QStringLiteral(
-        "Usage: tervola COMMAND [options] ARGUMENTS\n"
-        "The command-line companion of Tervola Pocket, the skydiver's logbook. It reads and writes\n"
-        "logbooks with the window program's own code: gzip-compressed (.tvz) or plain XML (.tvl).\n"
-        "\n"
-        "Commands:\n");
+    QString text =
+        QStringLiteral("Usage: tervola COMMAND [options] ARGUMENTS\n"
+                       "The command-line companion of Tervola Pocket, the skydiver's logbook. It reads and writes\n"
+                       "logbooks with the window program's own code: gzip-compressed (.tvz) or plain XML (.tvl).\n"
+                       "\n"
+                       "Commands:\n");
     for (const auto& command : m_commands)
         text += QStringLiteral("  %1  %2\n").arg(command->Name().leftJustified(9), command->Summary());
-    text += QStringLiteral(
-        "\n"
-        "Options:\n"
-        "  -h, --help   This help; \"tervola COMMAND --help\" explains a command and its options.\n"
-        "  --version    The program's version.\n"
-        "\n"
-        "Messages go to standard error, results to standard output.\n"
-        "Exit codes: 0 success, 1 a file could not be read or written, 2 wrong command line.\n");
+    text += QStringLiteral("\n"
+                           "Options:\n"
+                           "  -h, --help   This help; \"tervola COMMAND --help\" explains a command and its options.\n"
+                           "  --version    The program's version.\n"
+                           "\n"
+                           "Messages go to standard error, results to standard output.\n"
+                           "Exit codes: 0 success, 1 a file could not be read or written, 2 wrong command line.\n");
     return text;
 }
 

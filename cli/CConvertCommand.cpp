@@ -19,18 +19,17 @@ void CConvertCommand::Configure(QCommandLineParser& parser)
 
 QString CConvertCommand::Details() const
 {
-    return QStringLiteral(
-        "Saves exactly as the window program's Save does: an existing OUT is first copied to the\n"
-        "name with its last three characters replaced by \"bak\" (Jumps.tvz to Jumps.bak), the new\n"
-        "file is written beside OUT and only renamed over it once it is complete, so a failed save\n"
-        "leaves the old file as it was. The file's \"mod\" becomes the time of the save.\n"
-        "\n"
-        "When OUT is IN and another program changes the file while it is converted, it is not\n"
-        "overwritten: the tool prints \"The file was changed by another program after it was opened\n"
-        "here. It was not overwritten.\" and fails.\n"
-        "Errors while reading IN are printed as \"check\" prints them; a failed save prints\n"
-        "\"The file could not be saved.\". Nothing is printed on success.\n"
-        "Exit codes: 0 saved, 1 IN does not load or OUT cannot be saved, 2 wrong command line.\n");
+    return QStringLiteral("Saves exactly as the window program's Save does: an existing OUT is first copied to the\n"
+                          "name with its last three characters replaced by \"bak\" (Jumps.tvz to Jumps.bak), the new\n"
+                          "file is written beside OUT and only renamed over it once it is complete, so a failed save\n"
+                          "leaves the old file as it was. The file's \"mod\" becomes the time of the save.\n"
+                          "\n"
+                          "When OUT is IN and another program changes the file while it is converted, it is not\n"
+                          "overwritten: the tool prints \"The file was changed by another program after it was opened\n"
+                          "here. It was not overwritten.\" and fails.\n"
+                          "Errors while reading IN are printed as \"check\" prints them; a failed save prints\n"
+                          "\"The file could not be saved.\". Nothing is printed on success.\n"
+                          "Exit codes: 0 saved, 1 IN does not load or OUT cannot be saved, 2 wrong command line.\n");
 }
 
 int CConvertCommand::Execute(const QCommandLineParser& parser)

@@ -17,9 +17,10 @@ std::string CCsvExporter::Export(const CLogbookDoc& doc) const
 std::vector<std::string> CCsvExporter::Header() const
 {
     const std::string height = " [" + std::string(m_units.HeightLabel()) + "]";
-    return {"Number", "Date", "Time", "Place", "Aircraft", "Type", "Exit" + height, "Open" + height,
-            "Freefall time", "Fall rate", "Wind direction", "Wind speed [m/s]", "Equipment", "Landing", "Team",
-            "Size", "Points", "Malfunction", "Signed by", "Note"};
+    return {"Number",        "Date",          "Time",          "Place",     "Aircraft",       "Type",
+            "Exit" + height, "Open" + height, "Freefall time", "Fall rate", "Wind direction", "Wind speed [m/s]",
+            "Equipment",     "Landing",       "Team",          "Size",      "Points",         "Malfunction",
+            "Signed by",     "Note"};
 }
 
 std::vector<std::string> CCsvExporter::Row(const CJump& jump, const CLogbookDoc& doc) const
@@ -28,7 +29,7 @@ std::vector<std::string> CCsvExporter::Row(const CJump& jump, const CLogbookDoc&
     const CDateTime& when = jump.GetTimestamp().dateTime;
     const CJumpWind& wind = jump.GetWind();
     std::string note;
-    jump.GetNoteText(note);   // a note whose markup is broken has no plain text
+    jump.GetNoteText(note); // a note whose markup is broken has no plain text
     return {
         std::to_string(jump.GetNumber()),
         CTextFormat::IsoDate(when),

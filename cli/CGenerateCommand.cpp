@@ -38,8 +38,8 @@ void CGenerateCommand::Configure(QCommandLineParser& parser)
     parser.addPositionalArgument(QStringLiteral("OUT"),
                                  QStringLiteral("The file to write: plain XML when it ends in .tvl, gzip otherwise."));
     parser.addOption({kJumps, QStringLiteral("Number of jumps (required)."), QStringLiteral("N")});
-    parser.addOption({kRecordings, QStringLiteral("Jumps that carry a GPS recording (default 0, at most N)."),
-                      QStringLiteral("R")});
+    parser.addOption(
+        {kRecordings, QStringLiteral("Jumps that carry a GPS recording (default 0, at most N)."), QStringLiteral("R")});
     parser.addOption({kSamples, QStringLiteral("Waypoints of each GPS recording (default 100)."), QStringLiteral("S")});
     parser.addOption({kBarometric,
                       QStringLiteral("Further jumps with a barometric recording (default: one per 100 jumps)."),
@@ -49,23 +49,22 @@ void CGenerateCommand::Configure(QCommandLineParser& parser)
 
 QString CGenerateCommand::Details() const
 {
-    return QStringLiteral(
-        "The logbook holds the owner's profile (membership, licences, ratings, awards), three\n"
-        "rigs with inspection dates and the inspection alarm, a custom fall rate and N jumps over\n"
-        "several seasons up to 2025-09-27 at drop zones in Finland, Sweden, Germany, the Czech\n"
-        "Republic, Spain and the USA: every fall-rate kind, winds, rigs by number and by name,\n"
-        "formations with teams and points, malfunctions, pictures and videos, notes of several\n"
-        "lines with umlauts, and signatures with drawn strokes (the newest jumps stay unsigned).\n"
-        "R jumps spread over the logbook carry a GPS recording of S waypoints with annotations\n"
-        "and wind layers; B more carry a barometric recording. Jump numbers continue the\n"
-        "profile's previous jumps and now and then skip one.\n"
-        "\n"
-        "The same options and seed always give the same logbook; only the file's save time\n"
-        "(\"mod\" of the root) differs between two runs. The file is written with the program's\n"
-        "own save (backup and safe replace as for \"convert\").\n"
-        "\n"
-        "Example: tervola generate demo.tvz --jumps 300 --recordings 3 --samples 200 --seed 7\n"
-        "Exit codes: 0 written, 1 OUT cannot be saved, 2 wrong command line.\n");
+    return QStringLiteral("The logbook holds the owner's profile (membership, licences, ratings, awards), three\n"
+                          "rigs with inspection dates and the inspection alarm, a custom fall rate and N jumps over\n"
+                          "several seasons up to 2025-09-27 at drop zones in Finland, Sweden, Germany, the Czech\n"
+                          "Republic, Spain and the USA: every fall-rate kind, winds, rigs by number and by name,\n"
+                          "formations with teams and points, malfunctions, pictures and videos, notes of several\n"
+                          "lines with umlauts, and signatures with drawn strokes (the newest jumps stay unsigned).\n"
+                          "R jumps spread over the logbook carry a GPS recording of S waypoints with annotations\n"
+                          "and wind layers; B more carry a barometric recording. Jump numbers continue the\n"
+                          "profile's previous jumps and now and then skip one.\n"
+                          "\n"
+                          "The same options and seed always give the same logbook; only the file's save time\n"
+                          "(\"mod\" of the root) differs between two runs. The file is written with the program's\n"
+                          "own save (backup and safe replace as for \"convert\").\n"
+                          "\n"
+                          "Example: tervola generate demo.tvz --jumps 300 --recordings 3 --samples 200 --seed 7\n"
+                          "Exit codes: 0 written, 1 OUT cannot be saved, 2 wrong command line.\n");
 }
 
 int CGenerateCommand::Execute(const QCommandLineParser& parser)

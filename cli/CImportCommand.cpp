@@ -49,45 +49,44 @@ void CImportCommand::Configure(QCommandLineParser& parser)
     parser.addPositionalArgument(QStringLiteral("LOGBOOK"), QStringLiteral("The logbook (.tvz or .tvl)."));
     parser.addPositionalArgument(QStringLiteral("TRACK"),
                                  QStringLiteral("A FlySight 1 CSV file or a FlySight 2 TRACK.CSV."));
-    parser.addOption({kJump, QStringLiteral("Give the track to jump N (which has no recording yet) instead of "
-                                            "logging a new jump."),
+    parser.addOption({kJump,
+                      QStringLiteral("Give the track to jump N (which has no recording yet) instead of "
+                                     "logging a new jump."),
                       QStringLiteral("N")});
-    parser.addOption({kRate, QStringLiteral("Keep at most HZ samples a second (default: every fix)."),
-                      QStringLiteral("HZ")});
+    parser.addOption(
+        {kRate, QStringLiteral("Keep at most HZ samples a second (default: every fix)."), QStringLiteral("HZ")});
     parser.addOption({kBaro, QStringLiteral("Keep the barometer of a FlySight 2 session (SENSOR.CSV) as a "
                                             "barometric recording instead of the GPS track.")});
 }
 
 QString CImportCommand::Details() const
 {
-    return QStringLiteral(
-        "The track's exit, deployment and landing are found in its fixes. The jump gets the track\n"
-        "as its GPS recording (heights above the landing point, seconds from exit), the fall rate\n"
-        "\"Import\" with the exit and opening heights, freefall and canopy times and the maximum\n"
-        "and average vertical speeds, and the exit's date and time in local time. A new jump takes\n"
-        "the next number and, like a jump logged in the window, the place, aircraft, rig and the\n"
-        "other details of the last jump. A FlySight 2 SENSOR.CSV beside TRACK.CSV is read too.\n"
-        "\n"
-        "The logbook is saved as the window program's Save does (a .bak copy first, the new file\n"
-        "renamed over the old one only once complete). Then the result is printed:\n"
-        "  Jump         the jump's number\n"
-        "  Exit         date, time and UTC offset, and the exit height in metres\n"
-        "  Opening      the opening height in metres\n"
-        "  Freefall     seconds, and Canopy seconds\n"
-        "  Speed        maximum and average vertical freefall speed in m/s\n"
-        "\n"
-        "A track that cannot be read or holds no jump prints why (with the line at fault) and the\n"
-        "logbook is left as it was.\n"
-        "Exit codes: 0 imported and saved, 1 a file could not be read, used or saved, 2 wrong\n"
-        "command line.\n");
+    return QStringLiteral("The track's exit, deployment and landing are found in its fixes. The jump gets the track\n"
+                          "as its GPS recording (heights above the landing point, seconds from exit), the fall rate\n"
+                          "\"Import\" with the exit and opening heights, freefall and canopy times and the maximum\n"
+                          "and average vertical speeds, and the exit's date and time in local time. A new jump takes\n"
+                          "the next number and, like a jump logged in the window, the place, aircraft, rig and the\n"
+                          "other details of the last jump. A FlySight 2 SENSOR.CSV beside TRACK.CSV is read too.\n"
+                          "\n"
+                          "The logbook is saved as the window program's Save does (a .bak copy first, the new file\n"
+                          "renamed over the old one only once complete). Then the result is printed:\n"
+                          "  Jump         the jump's number\n"
+                          "  Exit         date, time and UTC offset, and the exit height in metres\n"
+                          "  Opening      the opening height in metres\n"
+                          "  Freefall     seconds, and Canopy seconds\n"
+                          "  Speed        maximum and average vertical freefall speed in m/s\n"
+                          "\n"
+                          "A track that cannot be read or holds no jump prints why (with the line at fault) and the\n"
+                          "logbook is left as it was.\n"
+                          "Exit codes: 0 imported and saved, 1 a file could not be read, used or saved, 2 wrong\n"
+                          "command line.\n");
 }
 
 int CImportCommand::Execute(const QCommandLineParser& parser)
 {
     const QStringList arguments = parser.positionalArguments();
     CTrackImportOptions options;
-    if (parser.isSet(kRate))
-    {
+    if (parser.isSet(kRate)) {
         bool ok = false;
         options.rateHz = parser.value(kRate).toDouble(&ok);
         if (!ok || !(options.rateHz > 0.0) || !std::isfinite(options.rateHz))
@@ -95,8 +94,7 @@ int CImportCommand::Execute(const QCommandLineParser& parser)
     }
     options.barometric = parser.isSet(kBaro);
     int number = 0;
-    if (parser.isSet(kJump))
-    {
+    if (parser.isSet(kJump)) {
         bool ok = false;
         number = parser.value(kJump).toInt(&ok);
         if (!ok)
@@ -108,24 +106,21 @@ int CImportCommand::Execute(const QCommandLineParser& parser)
     if (!CLogbookOpener::OpenOrReport(doc, logbook))
         return Failure;
     CJump* target = nullptr;
-    if (parser.isSet(kJump))
-    {
+    if (parser.isSet(kJump)) {
         target = CLogbookOpener::FindJumpOrReport(doc, number);
         if (!target)
             return Failure;
         const char* refusal = target->GetRecording().IsPresent() ? " already has a recording."
                               : target->IsSigned()               ? " is signed and cannot be changed."
                                                                  : nullptr;
-        if (refusal)
-        {
+        if (refusal) {
             CConsole::ErrLine("Jump " + std::to_string(number) + refusal);
             return Failure;
         }
     }
 
     const CTrackFileImport imported = CTrackFileImport::Run(LocalPath(arguments.at(1)), options);
-    if (!imported.ok)
-    {
+    if (!imported.ok) {
         CConsole::ErrLine(imported.message);
         return Failure;
     }
@@ -137,19 +132,16 @@ int CImportCommand::Execute(const QCommandLineParser& parser)
     CJumpEdit edit(doc, units, nullptr, clock, target);
     edit.TakeImport(imported.jump.recording, imported.jump.fallrate, imported.jump.exitTime);
     const CCheckResult check = edit.ValidateAll();
-    if (!check.Passed())
-    {
+    if (!check.Passed()) {
         CConsole::ErrLine(check.message);
         return Failure;
     }
     const CJumpEdit::ApplyResult applied = edit.Apply();
-    if (!applied.ok || !applied.jump)
-    {
+    if (!applied.ok || !applied.jump) {
         CConsole::ErrLine(applied.error);
         return Failure;
     }
-    if (!doc.Save(logbook))
-    {
+    if (!doc.Save(logbook)) {
         CConsole::ErrLine(StringTable::Text(StringTable::IDS_SAVE_FAILED));
         return Failure;
     }

@@ -23,17 +23,16 @@ void CInfoCommand::Configure(QCommandLineParser& parser)
 
 QString CInfoCommand::Details() const
 {
-    return QStringLiteral(
-        "Prints five lines \"label: value\" with the values of the home screen:\n"
-        "  Number of Jumps          the number of the last jump (not the count of logged jumps)\n"
-        "  Freefall Time            H:MM:SS, the previous freefall delay of the profile included\n"
-        "  Freefall Dist. [km|mi]   the average per logged jump times the last jump number\n"
-        "  Canopy Dist. [km|mi]     the same for the opening heights\n"
-        "  Last Jump                the date of the last jump as YYYY-MM-DD (empty without jumps)\n"
-        "Distances are whole kilometres or miles.\n"
-        "\n"
-        "A logbook that does not load prints the program's messages as \"check\" does.\n"
-        "Exit codes: 0 printed, 1 the file does not load, 2 wrong command line.\n");
+    return QStringLiteral("Prints five lines \"label: value\" with the values of the home screen:\n"
+                          "  Number of Jumps          the number of the last jump (not the count of logged jumps)\n"
+                          "  Freefall Time            H:MM:SS, the previous freefall delay of the profile included\n"
+                          "  Freefall Dist. [km|mi]   the average per logged jump times the last jump number\n"
+                          "  Canopy Dist. [km|mi]     the same for the opening heights\n"
+                          "  Last Jump                the date of the last jump as YYYY-MM-DD (empty without jumps)\n"
+                          "Distances are whole kilometres or miles.\n"
+                          "\n"
+                          "A logbook that does not load prints the program's messages as \"check\" does.\n"
+                          "Exit codes: 0 printed, 1 the file does not load, 2 wrong command line.\n");
 }
 
 std::vector<std::pair<std::string, std::string>> CInfoCommand::SummaryLines(const CLogbookDoc& doc,

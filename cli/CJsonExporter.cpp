@@ -94,9 +94,8 @@ QJsonObject CJsonExporter::Equipments(const CEquipmentList& rigs)
         }));
     }
     // The alarm days are -1 while the alarm is off; the cycle is kept either way.
-    return FromPairs({{"inspectionCycle", rigs.GetInspectionCycle()},
-                      {"alarmDays", rigs.GetAlarmDays()},
-                      {"equipment", list}});
+    return FromPairs(
+        {{"inspectionCycle", rigs.GetInspectionCycle()}, {"alarmDays", rigs.GetAlarmDays()}, {"equipment", list}});
 }
 
 QJsonObject CJsonExporter::Jump(const CJump& jump, const CLogbookSettings& settings)
@@ -107,7 +106,7 @@ QJsonObject CJsonExporter::Jump(const CJump& jump, const CLogbookSettings& setti
     for (const CJumpImage& image : jump.GetImages())
         images.append(FromPairs({{"name", Text(image.name)}, {"thumbnail", Text(image.thumbnail)}}));
     std::string noteText;
-    jump.GetNoteText(noteText);   // a note whose markup is broken has no plain text
+    jump.GetNoteText(noteText); // a note whose markup is broken has no plain text
 
     return FromPairs({
         {"n", jump.GetNumber()},
@@ -128,8 +127,8 @@ QJsonObject CJsonExporter::Jump(const CJump& jump, const CLogbookSettings& setti
         // "n" is the position in the rig list when the jump names a rig by number, else null.
         {"equipment",
          FromPairs({{"n", equipment.mode == CJumpEquipmentRef::ByIndex ? QJsonValue(equipment.index) : QJsonValue()},
-                    {"description",
-                     Text(equipment.mode == CJumpEquipmentRef::ByDescription ? equipment.description : std::string())}})},
+                    {"description", Text(equipment.mode == CJumpEquipmentRef::ByDescription ? equipment.description
+                                                                                            : std::string())}})},
         {"size", jump.GetSize()},
         {"points", jump.GetPoints()},
         {"team", Text(jump.GetTeam())},
@@ -162,7 +161,8 @@ QJsonObject CJsonExporter::Profile(const CJumpRecording& recording)
     }
     QJsonArray annotations;
     for (const CJumpAnnotation& annotation : recording.GetAnnotations())
-        annotations.append(FromPairs({{"a", annotation.altitude}, {"t", annotation.time}, {"txt", Text(annotation.text)}}));
+        annotations.append(
+            FromPairs({{"a", annotation.altitude}, {"t", annotation.time}, {"txt", Text(annotation.text)}}));
     QJsonArray winds;
     for (const CRecordingWind& wind : recording.GetWinds())
         winds.append(FromPairs({{"direction", wind.direction}, {"speed", wind.speed}, {"altitude", wind.altitude}}));

@@ -23,7 +23,8 @@ CUnitSettings CUnitsOption::StoredPreference()
     const QSettings settings(QStringLiteral("Orlithe"), QStringLiteral("Tervola Pocket"));
     CMemorySettingsStore store;
     for (std::string_view name : {CUnitSettings::kUnits, CUnitSettings::kSpeed, CUnitSettings::kGlide}) {
-        const QString key = QString::fromLatin1(CUnitSettings::kSection.data(), static_cast<qsizetype>(CUnitSettings::kSection.size())) +
+        const QString key = QString::fromLatin1(CUnitSettings::kSection.data(),
+                                                static_cast<qsizetype>(CUnitSettings::kSection.size())) +
                             QLatin1Char('/') + QString::fromLatin1(name.data(), static_cast<qsizetype>(name.size()));
         bool ok = false;
         const int value = settings.value(key).toString().trimmed().toInt(&ok);

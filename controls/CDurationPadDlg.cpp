@@ -40,11 +40,11 @@ CDurationPadDlg::CDurationPadDlg(QWidget* parent, const QString& title, int hour
       m_start(m_state)
 {
     setObjectName(QStringLiteral("durationPad"));
-    for (int i = 0; i < static_cast<int>(Key::Count); ++i)
-    {
+    for (int i = 0; i < static_cast<int>(Key::Count); ++i) {
         const Key key = static_cast<Key>(i);
-        m_keys[static_cast<std::size_t>(i)] = AddKey(KeyName(key), QString::fromStdString(CDurationPadState::Label(key)),
-                                                     key < Key::HourPlus1 ? kHourFace : kStepFace, i);
+        m_keys[static_cast<std::size_t>(i)] =
+            AddKey(KeyName(key), QString::fromStdString(CDurationPadState::Label(key)),
+                   key < Key::HourPlus1 ? kHourFace : kStepFace, i);
     }
     for (int digit = 0; digit <= 9; ++digit)
         AddShortcut(Qt::Key_0 + digit, KeyButton(CDurationPadState::Hour(digit)));
@@ -78,8 +78,7 @@ QLayout* CDurationPadDlg::ArrangeKeys(bool landscape)
 {
     // The hours: two rows of hour keys, the steps up, the steps down.
     QGridLayout* hours = NewGrid();
-    for (int i = 0; i < 6; ++i)
-    {
+    for (int i = 0; i < 6; ++i) {
         hours->addWidget(KeyButton(At(Key::Hour0, i)), 0, i);
         hours->addWidget(KeyButton(At(Key::Hour6, i)), 1, i);
         hours->addWidget(KeyButton(At(Key::HourPlus1, i)), 2, i);
@@ -93,8 +92,7 @@ QLayout* CDurationPadDlg::ArrangeKeys(bool landscape)
     const int secondsColumn = landscape ? 0 : 3;
     steps->addWidget(m_minutesCaption, top, 0, 1, 3);
     steps->addWidget(m_secondsCaption, secondsRow, secondsColumn, 1, 3);
-    for (int i = 0; i < 3; ++i)
-    {
+    for (int i = 0; i < 3; ++i) {
         steps->addWidget(KeyButton(At(Key::MinutePlus1, i)), top + 1, i);
         steps->addWidget(KeyButton(At(Key::MinuteMinus1, i)), top + 2, i);
         steps->addWidget(KeyButton(At(Key::SecondPlus1, i)), secondsRow + 1, secondsColumn + i);

@@ -39,8 +39,8 @@ void CKqButton::SetFaceColour(const QColor& face)
 QFont CKqButton::PadFont()
 {
     static const QString family = QFontDatabase::families().contains(QStringLiteral("Tahoma"))
-        ? QStringLiteral("Tahoma")
-        : QFontDatabase::systemFont(QFontDatabase::GeneralFont).family();
+                                      ? QStringLiteral("Tahoma")
+                                      : QFontDatabase::systemFont(QFontDatabase::GeneralFont).family();
     QFont font(family);
     font.setStyleHint(QFont::SansSerif);
     font.setPixelSize(14);
@@ -101,21 +101,17 @@ void CKqButton::paintEvent(QPaintEvent*)
 
     QPainterPath path;
     path.addRoundedRect(outline, kRadius, kRadius);
-    if (enabled && !down)
-    {
+    if (enabled && !down) {
         QLinearGradient gradient(outline.topLeft(), outline.bottomLeft());
         gradient.setColorAt(0.0, face.lighter(118));
         gradient.setColorAt(1.0, face.darker(106));
         painter.fillPath(path, gradient);
-    }
-    else
-    {
+    } else {
         painter.fillPath(path, face);
     }
 
     // A light upper edge makes a raised key; a pushed key gets a shadow along its top instead.
-    if (enabled)
-    {
+    if (enabled) {
         const QRectF inner = outline.adjusted(1.5, 1.5, -1.5, -1.5);
         painter.setPen(QPen(down ? face.darker(140) : face.lighter(140), 1.0));
         painter.drawLine(QPointF(inner.left() + kRadius, inner.top()), QPointF(inner.right() - kRadius, inner.top()));
@@ -123,8 +119,7 @@ void CKqButton::paintEvent(QPaintEvent*)
     painter.setPen(QPen(enabled ? m_face.darker(down ? 220 : 170) : face.darker(130), 1.0));
     painter.drawPath(path);
 
-    if (hasFocus())
-    {
+    if (hasFocus()) {
         painter.setPen(QPen(palette().color(QPalette::Highlight), 2.0));
         painter.drawRoundedRect(outline.adjusted(2.0, 2.0, -2.0, -2.0), kRadius - 1, kRadius - 1);
     }
@@ -133,11 +128,10 @@ void CKqButton::paintEvent(QPaintEvent*)
     QRect area = rect().adjusted(kPadding, kPadding, -kPadding, -kPadding);
     if (down)
         area.translate(1, 1);
-    if (!icon().isNull())
-    {
+    if (!icon().isNull()) {
         const int side = std::min({iconSize().width(), iconSize().height(), area.height()});
-        const QPixmap pixmap = icon().pixmap(QSize(side, side), devicePixelRatioF(),
-                                             enabled ? QIcon::Normal : QIcon::Disabled);
+        const QPixmap pixmap =
+            icon().pixmap(QSize(side, side), devicePixelRatioF(), enabled ? QIcon::Normal : QIcon::Disabled);
         const QFont labelFont = FittingFont(std::max(0, area.width() - side - kIconGap));
         const int labelWidth = text().isEmpty() ? 0 : QFontMetrics(labelFont).horizontalAdvance(text()) + kIconGap;
         const int left = area.left() + std::max(0, (area.width() - side - labelWidth) / 2);

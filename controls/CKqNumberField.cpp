@@ -66,8 +66,7 @@ void CKqNumberField::OpenPad()
     CNumberPadDlg pad(window(), m_padTitle, m_spin->value(), 0, m_allowNegative);
     const CKqPropertyPage* page = CKqPropertyPage::PageOf(this);
     const int result = page ? page->RunModal(pad) : RunDialog(nullptr, pad);
-    if (result == QDialog::Accepted)
-    {
+    if (result == QDialog::Accepted) {
         m_spin->setValue(pad.Value());
         m_spin->setFocus(Qt::OtherFocusReason);
     }

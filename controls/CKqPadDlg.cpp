@@ -109,12 +109,10 @@ void CKqPadDlg::EvenOut(QLayout* keys)
     QList<QGridLayout*> grids = keys->findChildren<QGridLayout*>();
     if (auto* grid = qobject_cast<QGridLayout*>(keys))
         grids.append(grid);
-    for (QGridLayout* grid : grids)
-    {
+    for (QGridLayout* grid : grids) {
         for (int column = 0; column < grid->columnCount(); ++column)
             grid->setColumnStretch(column, 1);
-        for (int row = 0; row < grid->rowCount(); ++row)
-        {
+        for (int row = 0; row < grid->rowCount(); ++row) {
             QLayoutItem* first = grid->itemAtPosition(row, 0);
             grid->setRowStretch(row, first && qobject_cast<CKqButton*>(first->widget()) ? 1 : 0);
         }
@@ -123,8 +121,7 @@ void CKqPadDlg::EvenOut(QLayout* keys)
 
 void CKqPadDlg::LimitKeys(const QSize& smallest, const QSize& largest)
 {
-    for (CKqButton* key : m_keys)
-    {
+    for (CKqButton* key : m_keys) {
         key->setMinimumSize(smallest);
         key->setMaximumSize(largest);
     }
@@ -159,8 +156,7 @@ void CKqPadDlg::FitTo(const QSize& room)
     commands->addWidget(m_ok);
     commands->addWidget(m_cancel);
     main->addLayout(commands);
-    for (CKqButton* command : {m_ok, m_cancel})
-    {
+    for (CKqButton* command : {m_ok, m_cancel}) {
         command->setMinimumSize(smallest.width(), commandHeight);
         command->setMaximumHeight(commandHeight);
     }
@@ -174,8 +170,8 @@ void CKqPadDlg::FitTo(const QSize& room)
         const QSize most = keys->maximumSize();
         const QSize least = keys->minimumSize();
         const int width = std::clamp(most.width(), least.width(), std::max(least.width(), room.width() - 2 * kMargin));
-        const int height = std::clamp(most.height(), least.height(),
-                                      std::max(least.height(), room.height() - fixedHeight));
+        const int height =
+            std::clamp(most.height(), least.height(), std::max(least.height(), room.height() - fixedHeight));
         return QSize(width + 2 * kMargin, height + fixedHeight);
     };
     QSize size = fit(largestHeight);
@@ -184,8 +180,7 @@ void CKqPadDlg::FitTo(const QSize& room)
     int keyWidth = largestWidth;
     for (CKqButton* key : m_keys)
         keyWidth = std::min(keyWidth, key->width());
-    if (keyWidth < largestHeight)
-    {
+    if (keyWidth < largestHeight) {
         size = fit(keyWidth);
         resize(size);
         main->activate();
@@ -198,15 +193,13 @@ void CKqPadDlg::keyPressEvent(QKeyEvent* event)
     CKqButton* key = m_textShortcuts.value(event->text(), nullptr);
     if (!key)
         key = m_keyShortcuts.value(event->key(), nullptr);
-    if (key)
-    {
+    if (key) {
         // A disabled key ignores the click.
         key->click();
         event->accept();
         return;
     }
-    switch (event->key())
-    {
+    switch (event->key()) {
     case Qt::Key_Return:
     case Qt::Key_Enter:
         event->accept();
@@ -223,8 +216,7 @@ void CKqPadDlg::keyPressEvent(QKeyEvent* event)
 
 void CKqPadDlg::showEvent(QShowEvent* event)
 {
-    if (!m_fitted)
-    {
+    if (!m_fitted) {
         const QScreen* where = screen();
         FitTo(where ? where->availableGeometry().size() : QSize(240, 320));
     }

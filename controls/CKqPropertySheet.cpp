@@ -111,11 +111,9 @@ void CKqPropertySheet::OnCurrentChanged(int index)
     if (m_reverting)
         return;
     const int left = m_current;
-    if (left >= 0 && left != index && left < m_pages.size())
-    {
+    if (left >= 0 && left != index && left < m_pages.size()) {
         const CCheckResult result = m_pages[left]->Validate();
-        if (!result.Passed())
-        {
+        if (!result.Passed()) {
             ShowFailure(left, result);
             return;
         }
@@ -125,8 +123,7 @@ void CKqPropertySheet::OnCurrentChanged(int index)
 
 void CKqPropertySheet::ShowFailure(int pageIndex, const CCheckResult& result)
 {
-    if (m_tabs->currentIndex() != pageIndex)
-    {
+    if (m_tabs->currentIndex() != pageIndex) {
         m_reverting = true;
         m_tabs->setCurrentIndex(pageIndex);
         m_reverting = false;
@@ -143,11 +140,9 @@ void CKqPropertySheet::ShowFailure(int pageIndex, const CCheckResult& result)
 void CKqPropertySheet::accept()
 {
     InitialisePages();
-    for (int i = 0; i < m_pages.size(); ++i)
-    {
+    for (int i = 0; i < m_pages.size(); ++i) {
         const CCheckResult result = m_pages[i]->Validate();
-        if (!result.Passed())
-        {
+        if (!result.Passed()) {
             ShowFailure(i, result);
             return;
         }
@@ -159,8 +154,7 @@ void CKqPropertySheet::accept()
 void CKqPropertySheet::showEvent(QShowEvent* event)
 {
     InitialisePages();
-    if (!m_fitted)
-    {
+    if (!m_fitted) {
         m_fitted = true;
         FitToScreen();
     }

@@ -61,10 +61,10 @@ void CKqTimeField::OpenPad()
     CTimePadDlg pad(window(), m_padTitle, hour, minute);
     const CKqPropertyPage* page = CKqPropertyPage::PageOf(this);
     const int result = page ? page->RunModal(pad) : RunDialog(nullptr, pad);
-    if (result == QDialog::Accepted)
-    {
-        m_edit->setText(QStringLiteral("%1:%2").arg(pad.Hour(), 2, 10, QLatin1Char('0')).arg(pad.Minute(), 2, 10,
-                                                                                             QLatin1Char('0')));
+    if (result == QDialog::Accepted) {
+        m_edit->setText(QStringLiteral("%1:%2")
+                            .arg(pad.Hour(), 2, 10, QLatin1Char('0'))
+                            .arg(pad.Minute(), 2, 10, QLatin1Char('0')));
         m_edit->setFocus(Qt::OtherFocusReason);
     }
 }

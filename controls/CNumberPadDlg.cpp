@@ -25,16 +25,15 @@ CNumberPadState LocaleState(int scaledValue, int maxDecimals, bool allowNegative
 
 CNumberPadDlg::CNumberPadDlg(QWidget* parent, const QString& title, int scaledValue, int maxDecimals,
                              bool allowNegative)
-    : CKqPadDlg(parent, title, QStringLiteral("Zahl")),
-      m_state(LocaleState(scaledValue, maxDecimals, allowNegative)), m_start(m_state)
+    : CKqPadDlg(parent, title, QStringLiteral("Zahl")), m_state(LocaleState(scaledValue, maxDecimals, allowNegative)),
+      m_start(m_state)
 {
     setObjectName(QStringLiteral("numberPad"));
     const auto add = [this](Key key, const QString& name, const QString& text, const QColor& face) {
         m_keys[static_cast<std::size_t>(key)] = AddKey(name, text, face, static_cast<int>(key));
         return m_keys[static_cast<std::size_t>(key)];
     };
-    for (int digit = 0; digit <= 9; ++digit)
-    {
+    for (int digit = 0; digit <= 9; ++digit) {
         CKqButton* key = add(CNumberPadState::Digit(digit), QString::number(digit), QString::number(digit), kDigitFace);
         AddShortcut(Qt::Key_0 + digit, key);
     }
@@ -75,11 +74,10 @@ void CNumberPadDlg::Refresh()
 QLayout* CNumberPadDlg::ArrangeKeys(bool)
 {
     // The calculator's order on any screen: 7 8 9 on top, the sign, 0 and separator at the bottom.
-    static constexpr Key kRows[4][4] = {
-        {Key::Digit7, Key::Digit8, Key::Digit9, Key::Back},
-        {Key::Digit4, Key::Digit5, Key::Digit6, Key::Clear},
-        {Key::Digit1, Key::Digit2, Key::Digit3, Key::Plus},
-        {Key::Sign, Key::Digit0, Key::Separator, Key::Equals}};
+    static constexpr Key kRows[4][4] = {{Key::Digit7, Key::Digit8, Key::Digit9, Key::Back},
+                                        {Key::Digit4, Key::Digit5, Key::Digit6, Key::Clear},
+                                        {Key::Digit1, Key::Digit2, Key::Digit3, Key::Plus},
+                                        {Key::Sign, Key::Digit0, Key::Separator, Key::Equals}};
     QGridLayout* grid = NewGrid();
     for (int row = 0; row < 4; ++row)
         for (int column = 0; column < 4; ++column)

@@ -5,16 +5,13 @@
 #include <algorithm>
 #include <cmath>
 
-CPlotAxis::CPlotAxis(double min, double max, double from, double to)
-    : m_min(min), m_max(max), m_from(from), m_to(to)
+CPlotAxis::CPlotAxis(double min, double max, double from, double to) : m_min(min), m_max(max), m_from(from), m_to(to)
 {
-    if (!std::isfinite(m_min) || !std::isfinite(m_max))
-    {
+    if (!std::isfinite(m_min) || !std::isfinite(m_max)) {
         m_min = 0.0;
         m_max = 1.0;
     }
-    if (m_max - m_min <= 0.0)
-    {
+    if (m_max - m_min <= 0.0) {
         m_min -= 1.0;
         m_max += 1.0;
     }

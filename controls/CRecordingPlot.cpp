@@ -133,20 +133,16 @@ void CRecordingPlot::UpdateLayout()
     const double line = metrics.height();
     const QRectF all = QRectF(rect()).adjusted(kMargin, kMargin, -kMargin, -kMargin);
     QRectF timeRoom = all;
-    if (m_series.HasGround())
-    {
+    if (m_series.HasGround()) {
         // Beside the time panels when the widget is wide, below them when it is tall; either
         // way the time panels keep the larger share.
-        if (all.width() > all.height() * 1.15)
-        {
+        if (all.width() > all.height() * 1.15) {
             // As high as the time panels, from the top of the altitude panel to the time labels.
             // A handheld lying on its side keeps most of its width for the time panels.
             const double side = std::min(all.height() - line, all.width() * (all.width() < 480 ? 0.3 : 0.38));
             m_groundArea = QRectF(all.right() - side, all.top() + line, side, all.height() - 2 * line);
             timeRoom.setRight(m_groundArea.left() - kGap * 2);
-        }
-        else
-        {
+        } else {
             const double height = std::min(all.width(), all.height() * 0.36);
             m_groundArea = QRectF(all.left(), all.bottom() - height + line, all.width(), height - line);
             timeRoom.setBottom(all.bottom() - height - kGap);
@@ -158,16 +154,15 @@ void CRecordingPlot::UpdateLayout()
         const double from = m_series.ExitTime().value_or(times.front());
         CRecordingSeries::Range east{ground.back().east, ground.back().east};
         CRecordingSeries::Range north{ground.back().north, ground.back().north};
-        for (std::size_t i = 0; i < ground.size(); ++i)
-        {
+        for (std::size_t i = 0; i < ground.size(); ++i) {
             if (times[i] < from)
                 continue;
             east = {std::min(east.min, ground[i].east), std::max(east.max, ground[i].east)};
             north = {std::min(north.min, ground[i].north), std::max(north.max, ground[i].north)};
         }
         const QRectF inner = m_groundArea.adjusted(kGroundPadding, kGroundPadding, -kGroundPadding, -kGroundPadding);
-        m_groundScale = std::max(std::min(inner.width() / std::max(east.Span(), 1.0),
-                                          inner.height() / std::max(north.Span(), 1.0)), 1e-6);
+        m_groundScale = std::max(
+            std::min(inner.width() / std::max(east.Span(), 1.0), inner.height() / std::max(north.Span(), 1.0)), 1e-6);
         const QPointF middle((east.min + east.max) / 2, (north.min + north.max) / 2);
         m_groundOrigin = inner.center() - QPointF(middle.x() * m_groundScale, -middle.y() * m_groundScale);
     }
@@ -192,20 +187,20 @@ void CRecordingPlot::LayoutTimePanels(const QRectF& room)
     };
     m_altitudeAxis = padded(m_units.HeightToDisplay(altitude.min), m_units.HeightToDisplay(altitude.max));
     // The speed panel always shows zero, the line between climbing and falling.
-    m_speedAxis = padded(m_units.SpeedToDisplay(std::min(speed.min, 0.0)), m_units.SpeedToDisplay(std::max(speed.max, 0.0)));
+    m_speedAxis =
+        padded(m_units.SpeedToDisplay(std::min(speed.min, 0.0)), m_units.SpeedToDisplay(std::max(speed.max, 0.0)));
     double labels = 0.0;
-    for (CPlotAxis* axis : {&m_altitudeAxis, &m_speedAxis})
-    {
+    for (CPlotAxis* axis : {&m_altitudeAxis, &m_speedAxis}) {
         axis->ChooseStep(line * 2);
         for (double tick : axis->Ticks())
             labels = std::max(labels, metrics.horizontalAdvance(CPlotAxis::Label(tick, axis->Step())));
     }
     double winds = 0.0;
-    if (!m_series.Winds().empty())
-    {
+    if (!m_series.Winds().empty()) {
         double widest = metrics.horizontalAdvance(QStringLiteral("00"));
         for (const CRecordingWind& wind : m_series.Winds())
-            widest = std::max(widest, metrics.horizontalAdvance(QString::number(std::lround(m_units.WindToDisplay(wind.speed)))));
+            widest = std::max(
+                widest, metrics.horizontalAdvance(QString::number(std::lround(m_units.WindToDisplay(wind.speed)))));
         const std::string_view unit = m_units.WindLabel();
         winds = std::max(line + 1 + widest,
                          metrics.horizontalAdvance(QString::fromLatin1(unit.data(), static_cast<int>(unit.size())))) +
@@ -243,8 +238,7 @@ bool CRecordingPlot::PointAt(const QPointF& position)
     const QFontMetricsF metrics(SmallFont());
     const QRectF timePanels = m_altitudeArea.united(m_speedArea).adjusted(0, -metrics.height(), 0, metrics.height());
     if (position.y() >= timePanels.top() && position.y() <= timePanels.bottom() &&
-        position.x() >= timePanels.left() - kGap && position.x() <= timePanels.right() + kGap)
-    {
+        position.x() >= timePanels.left() - kGap && position.x() <= timePanels.right() + kGap) {
         SetCursorTime(TimeAtX(std::clamp(position.x(), timePanels.left(), timePanels.right())));
         return true;
     }
@@ -254,8 +248,7 @@ bool CRecordingPlot::PointAt(const QPointF& position)
     const auto& ground = m_series.Ground();
     std::size_t nearest = 0;
     double best = std::numeric_limits<double>::max();
-    for (std::size_t i = 0; i < ground.size(); ++i)
-    {
+    for (std::size_t i = 0; i < ground.size(); ++i) {
         const QPointF p(m_groundOrigin.x() + ground[i].east * m_groundScale,
                         m_groundOrigin.y() - ground[i].north * m_groundScale);
         const double distance = QPointF::dotProduct(p - position, p - position);
@@ -288,26 +281,32 @@ void CRecordingPlot::keyPressEvent(QKeyEvent* event)
     const double step = event->modifiers() & Qt::ShiftModifier ? kKeyStep * 10 : kKeyStep;
     // The first key press shows the cursor at the exit, or at the start without one.
     const double from = m_hasCursor ? m_cursorTime : m_series.ExitTime().value_or(range.min);
-    switch (event->key())
-    {
-    case Qt::Key_Left: SetCursorTime(m_hasCursor ? from - step : from); break;
-    case Qt::Key_Right: SetCursorTime(m_hasCursor ? from + step : from); break;
-    case Qt::Key_Home: SetCursorTime(range.min); break;
-    case Qt::Key_End: SetCursorTime(range.max); break;
-    default: return QWidget::keyPressEvent(event);
+    switch (event->key()) {
+    case Qt::Key_Left:
+        SetCursorTime(m_hasCursor ? from - step : from);
+        break;
+    case Qt::Key_Right:
+        SetCursorTime(m_hasCursor ? from + step : from);
+        break;
+    case Qt::Key_Home:
+        SetCursorTime(range.min);
+        break;
+    case Qt::Key_End:
+        SetCursorTime(range.max);
+        break;
+    default:
+        return QWidget::keyPressEvent(event);
     }
     event->accept();
 }
 
 bool CRecordingPlot::event(QEvent* event)
 {
-    switch (event->type())
-    {
+    switch (event->type()) {
     case QEvent::TouchBegin:
     case QEvent::TouchUpdate:
     case QEvent::TouchEnd:
-    case QEvent::TouchCancel:
-    {
+    case QEvent::TouchCancel: {
         // Accepted, so that Qt makes no mouse events from the touch as well.
         event->accept();
         auto* touch = static_cast<QTouchEvent*>(event);
@@ -320,6 +319,7 @@ bool CRecordingPlot::event(QEvent* event)
             m_touchId = -1;
         return true;
     }
-    default: return QWidget::event(event);
+    default:
+        return QWidget::event(event);
     }
 }

@@ -41,8 +41,7 @@ void CRecordingPlot::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     painter.fillRect(rect(), palette().color(QPalette::Base));
-    if (m_series.IsEmpty())
-    {
+    if (m_series.IsEmpty()) {
         painter.setPen(palette().color(QPalette::PlaceholderText));
         painter.drawText(rect(), Qt::AlignCenter, tr("No recording"));
         return;
@@ -62,9 +61,8 @@ void CRecordingPlot::paintEvent(QPaintEvent*)
     PaintCursor(painter, taken);
 }
 
-void CRecordingPlot::PaintTimePanel(QPainter& painter, const QRectF& area, const CPlotAxis& axis,
-                                    const QString& title, const std::vector<double>& values, double toDisplay,
-                                    const QColor& colour) const
+void CRecordingPlot::PaintTimePanel(QPainter& painter, const QRectF& area, const CPlotAxis& axis, const QString& title,
+                                    const std::vector<double>& values, double toDisplay, const QColor& colour) const
 {
     const QFontMetricsF metrics(painter.font());
     const double line = metrics.height();
@@ -74,9 +72,9 @@ void CRecordingPlot::PaintTimePanel(QPainter& painter, const QRectF& area, const
     // Grid and value labels; the labels stand left of the panel.
     painter.setPen(QPen(kGridColour, 1));
     for (double tick : m_timeAxis.Ticks())
-        painter.drawLine(QPointF(m_timeAxis.ToPixel(tick), area.top()), QPointF(m_timeAxis.ToPixel(tick), area.bottom()));
-    for (double tick : axis.Ticks())
-    {
+        painter.drawLine(QPointF(m_timeAxis.ToPixel(tick), area.top()),
+                         QPointF(m_timeAxis.ToPixel(tick), area.bottom()));
+    for (double tick : axis.Ticks()) {
         const double y = axis.ToPixel(tick);
         painter.setPen(QPen(tick == 0.0 ? kFrameColour : kGridColour, 1));
         painter.drawLine(QPointF(area.left(), y), QPointF(area.right(), y));
@@ -106,8 +104,7 @@ void CRecordingPlot::PaintTimeAxis(QPainter& painter) const
     const std::vector<double> ticks = m_timeAxis.Ticks();
     painter.setPen(palette().color(QPalette::Text));
     double lastRight = -1e9;
-    for (std::size_t i = 0; i < ticks.size(); ++i)
-    {
+    for (std::size_t i = 0; i < ticks.size(); ++i) {
         // The last label carries the unit.
         QString label = CPlotAxis::Label(ticks[i], m_timeAxis.Step());
         if (i + 1 == ticks.size())
@@ -155,8 +152,7 @@ void CRecordingPlot::PaintAnnotations(QPainter& painter, QList<QRectF>& taken) c
 {
     const QFontMetricsF metrics(painter.font());
     const CRecordingSeries::Range range = m_series.TimeRange();
-    for (const CRecordingSeries::Annotation& note : m_series.Annotations())
-    {
+    for (const CRecordingSeries::Annotation& note : m_series.Annotations()) {
         if (note.time < range.min || note.time > range.max)
             continue;
         const QPointF at(XOfTime(note.time), m_altitudeAxis.ToPixel(m_units.HeightToDisplay(note.altitude)));
@@ -164,20 +160,22 @@ void CRecordingPlot::PaintAnnotations(QPainter& painter, QList<QRectF>& taken) c
             continue;
         painter.setPen(QPen(kNoteColour, 1.2));
         painter.setBrush(Qt::white);
-        painter.drawPolygon(QPolygonF({at + QPointF(0, -4), at + QPointF(4, 0), at + QPointF(0, 4), at + QPointF(-4, 0)}));
+        painter.drawPolygon(
+            QPolygonF({at + QPointF(0, -4), at + QPointF(4, 0), at + QPointF(0, 4), at + QPointF(-4, 0)}));
         // The text above and right of the point, else in another corner around it; left out
         // where no corner is free of other labels.
-        const QString text = metrics.elidedText(QString::fromStdString(note.text), Qt::ElideRight,
-                                                m_altitudeArea.width() / 2);
+        const QString text =
+            metrics.elidedText(QString::fromStdString(note.text), Qt::ElideRight, m_altitudeArea.width() / 2);
         if (text.isEmpty())
             continue;
         const QSizeF size(metrics.horizontalAdvance(text) + 4, metrics.height());
-        const QPointF corners[] = {at + QPointF(4, -4 - size.height()), at + QPointF(-4 - size.width(), -4 - size.height()),
-                                   at + QPointF(4, 4), at + QPointF(-4 - size.width(), 4)};
-        for (const QPointF& corner : corners)
-        {
+        const QPointF corners[] = {at + QPointF(4, -4 - size.height()),
+                                   at + QPointF(-4 - size.width(), -4 - size.height()), at + QPointF(4, 4),
+                                   at + QPointF(-4 - size.width(), 4)};
+        for (const QPointF& corner : corners) {
             const QRectF box(corner, size);
-            const bool clash = std::any_of(taken.begin(), taken.end(), [&](const QRectF& r) { return r.intersects(box); });
+            const bool clash =
+                std::any_of(taken.begin(), taken.end(), [&](const QRectF& r) { return r.intersects(box); });
             if (clash || !m_altitudeArea.contains(box))
                 continue;
             PaintLabel(painter, box, text, kNoteColour);
@@ -200,8 +198,7 @@ void CRecordingPlot::PaintWinds(QPainter& painter) const
     // Each wind at its altitude, from the lowest up; a wind too close above the last one shown
     // is left out rather than drawn over it.
     double lastY = 1e9;
-    for (const CRecordingWind& wind : m_series.Winds())
-    {
+    for (const CRecordingWind& wind : m_series.Winds()) {
         const double at = m_altitudeAxis.ToPixel(m_units.HeightToDisplay(wind.altitude));
         if (at < m_windArea.top() || at > m_windArea.bottom())
             continue;
@@ -218,10 +215,12 @@ void CRecordingPlot::PaintWinds(QPainter& painter) const
         painter.setPen(QPen(palette().color(QPalette::Text), 1.3));
         painter.drawLine(centre - along, centre + along);
         painter.setBrush(palette().color(QPalette::Text));
-        painter.drawPolygon(QPolygonF({centre + along * 1.3, centre + along * 0.3 + across, centre + along * 0.3 - across}));
+        painter.drawPolygon(
+            QPolygonF({centre + along * 1.3, centre + along * 0.3 + across, centre + along * 0.3 - across}));
         painter.setBrush(Qt::NoBrush);
         painter.drawText(QRectF(m_windArea.left() + line + 1, y - line / 2, m_windArea.width(), line),
-                         Qt::AlignLeft | Qt::AlignVCenter, QString::number(std::lround(m_units.WindToDisplay(wind.speed))));
+                         Qt::AlignLeft | Qt::AlignVCenter,
+                         QString::number(std::lround(m_units.WindToDisplay(wind.speed))));
     }
 }
 
@@ -240,8 +239,7 @@ void CRecordingPlot::PaintCursor(QPainter& painter, const QList<QRectF>& labels)
     painter.drawEllipse(QPointF(x, m_altitudeAxis.ToPixel(m_units.HeightToDisplay(v.altitude))), 3, 3);
     painter.setBrush(kSpeedColour);
     painter.drawEllipse(QPointF(x, m_speedAxis.ToPixel(m_units.SpeedToDisplay(v.verticalSpeed))), 3, 3);
-    if (m_series.HasGround())
-    {
+    if (m_series.HasGround()) {
         painter.setBrush(Qt::white);
         painter.setPen(QPen(ink, 2));
         painter.drawEllipse(GroundPointAt(v.time), 4, 4);
@@ -260,13 +258,10 @@ void CRecordingPlot::PaintCursor(QPainter& painter, const QList<QRectF>& labels)
     const double tops[] = {m_altitudeArea.top() + 2, m_altitudeArea.center().y() - size.height() / 2,
                            m_speedArea.center().y() - size.height() / 2};
     QRectF box;
-    for (double top : tops)
-    {
-        for (double left : sides)
-        {
+    for (double top : tops) {
+        for (double left : sides) {
             const QRectF candidate(QPointF(std::clamp(left, 1.0, width() - 1.0 - size.width()), top), size);
-            if (std::none_of(labels.begin(), labels.end(), [&](const QRectF& r) { return r.intersects(candidate); }))
-            {
+            if (std::none_of(labels.begin(), labels.end(), [&](const QRectF& r) { return r.intersects(candidate); })) {
                 box = candidate;
                 break;
             }
@@ -281,8 +276,7 @@ void CRecordingPlot::PaintCursor(QPainter& painter, const QList<QRectF>& labels)
     painter.drawRect(box);
     painter.setBrush(Qt::NoBrush);
     const QColor colours[] = {ink, kAltitudeColour, kSpeedColour};
-    for (int i = 0; i < texts.size(); ++i)
-    {
+    for (int i = 0; i < texts.size(); ++i) {
         painter.setPen(colours[i]);
         painter.drawText(QRectF(box.left() + 4, box.top() + 2 + i * metrics.height(), w, metrics.height()),
                          Qt::AlignLeft | Qt::AlignVCenter, texts[i]);
@@ -296,9 +290,9 @@ void CRecordingPlot::PaintGround(QPainter& painter) const
         return;
     const QFontMetricsF metrics(painter.font());
     painter.setPen(palette().color(QPalette::Text));
-    painter.drawText(QRectF(m_groundArea.left(), m_groundArea.top() - metrics.height(), m_groundArea.width(),
-                            metrics.height()),
-                     Qt::AlignLeft | Qt::AlignVCenter, tr("Ground track"));
+    painter.drawText(
+        QRectF(m_groundArea.left(), m_groundArea.top() - metrics.height(), m_groundArea.width(), metrics.height()),
+        Qt::AlignLeft | Qt::AlignVCenter, tr("Ground track"));
     painter.setPen(QPen(kFrameColour, 1));
     painter.drawRect(m_groundArea);
 
@@ -318,13 +312,11 @@ void CRecordingPlot::PaintGround(QPainter& painter) const
     painter.setClipRect(m_groundArea);
     QPolygonF run;
     QColor runColour = colourAt(times.front());
-    for (std::size_t i = 0; i < times.size(); ++i)
-    {
+    for (std::size_t i = 0; i < times.size(); ++i) {
         const QPointF p = GroundPointAt(times[i]);
         const QColor colour = colourAt(times[i]);
         run.append(p);
-        if (colour != runColour || i + 1 == times.size())
-        {
+        if (colour != runColour || i + 1 == times.size()) {
             painter.setPen(QPen(runColour, 1.6, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
             painter.drawPolyline(run);
             run = QPolygonF({p});
@@ -333,9 +325,8 @@ void CRecordingPlot::PaintGround(QPainter& painter) const
     }
     // Exit and deployment as dots in their marks' colours, the landing as a square.
     painter.setPen(QPen(Qt::white, 1));
-    for (const auto& [time, colour] : {std::pair{m_series.ExitTime(), kExitColour},
-                                       std::pair{m_series.DeploymentTime(), kOpenColour}})
-    {
+    for (const auto& [time, colour] :
+         {std::pair{m_series.ExitTime(), kExitColour}, std::pair{m_series.DeploymentTime(), kOpenColour}}) {
         if (!time)
             continue;
         painter.setBrush(colour);

@@ -168,8 +168,7 @@ void CSignatureCtrl::StrokeMove(const QPointF& position)
         return;
     CPoint point;
     // Leaving the area ends the stroke; coming back adds nothing until the next press.
-    if (!ToLogical(position, point))
-    {
+    if (!ToLogical(position, point)) {
         m_drawing = false;
         return;
     }
@@ -212,15 +211,19 @@ void CSignatureCtrl::mouseReleaseEvent(QMouseEvent* event)
 
 void CSignatureCtrl::tabletEvent(QTabletEvent* event)
 {
-    switch (event->type())
-    {
-    case QEvent::TabletPress: StrokeStart(event->position()); break;
+    switch (event->type()) {
+    case QEvent::TabletPress:
+        StrokeStart(event->position());
+        break;
     case QEvent::TabletMove:
         if (event->buttons() & Qt::LeftButton)
             StrokeMove(event->position());
         break;
-    case QEvent::TabletRelease: StrokeEnd(); break;
-    default: break;
+    case QEvent::TabletRelease:
+        StrokeEnd();
+        break;
+    default:
+        break;
     }
     // Accepted, so that no mouse event is made from the pen as well.
     event->accept();
@@ -228,18 +231,15 @@ void CSignatureCtrl::tabletEvent(QTabletEvent* event)
 
 bool CSignatureCtrl::event(QEvent* event)
 {
-    switch (event->type())
-    {
+    switch (event->type()) {
     case QEvent::TouchBegin:
     case QEvent::TouchUpdate:
     case QEvent::TouchEnd:
-    case QEvent::TouchCancel:
-    {
+    case QEvent::TouchCancel: {
         // Accepted, so that Qt makes no mouse events from the touch as well.
         event->accept();
         auto* touch = static_cast<QTouchEvent*>(event);
-        if (event->type() == QEvent::TouchCancel)
-        {
+        if (event->type() == QEvent::TouchCancel) {
             m_touchId = -1;
             StrokeEnd();
             return true;
@@ -247,23 +247,21 @@ bool CSignatureCtrl::event(QEvent* event)
         if (event->type() == QEvent::TouchBegin && !touch->points().isEmpty())
             m_touchId = touch->points().first().id();
         // Only the finger that came down first draws.
-        for (const QEventPoint& point : touch->points())
-        {
+        for (const QEventPoint& point : touch->points()) {
             if (point.id() != m_touchId)
                 continue;
             if (point.state() == QEventPoint::Pressed)
                 StrokeStart(point.position());
-            else if (point.state() == QEventPoint::Released)
-            {
+            else if (point.state() == QEventPoint::Released) {
                 m_touchId = -1;
                 StrokeEnd();
-            }
-            else
+            } else
                 StrokeMove(point.position());
         }
         return true;
     }
-    default: return QWidget::event(event);
+    default:
+        return QWidget::event(event);
     }
 }
 
@@ -276,12 +274,10 @@ void CSignatureCtrl::paintEvent(QPaintEvent* event)
     painter.setClipRect(rect().adjusted(kFrame, kFrame, -kFrame, -kFrame), Qt::IntersectClip);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QPen(Qt::black, PenWidth(), Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    for (const Stroke& stroke : m_strokes)
-    {
+    for (const Stroke& stroke : m_strokes) {
         if (stroke.empty())
             continue;
-        if (stroke.size() == 1)
-        {
+        if (stroke.size() == 1) {
             // A tap is one pixel of the handheld, enlarged like everything else.
             painter.fillRect(DotRect(ToWidget(stroke.front())), Qt::black);
             continue;

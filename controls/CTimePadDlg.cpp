@@ -39,8 +39,7 @@ CTimePadDlg::CTimePadDlg(QWidget* parent, const QString& title, int hour, int mi
     : CKqPadDlg(parent, title, QStringLiteral("Zeit")), m_state(hour, minute), m_start(m_state)
 {
     setObjectName(QStringLiteral("timePad"));
-    for (int i = 0; i < static_cast<int>(Key::Count); ++i)
-    {
+    for (int i = 0; i < static_cast<int>(Key::Count); ++i) {
         const Key key = static_cast<Key>(i);
         const QColor face = key <= Key::Hour24 ? kHourFace : key <= Key::Minute45 ? kQuarterFace : kStepFace;
         m_keys[static_cast<std::size_t>(i)] =

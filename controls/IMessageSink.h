@@ -9,7 +9,12 @@ class IMessageSink
 {
 public:
     // The answer to a question.
-    enum class Answer { Yes, No, Cancel };
+    enum class Answer
+    {
+        Yes,
+        No,
+        Cancel
+    };
 
     // Implementations are owned by the program or the test.
     virtual ~IMessageSink() = default;

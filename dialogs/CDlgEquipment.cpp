@@ -138,14 +138,19 @@ QLineEdit* CDlgEquipment::AddText(QGridLayout* grid, int row, const QString& lab
 
 QWidget* CDlgEquipment::ControlFor(int field) const
 {
-    switch (field)
-    {
-    case CEquipmentEdit::PreviousJumps: return m_previousJumps;
-    case CEquipmentEdit::Harness: return m_harness;
-    case CEquipmentEdit::MainCanopy: return m_main;
-    case CEquipmentEdit::MainSize: return m_mainSize;
-    case CEquipmentEdit::ReserveSize: return m_reserveSize;
-    default: return nullptr;
+    switch (field) {
+    case CEquipmentEdit::PreviousJumps:
+        return m_previousJumps;
+    case CEquipmentEdit::Harness:
+        return m_harness;
+    case CEquipmentEdit::MainCanopy:
+        return m_main;
+    case CEquipmentEdit::MainSize:
+        return m_mainSize;
+    case CEquipmentEdit::ReserveSize:
+        return m_reserveSize;
+    default:
+        return nullptr;
     }
 }
 
@@ -172,20 +177,18 @@ void CDlgEquipment::accept()
     m_edit.active = m_active->isChecked();
 
     const CCheckResult result = m_edit.Validate();
-    if (!result.Passed())
-    {
+    if (!result.Passed()) {
         const QString text = DialogText::CheckMessage(result);
         // A missing harness or main canopy is an error; a number out of range a refused entry.
-        const bool missing = result.messageId == StringTable::IDS_NEED_HARNESS ||
-                             result.messageId == StringTable::IDS_NEED_MAIN;
+        const bool missing =
+            result.messageId == StringTable::IDS_NEED_HARNESS || result.messageId == StringTable::IDS_NEED_MAIN;
         if (m_messages)
             missing ? m_messages->Error(text) : m_messages->Warning(text);
         else if (missing)
             QMessageBox::critical(this, windowTitle(), text);
         else
             QMessageBox::warning(this, windowTitle(), text);
-        if (QWidget* control = ControlFor(result.field))
-        {
+        if (QWidget* control = ControlFor(result.field)) {
             control->setFocus(Qt::OtherFocusReason);
             if (auto* edit = qobject_cast<QLineEdit*>(control))
                 edit->selectAll();
@@ -198,8 +201,7 @@ void CDlgEquipment::accept()
 
 void CDlgEquipment::showEvent(QShowEvent* event)
 {
-    if (!m_fitted && screen())
-    {
+    if (!m_fitted && screen()) {
         m_fitted = true;
         resize(sizeHint().expandedTo(QSize(220, 200)).boundedTo(screen()->availableGeometry().size()));
     }

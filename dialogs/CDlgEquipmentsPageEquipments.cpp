@@ -47,8 +47,7 @@ CDlgEquipmentsPageEquipments::CDlgEquipmentsPageEquipments(CEquipmentsEdit& edit
     connect(m_new, &QPushButton::clicked, this, &CDlgEquipmentsPageEquipments::OnNew);
     connect(m_remove, &QPushButton::clicked, this, &CDlgEquipmentsPageEquipments::OnRemove);
     // A tap and a double-click both open the rig; the double-click's first click already did.
-    connect(m_list, &QListWidget::itemClicked, this,
-            [this](QListWidgetItem* item) { OpenRow(m_list->row(item)); });
+    connect(m_list, &QListWidget::itemClicked, this, [this](QListWidgetItem* item) { OpenRow(m_list->row(item)); });
     connect(m_list, &QListWidget::currentRowChanged, this, &CDlgEquipmentsPageEquipments::UpdateButtons);
 }
 
@@ -104,8 +103,9 @@ void CDlgEquipmentsPageEquipments::OnRemove()
     const int row = m_list->currentRow();
     if (row < 0 || static_cast<std::size_t>(row) >= m_edit.Count())
         return;
-    const QString question = MessageText::Format(
-        StringTable::IDS_REMOVE_EQUIPMENT, DialogText::ToQt(m_edit.Rig(static_cast<std::size_t>(row)).GetDisplayText()));
+    const QString question =
+        MessageText::Format(StringTable::IDS_REMOVE_EQUIPMENT,
+                            DialogText::ToQt(m_edit.Rig(static_cast<std::size_t>(row)).GetDisplayText()));
     IMessageSink* messages = Sheet() ? Sheet()->Messages() : nullptr;
     const bool yes = messages ? messages->AskYesNo(question)
                               : QMessageBox::question(this, tr("Equipment"), question,
@@ -118,16 +118,13 @@ void CDlgEquipmentsPageEquipments::OnRemove()
 
 bool CDlgEquipmentsPageEquipments::eventFilter(QObject* watched, QEvent* event)
 {
-    if (watched == m_list && event->type() == QEvent::KeyPress)
-    {
+    if (watched == m_list && event->type() == QEvent::KeyPress) {
         const int key = static_cast<QKeyEvent*>(event)->key();
-        if (key == Qt::Key_Return || key == Qt::Key_Enter)
-        {
+        if (key == Qt::Key_Return || key == Qt::Key_Enter) {
             OpenRow(m_list->currentRow());
             return true;
         }
-        if (key == Qt::Key_Delete)
-        {
+        if (key == Qt::Key_Delete) {
             OnRemove();
             return true;
         }

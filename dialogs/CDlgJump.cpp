@@ -25,8 +25,8 @@ CDlgJump::CDlgJump(CLogbookDoc& doc, const CUnitSettings& units, ISettingsStore*
     m_info = new CDlgJumpPageInfo(m_edit, lists);
     m_note = new CDlgJumpPageNote(m_edit);
     m_signature = new CDlgJumpPageSignature(m_edit, lists);
-    for (CKqPropertyPage* page : std::initializer_list<CKqPropertyPage*>{m_details, m_fallrate, m_info, m_note,
-                                                                        m_signature})
+    for (CKqPropertyPage* page :
+         std::initializer_list<CKqPropertyPage*>{m_details, m_fallrate, m_info, m_note, m_signature})
         AddPage(page);
     connect(m_fallrate, &CDlgJumpPageFallrate::kindPicked, m_details, &CDlgJumpPageDetails::ShowRecordedValues);
     AddRecordingPage();
@@ -53,14 +53,19 @@ void CDlgJump::AddRecordingPage()
 
 CKqPropertyPage* CDlgJump::PageFor(CJumpEdit::Page page) const
 {
-    switch (page)
-    {
-    case CJumpEdit::PageDetails: return m_details;
-    case CJumpEdit::PageFallrate: return m_fallrate;
-    case CJumpEdit::PageInfo: return m_info;
-    case CJumpEdit::PageNote: return m_note;
-    case CJumpEdit::PageSignature: return m_signature;
-    default: return nullptr;
+    switch (page) {
+    case CJumpEdit::PageDetails:
+        return m_details;
+    case CJumpEdit::PageFallrate:
+        return m_fallrate;
+    case CJumpEdit::PageInfo:
+        return m_info;
+    case CJumpEdit::PageNote:
+        return m_note;
+    case CJumpEdit::PageSignature:
+        return m_signature;
+    default:
+        return nullptr;
     }
 }
 

@@ -52,8 +52,7 @@ QLabel* CDlgJumpPage::AddCompactRow(QGridLayout* grid, int row, const QString& l
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(4);
     layout->addWidget(field, 1);
-    if (!unit.isEmpty())
-    {
+    if (!unit.isEmpty()) {
         auto* unitLabel = new QLabel(unit, line);
         unitLabel->setObjectName(field->objectName() + QStringLiteral("Unit"));
         layout->addWidget(unitLabel);

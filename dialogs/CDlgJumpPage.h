@@ -28,8 +28,7 @@ protected:
     // A row of the grid: the label, buddy of field, and the field over the rest of the row.
     QLabel* AddRow(QGridLayout* grid, int row, const QString& label, QWidget* field);
     // A row whose field (a number or a date) keeps a handy width, with its unit beside it.
-    QLabel* AddCompactRow(QGridLayout* grid, int row, const QString& label, QWidget* field,
-                          const QString& unit = {});
+    QLabel* AddCompactRow(QGridLayout* grid, int row, const QString& label, QWidget* field, const QString& unit = {});
     // Shows text in an editable combo from its beginning.
     static void SetComboText(QComboBox* combo, const std::string& text);
     // An editable drop-down with the given entries, the current text set.

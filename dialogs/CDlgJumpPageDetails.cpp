@@ -37,8 +37,7 @@ CDlgJumpPageDetails::CDlgJumpPageDetails(CJumpEdit& edit, const CJumpEdit::PickL
     m_exit->setObjectName(QStringLiteral("jumpExit"));
     m_open = new CKqNumberField(tr("Open"), false, this);
     m_open->setObjectName(QStringLiteral("jumpOpen"));
-    for (CKqNumberField* height : {m_exit, m_open})
-    {
+    for (CKqNumberField* height : {m_exit, m_open}) {
         height->Spin()->SetStepRange(0, CJumpEdit::kMaxHeight);
         height->Spin()->SetStepper(&CJumpEdit::StepHeight);
         connect(height->Spin(), &QAbstractSpinBox::editingFinished, this, [this, height] { OnHeightEdited(height); });
@@ -87,8 +86,7 @@ void CDlgJumpPageDetails::Initialise()
     SetComboText(m_equipment, v.equipment);
     SetComboText(m_malfunction, v.malfunction);
     ShowRecordedValues();
-    if (m_edit.IsViewOnly())
-    {
+    if (m_edit.IsViewOnly()) {
         m_number->SetReadOnly(true);
         m_equipment->setEnabled(false);
         m_malfunction->setEnabled(false);

@@ -21,8 +21,8 @@ CDlgJumpPageFallrate::CDlgJumpPageFallrate(CJumpEdit& edit, QWidget* parent)
     m_kind = new QComboBox(this);
     m_kind->setObjectName(QStringLiteral("jumpKind"));
     // List position equals the kind's number; "Import" only for an imported jump.
-    for (int id : {StringTable::IDS_STANDARD, StringTable::IDS_VERTICAL, StringTable::IDS_CUSTOM,
-                   StringTable::IDS_MANUAL})
+    for (int id :
+         {StringTable::IDS_STANDARD, StringTable::IDS_VERTICAL, StringTable::IDS_CUSTOM, StringTable::IDS_MANUAL})
         m_kind->addItem(DialogText::Message(id));
 
     const auto makeField = [this](const char* name, const QString& padTitle, int maximum, int minimum = 0) {
@@ -87,8 +87,7 @@ void CDlgJumpPageFallrate::Initialise()
 void CDlgJumpPageFallrate::showEvent(QShowEvent* event)
 {
     CDlgJumpPage::showEvent(event);
-    if (!m_edit.IsViewOnly() && FallrateKindIsComputed(m_edit.Values().kind))
-    {
+    if (!m_edit.IsViewOnly() && FallrateKindIsComputed(m_edit.Values().kind)) {
         m_edit.PickKind(m_edit.Values().kind);
         ShowFallrateValues();
     }
@@ -98,8 +97,7 @@ void CDlgJumpPageFallrate::OnKindPicked(int kind)
 {
     // What the user typed for Manual is kept while the kind changes.
     CJumpValues& v = m_edit.Values();
-    if (v.kind == Manual)
-    {
+    if (v.kind == Manual) {
         v.delay = m_delay->Value();
         v.vMax = m_vMax->Value();
         v.vAvg = m_vAvg->Value();
@@ -138,8 +136,7 @@ void CDlgJumpPageFallrate::ReadBack()
 {
     CJumpValues& v = m_edit.Values();
     v.kind = m_kind->currentIndex();
-    if (v.kind == Manual)
-    {
+    if (v.kind == Manual) {
         v.delay = m_delay->Value();
         v.vMax = m_vMax->Value();
         v.vAvg = m_vAvg->Value();

@@ -62,8 +62,7 @@ void CDlgJumpPageInfo::Initialise()
     m_size->SetValue(v.size);
     m_points->SetValue(v.points);
     SetComboText(m_team, v.team);
-    if (m_edit.IsViewOnly())
-    {
+    if (m_edit.IsViewOnly()) {
         for (QWidget* control : std::initializer_list<QWidget*>{m_place, m_aircraft, m_type, m_landing, m_team})
             control->setEnabled(false);
         m_size->setEnabled(false);

@@ -31,15 +31,12 @@ CDlgJumpPageNote::CDlgJumpPageNote(CJumpEdit& edit, QWidget* parent)
 {
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(6, 6, 6, 6);
-    if (edit.Values().noteHasFormat)
-    {
+    if (edit.Values().noteHasFormat) {
         m_view = new CNoteView(this);
         m_view->setObjectName(QStringLiteral("jumpNoteView"));
         layout->addWidget(m_view);
         MapField(CJumpEdit::FieldNote, m_view);
-    }
-    else
-    {
+    } else {
         m_editor = new QPlainTextEdit(this);
         m_editor->setObjectName(QStringLiteral("jumpNote"));
         m_editor->setTabChangesFocus(true);
@@ -52,8 +49,7 @@ CDlgJumpPageNote::CDlgJumpPageNote(CJumpEdit& edit, QWidget* parent)
 void CDlgJumpPageNote::Initialise()
 {
     const CJumpValues& v = m_edit.Values();
-    if (m_view)
-    {
+    if (m_view) {
         m_view->setHtml(DialogText::ToQt(v.note));
         return;
     }
@@ -66,8 +62,7 @@ void CDlgJumpPageNote::Initialise()
 
 void CDlgJumpPageNote::ReadBack()
 {
-    if (m_editor)
-    {
+    if (m_editor) {
         QString text = m_editor->toPlainText();
         text.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
         m_edit.Values().note = DialogText::FromQt(text.replace(QLatin1Char('\n'), QStringLiteral("\r\n")));

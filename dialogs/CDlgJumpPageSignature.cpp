@@ -40,8 +40,7 @@ void CDlgJumpPageSignature::Initialise()
     SetComboText(m_signer, v.signer);
     m_signature->SetStrokes(v.strokes);
     m_signature->AttachUndoButton(m_undo);
-    if (m_edit.IsViewOnly())
-    {
+    if (m_edit.IsViewOnly()) {
         m_signer->setEnabled(false);
         m_signature->SetReadOnly(true);
         m_undo->hide();

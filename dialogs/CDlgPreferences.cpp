@@ -22,8 +22,8 @@
 #include <QSpinBox>
 #include <QVBoxLayout>
 
-CDlgPreferences::CDlgPreferences(CUnitSettings& units, ISettingsStore* store, CLogbookDoc& doc,
-                                 IMessageSink* messages, QWidget* parent)
+CDlgPreferences::CDlgPreferences(CUnitSettings& units, ISettingsStore* store, CLogbookDoc& doc, IMessageSink* messages,
+                                 QWidget* parent)
     : QDialog(parent), m_unitSettings(units), m_store(store), m_doc(doc), m_messages(messages)
 {
     setObjectName(QStringLiteral("dlgPreferences"));
@@ -66,10 +66,12 @@ CDlgPreferences::CDlgPreferences(CUnitSettings& units, ISettingsStore* store, CL
     auto* grid = new QGridLayout;
     grid->setVerticalSpacing(4);
     int row = 0;
-    for (auto [label, field] : {std::pair<QLabel*, QWidget*>{unitsLabel, m_units}, {speedLabel, m_speed},
-                                {m_fallrateLabel, m_fallrate}, {jumpsLabel, m_previousJumps},
-                                {freefallLabel, m_freefall}, {m_glideLabel, m_glide}})
-    {
+    for (auto [label, field] : {std::pair<QLabel*, QWidget*>{unitsLabel, m_units},
+                                {speedLabel, m_speed},
+                                {m_fallrateLabel, m_fallrate},
+                                {jumpsLabel, m_previousJumps},
+                                {freefallLabel, m_freefall},
+                                {m_glideLabel, m_glide}}) {
         grid->addWidget(label, row, 0);
         grid->addWidget(field, row, 1);
         ++row;
@@ -160,8 +162,7 @@ void CDlgPreferences::accept()
     m_edit.previousJumps = m_previousJumps->value();
     m_edit.glideDisplay = m_glide->currentIndex();
     const CCheckResult result = m_edit.Validate();
-    if (!result.Passed())
-    {
+    if (!result.Passed()) {
         const QString text = DialogText::CheckMessage(result);
         if (m_messages)
             m_messages->Warning(text);
@@ -177,8 +178,7 @@ void CDlgPreferences::accept()
 
 void CDlgPreferences::showEvent(QShowEvent* event)
 {
-    if (!m_fitted && screen())
-    {
+    if (!m_fitted && screen()) {
         m_fitted = true;
         resize(sizeHint().expandedTo(QSize(220, 180)).boundedTo(screen()->availableGeometry().size()));
     }

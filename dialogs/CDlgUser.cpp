@@ -13,10 +13,9 @@ CDlgUser::CDlgUser(CLogbookSettings& settings, IMessageSink* messages, QWidget* 
     m_membership = new CDlgUserPageMembership(m_edit);
     AddPage(m_membership);
     const int titles[3] = {StringTable::IDS_LICENSES, StringTable::IDS_RATINGS, StringTable::IDS_AWARDS};
-    for (int list = 0; list < 3; ++list)
-    {
-        m_lists[list] = new CDlgUserPageList(m_edit, static_cast<CUserProfileEdit::List>(list),
-                                             DialogText::Message(titles[list]));
+    for (int list = 0; list < 3; ++list) {
+        m_lists[list] =
+            new CDlgUserPageList(m_edit, static_cast<CUserProfileEdit::List>(list), DialogText::Message(titles[list]));
         AddPage(m_lists[list]);
     }
 }

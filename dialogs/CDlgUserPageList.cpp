@@ -50,8 +50,7 @@ CCheckResult CDlgUserPageList::Validate()
 
 bool CDlgUserPageList::eventFilter(QObject* watched, QEvent* event)
 {
-    if (watched == m_text && event->type() == QEvent::FocusIn)
-    {
+    if (watched == m_text && event->type() == QEvent::FocusIn) {
         QTextCursor cursor = m_text->textCursor();
         cursor.movePosition(QTextCursor::End);
         m_text->setTextCursor(cursor);

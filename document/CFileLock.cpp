@@ -18,8 +18,12 @@ constexpr int kRetryMs = 20;
 // True when the descriptor still refers to the file that carries the name.
 bool StillNamed(int fd, const std::string& path)
 {
-    struct stat open{};
-    struct stat named{};
+    struct stat open
+    {
+    };
+    struct stat named
+    {
+    };
     return ::fstat(fd, &open) == 0 && ::stat(path.c_str(), &named) == 0 && open.st_dev == named.st_dev &&
            open.st_ino == named.st_ino;
 }

@@ -13,9 +13,9 @@ class CFileLock
 public:
     enum class Result
     {
-        Locked,          // this object holds the lock
-        HeldElsewhere,   // another descriptor (usually another process) holds it
-        Failed           // the file could not be created or opened
+        Locked,        // this object holds the lock
+        HeldElsewhere, // another descriptor (usually another process) holds it
+        Failed         // the file could not be created or opened
     };
 
     CFileLock() = default;

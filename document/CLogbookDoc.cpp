@@ -265,7 +265,7 @@ bool CLogbookDoc::OnOpenTag(CXmlParser& parser)
         if (!parser.GetAttributeInt("n", number, false) || !parser.GetAttribute("ts", text) ||
             !XmlZonedDateTimeFromString(text, timestamp) || !parser.GetAttribute("mod", text) ||
             !XmlDateTimeFromString(text, modified))
-            return false;   // the parser names the tag and its attributes in its message
+            return false; // the parser names the tag and its attributes in its message
         if (m_jumps.size() >= m_maxJumps) {
             parser.SetErrorMessage(StringTable::Format(StringTable::IDS_PARSER_ERROR,
                                                        "more than " + std::to_string(m_maxJumps) + " jumps"));

@@ -31,15 +31,15 @@ struct CLoadResult
 enum class SaveStatus
 {
     Saved,
-    Failed,          // nothing was replaced; the old file and its backup are as they were
-    ChangedOnDisk    // another program changed the file since it was loaded or saved here
+    Failed,       // nothing was replaced; the old file and its backup are as they were
+    ChangedOnDisk // another program changed the file since it was loaded or saved here
 };
 
 // Whether a save first makes sure that the file on disk is still the one this document read.
 enum class SaveCheck
 {
-    IfUnchanged,   // refuse with ChangedOnDisk when another program has changed it
-    Overwrite      // the user has decided to replace it anyway
+    IfUnchanged, // refuse with ChangedOnDisk when another program has changed it
+    Overwrite    // the user has decided to replace it anyway
 };
 
 // What a save reports: the status, the message to show when it did not save, and the file it
@@ -47,9 +47,9 @@ enum class SaveCheck
 struct CSaveResult
 {
     SaveStatus status = SaveStatus::Failed;
-    int messageId = 0;          // StringTable id of the message; 0 when saved
+    int messageId = 0; // StringTable id of the message; 0 when saved
     std::string path;
-    CFileIdentity identity;     // of the file written
+    CFileIdentity identity; // of the file written
     // Saved or not, for the callers that need no more (a save used to answer with a bool).
     operator bool() const { return status == SaveStatus::Saved; }
 };
@@ -57,11 +57,11 @@ struct CSaveResult
 // The numbers of the home screen's summary, in stored units (metres, seconds).
 struct CLogbookSummary
 {
-    int numberOfJumps = 0;          // number of the last jump in list order, 0 without jumps
-    int64_t freefallSeconds = 0;    // logged freefall time plus the settings' previous delay
-    double freefallMetres = 0;      // extrapolated to the last jump number
-    double canopyMetres = 0;        // extrapolated to the last jump number
-    CDateTime lastJump;             // Null without jumps
+    int numberOfJumps = 0;       // number of the last jump in list order, 0 without jumps
+    int64_t freefallSeconds = 0; // logged freefall time plus the settings' previous delay
+    double freefallMetres = 0;   // extrapolated to the last jump number
+    double canopyMetres = 0;     // extrapolated to the last jump number
+    CDateTime lastJump;          // Null without jumps
 };
 
 // The open logbook: its path, modified flag, settings and jumps sorted by number.
@@ -204,10 +204,10 @@ private:
     std::vector<std::unique_ptr<CJump>> m_jumps;
     std::unique_ptr<SettingsReader> m_settingsReader;
     OutputFactory m_outputFactory;
-    std::shared_ptr<CopyGate> m_copyGate;   // of this document's snapshots
-    const CLogbookDoc* m_copySource = nullptr;   // in a snapshot: whose jumps still have to be copied
+    std::shared_ptr<CopyGate> m_copyGate;      // of this document's snapshots
+    const CLogbookDoc* m_copySource = nullptr; // in a snapshot: whose jumps still have to be copied
     std::size_t m_maxJumps = kDefaultMaxJumps;
-    bool m_rootSeen = false;   // set by the "tvl" element during a load
+    bool m_rootSeen = false; // set by the "tvl" element during a load
     int64_t m_totalFreefallTime = 0;
     int64_t m_totalFreefallDistance = 0;
     int64_t m_totalCanopyDistance = 0;

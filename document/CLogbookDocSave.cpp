@@ -199,9 +199,9 @@ bool CLogbookDoc::WriteTo(CXmlWriter& writer) const
     const IClock& clock = m_clock ? *m_clock : SystemClock();
     std::string creator = "Tervola Pocket ";
     creator.append(StringTable::kProductVersion).append(" - ").append(StringTable::kWebAddress);
-    writer.StartElement("tvl", {{"version", LogbookFormat::kFileVersion},
-                                {"creator", creator},
-                                {"mod", XmlDateTimeToString(clock.Now())}});
+    writer.StartElement(
+        "tvl",
+        {{"version", LogbookFormat::kFileVersion}, {"creator", creator}, {"mod", XmlDateTimeToString(clock.Now())}});
     if (m_progress) {
         m_progress->total = m_jumps.size() + 1;
         m_progress->done = 0;

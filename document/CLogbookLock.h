@@ -13,9 +13,9 @@ class CLogbookLock
 public:
     enum class State
     {
-        Locked,        // this instance has the logbook to itself
-        AlreadyOpen,   // another instance has it open (see GetHolder)
-        Unavailable    // no lock file can be made (a read-only folder): nobody can tell
+        Locked,      // this instance has the logbook to itself
+        AlreadyOpen, // another instance has it open (see GetHolder)
+        Unavailable  // no lock file can be made (a read-only folder): nobody can tell
     };
 
     CLogbookLock() = default;

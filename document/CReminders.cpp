@@ -23,8 +23,7 @@ std::vector<CReminders::Item> CReminders::Due(const CLogbookSettings& settings, 
     const CDateTime day = today.DateOnly();
 
     const CMembership& membership = settings.GetMembership();
-    if (membership.HasExpirationDate() && membership.HasAlarm() && membership.GetExpirationDate().IsValid())
-    {
+    if (membership.HasExpirationDate() && membership.HasAlarm() && membership.GetExpirationDate().IsValid()) {
         const CDateTime expires = membership.GetExpirationDate().DateOnly();
         if (IsDue(day, membership.GetAlarmDays(), expires))
             due.push_back({StringTable::IDS_MEMBERSHIP_EXPIRES, 0, expires});
@@ -33,8 +32,7 @@ std::vector<CReminders::Item> CReminders::Due(const CLogbookSettings& settings, 
     const CEquipmentList& rigs = settings.GetEquipmentList();
     if (!rigs.IsAlarmOn())
         return due;
-    for (std::size_t i = 0; i < rigs.GetCount(); ++i)
-    {
+    for (std::size_t i = 0; i < rigs.GetCount(); ++i) {
         const CEquipment& rig = rigs.Get(i);
         if (!rig.IsActive() || !rig.GetInspectionDate().IsValid())
             continue;

@@ -20,6 +20,7 @@ CCheckResult CheckRange(long long value, int lower, int upper, int field)
 {
     if (value >= lower && value <= upper)
         return CCheckResult::Pass();
-    return CCheckResult::Fail(StringTable::IDS_VALUE_RANGE, field,
-                StringTable::Format(StringTable::IDS_VALUE_RANGE, std::to_string(lower), std::to_string(upper)));
+    return CCheckResult::Fail(
+        StringTable::IDS_VALUE_RANGE, field,
+        StringTable::Format(StringTable::IDS_VALUE_RANGE, std::to_string(lower), std::to_string(upper)));
 }

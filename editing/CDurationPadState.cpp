@@ -8,8 +8,7 @@ namespace {
 
 // The steps of each step key, in the order of the enumeration from HourPlus1 on.
 constexpr int kSteps[] = {1, 5, 10, 50, 100, 500, -1, -5, -10, -50, -100, -500,
-                          1, 5, 10, -1, -5, -10,
-                          1, 5, 10, -1, -5, -10};
+                          1, 5, 10, -1, -5,  -10, 1,  5,  10,  -1,  -5,   -10};
 
 using Key = CDurationPadState::Key;
 
@@ -70,15 +69,12 @@ bool CDurationPadState::IsEnabled(Key key) const
 void CDurationPadState::AddMinutes(int step)
 {
     m_minutes += step;
-    if (m_minutes >= 60)
-    {
+    if (m_minutes >= 60) {
         // At max hours the minutes still wrap but the hour is not raised.
         m_minutes -= 60;
         if (m_hours < m_maxHours)
             ++m_hours;
-    }
-    else if (m_minutes < 0)
-    {
+    } else if (m_minutes < 0) {
         m_minutes += 60;
         if (m_hours >= 1)
             --m_hours;
@@ -88,13 +84,10 @@ void CDurationPadState::AddMinutes(int step)
 void CDurationPadState::AddSeconds(int step)
 {
     m_seconds += step;
-    if (m_seconds >= 60)
-    {
+    if (m_seconds >= 60) {
         m_seconds -= 60;
         AddMinutes(1);
-    }
-    else if (m_seconds < 0)
-    {
+    } else if (m_seconds < 0) {
         m_seconds += 60;
         AddMinutes(-1);
     }
@@ -117,13 +110,10 @@ void CDurationPadState::Press(Key key)
 std::string CDurationPadState::Display() const
 {
     char text[64];
-    if (m_maxHours > 99)
-    {
+    if (m_maxHours > 99) {
         const int width = static_cast<int>(std::floor(std::log10(static_cast<double>(m_maxHours)))) + 1;
         std::snprintf(text, sizeof text, "%0*d:%02d:%02d", width, m_hours, m_minutes, m_seconds);
-    }
-    else
-    {
+    } else {
         // The seconds were never shown here: the format lacks its percent sign.
         std::snprintf(text, sizeof text, "%02d:%02d:02d", m_hours, m_minutes);
     }

@@ -24,8 +24,8 @@ void CEquipmentEdit::Load(const CEquipment& rig)
 
 CCheckResult CEquipmentEdit::Validate()
 {
-    for (std::string* text : {&harness, &harnessSerial, &mainCanopy, &mainSerial, &reserveCanopy, &reserveSerial,
-                              &aad, &aadSerial})
+    for (std::string* text :
+         {&harness, &harnessSerial, &mainCanopy, &mainSerial, &reserveCanopy, &reserveSerial, &aad, &aadSerial})
         *text = TrimBlanks(*text);
 
     if (CCheckResult result = CheckRange(previousJumps, 0, kMaxPreviousJumps, PreviousJumps); !result)

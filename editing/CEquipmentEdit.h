@@ -13,7 +13,14 @@ class CEquipmentEdit
 {
 public:
     // The fields a failed check points at, in the order of the checks.
-    enum Field { PreviousJumps = 0, Harness = 1, MainCanopy = 2, MainSize = 3, ReserveSize = 4 };
+    enum Field
+    {
+        PreviousJumps = 0,
+        Harness = 1,
+        MainCanopy = 2,
+        MainSize = 3,
+        ReserveSize = 4
+    };
 
     // The previous-jumps bound of the check (the spinner itself stops at kSpinnerMaxJumps).
     static constexpr int kMaxPreviousJumps = 99999;

@@ -18,7 +18,11 @@ class CEquipmentsEdit
 {
 public:
     // The fields a failed check points at.
-    enum Field { AlarmDays = 0, InspectionCycle = 1 };
+    enum Field
+    {
+        AlarmDays = 0,
+        InspectionCycle = 1
+    };
 
     static constexpr int kMaxAlarmDays = 365;
     static constexpr int kMaxInspectionCycle = 730;

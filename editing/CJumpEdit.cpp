@@ -68,17 +68,15 @@ void CJumpEdit::LoadJump(const CJump& jump)
     if (m_values.kind == Manual || m_values.kind == Import)
         LoadFallrateValues(jump);
     else
-        Recompute();   // the computed kinds show their freefall time and speed from the start
-    if (m_values.kind == Import)
-    {
+        Recompute(); // the computed kinds show their freefall time and speed from the start
+    if (m_values.kind == Import) {
         m_hasImport = true;
-        m_import = {m_values.date,       m_values.noTime,     m_values.timeText, m_values.exitHeight,
-                    m_values.openHeight, m_values.delay,      m_values.vMax,     m_values.vAvg};
+        m_import = {m_values.date,       m_values.noTime, m_values.timeText, m_values.exitHeight,
+                    m_values.openHeight, m_values.delay,  m_values.vMax,     m_values.vAvg};
     }
     const CJumpWind& wind = jump.GetWind();
     m_values.noWind = !wind.IsSet();
-    if (!m_values.noWind)
-    {
+    if (!m_values.noWind) {
         m_values.windSpeed = RoundToInt(m_units.WindToDisplay(wind.speed));
         m_values.windDirection = wind.direction;
     }
@@ -112,8 +110,7 @@ void CJumpEdit::LoadDefaults()
     m_values.landing = "OK";
 
     const CJump* last = m_doc.GetLastJump();
-    if (!last)
-    {
+    if (!last) {
         Recompute();
         return;
     }
@@ -126,8 +123,7 @@ void CJumpEdit::LoadDefaults()
         LoadFallrateValues(*last);
     else
         Recompute();
-    if (hasWind && last->GetWind().IsSet())
-    {
+    if (hasWind && last->GetWind().IsSet()) {
         m_values.windSpeed = RoundToInt(m_units.WindToDisplay(last->GetWind().speed));
         m_values.windDirection = last->GetWind().direction;
     }
@@ -147,8 +143,7 @@ CJumpEdit::PickLists CJumpEdit::BuildPickLists() const
     const CEquipmentList& rigs = settings.GetEquipmentList();
     CPickList equipment, malfunction, type, landing, place, aircraft, team, signer;
 
-    for (std::size_t i = 0; i < rigs.GetCount(); ++i)
-    {
+    for (std::size_t i = 0; i < rigs.GetCount(); ++i) {
         const std::string text = rigs.Get(i).GetDisplayText();
         if (rigs.Get(i).IsActive() || text == m_values.equipment)
             equipment.Add(text);
@@ -159,8 +154,7 @@ CJumpEdit::PickLists CJumpEdit::BuildPickLists() const
     type.Add(InParentheses(settings.GetKeyword(CLogbookSettings::VideoJump)));
     landing.Add("OK");
 
-    for (const auto& jump : m_doc.GetJumps())
-    {
+    for (const auto& jump : m_doc.GetJumps()) {
         const CJumpEquipmentRef& ref = jump->GetEquipmentRef();
         if (ref.mode == CJumpEquipmentRef::ByDescription)
             equipment.Add(ref.description);
@@ -226,8 +220,7 @@ const CJumpFallrate* CJumpEdit::ImportedFallrate() const
 void CJumpEdit::PickKind(int kind)
 {
     m_values.kind = kind;
-    if (kind == Import && m_hasImport)
-    {
+    if (kind == Import && m_hasImport) {
         m_values.date = m_import.date;
         m_values.noTime = m_import.noTime;
         m_values.timeText = m_import.timeText;
@@ -266,21 +259,15 @@ bool CJumpEdit::ParseTime(std::string_view text, int& hour, int& minute, int& se
     int parts[3] = {0, 0, 0};
     int count = 0;
     int digits = 0;
-    for (char c : text)
-    {
-        if (c == ':')
-        {
+    for (char c : text) {
+        if (c == ':') {
             if (digits == 0 || (count > 0 && digits != 2) || ++count > 2)
                 return false;
             digits = 0;
-        }
-        else if (c >= '0' && c <= '9' && digits < 2)
-        {
+        } else if (c >= '0' && c <= '9' && digits < 2) {
             parts[count] = parts[count] * 10 + (c - '0');
             ++digits;
-        }
-        else
-        {
+        } else {
             return false;
         }
     }

@@ -24,15 +24,42 @@ class CJumpEdit
 {
 public:
     // The fields a failed check can name, grouped by page.
-    enum Field {
-        FieldNumber, FieldDate, FieldTime, FieldExit, FieldOpen, FieldEquipment, FieldMalfunction,
-        FieldKind, FieldDelay, FieldVMax, FieldVAvg, FieldWind, FieldDirection,
-        FieldPlace, FieldAircraft, FieldType, FieldLanding, FieldSize, FieldPoints, FieldTeam,
+    enum Field
+    {
+        FieldNumber,
+        FieldDate,
+        FieldTime,
+        FieldExit,
+        FieldOpen,
+        FieldEquipment,
+        FieldMalfunction,
+        FieldKind,
+        FieldDelay,
+        FieldVMax,
+        FieldVAvg,
+        FieldWind,
+        FieldDirection,
+        FieldPlace,
+        FieldAircraft,
+        FieldType,
+        FieldLanding,
+        FieldSize,
+        FieldPoints,
+        FieldTeam,
         FieldNote,
-        FieldSigner, FieldSignature,
+        FieldSigner,
+        FieldSignature,
     };
     // The pages in tab order.
-    enum Page { PageDetails, PageFallrate, PageInfo, PageNote, PageSignature, PageCount };
+    enum Page
+    {
+        PageDetails,
+        PageFallrate,
+        PageInfo,
+        PageNote,
+        PageSignature,
+        PageCount
+    };
 
     // Where new jumps remember whether the last one had a time of day and a wind.
     static constexpr std::string_view kSection = "Jump";
@@ -71,8 +98,7 @@ public:
 
     // An editor on jump (null: a new jump). store gives and keeps "Jump"/"HasTime" and "HasWind"
     // (may be null: both default to 1); the clock dates a new jump and stamps changes.
-    CJumpEdit(CLogbookDoc& doc, const CUnitSettings& units, ISettingsStore* store, const IClock& clock,
-              CJump* jump);
+    CJumpEdit(CLogbookDoc& doc, const CUnitSettings& units, ISettingsStore* store, const IClock& clock, CJump* jump);
 
     bool IsNew() const { return m_jump == nullptr; }
     // A jump that carries a signature is only viewed: nothing can be edited and OK changes nothing.

@@ -48,27 +48,29 @@ CCheckResult CJumpEdit::Validate(Page page)
 {
     if (m_viewOnly)
         return CCheckResult::Pass();
-    switch (page)
-    {
-    case PageDetails: return ValidateDetails();
-    case PageFallrate: return ValidateFallrate();
-    case PageInfo: return ValidateInfo();
+    switch (page) {
+    case PageDetails:
+        return ValidateDetails();
+    case PageFallrate:
+        return ValidateFallrate();
+    case PageInfo:
+        return ValidateInfo();
     case PageNote:
         if (!m_values.noteHasFormat)
             m_values.note = StripTrailingBreaks(std::move(m_values.note));
         return CCheckResult::Pass();
-    case PageSignature: return ValidateSignature();
-    default: return CCheckResult::Pass();
+    case PageSignature:
+        return ValidateSignature();
+    default:
+        return CCheckResult::Pass();
     }
 }
 
 CCheckResult CJumpEdit::ValidateAll(Page* failedPage)
 {
-    for (int page = PageDetails; page < PageCount; ++page)
-    {
+    for (int page = PageDetails; page < PageCount; ++page) {
         CCheckResult result = Validate(static_cast<Page>(page));
-        if (!result.Passed())
-        {
+        if (!result.Passed()) {
             if (failedPage)
                 *failedPage = static_cast<Page>(page);
             return result;
@@ -82,39 +84,39 @@ CCheckResult CJumpEdit::ValidateDetails()
     CJumpValues& v = m_values;
     v.equipment = TrimBlanks(v.equipment);
     v.malfunction = TrimBlanks(v.malfunction);
-    return FirstFailure(
-        [&] { return CheckRange(v.number, 1, kMaxNumber, FieldNumber); },
-        [&] {
-            return m_doc.HasJumpNumber(v.number, m_jump)
-                       ? CCheckResult::Fail(StringTable::IDS_DUPLICATE_NUMBER, FieldNumber)
-                       : CCheckResult::Pass();
-        },
-        [&] {
-            if (v.noTime)
-                return CCheckResult::Pass();
-            int hour = 0, minute = 0, second = 0;
-            const std::string text = TrimBlanks(v.timeText);
-            if (text.empty())
-                return CCheckResult::Fail(StringTable::IDS_NEED_TIME, FieldTime);
-            if (!ParseTime(text, hour, minute, second))
-                return CCheckResult::Fail(StringTable::IDS_INVALID_VALUE, FieldTime);
-            return CCheckResult::Pass();
-        },
-        [&] { return CheckRange(v.exitHeight, 0, kMaxHeight, FieldExit); },
-        [&] { return CheckRange(v.openHeight, 0, kMaxHeight, FieldOpen); },
-        [&] {
-            // Equal heights pass, although the message speaks of "less than".
-            return v.openHeight > v.exitHeight ? CCheckResult::Fail(StringTable::IDS_OPEN_ABOVE_EXIT, FieldOpen)
-                                               : CCheckResult::Pass();
-        },
-        [&] {
-            const std::string& text = v.equipment;
-            if (text.empty() || text.front() != '[' || text.find(']') == std::string::npos)
-                return CCheckResult::Pass();
-            return m_doc.GetSettings().GetEquipmentList().FindByDisplayText(text) >= 0
-                       ? CCheckResult::Pass()
-                       : CCheckResult::Fail(StringTable::IDS_BAD_EQUIPMENT, FieldEquipment);
-        });
+    return FirstFailure([&] { return CheckRange(v.number, 1, kMaxNumber, FieldNumber); },
+                        [&] {
+                            return m_doc.HasJumpNumber(v.number, m_jump)
+                                       ? CCheckResult::Fail(StringTable::IDS_DUPLICATE_NUMBER, FieldNumber)
+                                       : CCheckResult::Pass();
+                        },
+                        [&] {
+                            if (v.noTime)
+                                return CCheckResult::Pass();
+                            int hour = 0, minute = 0, second = 0;
+                            const std::string text = TrimBlanks(v.timeText);
+                            if (text.empty())
+                                return CCheckResult::Fail(StringTable::IDS_NEED_TIME, FieldTime);
+                            if (!ParseTime(text, hour, minute, second))
+                                return CCheckResult::Fail(StringTable::IDS_INVALID_VALUE, FieldTime);
+                            return CCheckResult::Pass();
+                        },
+                        [&] { return CheckRange(v.exitHeight, 0, kMaxHeight, FieldExit); },
+                        [&] { return CheckRange(v.openHeight, 0, kMaxHeight, FieldOpen); },
+                        [&] {
+                            // Equal heights pass, although the message speaks of "less than".
+                            return v.openHeight > v.exitHeight
+                                       ? CCheckResult::Fail(StringTable::IDS_OPEN_ABOVE_EXIT, FieldOpen)
+                                       : CCheckResult::Pass();
+                        },
+                        [&] {
+                            const std::string& text = v.equipment;
+                            if (text.empty() || text.front() != '[' || text.find(']') == std::string::npos)
+                                return CCheckResult::Pass();
+                            return m_doc.GetSettings().GetEquipmentList().FindByDisplayText(text) >= 0
+                                       ? CCheckResult::Pass()
+                                       : CCheckResult::Fail(StringTable::IDS_BAD_EQUIPMENT, FieldEquipment);
+                        });
 }
 
 CCheckResult CJumpEdit::ValidateFallrate() const
@@ -190,15 +192,13 @@ CJumpEdit::ApplyResult CJumpEdit::Apply()
     edits.avgSpeed = m_units.SpeedFromDisplay(v.vAvg);
     edits.windDirection = v.noWind ? 0 : v.windDirection;
     edits.windSpeed = v.noWind ? 0.0 : m_units.WindFromDisplay(v.windSpeed);
-    if (m_jump)
-    {
+    if (m_jump) {
         // What the user left as it was loaded keeps the precision it has in the file.
         if (v.exitHeight == m_loaded.exitHeight)
             edits.exitHeight = m_jump->GetExitHeight();
         if (v.openHeight == m_loaded.openHeight)
             edits.openHeight = m_jump->GetOpenHeight();
-        if (v.kind == Manual && m_jump->GetFallrateKind() == Manual)
-        {
+        if (v.kind == Manual && m_jump->GetFallrateKind() == Manual) {
             if (v.vMax == m_loaded.vMax)
                 edits.maxSpeed = m_jump->GetMaxSpeed();
             if (v.vAvg == m_loaded.vAvg)
@@ -223,39 +223,31 @@ CJumpEdit::ApplyResult CJumpEdit::Apply()
 
     const CDateTime now = m_clock.Now();
     const CEquipmentList& rigs = m_doc.GetSettings().GetEquipmentList();
-    try
-    {
-        if (m_jump)
-        {
+    try {
+        if (m_jump) {
             m_doc.BeginChangeJump(m_jump);
             result.changed = m_jump->ApplyEdits(edits, rigs);
             result.changed |= WriteImport(*m_jump);
             if (result.changed)
                 m_jump->SetModified(now);
             m_doc.EndChangeJump(m_jump);
-        }
-        else
-        {
+        } else {
             auto jump = std::make_unique<CJump>(v.number, edits.timestamp, now);
             jump->ApplyEdits(edits, rigs);
             WriteImport(*jump);
             result.jump = m_doc.AddJump(std::move(jump));
             result.changed = true;
-            if (m_store)
-            {
+            if (m_store) {
                 m_store->SetInt(kSection, kHasTime, v.noTime ? 0 : 1);
                 m_store->SetInt(kSection, kHasWind, v.noWind ? 0 : 1);
             }
         }
-    }
-    catch (const std::exception& error)
-    {
+    } catch (const std::exception& error) {
         // A new jump went with its unique_ptr; a jump changed half-way keeps the totals right.
         result.ok = false;
         result.error = error.what();
         result.jump = m_jump;
-        if (m_jump)
-        {
+        if (m_jump) {
             m_doc.RecomputeTotals();
             m_doc.SetModified(true);
         }

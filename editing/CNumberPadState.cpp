@@ -54,8 +54,7 @@ bool CNumberPadState::DigitResult(int digit, long long& value, int& decimalsType
     // A fresh pad starts a new whole number.
     if (IsFresh())
         decimalsTyped = -1;
-    if (decimalsTyped >= 0)
-    {
+    if (decimalsTyped >= 0) {
         if (decimalsTyped >= m_maxDecimals)
             return false;
         ++decimalsTyped;
@@ -67,8 +66,7 @@ bool CNumberPadState::DigitResult(int digit, long long& value, int& decimalsType
 
 bool CNumberPadState::IsEnabled(Key key) const
 {
-    switch (key)
-    {
+    switch (key) {
     case Key::Sign:
         return m_allowNegative;
     case Key::Separator:
@@ -82,8 +80,7 @@ bool CNumberPadState::IsEnabled(Key key) const
         return m_lastOperand != 0 || (m_accumulator != 0 && ScaledValue() != 0);
     case Key::Count:
         return false;
-    default:
-    {
+    default: {
         long long value = 0;
         int decimals = 0;
         return DigitResult(static_cast<int>(key) - static_cast<int>(Key::Digit0), value, decimals);
@@ -95,8 +92,7 @@ void CNumberPadState::Press(Key key)
 {
     if (!IsEnabled(key))
         return;
-    switch (key)
-    {
+    switch (key) {
     case Key::Sign:
         m_value = -m_value;
         m_lastOperand = 0;
@@ -126,12 +122,9 @@ void CNumberPadState::Press(Key key)
         m_decimalsTyped = m_maxDecimals;
         break;
     case Key::Equals:
-        if (m_lastOperand != 0)
-        {
+        if (m_lastOperand != 0) {
             m_value = Clamp(static_cast<long long>(m_lastOperand) + ScaledValue());
-        }
-        else
-        {
+        } else {
             m_lastOperand = ScaledValue();
             m_value = Clamp(static_cast<long long>(m_accumulator) + m_lastOperand);
             m_accumulator = 0;
@@ -140,8 +133,7 @@ void CNumberPadState::Press(Key key)
         break;
     case Key::Count:
         break;
-    default:
-    {
+    default: {
         long long value = 0;
         int decimals = 0;
         DigitResult(static_cast<int>(key) - static_cast<int>(Key::Digit0), value, decimals);
@@ -156,8 +148,7 @@ std::string CNumberPadState::Grouped(long long number) const
 {
     const std::string digits = std::to_string(number);
     std::string text;
-    for (std::size_t i = 0; i < digits.size(); ++i)
-    {
+    for (std::size_t i = 0; i < digits.size(); ++i) {
         if (i > 0 && (digits.size() - i) % 3 == 0)
             text += m_thousandsSeparator;
         text += digits[i];
@@ -169,22 +160,19 @@ std::string CNumberPadState::Display() const
 {
     const long long magnitude = std::llabs(static_cast<long long>(m_value));
     std::string text = m_value < 0 ? "-" : "";
-    if (m_maxDecimals != 0 && m_decimalsTyped >= 0)
-    {
+    if (m_maxDecimals != 0 && m_decimalsTyped >= 0) {
         const long long unit = Power10(m_decimalsTyped);
         text += Grouped(magnitude / unit);
         text += m_decimalSeparator;
-        if (m_decimalsTyped >= 1)
-        {
+        if (m_decimalsTyped >= 1) {
             // The fraction zero-padded to the decimals typed, as "%0<n>d" gives it.
             const std::string fraction = std::to_string(magnitude % unit);
-            text.append(static_cast<std::size_t>(m_decimalsTyped) - std::min(fraction.size(),
-                        static_cast<std::size_t>(m_decimalsTyped)), '0');
+            text.append(static_cast<std::size_t>(m_decimalsTyped) -
+                            std::min(fraction.size(), static_cast<std::size_t>(m_decimalsTyped)),
+                        '0');
             text += fraction;
         }
-    }
-    else
-    {
+    } else {
         text += Grouped(magnitude);
     }
     return text;

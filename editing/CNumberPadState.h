@@ -14,13 +14,22 @@ public:
     // The keys of the pad.
     enum class Key
     {
-        Digit0, Digit1, Digit2, Digit3, Digit4, Digit5, Digit6, Digit7, Digit8, Digit9,
-        Sign,       // "+/-"
-        Separator,  // the decimal separator
-        Back,       // "<--"
-        Clear,      // "C"
-        Plus,       // "+"
-        Equals,     // "="
+        Digit0,
+        Digit1,
+        Digit2,
+        Digit3,
+        Digit4,
+        Digit5,
+        Digit6,
+        Digit7,
+        Digit8,
+        Digit9,
+        Sign,      // "+/-"
+        Separator, // the decimal separator
+        Back,      // "<--"
+        Clear,     // "C"
+        Plus,      // "+"
+        Equals,    // "="
         Count
     };
 

@@ -98,18 +98,15 @@ bool CPreferencesEdit::Apply(CUnitSettings& units, ISettingsStore* store, CLogbo
     CLogbookSettings& settings = doc.GetSettings();
     bool changed = false;
     bool speedChanged = false;
-    if (customTenths != TenthsOf(settings.FallrateSpeed(Custom)))
-    {
+    if (customTenths != TenthsOf(settings.FallrateSpeed(Custom))) {
         settings.SetCustomFallrateSpeed(units.SpeedFromDisplay(static_cast<double>(customTenths) * 0.1));
         changed = speedChanged = true;
     }
-    if (previousJumps != settings.GetPreviousJumps())
-    {
+    if (previousJumps != settings.GetPreviousJumps()) {
         settings.SetPreviousJumps(static_cast<int>(previousJumps));
         changed = true;
     }
-    if (previousDelay != settings.GetPreviousDelay())
-    {
+    if (previousDelay != settings.GetPreviousDelay()) {
         settings.SetPreviousDelay(previousDelay);
         changed = true;
     }

@@ -16,7 +16,10 @@ class CPreferencesEdit
 {
 public:
     // The fields a failed check points at.
-    enum Field { PreviousJumps = 0 };
+    enum Field
+    {
+        PreviousJumps = 0
+    };
 
     // The previous-jumps spinner's range.
     static constexpr int kMaxPreviousJumps = 32767;

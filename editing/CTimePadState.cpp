@@ -43,25 +43,17 @@ std::string CTimePadState::Label(Key key)
 
 void CTimePadState::Press(Key key)
 {
-    if (key <= Key::Hour24)
-    {
+    if (key <= Key::Hour24) {
         // "24" is midnight.
         m_hour = (Offset(key, Key::Hour1) + 1) % 24;
-    }
-    else if (key <= Key::Minute45)
-    {
+    } else if (key <= Key::Minute45) {
         m_minute = kQuarters[Offset(key, Key::Minute00)];
-    }
-    else if (key < Key::Count)
-    {
+    } else if (key < Key::Count) {
         m_minute += kSteps[Offset(key, Key::Plus1)];
-        if (m_minute >= 60)
-        {
+        if (m_minute >= 60) {
             m_minute -= 60;
             m_hour = m_hour + 1 == 24 ? 0 : m_hour + 1;
-        }
-        else if (m_minute < 0)
-        {
+        } else if (m_minute < 0) {
             m_minute += 60;
             m_hour = m_hour - 1 == -1 ? 23 : m_hour - 1;
         }

@@ -16,8 +16,7 @@ constexpr int kListFields[3] = {CUserProfileEdit::Licenses, CUserProfileEdit::Ra
 std::string CUserProfileEdit::JoinList(const std::vector<std::string>& entries)
 {
     std::string text;
-    for (const std::string& entry : entries)
-    {
+    for (const std::string& entry : entries) {
         text += entry;
         text += "\r\n";
     }
@@ -30,8 +29,7 @@ std::vector<std::string> CUserProfileEdit::SplitList(std::string_view text)
     const std::string whole = TrimBlanks(text);
     std::vector<std::string> entries;
     std::size_t start = 0;
-    while (start <= whole.size())
-    {
+    while (start <= whole.size()) {
         std::size_t end = whole.find('\n', start);
         if (end == std::string::npos)
             end = whole.size();
@@ -81,14 +79,12 @@ bool CUserProfileEdit::Apply(CLogbookSettings& settings) const
     bool changed = settings.SetProfile(m_expires, expiryDate, m_alarm, daysPrior, SplitList(lists[LicenseList]),
                                        SplitList(lists[RatingList]), SplitList(lists[AwardList]));
     const std::string name = TrimBlanks(ownerName);
-    if (name != settings.GetOwnerName())
-    {
+    if (name != settings.GetOwnerName()) {
         settings.SetOwnerName(name);
         changed = true;
     }
     const std::string number = TrimBlanks(memberNumber);
-    if (number != settings.GetMembership().GetMemberNumber())
-    {
+    if (number != settings.GetMembership().GetMemberNumber()) {
         settings.GetMembership().SetMemberNumber(number);
         changed = true;
     }

@@ -16,9 +16,20 @@ class CUserProfileEdit
 {
 public:
     // The fields a failed check points at.
-    enum Field { DaysPrior = 0, Licenses = 1, Ratings = 2, Awards = 3 };
+    enum Field
+    {
+        DaysPrior = 0,
+        Licenses = 1,
+        Ratings = 2,
+        Awards = 3
+    };
     // The three lists, in page order.
-    enum List { LicenseList = 0, RatingList = 1, AwardList = 2 };
+    enum List
+    {
+        LicenseList = 0,
+        RatingList = 1,
+        AwardList = 2
+    };
 
     // Every list holds at most this many entries.
     static constexpr int kMaxEntries = 4;

@@ -4,7 +4,9 @@
 #include "xml/CXmlWriter.h"
 #include "xml/XmlValues.h"
 
-CEquipment::CEquipment(int number) : m_number(number) {}
+CEquipment::CEquipment(int number) : m_number(number)
+{
+}
 
 std::string CEquipment::GetDisplayText() const
 {
@@ -92,10 +94,9 @@ bool operator==(const CEquipment& a, const CEquipment& b)
     const CDateTime& x = a.m_inspectionDate;
     const CDateTime& y = b.m_inspectionDate;
     const bool sameDate = (x.IsValid() && y.IsValid()) ? x.SameDay(y) : x.GetStatus() == y.GetStatus();
-    return sameDate && a.m_number == b.m_number && a.m_active == b.m_active &&
-           a.m_previousJumps == b.m_previousJumps && a.m_harness == b.m_harness &&
-           a.m_harnessSerial == b.m_harnessSerial && a.m_mainCanopy == b.m_mainCanopy &&
-           a.m_mainSize == b.m_mainSize && a.m_mainSerial == b.m_mainSerial &&
-           a.m_reserveCanopy == b.m_reserveCanopy && a.m_reserveSize == b.m_reserveSize &&
-           a.m_reserveSerial == b.m_reserveSerial && a.m_aad == b.m_aad && a.m_aadSerial == b.m_aadSerial;
+    return sameDate && a.m_number == b.m_number && a.m_active == b.m_active && a.m_previousJumps == b.m_previousJumps &&
+           a.m_harness == b.m_harness && a.m_harnessSerial == b.m_harnessSerial && a.m_mainCanopy == b.m_mainCanopy &&
+           a.m_mainSize == b.m_mainSize && a.m_mainSerial == b.m_mainSerial && a.m_reserveCanopy == b.m_reserveCanopy &&
+           a.m_reserveSize == b.m_reserveSize && a.m_reserveSerial == b.m_reserveSerial && a.m_aad == b.m_aad &&
+           a.m_aadSerial == b.m_aadSerial;
 }

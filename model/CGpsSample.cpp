@@ -24,8 +24,8 @@ void CGpsSample::Write(CXmlWriter& writer) const
     char altitude[kXmlDoubleChars];
     char time[kXmlDoubleChars];
     char number[kXmlDoubleChars];
-    writer.StartElement("wpt", {{"a", XmlFormatDouble(GetAltitude(), true, altitude)},
-                                {"t", XmlFormatDouble(GetTime(), true, time)}});
+    writer.StartElement(
+        "wpt", {{"a", XmlFormatDouble(GetAltitude(), true, altitude)}, {"t", XmlFormatDouble(GetTime(), true, time)}});
     writer.WriteElement("lat", XmlFormatDouble(m_latitude, false, number));
     writer.WriteElement("lon", XmlFormatDouble(m_longitude, false, number));
     writer.EndElement();

@@ -7,7 +7,9 @@ class CGpsSample final : public CJumpSample
 {
 public:
     CGpsSample(double altitude, double time, double latitude = 0.0, double longitude = 0.0)
-        : CJumpSample(altitude, time), m_latitude(latitude), m_longitude(longitude) {}
+        : CJumpSample(altitude, time), m_latitude(latitude), m_longitude(longitude)
+    {
+    }
 
     std::unique_ptr<CJumpSample> Clone() const override;
     CJumpSample* CopyTo(void* storage) const override;

@@ -31,7 +31,7 @@ constexpr std::string_view kParagraphEnd = "</p>";
 
 // Speeds and distances are in metres and metres per second; times in seconds.
 constexpr double kTimeStep = 0.1;
-constexpr double kGravityStep = 0.981;   // 9.81 m/s² over one step
+constexpr double kGravityStep = 0.981; // 9.81 m/s² over one step
 // A fall that has not ended after this many steps never will (an unstable tiny speed).
 constexpr long kMaxSteps = 10'000'000;
 
@@ -62,26 +62,64 @@ CJump::CJump(int number, const CZonedDateTime& timestamp, const CDateTime& modif
 {
 }
 
-bool CJump::SetNumber(int number) { return Assign(m_number, number); }
-bool CJump::SetTimestamp(const CZonedDateTime& timestamp) { return Assign(m_timestamp, timestamp); }
-bool CJump::SetModified(const CDateTime& modified) { return Assign(m_modified, modified); }
-bool CJump::SetPlace(std::string text) { return Assign(m_place, std::move(text)); }
-bool CJump::SetAircraft(std::string text) { return Assign(m_aircraft, std::move(text)); }
-bool CJump::SetType(std::string text) { return Assign(m_type, std::move(text)); }
-bool CJump::SetLanding(std::string text) { return Assign(m_landing, std::move(text)); }
-bool CJump::SetTeam(std::string text) { return Assign(m_team, std::move(text)); }
-bool CJump::SetMalfunction(std::string text) { return Assign(m_malfunction, std::move(text)); }
-bool CJump::SetSize(int size) { return Assign(m_size, size); }
-bool CJump::SetPoints(int points) { return Assign(m_points, points); }
-bool CJump::SetNote(std::string markup) { return Assign(m_note, std::move(markup)); }
-bool CJump::SetImages(std::vector<CJumpImage> images) { return Assign(m_images, std::move(images)); }
+bool CJump::SetNumber(int number)
+{
+    return Assign(m_number, number);
+}
+bool CJump::SetTimestamp(const CZonedDateTime& timestamp)
+{
+    return Assign(m_timestamp, timestamp);
+}
+bool CJump::SetModified(const CDateTime& modified)
+{
+    return Assign(m_modified, modified);
+}
+bool CJump::SetPlace(std::string text)
+{
+    return Assign(m_place, std::move(text));
+}
+bool CJump::SetAircraft(std::string text)
+{
+    return Assign(m_aircraft, std::move(text));
+}
+bool CJump::SetType(std::string text)
+{
+    return Assign(m_type, std::move(text));
+}
+bool CJump::SetLanding(std::string text)
+{
+    return Assign(m_landing, std::move(text));
+}
+bool CJump::SetTeam(std::string text)
+{
+    return Assign(m_team, std::move(text));
+}
+bool CJump::SetMalfunction(std::string text)
+{
+    return Assign(m_malfunction, std::move(text));
+}
+bool CJump::SetSize(int size)
+{
+    return Assign(m_size, size);
+}
+bool CJump::SetPoints(int points)
+{
+    return Assign(m_points, points);
+}
+bool CJump::SetNote(std::string markup)
+{
+    return Assign(m_note, std::move(markup));
+}
+bool CJump::SetImages(std::vector<CJumpImage> images)
+{
+    return Assign(m_images, std::move(images));
+}
 
-bool CJump::SetFallrate(int kind, int exitHeight, int openHeight, int freefallTime, double maxSpeed,
-                        double avgSpeed)
+bool CJump::SetFallrate(int kind, int exitHeight, int openHeight, int freefallTime, double maxSpeed, double avgSpeed)
 {
     bool changed = Assign(m_fallrate.kind, kind);
     if (kind == Import)
-        return changed;   // imported values come from the recording and are never edited
+        return changed; // imported values come from the recording and are never edited
     changed |= Assign(m_fallrate.exitHeight, exitHeight);
     changed |= Assign(m_fallrate.openHeight, openHeight);
     if (kind != Manual) {
@@ -129,7 +167,7 @@ double CJump::ComputeFreefallTime(double distance, double terminalSpeed)
     {
         std::uint64_t distance = 0;
         std::uint64_t speed = 0;
-        double seconds = -1.0;   // negative: empty
+        double seconds = -1.0; // negative: empty
     };
     thread_local std::array<Entry, 1024> known;
     std::uint64_t distanceBits = 0;
@@ -389,21 +427,36 @@ bool CJump::OnCloseTag(CXmlParser& parser)
     std::string* text = nullptr;
     int* number = nullptr;
     double* real = nullptr;
-    if (name == "dz") text = &m_place;
-    else if (name == "ac") text = &m_aircraft;
-    else if (name == "type") text = &m_type;
-    else if (name == "landing") text = &m_landing;
-    else if (name == "team") text = &m_team;
-    else if (name == "malfunction") text = &m_malfunction;
-    else if (name == "note") text = &m_note;
-    else if (name == "exit") number = &m_fallrate.exitHeight;
-    else if (name == "open") number = &m_fallrate.openHeight;
-    else if (name == "ffTime") number = &m_fallrate.freefallTime;
-    else if (name == "cpTime") number = &m_fallrate.canopyTime;
-    else if (name == "size") number = &m_size;
-    else if (name == "points") number = &m_points;
-    else if (name == "vMax") real = &m_fallrate.maxSpeed;
-    else if (name == "vAvg") real = &m_fallrate.avgSpeed;
+    if (name == "dz")
+        text = &m_place;
+    else if (name == "ac")
+        text = &m_aircraft;
+    else if (name == "type")
+        text = &m_type;
+    else if (name == "landing")
+        text = &m_landing;
+    else if (name == "team")
+        text = &m_team;
+    else if (name == "malfunction")
+        text = &m_malfunction;
+    else if (name == "note")
+        text = &m_note;
+    else if (name == "exit")
+        number = &m_fallrate.exitHeight;
+    else if (name == "open")
+        number = &m_fallrate.openHeight;
+    else if (name == "ffTime")
+        number = &m_fallrate.freefallTime;
+    else if (name == "cpTime")
+        number = &m_fallrate.canopyTime;
+    else if (name == "size")
+        number = &m_size;
+    else if (name == "points")
+        number = &m_points;
+    else if (name == "vMax")
+        real = &m_fallrate.maxSpeed;
+    else if (name == "vAvg")
+        real = &m_fallrate.avgSpeed;
 
     if (text)
         *text = parser.GetElementText();
@@ -419,8 +472,7 @@ bool operator==(const CJump& a, const CJump& b)
     return a.m_number == b.m_number && a.m_timestamp == b.m_timestamp && a.m_modified == b.m_modified &&
            a.m_place == b.m_place && a.m_aircraft == b.m_aircraft && a.m_type == b.m_type &&
            a.m_fallrate == b.m_fallrate && a.m_wind == b.m_wind && a.m_landing == b.m_landing &&
-           a.m_equipment == b.m_equipment && a.m_size == b.m_size && a.m_points == b.m_points &&
-           a.m_team == b.m_team && a.m_malfunction == b.m_malfunction && a.m_images == b.m_images &&
-           a.m_video == b.m_video && a.m_note == b.m_note && a.m_recording == b.m_recording &&
-           a.m_signature == b.m_signature;
+           a.m_equipment == b.m_equipment && a.m_size == b.m_size && a.m_points == b.m_points && a.m_team == b.m_team &&
+           a.m_malfunction == b.m_malfunction && a.m_images == b.m_images && a.m_video == b.m_video &&
+           a.m_note == b.m_note && a.m_recording == b.m_recording && a.m_signature == b.m_signature;
 }

@@ -66,8 +66,7 @@ public:
     double GetAvgSpeed() const { return m_fallrate.avgSpeed; }
     // Stores an edited fall rate. Import values are never edited; kinds other than Manual clear
     // the stored times and speeds; Manual keeps a speed whose magnitude did not change.
-    bool SetFallrate(int kind, int exitHeight, int openHeight, int freefallTime, double maxSpeed,
-                     double avgSpeed);
+    bool SetFallrate(int kind, int exitHeight, int openHeight, int freefallTime, double maxSpeed, double avgSpeed);
     // Replaces the whole block as it is (import and reading paths).
     void SetFallrateValues(const CJumpFallrate& fallrate) { m_fallrate = fallrate; }
 

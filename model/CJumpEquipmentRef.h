@@ -5,7 +5,12 @@
 // The rig a jump was made with: none, a position in the equipment list, or free text.
 struct CJumpEquipmentRef
 {
-    enum Mode { None = 0, ByIndex = 1, ByDescription = 2 };
+    enum Mode
+    {
+        None = 0,
+        ByIndex = 1,
+        ByDescription = 2
+    };
 
     int mode = None;
     int index = 0;

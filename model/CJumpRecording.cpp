@@ -84,7 +84,7 @@ bool CJumpRecording::OnOpenTag(CXmlParser& parser)
         else if (m_kind == Satellite)
             m_samples.Emplace<CGpsSample>(altitude, time);
         else
-            return false;   // a waypoint needs to know what kind of sample it is
+            return false; // a waypoint needs to know what kind of sample it is
         return true;
     }
     if (name == "annotation") {
@@ -141,8 +141,8 @@ bool CJumpRecording::OnCloseTag(CXmlParser& parser)
 
 bool operator==(const CJumpRecording& a, const CJumpRecording& b)
 {
-    if (a.m_kind != b.m_kind || a.m_qne != b.m_qne || a.m_apply != b.m_apply ||
-        a.m_annotations != b.m_annotations || a.m_winds != b.m_winds || a.m_samples.size() != b.m_samples.size())
+    if (a.m_kind != b.m_kind || a.m_qne != b.m_qne || a.m_apply != b.m_apply || a.m_annotations != b.m_annotations ||
+        a.m_winds != b.m_winds || a.m_samples.size() != b.m_samples.size())
         return false;
     for (std::size_t i = 0; i < a.m_samples.size(); ++i) {
         if (!a.m_samples[i]->Equals(*b.m_samples[i]))

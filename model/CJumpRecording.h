@@ -17,7 +17,12 @@ class CXmlWriter;
 class CJumpRecording : public CXmlHandler
 {
 public:
-    enum Kind { None = 0, Barometric = 1, Satellite = 2 };
+    enum Kind
+    {
+        None = 0,
+        Barometric = 1,
+        Satellite = 2
+    };
 
     CJumpRecording() = default;
     CJumpRecording(const CJumpRecording& other) = default;

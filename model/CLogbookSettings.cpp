@@ -63,10 +63,14 @@ bool CLogbookSettings::SetProfile(bool expires, const CDateTime& expiry, bool al
 double CLogbookSettings::FallrateSpeed(int kind) const
 {
     switch (kind) {
-    case Standard: return kStandardSpeed;
-    case Vertical: return kVerticalSpeed;
-    case Custom: return m_customSpeed;
-    default: return 0.0;
+    case Standard:
+        return kStandardSpeed;
+    case Vertical:
+        return kVerticalSpeed;
+    case Custom:
+        return m_customSpeed;
+    default:
+        return 0.0;
     }
 }
 
@@ -154,7 +158,7 @@ bool CLogbookSettings::OnCloseTag(CXmlParser& parser)
 bool operator==(const CLogbookSettings& a, const CLogbookSettings& b)
 {
     return a.m_ownerName == b.m_ownerName && a.m_previousJumps == b.m_previousJumps &&
-           a.m_previousDelay == b.m_previousDelay && a.m_membership == b.m_membership &&
-           a.m_licenses == b.m_licenses && a.m_ratings == b.m_ratings && a.m_awards == b.m_awards &&
-           a.m_equipment == b.m_equipment && a.m_customSpeed == b.m_customSpeed && a.m_keywords == b.m_keywords;
+           a.m_previousDelay == b.m_previousDelay && a.m_membership == b.m_membership && a.m_licenses == b.m_licenses &&
+           a.m_ratings == b.m_ratings && a.m_awards == b.m_awards && a.m_equipment == b.m_equipment &&
+           a.m_customSpeed == b.m_customSpeed && a.m_keywords == b.m_keywords;
 }

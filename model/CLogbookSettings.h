@@ -22,7 +22,13 @@ public:
     static constexpr double kVerticalSpeed = 76.0;
     static constexpr double kDefaultCustomSpeed = 22.3;
     // Indices of the jump-kind labels for GetKeyword.
-    enum Keyword { VideoJump = 0, NightJump = 1, CoachJump = 2, ReserveActivated = 3 };
+    enum Keyword
+    {
+        VideoJump = 0,
+        NightJump = 1,
+        CoachJump = 2,
+        ReserveActivated = 3
+    };
 
     CLogbookSettings();
 
@@ -56,9 +62,8 @@ public:
 
     // The profile dialog's one setter: membership expiry and alarm and the three lists.
     // Returns whether anything changed.
-    bool SetProfile(bool expires, const CDateTime& expiry, bool alarm, int alarmDays,
-                    std::vector<std::string> licenses, std::vector<std::string> ratings,
-                    std::vector<std::string> awards);
+    bool SetProfile(bool expires, const CDateTime& expiry, bool alarm, int alarmDays, std::vector<std::string> licenses,
+                    std::vector<std::string> ratings, std::vector<std::string> awards);
 
     // The speed of Standard, Vertical or Custom in m/s; 0 for any other kind.
     double FallrateSpeed(int kind) const;

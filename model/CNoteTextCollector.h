@@ -21,6 +21,6 @@ public:
 
 private:
     std::string m_text;
-    std::vector<std::string> m_open;   // names of the elements whose start tag was reported
-    bool m_pendingBreak = false;       // a top-level paragraph ended; the next text starts a line
+    std::vector<std::string> m_open; // names of the elements whose start tag was reported
+    bool m_pendingBreak = false;     // a top-level paragraph ended; the next text starts a line
 };

@@ -17,8 +17,7 @@ CSampleList& CSampleList::operator=(const CSampleList& other)
 }
 
 CSampleList::CSampleList(CSampleList&& other) noexcept
-    : m_slots(std::exchange(other.m_slots, nullptr)),
-      m_size(std::exchange(other.m_size, 0)),
+    : m_slots(std::exchange(other.m_slots, nullptr)), m_size(std::exchange(other.m_size, 0)),
       m_capacity(std::exchange(other.m_capacity, 0))
 {
 }

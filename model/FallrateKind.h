@@ -5,18 +5,31 @@
 // How a jump's freefall time is obtained: from one of the three fall-rate speeds of the
 // settings (Standard, Vertical, Custom), typed by the user (Manual) or taken from a recording
 // (Import). The numbers are stored in the file and index the settings' speed table.
-enum FallrateKind { Standard = 0, Vertical = 1, Custom = 2, Manual = 3, Import = 4 };
+enum FallrateKind
+{
+    Standard = 0,
+    Vertical = 1,
+    Custom = 2,
+    Manual = 3,
+    Import = 4
+};
 
 // The file name of a kind ("Standard" ... "Import"); empty for a value outside the enumeration.
 constexpr std::string_view FallrateKindName(int kind)
 {
     switch (kind) {
-    case Standard: return "Standard";
-    case Vertical: return "Vertical";
-    case Custom: return "Custom";
-    case Manual: return "Manual";
-    case Import: return "Import";
-    default: return {};
+    case Standard:
+        return "Standard";
+    case Vertical:
+        return "Vertical";
+    case Custom:
+        return "Custom";
+    case Manual:
+        return "Manual";
+    case Import:
+        return "Import";
+    default:
+        return {};
     }
 }
 

@@ -103,8 +103,8 @@ static_assert(std::is_sorted(kEntries.begin(), kEntries.end(),
 
 const Entry* Find(int id)
 {
-    auto it = std::lower_bound(kEntries.begin(), kEntries.end(), id,
-                               [](const Entry& e, int key) { return e.id < key; });
+    auto it =
+        std::lower_bound(kEntries.begin(), kEntries.end(), id, [](const Entry& e, int key) { return e.id < key; });
     return (it != kEntries.end() && it->id == id) ? &*it : nullptr;
 }
 

@@ -9,7 +9,8 @@
 namespace StringTable {
 
 // File and validation errors.
-enum MessageId : int {
+enum MessageId : int
+{
     IDS_WRITE_ERROR = 4000,
     IDS_OPEN_FAILED = 4001,
     IDS_SAVE_FAILED = 4002,

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Builds everything with warnings as errors and runs every test suite; builds everything and its
+# Checks the C++ files' formatting; builds everything with warnings as errors and runs every test suite; builds everything and its
 # tests again with AddressSanitizer and UndefinedBehaviorSanitizer and runs them; builds the fuzz
 # targets with clang and runs each for a short fixed time on its seed corpus. Any failure stops
 # the script with a non-zero status. The main build's test summary is printed last.
@@ -16,6 +16,9 @@ step() {
   echo
   echo "=== $* ($((SECONDS - started)) s)"
 }
+
+step "format check"
+"$root/scripts/format.sh"
 
 step "main build"
 build="$root/build-test"

@@ -12,7 +12,22 @@
 
 namespace {
 
-enum Column { Time, Lat, Lon, HMsl, VelN, VelE, VelD, HAcc, VAcc, SAcc, GpsFix, NumSV, ColumnCount };
+enum Column
+{
+    Time,
+    Lat,
+    Lon,
+    HMsl,
+    VelN,
+    VelE,
+    VelD,
+    HAcc,
+    VAcc,
+    SAcc,
+    GpsFix,
+    NumSV,
+    ColumnCount
+};
 
 constexpr std::string_view kColumnNames[ColumnCount] = {"time", "lat",  "lon",  "hMSL", "velN",   "velE",
                                                         "velD", "hAcc", "vAcc", "sAcc", "gpsFix", "numSV"};
@@ -36,7 +51,12 @@ constexpr long long k3DFix = 3;
 
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 
-enum class RowOutcome { Fix, Skip, Refuse };
+enum class RowOutcome
+{
+    Fix,
+    Skip,
+    Refuse
+};
 
 bool Refuse(CTrackReadResult& result, int line, CTrackMessage reason)
 {
@@ -71,8 +91,8 @@ RowOutcome ParseFix(const std::string_view* values, CTrackFix& fix, CTrackMessag
         why = {StringTable::IDS_TRACK_BAD_TIME, QuoteField(values[Time])};
         return RowOutcome::Refuse;
     }
-    double* const targets[] = {nullptr,    &fix.lat,  &fix.lon,  &fix.hMSL, &fix.velN,
-                               &fix.velE,  &fix.velD, &fix.hAcc, &fix.vAcc, &fix.sAcc};
+    double* const targets[] = {nullptr,   &fix.lat,  &fix.lon,  &fix.hMSL, &fix.velN,
+                               &fix.velE, &fix.velD, &fix.hAcc, &fix.vAcc, &fix.sAcc};
     for (int column = Lat; column <= SAcc; ++column) {
         const bool required = column <= VelD;
         if (!required && values[column].empty()) {
@@ -116,8 +136,7 @@ bool ReadHeader(CTrackReadResult& result, CCsvColumns& columns, std::string_view
     }
     for (Column column : kRequired) {
         if (!columns.Has(column)) {
-            return Refuse(result, number,
-                          {StringTable::IDS_TRACK_MISSING_COLUMN, std::string(kColumnNames[column])});
+            return Refuse(result, number, {StringTable::IDS_TRACK_MISSING_COLUMN, std::string(kColumnNames[column])});
         }
     }
     return true;
@@ -129,16 +148,19 @@ bool AddRow(CTrackReadResult& result, const CCsvColumns& columns, std::string_vi
     std::string_view values[ColumnCount];
     const std::size_t fields = columns.ReadRow(row, skip, values);
     if (fields < columns.FieldsNeeded()) {
-        return Refuse(result, line,
-                      {StringTable::IDS_TRACK_SHORT_ROW, std::to_string(fields),
-                       std::to_string(columns.FieldsNeeded())});
+        return Refuse(
+            result, line,
+            {StringTable::IDS_TRACK_SHORT_ROW, std::to_string(fields), std::to_string(columns.FieldsNeeded())});
     }
     CTrackFix fix;
     CTrackMessage why;
     switch (ParseFix(values, fix, why)) {
-    case RowOutcome::Skip: return true;
-    case RowOutcome::Refuse: return Refuse(result, line, why);
-    case RowOutcome::Fix: break;
+    case RowOutcome::Skip:
+        return true;
+    case RowOutcome::Refuse:
+        return Refuse(result, line, why);
+    case RowOutcome::Fix:
+        break;
     }
     std::vector<CTrackFix>& fixes = result.track.fixes;
     if (!fixes.empty()) {

@@ -12,8 +12,19 @@
 
 namespace {
 
-enum BaroColumn { BaroTime, BaroPressure, BaroColumnCount };
-enum TimeColumn { TimeTime, TimeTow, TimeWeek, TimeColumnCount };
+enum BaroColumn
+{
+    BaroTime,
+    BaroPressure,
+    BaroColumnCount
+};
+enum TimeColumn
+{
+    TimeTime,
+    TimeTow,
+    TimeWeek,
+    TimeColumnCount
+};
 
 constexpr std::string_view kBaroNames[BaroColumnCount] = {"time", "pressure"};
 constexpr std::string_view kTimeNames[TimeColumnCount] = {"time", "tow", "week"};

@@ -59,8 +59,8 @@ bool CGpxWriter::Write(const CJump& jump, std::string& gpx, std::string& message
         const auto* fix = dynamic_cast<const CGpsSample*>(sample.get());
         if (fix == nullptr)
             continue;
-        writer.StartElement("trkpt", {{"lat", FormatNumber(fix->GetLatitude(), lat)},
-                                      {"lon", FormatNumber(fix->GetLongitude(), lon)}});
+        writer.StartElement(
+            "trkpt", {{"lat", FormatNumber(fix->GetLatitude(), lat)}, {"lon", FormatNumber(fix->GetLongitude(), lon)}});
         writer.WriteElement("ele", FormatNumber(std::round(fix->GetAltitude() * 100.0) / 100.0, ele));
         writer.WriteElement("time", FormatUtcIso8601(exitUtc + fix->GetTime(), time));
         writer.EndElement();

@@ -61,7 +61,6 @@ constexpr double kLandingNearGround = 10.0;
 constexpr double kGroundLookAhead = 30.0;
 constexpr double kGroundAverage = 5.0;
 
-
 // The mean of a field over the fixes within ±halfWindow seconds of each fix.
 std::vector<double> CentredMean(const std::vector<CTrackFix>& fixes, double CTrackFix::*field, double halfWindow)
 {
@@ -102,8 +101,8 @@ double SpeedAccuracy(const CTrackFix& fix)
 // Linear interpolation of values at a time between the fixes around it.
 double ValueAt(const std::vector<CTrackFix>& fixes, const std::vector<double>& values, double time)
 {
-    const auto after = std::lower_bound(fixes.begin(), fixes.end(), time,
-                                        [](const CTrackFix& fix, double t) { return fix.time < t; });
+    const auto after =
+        std::lower_bound(fixes.begin(), fixes.end(), time, [](const CTrackFix& fix, double t) { return fix.time < t; });
     if (after == fixes.begin())
         return values.front();
     if (after == fixes.end())
@@ -117,8 +116,8 @@ double ValueAt(const std::vector<CTrackFix>& fixes, const std::vector<double>& v
 // The index of the fix nearest to a time.
 std::size_t NearestFix(const std::vector<CTrackFix>& fixes, double time)
 {
-    const auto after = std::lower_bound(fixes.begin(), fixes.end(), time,
-                                        [](const CTrackFix& fix, double t) { return fix.time < t; });
+    const auto after =
+        std::lower_bound(fixes.begin(), fixes.end(), time, [](const CTrackFix& fix, double t) { return fix.time < t; });
     std::size_t b = static_cast<std::size_t>(after - fixes.begin());
     if (b == fixes.size())
         return b - 1;

@@ -46,8 +46,7 @@ CRecordingSeries::Range RangeOf(const std::vector<T>& values, Get get)
     if (values.empty())
         return {};
     CRecordingSeries::Range range{get(values.front()), get(values.front())};
-    for (const T& value : values)
-    {
+    for (const T& value : values) {
         range.min = std::min(range.min, get(value));
         range.max = std::max(range.max, get(value));
     }
@@ -80,17 +79,15 @@ void CRecordingSeries::TakeSamples(const CJumpRecording& recording)
     raw.reserve(recording.GetSamples().size());
     bool allPositioned = true;
     bool anyOffOrigin = false;
-    for (const auto& sample : recording.GetSamples())
-    {
+    for (const auto& sample : recording.GetSamples()) {
         if (!sample || !std::isfinite(sample->GetTime()) || !std::isfinite(sample->GetAltitude()))
             continue;
         CRawSample taken{sample->GetTime(), sample->GetAltitude()};
-        if (const auto* gps = dynamic_cast<const CGpsSample*>(sample.get()))
-        {
+        if (const auto* gps = dynamic_cast<const CGpsSample*>(sample.get())) {
             taken.lat = gps->GetLatitude();
             taken.lon = gps->GetLongitude();
-            taken.hasPosition = std::isfinite(taken.lat) && std::isfinite(taken.lon) &&
-                                std::abs(taken.lat) <= 90.0 && std::abs(taken.lon) <= 180.0;
+            taken.hasPosition = std::isfinite(taken.lat) && std::isfinite(taken.lon) && std::abs(taken.lat) <= 90.0 &&
+                                std::abs(taken.lon) <= 180.0;
         }
         allPositioned = allPositioned && taken.hasPosition;
         anyOffOrigin = anyOffOrigin || (taken.hasPosition && (taken.lat != 0.0 || taken.lon != 0.0));
@@ -104,18 +101,15 @@ void CRecordingSeries::TakeSamples(const CJumpRecording& recording)
     const bool ground = m_satellite && allPositioned && anyOffOrigin;
     std::vector<CRawSample> merged;
     merged.reserve(raw.size());
-    for (std::size_t first = 0; first < raw.size();)
-    {
+    for (std::size_t first = 0; first < raw.size();) {
         std::size_t end = first + 1;
         while (end < raw.size() && raw[end].time - raw[first].time < kSameTime)
             ++end;
         CRawSample mean = raw[first];
         const double count = static_cast<double>(end - first);
-        if (end - first > 1)
-        {
+        if (end - first > 1) {
             mean = {};
-            for (std::size_t i = first; i < end; ++i)
-            {
+            for (std::size_t i = first; i < end; ++i) {
                 mean.time += raw[i].time / count;
                 mean.altitude += raw[i].altitude / count;
                 mean.lat += raw[i].lat / count;
@@ -128,8 +122,7 @@ void CRecordingSeries::TakeSamples(const CJumpRecording& recording)
 
     m_times.reserve(merged.size());
     m_altitudes.reserve(merged.size());
-    for (const CRawSample& sample : merged)
-    {
+    for (const CRawSample& sample : merged) {
         m_times.push_back(sample.time);
         m_altitudes.push_back(sample.altitude);
     }
@@ -142,8 +135,8 @@ void CRecordingSeries::TakeSamples(const CJumpRecording& recording)
     const double eastScale = kEarthRadius * std::cos(Radians(lat0));
     m_ground.reserve(merged.size());
     for (const CRawSample& sample : merged)
-        m_ground.push_back({eastScale * Radians(LongitudeStep(lon0, sample.lon)),
-                            kEarthRadius * Radians(sample.lat - lat0)});
+        m_ground.push_back(
+            {eastScale * Radians(LongitudeStep(lon0, sample.lon)), kEarthRadius * Radians(sample.lat - lat0)});
 }
 
 void CRecordingSeries::ComputeSpeeds()
@@ -154,8 +147,7 @@ void CRecordingSeries::ComputeSpeeds()
         return;
     std::size_t lo = 0;
     std::size_t hi = 0;
-    for (std::size_t i = 0; i < n; ++i)
-    {
+    for (std::size_t i = 0; i < n; ++i) {
         // The window: every sample within the half window, and at least one neighbour each side.
         while (lo < i && m_times[i] - m_times[lo] > kSlopeHalfWindow)
             ++lo;
@@ -166,8 +158,7 @@ void CRecordingSeries::ComputeSpeeds()
         const double count = static_cast<double>(hi - lo + 1);
         double meanTime = 0.0;
         double meanAltitude = 0.0;
-        for (std::size_t j = lo; j <= hi; ++j)
-        {
+        for (std::size_t j = lo; j <= hi; ++j) {
             meanTime += m_times[j];
             meanAltitude += m_altitudes[j];
         }
@@ -175,8 +166,7 @@ void CRecordingSeries::ComputeSpeeds()
         meanAltitude /= count;
         double sxx = 0.0;
         double sxy = 0.0;
-        for (std::size_t j = lo; j <= hi; ++j)
-        {
+        for (std::size_t j = lo; j <= hi; ++j) {
             const double dt = m_times[j] - meanTime;
             sxx += dt * dt;
             sxy += dt * (m_altitudes[j] - meanAltitude);

@@ -97,9 +97,8 @@ void BuildSatellite(const CTrack& track, const CJumpDetection& detection, double
     const std::size_t first =
         std::min(FirstAtOrAfter(fixes.size(), detection.exitTime - kImportLeadTime, timeOf), detection.exitIndex);
     const std::vector<std::size_t> kept =
-        KeptIndices(first, detection.landingIndex,
-                    {detection.exitIndex, detection.deployIndex, detection.landingIndex}, rateHz,
-                    detection.exitTime, timeOf);
+        KeptIndices(first, detection.landingIndex, {detection.exitIndex, detection.deployIndex, detection.landingIndex},
+                    rateHz, detection.exitTime, timeOf);
     recording.SetKind(CJumpRecording::Satellite);
     for (std::size_t i : kept) {
         const CTrackFix& fix = fixes[i];

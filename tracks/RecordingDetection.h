@@ -10,4 +10,3 @@ class CRecordingSeries;
 // a barometric recording), and the track detection runs on them. Times in the result are the
 // recording's own seconds.
 CJumpDetection DetectJumpInSeries(const CRecordingSeries& series);
-

@@ -41,8 +41,7 @@ QString CTranslations::Install(const QLocale& locale)
     Remove(g_program);
     Remove(g_qt);
     auto* program = new QTranslator(QCoreApplication::instance());
-    if (!program->load(locale, QStringLiteral("tervola"), QStringLiteral("_"), Folder()))
-    {
+    if (!program->load(locale, QStringLiteral("tervola"), QStringLiteral("_"), Folder())) {
         delete program;
         return {};
     }
@@ -52,13 +51,10 @@ QString CTranslations::Install(const QLocale& locale)
     const QLocale language(program->language());
     auto* qt = new QTranslator(QCoreApplication::instance());
     if (qt->load(language, QStringLiteral("qtbase"), QStringLiteral("_"),
-                 QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
-    {
+                 QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
         QCoreApplication::installTranslator(qt);
         g_qt = qt;
-    }
-    else
-    {
+    } else {
         delete qt;
     }
     return program->language();

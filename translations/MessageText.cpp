@@ -22,16 +22,12 @@ QString Substitute(const QString& text, const QString& arg1, const QString& arg2
 {
     QString out;
     out.reserve(text.size() + arg1.size() + arg2.size());
-    for (qsizetype i = 0; i < text.size(); ++i)
-    {
+    for (qsizetype i = 0; i < text.size(); ++i) {
         if (text[i] == QLatin1Char('%') && i + 1 < text.size() &&
-            (text[i + 1] == QLatin1Char('1') || text[i + 1] == QLatin1Char('2')))
-        {
+            (text[i + 1] == QLatin1Char('1') || text[i + 1] == QLatin1Char('2'))) {
             out += text[i + 1] == QLatin1Char('1') ? arg1 : arg2;
             ++i;
-        }
-        else
-        {
+        } else {
             out += text[i];
         }
     }
@@ -52,7 +48,7 @@ std::optional<Parts> Match(std::string_view message, std::string_view text, bool
 {
     Parts parts;
     std::size_t at = 0;
-    int pending = 0;   // the placeholder waiting for the next literal piece, 0 for none
+    int pending = 0; // the placeholder waiting for the next literal piece, 0 for none
     std::size_t start = 0;
     const auto literal = [&](std::string_view piece, bool last) -> bool {
         std::size_t found;
@@ -60,7 +56,7 @@ std::optional<Parts> Match(std::string_view message, std::string_view text, bool
             found = text.compare(at, piece.size(), piece) == 0 ? at : std::string_view::npos;
         else if (last && !keepTail)
             found = text.size() >= at + piece.size() && text.ends_with(piece) ? text.size() - piece.size()
-                                                                               : std::string_view::npos;
+                                                                              : std::string_view::npos;
         else
             found = text.find(piece, at);
         if (found == std::string_view::npos)
@@ -71,13 +67,12 @@ std::optional<Parts> Match(std::string_view message, std::string_view text, bool
         at = found + piece.size();
         return true;
     };
-    for (std::size_t i = 0; i < message.size(); ++i)
-    {
+    for (std::size_t i = 0; i < message.size(); ++i) {
         if (message[i] != '%' || i + 1 >= message.size() || (message[i + 1] != '1' && message[i + 1] != '2'))
             continue;
         const std::string_view piece = message.substr(start, i - start);
         if (pending != 0 && piece.empty())
-            return std::nullopt;   // two placeholders side by side cannot be told apart
+            return std::nullopt; // two placeholders side by side cannot be told apart
         if (!literal(piece, false))
             return std::nullopt;
         pending = message[i + 1] - '0';
@@ -85,14 +80,11 @@ std::optional<Parts> Match(std::string_view message, std::string_view text, bool
         ++i;
     }
     const std::string_view last = message.substr(start);
-    if (pending != 0 && last.empty())
-    {
+    if (pending != 0 && last.empty()) {
         // A placeholder at the end takes the rest.
         parts.args[static_cast<std::size_t>(pending - 1)] = text.substr(at);
         at = text.size();
-    }
-    else if (!literal(last, true))
-    {
+    } else if (!literal(last, true)) {
         return std::nullopt;
     }
     if (at != text.size() && !keepTail)
@@ -123,8 +115,7 @@ QString Format(int id, const QString& arg1, const QString& arg2)
 
 QString Translate(std::string_view composed, int id)
 {
-    if (id != 0)
-    {
+    if (id != 0) {
         if (const auto parts = Match(StringTable::Text(id), composed, true); parts && StringTable::Has(id))
             return Translated(id, *parts);
         return ToQt(composed);

@@ -18,12 +18,10 @@ namespace {
 std::string Literal(std::string_view text)
 {
     std::string out = "\"";
-    for (const char c : text)
-    {
+    for (const char c : text) {
         if (c == '"' || c == '\\')
             out += '\\';
-        if (static_cast<unsigned char>(c) < 0x20)
-        {
+        if (static_cast<unsigned char>(c) < 0x20) {
             char escaped[8];
             std::snprintf(escaped, sizeof escaped, "\\%03o", static_cast<unsigned>(static_cast<unsigned char>(c)));
             out += escaped;
@@ -38,8 +36,7 @@ std::string Literal(std::string_view text)
 
 int main(int argc, char* argv[])
 {
-    if (argc != 2)
-    {
+    if (argc != 2) {
         std::fprintf(stderr, "usage: %s <output.cpp>\n", argv[0]);
         return 2;
     }

@@ -9,9 +9,21 @@ class ISettingsStore;
 class CUnitSettings
 {
 public:
-    enum Units { Imperial = 0, Metric = 1 };
-    enum SpeedDisplay { PerSecond = 0, PerHour = 1 };
-    enum GlideDisplay { Ratio = 0, Pitch = 1 };
+    enum Units
+    {
+        Imperial = 0,
+        Metric = 1
+    };
+    enum SpeedDisplay
+    {
+        PerSecond = 0,
+        PerHour = 1
+    };
+    enum GlideDisplay
+    {
+        Ratio = 0,
+        Pitch = 1
+    };
 
     // Imperial, per second, ratio.
     CUnitSettings() = default;
@@ -44,10 +56,10 @@ public:
     double DistanceToDisplay(double metres) const;
 
     // Labels shown beside the values.
-    std::string_view HeightLabel() const;     // "m" / "ft"
-    std::string_view SpeedLabel() const;      // "m/s", "km/h", "ft/s", "mph"
-    std::string_view WindLabel() const;       // "kn" (metric) / "mph" (imperial), as the program has it
-    std::string_view DistanceLabel() const;   // " [km]" / " [mi]"
+    std::string_view HeightLabel() const;   // "m" / "ft"
+    std::string_view SpeedLabel() const;    // "m/s", "km/h", "ft/s", "mph"
+    std::string_view WindLabel() const;     // "kn" (metric) / "mph" (imperial), as the program has it
+    std::string_view DistanceLabel() const; // " [km]" / " [mi]"
 
     // The registry section and value names.
     static constexpr std::string_view kSection = "Preferences";

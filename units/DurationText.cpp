@@ -73,7 +73,7 @@ bool DurationFromText(std::string_view text, int& seconds)
             return false;
         result = (h * 60 + m) * 60 + s;
         if (result > 2147483647LL)
-            return false;   // beyond what a 32-bit count of seconds holds
+            return false; // beyond what a 32-bit count of seconds holds
         break;
     }
     default:

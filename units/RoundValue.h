@@ -1,7 +1,12 @@
 #pragma once
 
 // Rounding modes of RoundValue.
-enum RoundMode { RoundHalfUp = 0, RoundUp = 1, RoundDown = 2 };
+enum RoundMode
+{
+    RoundHalfUp = 0,
+    RoundUp = 1,
+    RoundDown = 2
+};
 
 // Rounds value to the given number of decimals, working on the magnitude (so -2.5 half-up is -3).
 // A margin of 1e-8 makes values a hair below a boundary round as their decimal text suggests;

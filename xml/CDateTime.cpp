@@ -121,8 +121,7 @@ CDateTime CDateTime::AddDays(int64_t days) const
 
 bool CDateTime::SameDay(const CDateTime& other) const
 {
-    return IsValid() && other.IsValid() && m_year == other.m_year && m_month == other.m_month &&
-           m_day == other.m_day;
+    return IsValid() && other.IsValid() && m_year == other.m_year && m_month == other.m_month && m_day == other.m_day;
 }
 
 bool CDateTime::IsValidDate(int year, int month, int day)

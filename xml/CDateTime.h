@@ -9,7 +9,12 @@
 class CDateTime
 {
 public:
-    enum Status { Valid = 0, Invalid = 1, Null = 2 };
+    enum Status
+    {
+        Valid = 0,
+        Invalid = 1,
+        Null = 2
+    };
 
     // A Null date-time.
     CDateTime() = default;

@@ -47,8 +47,7 @@ bool CDeflateBlock::Compress(Engine& engine, bool last)
     auto* stream = static_cast<z_stream*>(engine.m_stream);
     if (!engine.m_ready || deflateReset(stream) != Z_OK)
         return false;
-    if (m_historyBytes > 0 &&
-        deflateSetDictionary(stream, m_input.data(), static_cast<uInt>(m_historyBytes)) != Z_OK)
+    if (m_historyBytes > 0 && deflateSetDictionary(stream, m_input.data(), static_cast<uInt>(m_historyBytes)) != Z_OK)
         return false;
     const std::size_t text = TextSize();
     unsigned char* start = m_input.data() + m_historyBytes;
@@ -70,7 +69,7 @@ bool CDeflateBlock::Compress(Engine& engine, bool last)
         if (last ? result == Z_STREAM_END : stream->avail_in == 0 && stream->avail_out > 0)
             break;
         if (stream->avail_out > 0)
-            return false;   // no progress although there was room: zlib is in trouble
+            return false; // no progress although there was room: zlib is in trouble
         const std::size_t used = m_output.size() - stream->avail_out;
         m_output.resize(m_output.size() * 2);
         stream->next_out = m_output.data() + used;

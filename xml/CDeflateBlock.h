@@ -30,7 +30,7 @@ public:
 
     private:
         friend class CDeflateBlock;
-        void* m_stream;   // z_stream; kept opaque so that users of this header need no zlib.h
+        void* m_stream; // z_stream; kept opaque so that users of this header need no zlib.h
         bool m_ready = false;
     };
 
@@ -52,7 +52,7 @@ public:
     std::uint32_t Crc() const { return m_crc; }
 
 private:
-    std::vector<unsigned char> m_input;   // history, then the block's text
+    std::vector<unsigned char> m_input; // history, then the block's text
     std::size_t m_historyBytes = 0;
     std::vector<unsigned char> m_output;
     std::size_t m_outputSize = 0;

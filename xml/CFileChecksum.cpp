@@ -77,7 +77,7 @@ std::uint64_t CFileChecksum::Value() const
         for (const std::uint64_t lane : m_lanes)
             hash = Merge(hash, lane);
     } else {
-        hash = m_lanes[2] + kPrime5;   // the lane that holds the seed, 0
+        hash = m_lanes[2] + kPrime5; // the lane that holds the seed, 0
     }
     hash += m_length;
     const unsigned char* rest = m_pending;

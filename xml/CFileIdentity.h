@@ -8,9 +8,9 @@
 // that the next save can see whether another program has changed the file in between.
 struct CFileIdentity
 {
-    bool known = false;              // false: nothing was read (no file, or reading failed)
+    bool known = false; // false: nothing was read (no file, or reading failed)
     std::uint64_t size = 0;
-    std::int64_t modifiedNs = 0;     // modification time, nanoseconds since 1970
+    std::int64_t modifiedNs = 0; // modification time, nanoseconds since 1970
     std::uint64_t checksum = 0;
 
     // Reads the whole file at path; unknown when it does not exist or cannot be read.

@@ -32,7 +32,9 @@ bool CFileReadAhead::Open(const std::string& path, bool gzip)
     m_fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
     if (m_fd < 0)
         return false;
-    struct stat info{};
+    struct stat info
+    {
+    };
     if (::fstat(m_fd, &info) != 0) {
         ::close(m_fd);
         m_fd = -1;
@@ -201,9 +203,10 @@ void CFileReadAhead::Count(const char* bytes, std::size_t size)
 bool CFileReadAhead::HashUpTo(std::uint64_t offset)
 {
     if (m_gzip == nullptr)
-        return true;   // plain files are hashed as they are read
+        return true; // plain files are hashed as they are read
     while (m_identity.size < offset) {
-        const std::size_t want = static_cast<std::size_t>(std::min<std::uint64_t>(kHashBlock, offset - m_identity.size));
+        const std::size_t want =
+            static_cast<std::size_t>(std::min<std::uint64_t>(kHashBlock, offset - m_identity.size));
         const ssize_t got = ::pread(m_fd, m_hashBuffer.get(), want, static_cast<off_t>(m_identity.size));
         if (got < 0 && errno == EINTR)
             continue;

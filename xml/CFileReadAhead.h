@@ -64,9 +64,9 @@ private:
     void Finish(bool ok);
 
     CIoProgress* m_progress;
-    int m_fd = -1;             // the file; zlib reads a duplicate of it
-    void* m_gzip = nullptr;    // gzFile, kept opaque so that users of this header need no zlib.h
-    bool m_onCallersThread = false;   // a plain file: no thread, Next reads
+    int m_fd = -1;                  // the file; zlib reads a duplicate of it
+    void* m_gzip = nullptr;         // gzFile, kept opaque so that users of this header need no zlib.h
+    bool m_onCallersThread = false; // a plain file: no thread, Next reads
     CFileIdentity m_identity;
     CFileChecksum m_checksum;
     std::unique_ptr<char[]> m_hashBuffer;
@@ -74,10 +74,10 @@ private:
     std::mutex m_mutex;
     std::condition_variable m_changed;
     std::vector<Chunk> m_chunks;
-    std::deque<std::size_t> m_free;     // chunk indices the thread may fill
-    std::deque<std::size_t> m_filled;   // chunk indices waiting for the caller, in order
-    std::size_t m_inUse = kChunks;      // the chunk the caller holds; kChunks: none
-    bool m_ended = false;               // the thread has queued its last chunk
+    std::deque<std::size_t> m_free;   // chunk indices the thread may fill
+    std::deque<std::size_t> m_filled; // chunk indices waiting for the caller, in order
+    std::size_t m_inUse = kChunks;    // the chunk the caller holds; kChunks: none
+    bool m_ended = false;             // the thread has queued its last chunk
     bool m_stopping = false;
     bool m_succeeded = false;
     std::thread m_thread;

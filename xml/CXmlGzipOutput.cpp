@@ -12,7 +12,7 @@ struct CXmlGzipOutput::Job
 {
     CDeflateBlock block;
     bool last = false;
-    bool done = false;   // set by the thread that compressed it, under the mutex
+    bool done = false; // set by the thread that compressed it, under the mutex
     bool ok = false;
 };
 
@@ -162,7 +162,7 @@ bool CXmlGzipOutput::WriteBlock(const Job& job)
         return true;
     unsigned char trailer[8];
     PutLittleEndian(trailer, m_crc);
-    PutLittleEndian(trailer + 4, static_cast<std::uint32_t>(m_length));   // the length modulo 2^32
+    PutLittleEndian(trailer + 4, static_cast<std::uint32_t>(m_length)); // the length modulo 2^32
     return m_sink->Write(reinterpret_cast<const char*>(trailer), sizeof trailer);
 }
 

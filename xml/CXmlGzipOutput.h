@@ -25,8 +25,8 @@ public:
     // How the text is cut and compressed.
     struct Options
     {
-        std::size_t blockBytes = 128 * 1024;   // text per block
-        unsigned threads = 0;                  // compressing threads; 0: one per processor core
+        std::size_t blockBytes = 128 * 1024; // text per block
+        unsigned threads = 0;                // compressing threads; 0: one per processor core
         int level = 9;
     };
 
@@ -68,9 +68,9 @@ private:
     Options m_options;
     std::size_t m_maxInFlight;
     std::unique_ptr<Job> m_current;
-    std::deque<std::unique_ptr<Job>> m_inFlight;   // submitted, in stream order, not yet written
-    std::vector<std::unique_ptr<Job>> m_spare;     // written jobs kept for their buffers
-    std::uint32_t m_crc = 0;                       // of the text written out so far
+    std::deque<std::unique_ptr<Job>> m_inFlight; // submitted, in stream order, not yet written
+    std::vector<std::unique_ptr<Job>> m_spare;   // written jobs kept for their buffers
+    std::uint32_t m_crc = 0;                     // of the text written out so far
     std::uint64_t m_length = 0;
     bool m_headerWritten = false;
     bool m_failed = false;
@@ -79,7 +79,7 @@ private:
     std::mutex m_mutex;
     std::condition_variable m_workReady;
     std::condition_variable m_jobDone;
-    std::deque<Job*> m_queue;   // submitted jobs no thread has taken yet
+    std::deque<Job*> m_queue; // submitted jobs no thread has taken yet
     bool m_stopping = false;
     std::vector<std::thread> m_threads;
 };

@@ -506,8 +506,8 @@ bool CXmlParser::ReportStartTag()
         }
     }
     if (m_stackSize >= m_maxDepth)
-        return Stop(StringTable::Format(StringTable::IDS_PARSER_ERROR, "element nesting deeper than " +
-                                                                           std::to_string(m_maxDepth) + " levels"));
+        return Stop(StringTable::Format(StringTable::IDS_PARSER_ERROR,
+                                        "element nesting deeper than " + std::to_string(m_maxDepth) + " levels"));
     // The open elements' names are kept until their end tags: together at most two tokens' worth.
     if (m_stackNameBytes + m_tagName.Size() > 2 * m_maxToken)
         return Stop(StringTable::Format(StringTable::IDS_PARSER_ERROR, "names of the open elements longer than " +

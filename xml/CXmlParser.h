@@ -89,8 +89,7 @@ public:
     // together, get twice that; decoded text is at most twice its raw bytes. maxInputBytes
     // bounds the whole input, so that a small compressed file cannot keep the reader busy for
     // minutes or have it build records that fill the memory.
-    void SetLimits(std::size_t maxTokenBytes, std::size_t maxDepth,
-                   std::size_t maxInputBytes = kDefaultMaxInputBytes);
+    void SetLimits(std::size_t maxTokenBytes, std::size_t maxDepth, std::size_t maxInputBytes = kDefaultMaxInputBytes);
     static constexpr std::size_t kDefaultMaxTokenBytes = 64u * 1024u * 1024u;
     static constexpr std::size_t kDefaultMaxDepth = 256;
     // The whole-input bound sits far above real logbooks: ten thousand jumps, each with a GPS
@@ -135,12 +134,12 @@ private:
     bool m_delegateAllowed = false;
 
     CXmlToken m_tagName;
-    std::vector<Attribute> m_attrs;   // reused between tags; m_attrCount are in use
+    std::vector<Attribute> m_attrs; // reused between tags; m_attrCount are in use
     std::size_t m_attrCount = 0;
     CXmlToken m_text;
     std::string m_carry;
-    bool m_markPending = false;   // a token continues at the start of the next chunk
-    std::vector<Entry> m_stack;   // entries beyond m_stackSize are spare, kept for their buffers
+    bool m_markPending = false; // a token continues at the start of the next chunk
+    std::vector<Entry> m_stack; // entries beyond m_stackSize are spare, kept for their buffers
     std::size_t m_stackSize = 0;
     std::string m_error;
 
@@ -154,8 +153,8 @@ private:
     std::size_t m_maxToken = kDefaultMaxTokenBytes;
     std::size_t m_maxDepth = kDefaultMaxDepth;
     std::size_t m_maxInput = kDefaultMaxInputBytes;
-    std::size_t m_inputBytes = 0;       // fed since the last Reset
-    std::size_t m_stackNameBytes = 0;   // names of the open elements together
+    std::size_t m_inputBytes = 0;     // fed since the last Reset
+    std::size_t m_stackNameBytes = 0; // names of the open elements together
 
     CIoProgress* m_progress = nullptr;
     CFileIdentity m_fileIdentity;

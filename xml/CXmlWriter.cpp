@@ -263,11 +263,21 @@ void CXmlWriter::EscapeAppend(std::string_view text, XmlEncoding encoding, std::
             AppendReference(out, c, false);
         } else if (c < 256) {
             switch (c) {
-            case '&': out += "&amp;"; break;
-            case '<': out += "&lt;"; break;
-            case '>': out += "&gt;"; break;
-            case '"': out += "&quot;"; break;
-            case '\'': out += "&apos;"; break;
+            case '&':
+                out += "&amp;";
+                break;
+            case '<':
+                out += "&lt;";
+                break;
+            case '>':
+                out += "&gt;";
+                break;
+            case '"':
+                out += "&quot;";
+                break;
+            case '\'':
+                out += "&apos;";
+                break;
             default:
                 if (c > 127 && encoding == Utf8) {
                     out += static_cast<char>(0xC0 | (c >> 6));

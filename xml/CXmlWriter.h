@@ -11,9 +11,17 @@
 #include <vector>
 
 // Writer options, a bit set.
-enum WriterOptions : unsigned { Compact = 1, SkipEmpty = 2 };
+enum WriterOptions : unsigned
+{
+    Compact = 1,
+    SkipEmpty = 2
+};
 // Output kinds.
-enum XmlOutputKind { XmlPlainFile = 0, XmlGzipFile = 1 };
+enum XmlOutputKind
+{
+    XmlPlainFile = 0,
+    XmlGzipFile = 1
+};
 
 // Writes the logbook XML element by element to a plain file or a gzip stream (level 9),
 // escaping text and encoding characters as UTF-8 or Latin-1.
@@ -72,6 +80,6 @@ private:
     unsigned m_options;
     std::unique_ptr<IXmlOutput> m_out;
     std::vector<std::string> m_stack;
-    std::string m_buffer;   // pending bytes, handed to the output in large blocks
+    std::string m_buffer; // pending bytes, handed to the output in large blocks
     bool m_failed = false;
 };

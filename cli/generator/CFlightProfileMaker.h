@@ -14,10 +14,10 @@ public:
     // What the recording says about the jump, for the jump's imported fall-rate values.
     struct Figures
     {
-        int freefallTime = 0;   // whole seconds
-        int canopyTime = 0;     // whole seconds
-        double maxSpeed = 0.0;  // m/s
-        double avgSpeed = 0.0;  // m/s
+        int freefallTime = 0;  // whole seconds
+        int canopyTime = 0;    // whole seconds
+        double maxSpeed = 0.0; // m/s
+        double avgSpeed = 0.0; // m/s
     };
 
     // Draws its random choices from random.

@@ -27,22 +27,28 @@ constexpr std::array kDropZones{
     CDropZoneInfo{"Eloy, Arizona", kAmericanAircraft, -420, 32.8070, -111.5865, 1},
 };
 
-constexpr std::array kBellyTypes{"Belly"sv, "FS 4-way"sv, "FS 8-way"sv, "Big-way (Großformation)"sv,
-                                 "Hop & Pop"sv, "CRW"sv, "Coach jump"sv, "Accuracy"sv, "Video"sv};
+constexpr std::array kBellyTypes{"Belly"sv,     "FS 4-way"sv, "FS 8-way"sv,   "Big-way (Großformation)"sv,
+                                 "Hop & Pop"sv, "CRW"sv,      "Coach jump"sv, "Accuracy"sv,
+                                 "Video"sv};
 constexpr std::array kVerticalTypes{"Freefly"sv, "Head down"sv, "Sit fly"sv, "Angle"sv, "VFS 2-way"sv};
 constexpr std::array kSlowTypes{"Wingsuit"sv, "Tracking"sv, "Wingsuit formation"sv};
-constexpr std::array kLandings{"Stand-up"sv, "Stand-up"sv, "Stand-up"sv, "Slide"sv, "PLF"sv,
-                               "Target (Zielkreuz)"sv, "Off landing, Feld nördlich"sv};
-constexpr std::array kRigDescriptions{"Rental rig, Navigator 240"sv, "Borrowed \"Sabre2\" 150"sv,
-                                      "Student rig Nr. 7"sv, "Tandem rig (Sigma 340)"sv};
+constexpr std::array kLandings{"Stand-up"sv,
+                               "Stand-up"sv,
+                               "Stand-up"sv,
+                               "Slide"sv,
+                               "PLF"sv,
+                               "Target (Zielkreuz)"sv,
+                               "Off landing, Feld nördlich"sv};
+constexpr std::array kRigDescriptions{"Rental rig, Navigator 240"sv, "Borrowed \"Sabre2\" 150"sv, "Student rig Nr. 7"sv,
+                                      "Tandem rig (Sigma 340)"sv};
 constexpr std::array kTeams{"Lapland Flyers"sv, "Nordlichter"sv, "Revontulet 4"sv, "Team Käärmeet"sv,
                             "Sky Pilots & Friends"sv};
 constexpr std::array kMalfunctions{"Line twists"sv, "Hard opening"sv, "Slider hang-up"sv,
                                    "Pilot chute in tow, cutaway"sv, "Lineover, Reserve gezogen"sv};
 constexpr std::array kSigners{"Matti Virtanen"sv, "Jürgen Müller"sv, "Sanna Hämäläinen"sv,
-                              "Björn Öberg"sv, "Zoë Laurent"sv, "Kalle Äijälä"sv};
+                              "Björn Öberg"sv,    "Zoë Laurent"sv,   "Kalle Äijälä"sv};
 constexpr std::array kSignerIds{"SIL-D-1042"sv, "DFV-D-22871"sv, "SIL-D-3315"sv,
-                                "SFF-D-0871"sv, "FFP-D-5521"sv, "SIL-C-4410"sv};
+                                "SFF-D-0871"sv, "FFP-D-5521"sv,  "SIL-C-4410"sv};
 constexpr std::array kNoteLines{
     "Schöner Sprung, ruhige Öffnung."sv,
     "Sehr böig in der Landephase, gegen den Wind gelandet."sv,
@@ -61,15 +67,51 @@ constexpr std::array kAnnotationTexts{"Exit"sv, "Öffnung"sv, "Landung"sv};
 
 } // namespace
 
-std::span<const CDropZoneInfo> CGeneratorVocabulary::DropZones() { return kDropZones; }
-std::span<const std::string_view> CGeneratorVocabulary::BellyTypes() { return kBellyTypes; }
-std::span<const std::string_view> CGeneratorVocabulary::VerticalTypes() { return kVerticalTypes; }
-std::span<const std::string_view> CGeneratorVocabulary::SlowTypes() { return kSlowTypes; }
-std::span<const std::string_view> CGeneratorVocabulary::Landings() { return kLandings; }
-std::span<const std::string_view> CGeneratorVocabulary::RigDescriptions() { return kRigDescriptions; }
-std::span<const std::string_view> CGeneratorVocabulary::Teams() { return kTeams; }
-std::span<const std::string_view> CGeneratorVocabulary::Malfunctions() { return kMalfunctions; }
-std::span<const std::string_view> CGeneratorVocabulary::Signers() { return kSigners; }
-std::span<const std::string_view> CGeneratorVocabulary::SignerIds() { return kSignerIds; }
-std::span<const std::string_view> CGeneratorVocabulary::NoteLines() { return kNoteLines; }
-std::span<const std::string_view> CGeneratorVocabulary::AnnotationTexts() { return kAnnotationTexts; }
+std::span<const CDropZoneInfo> CGeneratorVocabulary::DropZones()
+{
+    return kDropZones;
+}
+std::span<const std::string_view> CGeneratorVocabulary::BellyTypes()
+{
+    return kBellyTypes;
+}
+std::span<const std::string_view> CGeneratorVocabulary::VerticalTypes()
+{
+    return kVerticalTypes;
+}
+std::span<const std::string_view> CGeneratorVocabulary::SlowTypes()
+{
+    return kSlowTypes;
+}
+std::span<const std::string_view> CGeneratorVocabulary::Landings()
+{
+    return kLandings;
+}
+std::span<const std::string_view> CGeneratorVocabulary::RigDescriptions()
+{
+    return kRigDescriptions;
+}
+std::span<const std::string_view> CGeneratorVocabulary::Teams()
+{
+    return kTeams;
+}
+std::span<const std::string_view> CGeneratorVocabulary::Malfunctions()
+{
+    return kMalfunctions;
+}
+std::span<const std::string_view> CGeneratorVocabulary::Signers()
+{
+    return kSigners;
+}
+std::span<const std::string_view> CGeneratorVocabulary::SignerIds()
+{
+    return kSignerIds;
+}
+std::span<const std::string_view> CGeneratorVocabulary::NoteLines()
+{
+    return kNoteLines;
+}
+std::span<const std::string_view> CGeneratorVocabulary::AnnotationTexts()
+{
+    return kAnnotationTexts;
+}

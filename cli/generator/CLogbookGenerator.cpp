@@ -72,8 +72,8 @@ void CLogbookGenerator::Fill(CLogbookDoc& doc)
             const CZonedDateTime when{CDateTime(date.Year(), date.Month(), date.Day(), minute / 60, minute % 60),
                                       zone.offsetMinutes};
             const bool mayBeSigned = m_index < m_options.jumps - kUnsignedTail;
-            doc.AddJump(MakeJump(number, when, zone, aircraft, recordings[static_cast<std::size_t>(m_index)],
-                                 mayBeSigned));
+            doc.AddJump(
+                MakeJump(number, when, zone, aircraft, recordings[static_cast<std::size_t>(m_index)], mayBeSigned));
         }
     }
     doc.RecomputeTotals();
@@ -101,8 +101,18 @@ void CLogbookGenerator::FillSettings(CLogbookSettings& settings)
 
     CEquipmentList& rigs = settings.GetEquipmentList();
     rigs.SetAlarm(true, 14, 180);
-    struct RigText { const char* harness; const char* main; int mainSize; const char* reserve; int reserveSize;
-                     const char* aad; int inspectedDaysAgo; bool active; int previousJumps; };
+    struct RigText
+    {
+        const char* harness;
+        const char* main;
+        int mainSize;
+        const char* reserve;
+        int reserveSize;
+        const char* aad;
+        int inspectedDaysAgo;
+        bool active;
+        int previousJumps;
+    };
     constexpr std::array kRigs{
         RigText{"Javelin Odyssey", "Sabre2", 170, "PD Reserve", 160, "Cypres 2", 170, true, 80},
         RigText{"Mirage G4", "Pilot", 150, "Smart", 150, "Vigil II", 60, true, 0},
@@ -225,18 +235,21 @@ void CLogbookGenerator::FillFallrate(CJump& jump, const CDropZoneInfo& zone, Rec
         fallrate.exitHeight = 100 * m_random.Int(30, 42);
         fallrate.openHeight = 50 * (m_style == Style::Slow ? m_random.Int(20, 26) : m_random.Int(15, 26));
     }
-    const double terminalSpeed = m_style == Style::Belly      ? m_random.Rounded(49.0, 56.0, 1)
-                                 : m_style == Style::Vertical ? m_random.Rounded(70.0, 82.0, 1)
-                                                              : m_random.Rounded(m_customSpeed - 4.0, m_customSpeed + 4.0, 1);
+    const double terminalSpeed = m_style == Style::Belly ? m_random.Rounded(49.0, 56.0, 1)
+                                 : m_style == Style::Vertical
+                                     ? m_random.Rounded(70.0, 82.0, 1)
+                                     : m_random.Rounded(m_customSpeed - 4.0, m_customSpeed + 4.0, 1);
 
     if (recording != Recording::None) {
         CFlightProfileMaker maker(m_random);
-        const int samples = recording == Recording::Gps ? m_options.samples
-                                                        : (m_options.samples > 0 ? std::min(m_options.samples, 120) : 60);
+        const int samples = recording == Recording::Gps
+                                ? m_options.samples
+                                : (m_options.samples > 0 ? std::min(m_options.samples, 120) : 60);
         const CFlightProfileMaker::Figures figures =
-            recording == Recording::Gps
-                ? maker.MakeGps(jump.Recording(), zone, fallrate.exitHeight, fallrate.openHeight, terminalSpeed, samples)
-                : maker.MakeBarometric(jump.Recording(), fallrate.exitHeight, fallrate.openHeight, terminalSpeed, samples);
+            recording == Recording::Gps ? maker.MakeGps(jump.Recording(), zone, fallrate.exitHeight,
+                                                        fallrate.openHeight, terminalSpeed, samples)
+                                        : maker.MakeBarometric(jump.Recording(), fallrate.exitHeight,
+                                                               fallrate.openHeight, terminalSpeed, samples);
         fallrate.kind = Import;
         fallrate.freefallTime = figures.freefallTime;
         fallrate.canopyTime = figures.canopyTime;
@@ -244,7 +257,8 @@ void CLogbookGenerator::FillFallrate(CJump& jump, const CDropZoneInfo& zone, Rec
         fallrate.avgSpeed = figures.avgSpeed;
     } else if (m_random.Chance(0.1)) {
         // Typed by hand from the altimeter's read-out.
-        const double seconds = CFlightProfileMaker::TimeToFall(fallrate.exitHeight - fallrate.openHeight, terminalSpeed);
+        const double seconds =
+            CFlightProfileMaker::TimeToFall(fallrate.exitHeight - fallrate.openHeight, terminalSpeed);
         fallrate.kind = Manual;
         fallrate.freefallTime = static_cast<int>(std::lround(seconds)) + m_random.Int(-3, 3);
         fallrate.maxSpeed = m_random.Rounded(terminalSpeed, terminalSpeed + 6.0, 1);

@@ -39,7 +39,12 @@ private:
         std::size_t zone = 0;
     };
     // What kind of recording a jump carries.
-    enum class Recording : char { None, Gps, Barometric };
+    enum class Recording : char
+    {
+        None,
+        Gps,
+        Barometric
+    };
 
     void FillSettings(CLogbookSettings& settings);
     std::vector<JumpDay> PlanDays();
@@ -52,12 +57,17 @@ private:
     void FillSignature(CJump& jump);
 
     // The style of the jump being made, which decides type, fall rate and formation data.
-    enum class Style : char { Belly, Vertical, Slow };
+    enum class Style : char
+    {
+        Belly,
+        Vertical,
+        Slow
+    };
 
     CGeneratorOptions m_options;
     CGeneratorRandom m_random;
     double m_customSpeed = 0.0;
     int m_rigCount = 0;
-    int m_index = 0;   // position of the jump being made
+    int m_index = 0; // position of the jump being made
     Style m_style = Style::Belly;
 };

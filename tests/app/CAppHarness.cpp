@@ -1,8 +1,8 @@
 #include "CAppHarness.h"
 
 #include "app/CJumpListCtrl.h"
-#include "app/CLogbookView.h"
 #include "app/CLogbookCommands.h"
+#include "app/CLogbookView.h"
 #include "app/CMainFrame.h"
 #include "app/CSplashWnd.h"
 
@@ -69,8 +69,8 @@ QString CAppHarness::Path(const QString& name) const
 QString CAppHarness::Write(const CTestLogbook& logbook, const QString& name) const
 {
     const QString path = Path(name);
-    const bool ok = name.endsWith(QStringLiteral(".tvl"), Qt::CaseInsensitive) ? logbook.WritePlain(path)
-                                                                              : logbook.WriteGzip(path);
+    const bool ok =
+        name.endsWith(QStringLiteral(".tvl"), Qt::CaseInsensitive) ? logbook.WritePlain(path) : logbook.WriteGzip(path);
     return ok ? path : QString();
 }
 

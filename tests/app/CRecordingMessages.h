@@ -9,7 +9,16 @@
 class CRecordingMessages final : public IMessageSink
 {
 public:
-    enum class Kind { Error, Information, Warning, YesNo, YesNoCancel, About, Choice };
+    enum class Kind
+    {
+        Error,
+        Information,
+        Warning,
+        YesNo,
+        YesNoCancel,
+        About,
+        Choice
+    };
     struct Box
     {
         Kind kind;
@@ -49,5 +58,5 @@ public:
     QList<Box> boxes;
     bool yesNoAnswer = true;
     Answer yesNoCancelAnswer = Answer::No;
-    QList<int> choiceAnswers;   // the buttons chosen in turn; Cancel when none is left
+    QList<int> choiceAnswers; // the buttons chosen in turn; Cancel when none is left
 };

@@ -15,8 +15,7 @@ namespace RenderCheck {
 inline QStringList Clipped(QWidget* root)
 {
     QStringList clipped;
-    for (QWidget* child : root->findChildren<QWidget*>())
-    {
+    for (QWidget* child : root->findChildren<QWidget*>()) {
         if (!child->isVisibleTo(root))
             continue;
         const auto* label = qobject_cast<QLabel*>(child);
@@ -25,13 +24,13 @@ inline QStringList Clipped(QWidget* root)
             continue;
         const QSize need = child->minimumSizeHint();
         if (child->width() + 1 < need.width() || child->height() + 1 < need.height())
-            clipped.append(QStringLiteral("%1 '%2' %3x%4 < %5x%6")
-                               .arg(QString::fromLatin1(child->metaObject()->className()),
-                                    label ? label->text() : button->text())
-                               .arg(child->width())
-                               .arg(child->height())
-                               .arg(need.width())
-                               .arg(need.height()));
+            clipped.append(
+                QStringLiteral("%1 '%2' %3x%4 < %5x%6")
+                    .arg(QString::fromLatin1(child->metaObject()->className()), label ? label->text() : button->text())
+                    .arg(child->width())
+                    .arg(child->height())
+                    .arg(need.width())
+                    .arg(need.height()));
     }
     return clipped;
 }

@@ -29,7 +29,8 @@ public:
 
     // A step that casts the dialog, calls fill and then accepts through the dialog's own OK, so
     // its checks run; Rejected when the dialog stayed open or is of another type.
-    template <class Dialog, class Fill> static Step Ok(Fill fill)
+    template <class Dialog, class Fill>
+    static Step Ok(Fill fill)
     {
         return [fill](QDialog& dialog) {
             auto* typed = qobject_cast<Dialog*>(&dialog);

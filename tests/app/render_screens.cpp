@@ -34,8 +34,7 @@ CTestLogbook DemoLogbook()
     logbook.PreviousDelay(5400);
     const QStringList places = {QStringLiteral("Tervola"), QStringLiteral("Rovaniemi"), QStringLiteral("Kemi"),
                                 QStringLiteral("Utti"), QStringLiteral("Jämijärvi")};
-    for (int i = 0; i < 24; ++i)
-    {
+    for (int i = 0; i < 24; ++i) {
         const int number = 120 + i;
         const QString day = CTestLogbook::Day(2024, 4, 2, i * 3).replace(QStringLiteral("T00"), QStringLiteral("T11"));
         const QString picture = i % 4 == 1 ? QStringLiteral("jump%1.jpg").arg(number) : QString();
@@ -67,8 +66,7 @@ int CheckLayout(CLogbookView* view, const QString& name)
     if (view->GetList()->isVisibleTo(view))
         parts.append(view->GetList());
 
-    for (QWidget* part : parts)
-    {
+    for (QWidget* part : parts) {
         const QRect area = InView(part, view);
         if (!view->rect().contains(area))
             report(QStringLiteral("%1 %2 leaves the view").arg(part->objectName()).arg(QDebug::toString(area)));
@@ -82,8 +80,7 @@ int CheckLayout(CLogbookView* view, const QString& name)
 
     CSummaryPane* summary = view->GetSummary();
     if (summary->isVisibleTo(view))
-        for (QLabel* label : summary->findChildren<QLabel*>())
-        {
+        for (QLabel* label : summary->findChildren<QLabel*>()) {
             if (label->width() < label->sizeHint().width())
                 report(QStringLiteral("text '%1' is cut").arg(label->text()));
             if (!summary->rect().contains(QRect(label->pos(), label->size())))
@@ -107,10 +104,8 @@ int main(int argc, char* argv[])
     const QStringList modes = {QStringLiteral("splash"), QStringLiteral("empty"), QStringLiteral("home"),
                                QStringLiteral("jumplist"), QStringLiteral("signlist")};
     int problems = 0;
-    for (const QSize& size : sizes)
-    {
-        for (const QString& mode : modes)
-        {
+    for (const QSize& size : sizes) {
+        for (const QString& mode : modes) {
             CAppHarness harness;
             harness.settings.SetInt("Preferences", "Units", 1);
             const bool splash = mode == QStringLiteral("splash");

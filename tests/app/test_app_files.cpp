@@ -67,7 +67,7 @@ private slots:
         DeleteFirstJump(harness);
         QCOMPARE(CommandStates(harness), QString("111111"));
         harness.Commands()->OnFileSave();
-        harness.Commands()->WaitForSaves();   // saves run in the background
+        harness.Commands()->WaitForSaves(); // saves run in the background
         QCOMPARE(CommandStates(harness), QString("110111"));
         QCOMPARE(JumpsInFile(harness.Path("jumps.tvz")), 2);
         harness.Frame()->GetDocument().Clear();

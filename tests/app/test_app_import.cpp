@@ -55,8 +55,7 @@ class TestImport : public QObject
 private slots:
     void importedTrackIsCheckedInTheEditorBeforeItJoins()
     {
-        for (const bool ok : {false, true})
-        {
+        for (const bool ok : {false, true}) {
             CAppHarness harness;
             harness.StartWith(Logbook());
             harness.View()->OnViewJumpList();

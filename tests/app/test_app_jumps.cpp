@@ -113,9 +113,8 @@ private slots:
         CAppHarness harness;
         harness.StartWith(Logbook());
         harness.View()->OnViewJumpList();
-        harness.dialogs.steps.append(CScriptedDialogs::Ok<CDlgJump>([](CDlgJump& dialog) {
-            Find<QComboBox>(dialog, "jumpPlace")->setEditText(QStringLiteral("Jämijärvi"));
-        }));
+        harness.dialogs.steps.append(CScriptedDialogs::Ok<CDlgJump>(
+            [](CDlgJump& dialog) { Find<QComboBox>(dialog, "jumpPlace")->setEditText(QStringLiteral("Jämijärvi")); }));
         emit harness.View()->rowActivated(2);
         QCOMPARE(harness.View()->GetList()->topLevelItem(2)->text(2), QStringLiteral("Jämijärvi"));
         QVERIFY(harness.Frame()->GetDocument().IsModified());

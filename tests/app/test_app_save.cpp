@@ -69,9 +69,9 @@ private slots:
         // The command returned at once; the document learns of the save only when it has ended.
         QVERIFY(saver->IsBusy());
         QVERIFY(Doc(harness).IsModified());
-        harness.Commands()->OnFileSave();   // waits for the first, nothing changed meanwhile
-        DeleteFirstJump(harness);           // the records the save reads are its own
-        harness.Commands()->OnFileSave();   // replaces the waiting request
+        harness.Commands()->OnFileSave(); // waits for the first, nothing changed meanwhile
+        DeleteFirstJump(harness);         // the records the save reads are its own
+        harness.Commands()->OnFileSave(); // replaces the waiting request
         QCOMPARE(saver->SavesStarted(), 1);
         harness.Commands()->WaitForSaves();
         QCOMPARE(saver->SavesStarted(), 2);
@@ -96,7 +96,7 @@ private slots:
         harness.Frame()->OnApplicationStateChanged(Qt::ApplicationInactive);
         DeleteFirstJump(harness);
         harness.Commands()->WaitForSaves();
-        QCOMPARE(JumpsInFile(path), 3);   // what the logbook held when the save began
+        QCOMPARE(JumpsInFile(path), 3); // what the logbook held when the save began
         QVERIFY(Doc(harness).IsModified());
         QVERIFY(harness.Frame()->findChild<QAction*>("fileSaveAction")->isEnabled());
     }
@@ -114,7 +114,7 @@ private slots:
         QFETCH(bool, automatic);
         CAppHarness harness;
         const QString path = harness.StartWith(Jumps(3));
-        QVERIFY(QDir().mkpath(path + ".saving"));   // the temporary file cannot be made
+        QVERIFY(QDir().mkpath(path + ".saving")); // the temporary file cannot be made
         DeleteFirstJump(harness);
         if (automatic)
             harness.Frame()->OnApplicationStateChanged(Qt::ApplicationInactive);
@@ -169,7 +169,7 @@ private slots:
         CAppHarness harness;
         const QString path = harness.StartWith(Jumps(3));
         DeleteFirstJump(harness);
-        QVERIFY(!harness.Write(Jumps(5), "jumps.tvz").isEmpty());   // theirs
+        QVERIFY(!harness.Write(Jumps(5), "jumps.tvz").isEmpty()); // theirs
         harness.messages.choiceAnswers = {choice};
         harness.files.saveAnswers = {harness.Path("mine.tvz")};
         if (automatic)
@@ -221,7 +221,8 @@ private slots:
         CAppHarness first;
         const QString path = first.StartWith(Jumps(2));
         QVERIFY(first.messages.Texts(Kind::Warning).isEmpty());
-        QVERIFY(QFile::exists(QFile::decodeName(CLogbookLock::LockPathOf(QFile::encodeName(path).toStdString()).c_str())));
+        QVERIFY(
+            QFile::exists(QFile::decodeName(CLogbookLock::LockPathOf(QFile::encodeName(path).toStdString()).c_str())));
         {
             CAppHarness second;
             QVERIFY(second.StartWithoutSplash({path}));
@@ -229,9 +230,9 @@ private slots:
             QCOMPARE(warnings.size(), 1);
             QVERIFY(warnings[0].startsWith("This logbook is already open in another Tervola Pocket (process " +
                                            QString::number(::getpid())));
-            QCOMPARE(int(Doc(second).GetJumpCount()), 2);   // opened all the same
+            QCOMPARE(int(Doc(second).GetJumpCount()), 2); // opened all the same
         }
-        first.app.reset();   // the first instance ends
+        first.app.reset(); // the first instance ends
         CAppHarness third;
         QVERIFY(third.StartWithoutSplash({path}));
         QVERIFY(third.messages.Texts(Kind::Warning).isEmpty());

@@ -48,16 +48,27 @@ private slots:
         QTest::addColumn<QString>("argument");
         QTest::addColumn<QString>("opened");
         QTest::addColumn<QStringList>("errors");
-        QTest::newRow("nothing used yet") << "" << "" << "" << QStringList();
-        QTest::newRow("last file") << "good.tvz" << "" << "good.tvz" << QStringList();
-        QTest::newRow("last file gone: silent") << "missing.tvz" << "" << "" << QStringList();
+        QTest::newRow("nothing used yet") << ""
+                                          << ""
+                                          << "" << QStringList();
+        QTest::newRow("last file") << "good.tvz"
+                                   << ""
+                                   << "good.tvz" << QStringList();
+        QTest::newRow("last file gone: silent") << "missing.tvz"
+                                                << ""
+                                                << "" << QStringList();
         QTest::newRow("last file unreadable: its message only")
-            << "future.tvl" << "" << ""
+            << "future.tvl"
+            << ""
+            << ""
             << QStringList{"The file version (2.0) can not be processed. Please install an actual version of "
                            "Tervola or contact support@tervola.example.org"};
-        QTest::newRow("command line before last file") << "good.tvz" << "other.tvl" << "other.tvl" << QStringList();
-        QTest::newRow("command line file missing: reported")
-            << "good.tvz" << "missing.tvz" << "" << QStringList{"The file could not be opened."};
+        QTest::newRow("command line before last file") << "good.tvz"
+                                                       << "other.tvl"
+                                                       << "other.tvl" << QStringList();
+        QTest::newRow("command line file missing: reported") << "good.tvz"
+                                                             << "missing.tvz"
+                                                             << "" << QStringList{"The file could not be opened."};
     }
 
     void startLogbook()
@@ -83,8 +94,7 @@ private slots:
         const CLogbookDoc& doc = harness.Frame()->GetDocument();
         QCOMPARE(QString::fromStdString(doc.GetPath()), opened.isEmpty() ? QString() : harness.Path(opened));
         QCOMPARE(harness.View()->GetViewMode(), opened.isEmpty() ? Mode::Empty : Mode::Home);
-        if (!opened.isEmpty())
-        {
+        if (!opened.isEmpty()) {
             QCOMPARE(harness.LastFile(), harness.Path(opened));
             QVERIFY(harness.Frame()->windowTitle().startsWith(opened));
         }
@@ -132,7 +142,8 @@ private slots:
             store.SetString("Jump", "HasTime", "yes");
         }
         CQSettingsStore store(ini);
-        QCOMPARE(QString::fromStdString(store.GetString("General", "LastFile", "")), QString("/home/jumper/Jumps ä.tvz"));
+        QCOMPARE(QString::fromStdString(store.GetString("General", "LastFile", "")),
+                 QString("/home/jumper/Jumps ä.tvz"));
         QCOMPARE(store.GetInt("Preferences", "Units", 0), 1);
         QCOMPARE(store.GetInt("Jump", "HasTime", 7), 7);         // not a number
         QCOMPARE(store.GetInt("Preferences", "Absent", -3), -3); // absent

@@ -41,11 +41,10 @@ QToolButton* Button(CAppHarness& harness, const char* name)
 QStringList Rows(const CJumpListCtrl* list)
 {
     QStringList rows;
-    for (int row = 0; row < list->topLevelItemCount(); ++row)
-    {
+    for (int row = 0; row < list->topLevelItemCount(); ++row) {
         const QTreeWidgetItem* item = list->topLevelItem(row);
-        rows << QStringList{item->text(0), item->text(1), item->text(2), QString::number(list->IconIndexAt(row))}
-                    .join('|');
+        rows << QStringList{item->text(0), item->text(1), item->text(2), QString::number(list->IconIndexAt(row))}.join(
+            '|');
     }
     return rows;
 }
@@ -83,8 +82,7 @@ private slots:
         CAppHarness harness;
         QVERIFY(!harness.StartWith(FourKinds()).isEmpty());
         CLogbookView* view = harness.View();
-        if (mode == int(Mode::Empty))
-        {
+        if (mode == int(Mode::Empty)) {
             harness.Frame()->GetDocument().Clear();
             view->Refresh();
         }
@@ -93,9 +91,8 @@ private slots:
         if (mode == int(Mode::SignList))
             view->OnViewSignList();
         QCOMPARE(int(view->GetViewMode()), mode);
-        for (const char* name : {"startNewButton", "startOpenButton", "homeButton", "signListButton",
-                                 "jumpListButton", "pageOpenButton", "summary", "jumpList1188"})
-        {
+        for (const char* name : {"startNewButton", "startOpenButton", "homeButton", "signListButton", "jumpListButton",
+                                 "pageOpenButton", "summary", "jumpList1188"}) {
             QWidget* widget = view->findChild<QWidget*>(name);
             QVERIFY2((widget && widget->isVisibleTo(view)) == visible.split(' ').contains(name), name);
         }
@@ -168,17 +165,17 @@ private slots:
                                      .Jump(500, "2024-03-14T16:20:00+02", "Tervola", 3000, 2000, 50)
                                      .Jump(499, "2024-03-13T09:00:00Z", "Kemi", 2000, 1000, 40, {}, "I");
         QTest::newRow("metric") << two << 1
-                                << QStringList{"Number of Jumps", "500", "Freefall Time", "1:01:30",
-                                               "Freefall Dist. [km]", "500", "Canopy Dist. [km]", "750",
-                                               "Last Jump", "3/14/24"};
+                                << QStringList{"Number of Jumps",     "500",    "Freefall Time",     "1:01:30",
+                                               "Freefall Dist. [km]", "500",    "Canopy Dist. [km]", "750",
+                                               "Last Jump",           "3/14/24"};
         QTest::newRow("imperial") << two << 0
-                                  << QStringList{"Number of Jumps", "500", "Freefall Time", "1:01:30",
-                                                 "Freefall Dist. [mi]", "311", "Canopy Dist. [mi]", "466",
-                                                 "Last Jump", "3/14/24"};
+                                  << QStringList{"Number of Jumps",     "500",    "Freefall Time",     "1:01:30",
+                                                 "Freefall Dist. [mi]", "311",    "Canopy Dist. [mi]", "466",
+                                                 "Last Jump",           "3/14/24"};
         QTest::newRow("no jumps") << CTestLogbook() << 1
-                                  << QStringList{"Number of Jumps", "0", "Freefall Time", "0:00:00",
+                                  << QStringList{"Number of Jumps",     "0", "Freefall Time",     "0:00:00",
                                                  "Freefall Dist. [km]", "0", "Canopy Dist. [km]", "0",
-                                                 "Last Jump", ""};
+                                                 "Last Jump",           ""};
     }
 
     void summary()
@@ -197,8 +194,7 @@ private slots:
         QCOMPARE(shown, texts);
         // Too narrow for label and value side by side: each value goes below its label.
         CSummaryPane* pane = harness.View()->GetSummary();
-        for (int width : {100, 1000})
-        {
+        for (int width : {100, 1000}) {
             pane->FitWidth(width);
             pane->adjustSize();
             QCOMPARE(pane->IsStacked(), width == 100);
@@ -249,12 +245,10 @@ private slots:
         harness.Commands()->OnJumpDelete();
         QCOMPARE(view->GetList()->topLevelItemCount(), 5);
         harness.messages.yesNoAnswer = true;
-        for (int left = 4; left >= 0; --left)
-        {
+        for (int left = 4; left >= 0; --left) {
             harness.SelectRow(left == 4 ? 1 : 0);
             harness.Commands()->OnJumpDelete();
-            if (left > 0)
-            {
+            if (left > 0) {
                 QCOMPARE(view->GetViewMode(), Mode::JumpList);
                 QCOMPARE(view->GetList()->topLevelItemCount(), left);
             }
@@ -275,8 +269,7 @@ private slots:
         CAppHarness harness;
         QVERIFY(!harness.StartWith(FourKinds()).isEmpty());
         harness.View()->OnViewJumpList();
-        for (int row : {0, 1})
-        {
+        for (int row : {0, 1}) {
             harness.SelectRow(row);
             std::unique_ptr<QMenu> menu(harness.Commands()->CreateContextMenu(nullptr));
             QStringList texts;

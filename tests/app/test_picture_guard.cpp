@@ -66,23 +66,40 @@ private slots:
     {
         QTest::addColumn<QString>("name");
         QTest::addColumn<QString>("expected");
-        QTest::newRow("picture beside the logbook") << "photo.jpg" << "photo.jpg";
-        QTest::newRow("extension in capitals") << "Upper.JPEG" << "Upper.JPEG";
-        QTest::newRow("picture in a subfolder") << "sub/deep.png" << "sub/deep.png";
-        QTest::newRow("climbs out and back in") << "sub/../photo.jpg" << "photo.jpg";
-        QTest::newRow("link to a picture inside") << "alias.jpg" << "photo.jpg";
-        QTest::newRow("missing file") << "missing.jpg" << "";
-        QTest::newRow("climbs out of the folder") << "../outside/secret.jpg" << "";
-        QTest::newRow("link leading outside") << "escape.jpg" << "";
-        QTest::newRow("linked folder leading outside") << "elsewhere/secret.jpg" << "";
-        QTest::newRow("script named like a picture") << "fake.jpg" << "";
-        QTest::newRow("picture of another kind than its name") << "png-as.jpg" << "";
-        QTest::newRow("link to a script") << "script-link.jpg" << "";
-        QTest::newRow("script") << "script.sh" << "";
-        QTest::newRow("desktop launcher") << "launcher.desktop" << "";
-        QTest::newRow("empty file") << "empty.png" << "";
-        QTest::newRow("folder named like a picture") << "folder.jpg" << "";
-        QTest::newRow("the folder itself") << "." << "";
+        QTest::newRow("picture beside the logbook") << "photo.jpg"
+                                                    << "photo.jpg";
+        QTest::newRow("extension in capitals") << "Upper.JPEG"
+                                               << "Upper.JPEG";
+        QTest::newRow("picture in a subfolder") << "sub/deep.png"
+                                                << "sub/deep.png";
+        QTest::newRow("climbs out and back in") << "sub/../photo.jpg"
+                                                << "photo.jpg";
+        QTest::newRow("link to a picture inside") << "alias.jpg"
+                                                  << "photo.jpg";
+        QTest::newRow("missing file") << "missing.jpg"
+                                      << "";
+        QTest::newRow("climbs out of the folder") << "../outside/secret.jpg"
+                                                  << "";
+        QTest::newRow("link leading outside") << "escape.jpg"
+                                              << "";
+        QTest::newRow("linked folder leading outside") << "elsewhere/secret.jpg"
+                                                       << "";
+        QTest::newRow("script named like a picture") << "fake.jpg"
+                                                     << "";
+        QTest::newRow("picture of another kind than its name") << "png-as.jpg"
+                                                               << "";
+        QTest::newRow("link to a script") << "script-link.jpg"
+                                          << "";
+        QTest::newRow("script") << "script.sh"
+                                << "";
+        QTest::newRow("desktop launcher") << "launcher.desktop"
+                                          << "";
+        QTest::newRow("empty file") << "empty.png"
+                                    << "";
+        QTest::newRow("folder named like a picture") << "folder.jpg"
+                                                     << "";
+        QTest::newRow("the folder itself") << "."
+                                           << "";
     }
 
     void check()
@@ -109,9 +126,12 @@ private slots:
     {
         QTest::addColumn<QString>("name");
         QTest::addColumn<QString>("opened");
-        QTest::newRow("backslash separators") << "sub\\deep.png" << "sub/deep.png";
-        QTest::newRow("absolute name stays inside") << m_root.path() + "/outside/secret.jpg" << "";
-        QTest::newRow("climbs out") << "..\\outside\\secret.jpg" << "";
+        QTest::newRow("backslash separators") << "sub\\deep.png"
+                                              << "sub/deep.png";
+        QTest::newRow("absolute name stays inside") << m_root.path() + "/outside/secret.jpg"
+                                                    << "";
+        QTest::newRow("climbs out") << "..\\outside\\secret.jpg"
+                                    << "";
     }
 
     void showPicture()

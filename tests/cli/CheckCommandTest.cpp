@@ -26,7 +26,11 @@ std::string VersionRefusal(const std::string& version)
 const std::string kOneJump = "<log>" + Jump(7, "2024-05-01T10:00:00Z", "<dz>Utti</dz>") + "</log>";
 
 // How a test file is stored.
-enum class Container { Plain, Gzip };
+enum class Container
+{
+    Plain,
+    Gzip
+};
 
 struct LoadCase
 {
@@ -36,10 +40,13 @@ struct LoadCase
     std::string content;
     int exitCode;
     std::vector<std::string> out;
-    std::vector<std::string> err;   // the message-box texts, in order
+    std::vector<std::string> err; // the message-box texts, in order
 };
 
-void PrintTo(const LoadCase& value, std::ostream* os) { *os << value.name; }   // names the case in listings
+void PrintTo(const LoadCase& value, std::ostream* os)
+{
+    *os << value.name;
+} // names the case in listings
 
 class CheckCommand : public ::testing::TestWithParam<LoadCase>
 {
@@ -68,32 +75,72 @@ INSTANTIATE_TEST_SUITE_P(
     Files, CheckCommand,
     ::testing::Values(
         LoadCase{"GzipLogbook", "a.tvz", Container::Gzip, File(kOneJump), 0, {"1 jump, last jump number 7"}, {}},
-        LoadCase{"PlainLogbook", "a.tvl", Container::Plain, TestLogbooks::Reference(), 0,
-                 {"3 jumps, last jump number 500"}, {}},
-        LoadCase{"UpperCaseTvlIsPlain", "A.TVL", Container::Plain, File(kOneJump), 0,
-                 {"1 jump, last jump number 7"}, {}},
+        LoadCase{"PlainLogbook",
+                 "a.tvl",
+                 Container::Plain,
+                 TestLogbooks::Reference(),
+                 0,
+                 {"3 jumps, last jump number 500"},
+                 {}},
+        LoadCase{
+            "UpperCaseTvlIsPlain", "A.TVL", Container::Plain, File(kOneJump), 0, {"1 jump, last jump number 7"}, {}},
         // Any other name is read as gzip, which passes plain bytes through unchanged.
-        LoadCase{"PlainBytesUnderTvz", "a.tvz", Container::Plain, File(kOneJump), 0,
-                 {"1 jump, last jump number 7"}, {}},
-        LoadCase{"EmptyLogbook", "e.tvz", Container::Gzip, File("<settings></settings><log size=\"0\"></log>"), 0,
-                 {"0 jumps, last jump number 0"}, {}},
+        LoadCase{
+            "PlainBytesUnderTvz", "a.tvz", Container::Plain, File(kOneJump), 0, {"1 jump, last jump number 7"}, {}},
+        LoadCase{"EmptyLogbook",
+                 "e.tvz",
+                 Container::Gzip,
+                 File("<settings></settings><log size=\"0\"></log>"),
+                 0,
+                 {"0 jumps, last jump number 0"},
+                 {}},
         // Versions compare as text: "1.10" sorts before "1.2".
-        LoadCase{"Version110Passes", "v.tvl", Container::Plain, File(kOneJump, "1.10"), 0,
-                 {"1 jump, last jump number 7"}, {}},
+        LoadCase{"Version110Passes",
+                 "v.tvl",
+                 Container::Plain,
+                 File(kOneJump, "1.10"),
+                 0,
+                 {"1 jump, last jump number 7"},
+                 {}},
         LoadCase{"MissingFile", "missing.tvz", Container::Plain, "", 1, {}, {kOpenFailed}},
-        LoadCase{"Version13", "v.tvl", Container::Plain, File(kOneJump, "1.3"), 1, {},
-                 {VersionRefusal("1.3"), kOpenFailed}},
-        LoadCase{"Version20Gzip", "v.tvz", Container::Gzip, File(kOneJump, "2.0"), 1, {},
+        LoadCase{
+            "Version13", "v.tvl", Container::Plain, File(kOneJump, "1.3"), 1, {}, {VersionRefusal("1.3"), kOpenFailed}},
+        LoadCase{"Version20Gzip",
+                 "v.tvz",
+                 Container::Gzip,
+                 File(kOneJump, "2.0"),
+                 1,
+                 {},
                  {VersionRefusal("2.0"), kOpenFailed}},
-        LoadCase{"VersionMissing", "v.tvl", Container::Plain, File(kOneJump, nullptr), 1, {},
+        LoadCase{"VersionMissing",
+                 "v.tvl",
+                 Container::Plain,
+                 File(kOneJump, nullptr),
+                 1,
+                 {},
                  {VersionRefusal(""), kOpenFailed}},
-        LoadCase{"UnknownTopElement", "u.tvl", Container::Plain, File("<settings></settings><bar></bar>"), 1, {},
+        LoadCase{"UnknownTopElement",
+                 "u.tvl",
+                 Container::Plain,
+                 File("<settings></settings><bar></bar>"),
+                 1,
+                 {},
                  {kNotTervola, kOpenFailed}},
-        LoadCase{"UnknownRoot", "u.tvz", Container::Gzip, "<?xml version=\"1.0\" ?><logbook version=\"1.2\"/>", 1,
-                 {}, {kNotTervola, kOpenFailed}},
+        LoadCase{"UnknownRoot",
+                 "u.tvz",
+                 Container::Gzip,
+                 "<?xml version=\"1.0\" ?><logbook version=\"1.2\"/>",
+                 1,
+                 {},
+                 {kNotTervola, kOpenFailed}},
         // A file that simply ends early has no text of its own.
-        LoadCase{"Truncated", "t.tvl", Container::Plain, "<?xml version=\"1.0\" ?><tvl version=\"1.2\"><log>", 1,
-                 {}, {kOpenFailed}}),
+        LoadCase{"Truncated",
+                 "t.tvl",
+                 Container::Plain,
+                 "<?xml version=\"1.0\" ?><tvl version=\"1.2\"><log>",
+                 1,
+                 {},
+                 {kOpenFailed}}),
     [](const ::testing::TestParamInfo<LoadCase>& param) { return std::string(param.param.name); });
 
 // Refusals whose first text the parser composes: "Parser error: " and the refused tag.
@@ -101,10 +148,13 @@ struct ParserErrorCase
 {
     const char* name;
     std::string body;
-    std::string tag;   // how the message names the element
+    std::string tag; // how the message names the element
 };
 
-void PrintTo(const ParserErrorCase& value, std::ostream* os) { *os << value.name; }   // names the case in listings
+void PrintTo(const ParserErrorCase& value, std::ostream* os)
+{
+    *os << value.name;
+} // names the case in listings
 
 class CheckParserError : public ::testing::TestWithParam<ParserErrorCase>
 {

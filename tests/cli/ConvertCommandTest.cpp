@@ -7,21 +7,23 @@
 
 #include <gtest/gtest.h>
 
-#include <regex>
 #include <ostream>
+#include <regex>
 #include <string>
 
 namespace {
 
 bool IsGzip(const std::string& bytes)
 {
-    return bytes.size() > 2 && static_cast<unsigned char>(bytes[0]) == 0x1f && static_cast<unsigned char>(bytes[1]) == 0x8b;
+    return bytes.size() > 2 && static_cast<unsigned char>(bytes[0]) == 0x1f &&
+           static_cast<unsigned char>(bytes[1]) == 0x8b;
 }
 
 // The saved text without the root's save time, which differs from save to save.
 std::string WithoutRootMod(const std::string& xml)
 {
-    return std::regex_replace(xml, std::regex("(<tvl[^>]*) mod=\"[^\"]*\""), "$1", std::regex_constants::format_first_only);
+    return std::regex_replace(xml, std::regex("(<tvl[^>]*) mod=\"[^\"]*\""), "$1",
+                              std::regex_constants::format_first_only);
 }
 
 struct ConvertCase
@@ -31,14 +33,18 @@ struct ConvertCase
     const char* out;
 };
 
-void PrintTo(const ConvertCase& value, std::ostream* os) { *os << value.name; }   // names the case in listings
+void PrintTo(const ConvertCase& value, std::ostream* os)
+{
+    *os << value.name;
+} // names the case in listings
 
 class ConvertCommand : public ::testing::TestWithParam<ConvertCase>
 {
 protected:
     QJsonObject ExportJson(const QString& path)
     {
-        const CToolResult result = m_tool.Run({QStringLiteral("export"), path, QStringLiteral("--format"), QStringLiteral("json")});
+        const CToolResult result =
+            m_tool.Run({QStringLiteral("export"), path, QStringLiteral("--format"), QStringLiteral("json")});
         EXPECT_EQ(result.exitCode, 0) << result.err;
         return QJsonDocument::fromJson(QByteArray::fromStdString(result.out)).object();
     }
@@ -75,7 +81,7 @@ TEST_P(ConvertCommand, SavesTheSameLogbookInTheContainerOfTheNewName)
     QJsonObject before = ExportJson(in);
     QJsonObject after = ExportJson(out);
     EXPECT_EQ(before.take(QStringLiteral("version")).toString(), "1.1");
-    EXPECT_EQ(after.take(QStringLiteral("version")).toString(), "1.2");   // saved in the program's own version
+    EXPECT_EQ(after.take(QStringLiteral("version")).toString(), "1.2"); // saved in the program's own version
     EXPECT_EQ(before, after);
 }
 
@@ -85,7 +91,9 @@ INSTANTIATE_TEST_SUITE_P(Containers, ConvertCommand,
                                            ConvertCase{"GzipToGzip", "in.tvz", "out.tvz"},
                                            ConvertCase{"UpperCasePlain", "in.tvz", "OUT.TVL"},
                                            ConvertCase{"OtherNameIsGzip", "in.tvl", "out.xml"}),
-                         [](const ::testing::TestParamInfo<ConvertCase>& param) { return std::string(param.param.name); });
+                         [](const ::testing::TestParamInfo<ConvertCase>& param) {
+                             return std::string(param.param.name);
+                         });
 
 TEST(ConvertCommandFile, SavingASavedFileAgainGivesTheSameText)
 {

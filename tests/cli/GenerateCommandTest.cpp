@@ -8,16 +8,17 @@
 
 #include <gtest/gtest.h>
 
+#include <ostream>
 #include <regex>
 #include <set>
-#include <ostream>
 #include <string>
 
 namespace {
 
 std::string WithoutRootMod(const std::string& xml)
 {
-    return std::regex_replace(xml, std::regex("(<tvl[^>]*) mod=\"[^\"]*\""), "$1", std::regex_constants::format_first_only);
+    return std::regex_replace(xml, std::regex("(<tvl[^>]*) mod=\"[^\"]*\""), "$1",
+                              std::regex_constants::format_first_only);
 }
 
 class GenerateCommand : public ::testing::Test
@@ -34,7 +35,8 @@ protected:
     }
     QJsonObject ExportJson(const QString& path)
     {
-        const CToolResult result = m_tool.Run({QStringLiteral("export"), path, QStringLiteral("--format"), QStringLiteral("json")});
+        const CToolResult result =
+            m_tool.Run({QStringLiteral("export"), path, QStringLiteral("--format"), QStringLiteral("json")});
         EXPECT_EQ(result.exitCode, 0) << result.err;
         return QJsonDocument::fromJson(QByteArray::fromStdString(result.out)).object();
     }
@@ -72,8 +74,9 @@ TEST_F(GenerateCommand, CompressedOutputLoadsWithTheAskedNumberOfJumps)
 // The generated logbook uses every part of the format, so that demos and benchmarks exercise it all.
 TEST_F(GenerateCommand, LogbookIsVariedAndComplete)
 {
-    const QJsonObject root = ExportJson(Generate(
-        QStringLiteral("v.tvz"), {"--jumps", "400", "--recordings", "5", "--samples", "30", "--baro", "3", "--seed", "11"}));
+    const QJsonObject root =
+        ExportJson(Generate(QStringLiteral("v.tvz"),
+                            {"--jumps", "400", "--recordings", "5", "--samples", "30", "--baro", "3", "--seed", "11"}));
     const QJsonArray jumps = root.value("jumps").toArray();
     ASSERT_EQ(jumps.size(), 400);
 
@@ -82,7 +85,7 @@ TEST_F(GenerateCommand, LogbookIsVariedAndComplete)
     int previous = 0;
     for (qsizetype i = 0; i < jumps.size(); ++i) {
         const QJsonObject jump = jumps.at(i).toObject();
-        EXPECT_GT(jump.value("n").toInt(), previous);   // numbers rise, none repeats
+        EXPECT_GT(jump.value("n").toInt(), previous); // numbers rise, none repeats
         previous = jump.value("n").toInt();
         const int month = jump.value("ts").toString().mid(5, 2).toInt();
         EXPECT_TRUE(month >= 4 && month <= 10) << jump.value("ts").toString().toStdString();
@@ -108,7 +111,9 @@ TEST_F(GenerateCommand, LogbookIsVariedAndComplete)
         pictures += jump.value("image").toArray().isEmpty() ? 0 : 1;
         videos += jump.value("video").toObject().value("name").toString().isEmpty() ? 0 : 1;
         const QString note = jump.value("noteText").toString();
-        notes += note.contains(QStringLiteral("\r\n")) && note.contains(QRegularExpression(QStringLiteral("[äöüÄÖÜ]"))) ? 1 : 0;
+        notes += note.contains(QStringLiteral("\r\n")) && note.contains(QRegularExpression(QStringLiteral("[äöüÄÖÜ]")))
+                     ? 1
+                     : 0;
         strokes += jump.value("signature").toObject().value("lines").toArray().isEmpty() ? 0 : 1;
         winds += jump.value("wind").toObject().value("speed").toDouble() > 0 ? 1 : 0;
         if (i >= jumps.size() - 6) {
@@ -135,7 +140,8 @@ TEST_F(GenerateCommand, LogbookIsVariedAndComplete)
 
 TEST_F(GenerateCommand, ConvertingAGeneratedLogbookKeepsEveryValue)
 {
-    const QString generated = Generate(QStringLiteral("g.tvz"), {"--jumps", "150", "--recordings", "3", "--samples", "40"});
+    const QString generated =
+        Generate(QStringLiteral("g.tvz"), {"--jumps", "150", "--recordings", "3", "--samples", "40"});
     const QString converted = m_dir.Path(QStringLiteral("g.tvl"));
     ASSERT_EQ(m_tool.Run({QStringLiteral("convert"), generated, converted}).exitCode, 0);
     EXPECT_EQ(ExportJson(generated), ExportJson(converted));
@@ -147,7 +153,10 @@ struct BadGenerate
     QStringList options;
 };
 
-void PrintTo(const BadGenerate& value, std::ostream* os) { *os << value.name; }   // names the case in listings
+void PrintTo(const BadGenerate& value, std::ostream* os)
+{
+    *os << value.name;
+} // names the case in listings
 
 class GenerateUsage : public GenerateCommand, public ::testing::WithParamInterface<BadGenerate>
 {

@@ -12,10 +12,13 @@ namespace {
 struct CommandHelp
 {
     const char* command;
-    std::vector<std::string> mentions;   // options and arguments the help must explain
+    std::vector<std::string> mentions; // options and arguments the help must explain
 };
 
-void PrintTo(const CommandHelp& value, std::ostream* os) { *os << value.command; }   // names the case in listings
+void PrintTo(const CommandHelp& value, std::ostream* os)
+{
+    *os << value.command;
+} // names the case in listings
 
 class CommandHelpTest : public ::testing::TestWithParam<CommandHelp>
 {
@@ -42,12 +45,14 @@ INSTANTIATE_TEST_SUITE_P(
     Commands, CommandHelpTest,
     ::testing::Values(CommandHelp{"check", {"FILE", "--help"}},
                       CommandHelp{"info", {"FILE", "--units <metric|imperial>", "YYYY-MM-DD"}},
-                      CommandHelp{"export", {"FILE", "--format <json|csv|gpx>", "--jump <N>", "--output <OUT>", "-o",
-                                             "--units", "--compact", "RFC 4180", "GPX"}},
+                      CommandHelp{"export",
+                                  {"FILE", "--format <json|csv|gpx>", "--jump <N>", "--output <OUT>", "-o", "--units",
+                                   "--compact", "RFC 4180", "GPX"}},
                       CommandHelp{"import", {"LOGBOOK", "TRACK", "--jump <N>", "--rate <HZ>", "--baro", "SENSOR.CSV"}},
                       CommandHelp{"convert", {"IN", "OUT", "bak"}},
-                      CommandHelp{"generate", {"OUT", "--jumps <N>", "--recordings <R>", "--samples <S>", "--baro <B>",
-                                               "--seed <K>"}}),
+                      CommandHelp{
+                          "generate",
+                          {"OUT", "--jumps <N>", "--recordings <R>", "--samples <S>", "--baro <B>", "--seed <K>"}}),
     [](const ::testing::TestParamInfo<CommandHelp>& param) { return std::string(param.param.command); });
 
 struct ToolCall
@@ -59,7 +64,10 @@ struct ToolCall
     std::string errContains;
 };
 
-void PrintTo(const ToolCall& value, std::ostream* os) { *os << value.name; }   // names the case in listings
+void PrintTo(const ToolCall& value, std::ostream* os)
+{
+    *os << value.name;
+} // names the case in listings
 
 class ToolCallTest : public ::testing::TestWithParam<ToolCall>
 {

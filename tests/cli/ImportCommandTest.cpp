@@ -35,8 +35,8 @@ protected:
     {
         const CToolResult result =
             m_tool.Run({QStringLiteral("export"), m_logbook, QStringLiteral("--format"), QStringLiteral("json")});
-        for (const QJsonValue jump : QJsonDocument::fromJson(QByteArray::fromStdString(result.out))["jumps"].toArray())
-        {
+        for (const QJsonValue jump :
+             QJsonDocument::fromJson(QByteArray::fromStdString(result.out))["jumps"].toArray()) {
             if (jump["n"].toInt() == number)
                 return jump.toObject();
         }
@@ -54,8 +54,8 @@ TEST_F(ImportCommand, LogsTheTrackAsANewJumpOrIntoAJumpWithoutRecording)
 {
     // A FlySight 1 file as a new jump at every fix, a FlySight 2 session folder (lower-case
     // names) into jump 499 thinned to one sample a second.
-    const QString fs1 = m_dir.WritePlain(QStringLiteral("10-20-30.CSV"),
-                                         WriteFlySight1(m_track, FlySight1Columns(), "\r\n"));
+    const QString fs1 =
+        m_dir.WritePlain(QStringLiteral("10-20-30.CSV"), WriteFlySight1(m_track, FlySight1Columns(), "\r\n"));
     QDir(m_dir.Path({})).mkdir(QStringLiteral("session"));
     std::vector<CBaroReading> baro;
     const QString fs2 = m_dir.WritePlain(QStringLiteral("session/track.csv"), WriteFlySight2(m_track));
@@ -68,9 +68,8 @@ TEST_F(ImportCommand, LogsTheTrackAsANewJumpOrIntoAJumpWithoutRecording)
         int number;
     };
     int everyFix = 0;
-    for (const Case& c : {Case{fs1, {}, 501}, Case{fs2, {"--jump", "499", "--rate", "1"}, 499},
-                          Case{fs2, {"--baro"}, 502}})
-    {
+    for (const Case& c :
+         {Case{fs1, {}, 501}, Case{fs2, {"--jump", "499", "--rate", "1"}, 499}, Case{fs2, {"--baro"}, 502}}) {
         SCOPED_TRACE(c.number);
         const CToolResult result = Import(c.track, c.options);
         ASSERT_EQ(result.exitCode, 0) << result.err;
@@ -87,19 +86,14 @@ TEST_F(ImportCommand, LogsTheTrackAsANewJumpOrIntoAJumpWithoutRecording)
         const bool barometric = c.options.contains("--baro");
         EXPECT_EQ(profile["type"].toString(), barometric ? "baro" : "gps");
         const int samples = static_cast<int>(profile["waypoints"].toArray().size());
-        if (barometric)
-        {
+        if (barometric) {
             // The barometer's own samples, from before the exit to the landing.
             EXPECT_GT(samples, 100);
-        }
-        else if (c.options.isEmpty())
-        {
+        } else if (c.options.isEmpty()) {
             // A new jump takes what the last jump had, as the window's editor fills it.
             EXPECT_EQ(jump["dz"].toString(), "Tervola");
             everyFix = samples;
-        }
-        else
-        {
+        } else {
             EXPECT_EQ(jump["dz"].toString(), "Eloy, Arizona");
             EXPECT_LT(samples * 4, everyFix);
         }
@@ -119,10 +113,11 @@ TEST_F(ImportCommand, LogsTheTrackAsANewJumpOrIntoAJumpWithoutRecording)
 TEST_F(ImportCommand, RefusesAndLeavesTheLogbookAsItWas)
 {
     const std::string before = CScratchDir::Read(m_logbook);
-    const QString good = m_dir.WritePlain(QStringLiteral("good.csv"), WriteFlySight1(m_track, FlySight1Columns(), "\r\n"));
+    const QString good =
+        m_dir.WritePlain(QStringLiteral("good.csv"), WriteFlySight1(m_track, FlySight1Columns(), "\r\n"));
     const QString binary = m_dir.WritePlain(QStringLiteral("binary.csv"), std::string("\x1f\x8b\x08\0\0\0\xff\xfe", 8));
-    const QString car = m_dir.WritePlain(QStringLiteral("car.csv"),
-                                         WriteFlySight1(MakeCarRide(7), FlySight1Columns(), "\r\n"));
+    const QString car =
+        m_dir.WritePlain(QStringLiteral("car.csv"), WriteFlySight1(MakeCarRide(7), FlySight1Columns(), "\r\n"));
     struct Case
     {
         QString track;
@@ -139,8 +134,7 @@ TEST_F(ImportCommand, RefusesAndLeavesTheLogbookAsItWas)
         {good, {"--jump", "500"}, "Jump 500 is signed and cannot be changed.", 1},
         {good, {"--rate", "0"}, "--rate", 2},
     };
-    for (const Case& c : cases)
-    {
+    for (const Case& c : cases) {
         SCOPED_TRACE(c.message);
         const CToolResult result = Import(c.track, c.options);
         EXPECT_EQ(result.exitCode, c.exitCode);

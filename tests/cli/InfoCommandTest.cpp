@@ -35,12 +35,15 @@ std::string Clock(int seconds)
 struct UnitsCase
 {
     const char* name;
-    int storedUnits;   // -1: nothing stored
-    const char* option;   // null: no --units
+    int storedUnits;    // -1: nothing stored
+    const char* option; // null: no --units
     bool metric;
 };
 
-void PrintTo(const UnitsCase& value, std::ostream* os) { *os << value.name; }   // names the case in listings
+void PrintTo(const UnitsCase& value, std::ostream* os)
+{
+    *os << value.name;
+} // names the case in listings
 
 class InfoCommand : public ::testing::TestWithParam<UnitsCase>
 {
@@ -74,16 +77,17 @@ TEST_P(InfoCommand, ShowsTheHomeScreenSummaryInTheChosenUnits)
     EXPECT_TRUE(result.err.empty()) << result.err;
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Units, InfoCommand,
-    ::testing::Values(UnitsCase{"NothingStoredIsImperial", -1, nullptr, false},
-                      UnitsCase{"StoredMetric", 1, nullptr, true},
-                      UnitsCase{"AnyNonZeroIsMetric", 7, nullptr, true},
-                      UnitsCase{"StoredImperial", 0, nullptr, false},
-                      UnitsCase{"OptionOverridesImperial", 0, "metric", true},
-                      UnitsCase{"OptionOverridesMetric", 1, "imperial", false},
-                      UnitsCase{"OptionIgnoresCase", -1, "METRIC", true}),
-    [](const ::testing::TestParamInfo<UnitsCase>& param) { return std::string(param.param.name); });
+INSTANTIATE_TEST_SUITE_P(Units, InfoCommand,
+                         ::testing::Values(UnitsCase{"NothingStoredIsImperial", -1, nullptr, false},
+                                           UnitsCase{"StoredMetric", 1, nullptr, true},
+                                           UnitsCase{"AnyNonZeroIsMetric", 7, nullptr, true},
+                                           UnitsCase{"StoredImperial", 0, nullptr, false},
+                                           UnitsCase{"OptionOverridesImperial", 0, "metric", true},
+                                           UnitsCase{"OptionOverridesMetric", 1, "imperial", false},
+                                           UnitsCase{"OptionIgnoresCase", -1, "METRIC", true}),
+                         [](const ::testing::TestParamInfo<UnitsCase>& param) {
+                             return std::string(param.param.name);
+                         });
 
 TEST(InfoCommandEdges, EmptyLogbookShowsZerosAndThePreviousDelay)
 {
@@ -91,13 +95,13 @@ TEST(InfoCommandEdges, EmptyLogbookShowsZerosAndThePreviousDelay)
     const CToolRunner tool(dir.ConfigHome());
     const std::string body = "<settings><previousJumps>40</previousJumps><previousDelay>3725</previousDelay>"
                              "</settings><log size=\"0\"></log>";
-    const CToolResult result = tool.Run(
-        {QStringLiteral("info"), dir.WritePlain(QStringLiteral("e.tvl"), TestLogbooks::File(body)),
-         QStringLiteral("--units"), QStringLiteral("metric")});
+    const CToolResult result =
+        tool.Run({QStringLiteral("info"), dir.WritePlain(QStringLiteral("e.tvl"), TestLogbooks::File(body)),
+                  QStringLiteral("--units"), QStringLiteral("metric")});
     ASSERT_EQ(result.exitCode, 0) << result.err;
-    EXPECT_EQ(result.OutLines(), (std::vector<std::string>{"Number of Jumps: 0", "Freefall Time: 1:02:05",
-                                                            "Freefall Dist. [km]: 0", "Canopy Dist. [km]: 0",
-                                                            "Last Jump: "}));
+    EXPECT_EQ(result.OutLines(),
+              (std::vector<std::string>{"Number of Jumps: 0", "Freefall Time: 1:02:05", "Freefall Dist. [km]: 0",
+                                        "Canopy Dist. [km]: 0", "Last Jump: "}));
 }
 
 TEST(InfoCommandEdges, NumberOfJumpsIsTheLastNumberNotTheCount)

@@ -26,7 +26,8 @@ namespace {
 // The saved text without the root's save time, which differs from save to save.
 std::string WithoutRootMod(const std::string& xml)
 {
-    return std::regex_replace(xml, std::regex("(<tvl[^>]*) mod=\"[^\"]*\""), "$1", std::regex_constants::format_first_only);
+    return std::regex_replace(xml, std::regex("(<tvl[^>]*) mod=\"[^\"]*\""), "$1",
+                              std::regex_constants::format_first_only);
 }
 
 std::string Native(const QString& path)
@@ -49,9 +50,8 @@ protected:
     QString Generate(const QString& name, int seed)
     {
         const QString path = m_dir.Path(name);
-        const CToolResult result =
-            m_tool.Run({"generate", path, "--jumps", "3000", "--recordings", "20", "--samples", "1500", "--seed",
-                        QString::number(seed)});
+        const CToolResult result = m_tool.Run({"generate", path, "--jumps", "3000", "--recordings", "20", "--samples",
+                                               "1500", "--seed", QString::number(seed)});
         EXPECT_EQ(result.exitCode, 0) << result.err;
         return path;
     }
@@ -88,8 +88,7 @@ TEST_F(SaveSafety, AKilledSaveLeavesTheOldOrTheNewLogbook)
         Start(tool, {"convert", source, target});
         // A random moment in each of kRuns equal slices of the run and a little beyond its end.
         const double slice = 1.3 * runMs / kRuns;
-        const int killAfterMs =
-            static_cast<int>(slice * (run + std::uniform_real_distribution<double>(0, 1)(random)));
+        const int killAfterMs = static_cast<int>(slice * (run + std::uniform_real_distribution<double>(0, 1)(random)));
         std::this_thread::sleep_for(std::chrono::milliseconds(killAfterMs));
         tool.kill();
         tool.waitForFinished(30000);
@@ -107,8 +106,8 @@ TEST_F(SaveSafety, AKilledSaveLeavesTheOldOrTheNewLogbook)
     EXPECT_EQ(WithoutRootMod(CScratchDir::ReadGzip(target)), newText);
     EXPECT_FALSE(CScratchDir::Exists(target + ".saving"));
     EXPECT_FALSE(CScratchDir::Exists(m_dir.Path("jumps.bak.saving")));
-    std::printf("[          ] %d of %d kills left the old logbook, %d the new one (a whole run took %.0f ms)\n",
-                sawOld, kRuns, sawNew, runMs);
+    std::printf("[          ] %d of %d kills left the old logbook, %d the new one (a whole run took %.0f ms)\n", sawOld,
+                kRuns, sawNew, runMs);
 }
 
 TEST_F(SaveSafety, ConvertRefusesToOverwriteAFileChangedSinceItWasRead)

@@ -63,9 +63,11 @@ inline std::string Reference()
              "<wind direction=\"270\" speed=\"5.5\"/><landing>Stand-up</landing><equipment n=\"0\"/>"
              "<size>4</size><points>12</points><team>Team A, B</team>"
              "<image name=\"pics\\a.jpg\" thumbnail=\"pics\\a_t.jpg\"/><video name=\"v.mp4\" offset=\"2.5\"/>"
-             "<note>" + note + "</note>"
-             "<signature name=\"Matti Virtanen\"><id>X1</id><lines size=\"1\"><line size=\"2\">"
-             "<p x=\"1\" y=\"2\"/><p x=\"3\" y=\"4\"/></line></lines></signature>") +
+             "<note>" +
+                 note +
+                 "</note>"
+                 "<signature name=\"Matti Virtanen\"><id>X1</id><lines size=\"1\"><line size=\"2\">"
+                 "<p x=\"1\" y=\"2\"/><p x=\"3\" y=\"4\"/></line></lines></signature>") +
         Jump(498, "2024-06-01T09:05:00Z",
              "<dz>Utti</dz><fallrate name=\"Standard\"/><exit>3000</exit><open>1000</open>"
              "<equipment description=\"Rental\"/>"
@@ -77,7 +79,8 @@ inline std::string Reference()
              "</profile>") +
         Jump(499, "2024-06-01T00:00:00Z",
              "<dz>Eloy, Arizona</dz><fallrate name=\"Custom\"/><exit>2000</exit><open>1200</open>"
-             "<note>&lt;p style=\"margin: 0\"&gt;Zwei Zeilen&lt;/p&gt;&lt;p style=\"margin: 0\"&gt;ohne Komma&lt;/p&gt;</note>") +
+             "<note>&lt;p style=\"margin: 0\"&gt;Zwei Zeilen&lt;/p&gt;&lt;p style=\"margin: 0\"&gt;ohne "
+             "Komma&lt;/p&gt;</note>") +
         "</log>";
     return File(ReferenceSettings() + log, "1.1");
 }

@@ -35,8 +35,7 @@ inline double FreefallDrop(double t)
 inline double FreefallTime()
 {
     double lo = 0.0, hi = 200.0;
-    for (int i = 0; i < 60; ++i)
-    {
+    for (int i = 0; i < 60; ++i) {
         const double mid = (lo + hi) / 2;
         (FreefallDrop(mid) < kExitAltitude - kOpenAltitude ? lo : hi) = mid;
     }
@@ -80,23 +79,19 @@ inline CJumpRecording Recording(int kind)
     // canopy flies at 8 m/s while turning once a minute and drifting with a 3 m/s wind.
     double east = 0.0, north = 0.0, t = kClimbStart;
     const double end = LandingTime() + 10.0;
-    while (t <= end)
-    {
+    while (t <= end) {
         const double step = gps ? 0.5 : (t < FreefallTime() ? 1.0 : 3.0);
-        if (gps)
-        {
+        if (gps) {
             const double lat = 61.78 + north / 111195.0;
             const double lon = 22.72 + east / (111195.0 * std::cos(61.78 * std::numbers::pi / 180.0));
             recording.AddSample(std::make_unique<CGpsSample>(Altitude(t), t, lat, lon));
-        }
-        else
+        } else
             recording.AddSample(std::make_unique<CBaroSample>(Altitude(t), t));
         if (t < 0)
             east += 28.0 * step, north += 28.0 * step;
         else if (t < FreefallTime())
             east += 8.0 * step;
-        else if (t < LandingTime())
-        {
+        else if (t < LandingTime()) {
             const double heading = (t - FreefallTime()) * 2 * std::numbers::pi / 60.0;
             east += (8.0 * std::sin(heading) - 3.0) * step;
             north += 8.0 * std::cos(heading) * step;
@@ -105,9 +100,9 @@ inline CJumpRecording Recording(int kind)
     }
     recording.AddAnnotation({kExitAltitude - 100, -14.0, "Door open"});
     recording.AddAnnotation({Altitude(FreefallTime() - 2), FreefallTime() - 2, "Wave off"});
-    for (const auto& [direction, speed, altitude] : {std::tuple{200, 3.0, 0}, std::tuple{220, 5.0, 1000},
-                                                     std::tuple{235, 7.5, 2000}, std::tuple{245, 10.0, 3000},
-                                                     std::tuple{250, 12.5, 4000}})
+    for (const auto& [direction, speed, altitude] :
+         {std::tuple{200, 3.0, 0}, std::tuple{220, 5.0, 1000}, std::tuple{235, 7.5, 2000}, std::tuple{245, 10.0, 3000},
+          std::tuple{250, 12.5, 4000}})
         recording.AddWind({direction, speed, altitude});
     return recording;
 }

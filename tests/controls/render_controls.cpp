@@ -47,8 +47,7 @@ int CheckLayout(const CKqPadDlg& pad, const QSize& screen, const QString& name)
     for (QWidget* part : pad.findChildren<QWidget*>())
         if (part->isVisibleTo(&pad) && (qobject_cast<CKqButton*>(part) || qobject_cast<QLabel*>(part)))
             parts.append(part);
-    for (QWidget* part : parts)
-    {
+    for (QWidget* part : parts) {
         const QRect area = InDialog(part, &pad);
         if (!pad.rect().contains(area))
             report(QStringLiteral("%1 %2 leaves the pad").arg(part->objectName(), QDebug::toString(area)));
@@ -95,45 +94,68 @@ int main(int argc, char* argv[])
     const QLocale english(QLocale::English, QLocale::UnitedStates);
     const QLocale german(QLocale::German, QLocale::Germany);
     const QList<Scene> scenes = {
-        {QStringLiteral("number_fresh"), english,
-         [] { return std::make_unique<CNumberPadDlg>(nullptr, QString(), 0, 2, false); }, {}, {}, {}},
-        {QStringLiteral("number_entry"), german,
+        {QStringLiteral("number_fresh"),
+         english,
+         [] { return std::make_unique<CNumberPadDlg>(nullptr, QString(), 0, 2, false); },
+         {},
+         {},
+         {}},
+        {QStringLiteral("number_entry"),
+         german,
          [] { return std::make_unique<CNumberPadDlg>(nullptr, QStringLiteral("Fall rate"), 0, 2, true); },
          {QStringLiteral("1"), QStringLiteral("2"), QStringLiteral("3"), QStringLiteral("4"),
           QStringLiteral("separator"), QStringLiteral("5")},
-         QStringLiteral("7"), QStringLiteral("back")},
-        {QStringLiteral("number_sum"), german,
+         QStringLiteral("7"),
+         QStringLiteral("back")},
+        {QStringLiteral("number_sum"),
+         german,
          [] { return std::make_unique<CNumberPadDlg>(nullptr, QString(), 0, 0, false); },
-         {QStringLiteral("2"), QStringLiteral("plus"), QStringLiteral("3"), QStringLiteral("equals")}, {}, {}},
-        {QStringLiteral("duration_fresh"), english,
-         [] { return std::make_unique<CDurationPadDlg>(nullptr, QString(), 0, 0, 0, 999); }, {}, {}, {}},
-        {QStringLiteral("duration_entry"), english,
+         {QStringLiteral("2"), QStringLiteral("plus"), QStringLiteral("3"), QStringLiteral("equals")},
+         {},
+         {}},
+        {QStringLiteral("duration_fresh"),
+         english,
+         [] { return std::make_unique<CDurationPadDlg>(nullptr, QString(), 0, 0, 0, 999); },
+         {},
+         {},
+         {}},
+        {QStringLiteral("duration_entry"),
+         english,
          [] { return std::make_unique<CDurationPadDlg>(nullptr, QString(), 998, 59, 50, 999); },
-         {QStringLiteral("s_plus10")}, QStringLiteral("h_minus5"), QStringLiteral("m_plus1")},
-        {QStringLiteral("duration_short"), english,
+         {QStringLiteral("s_plus10")},
+         QStringLiteral("h_minus5"),
+         QStringLiteral("m_plus1")},
+        {QStringLiteral("duration_short"),
+         english,
          [] { return std::make_unique<CDurationPadDlg>(nullptr, QString(), 1, 20, 0, 50); },
-         {QStringLiteral("m_plus10")}, {}, {}},
-        {QStringLiteral("time_fresh"), english,
-         [] { return std::make_unique<CTimePadDlg>(nullptr, QString(), 12, 0); }, {}, {}, {}},
-        {QStringLiteral("time_entry"), english,
+         {QStringLiteral("m_plus10")},
+         {},
+         {}},
+        {QStringLiteral("time_fresh"),
+         english,
+         [] { return std::make_unique<CTimePadDlg>(nullptr, QString(), 12, 0); },
+         {},
+         {},
+         {}},
+        {QStringLiteral("time_entry"),
+         english,
          [] { return std::make_unique<CTimePadDlg>(nullptr, QString(), 23, 50); },
-         {QStringLiteral("plus15")}, QStringLiteral("h_24"), QStringLiteral("m_30")}};
+         {QStringLiteral("plus15")},
+         QStringLiteral("h_24"),
+         QStringLiteral("m_30")}};
     const QList<QSize> sizes = {{240, 320}, {320, 240}, {360, 640}, {1024, 768}};
 
     int problems = 0;
-    for (const Scene& scene : scenes)
-    {
+    for (const Scene& scene : scenes) {
         PictureLanguage::Use(scene.locale);
-        for (const QSize& size : sizes)
-        {
+        for (const QSize& size : sizes) {
             const std::unique_ptr<CKqPadDlg> pad = scene.make();
             pad->FitTo(size);
             pad->show();
             Click(*pad, scene.keys);
             if (auto* down = pad->findChild<CKqButton*>(QStringLiteral("key_") + scene.down))
                 down->setDown(true);
-            if (auto* focus = pad->findChild<CKqButton*>(QStringLiteral("key_") + scene.focus))
-            {
+            if (auto* focus = pad->findChild<CKqButton*>(QStringLiteral("key_") + scene.focus)) {
                 pad->activateWindow();
                 focus->setFocus(Qt::TabFocusReason);
             }
@@ -156,10 +178,9 @@ int main(int argc, char* argv[])
         painter.setBrush(QColor(40, 120, 40));
         painter.drawEllipse(1, 1, 14, 14);
     }
-    const QStringList looks = {QStringLiteral("plain"), QStringLiteral("pressed"), QStringLiteral("focused"),
-                               QStringLiteral("disabled"), QStringLiteral("icon"), QStringLiteral("icon off")};
-    for (int i = 0; i < looks.size(); ++i)
-    {
+    const QStringList looks = {QStringLiteral("plain"),    QStringLiteral("pressed"), QStringLiteral("focused"),
+                               QStringLiteral("disabled"), QStringLiteral("icon"),    QStringLiteral("icon off")};
+    for (int i = 0; i < looks.size(); ++i) {
         auto* button = new CKqButton(looks[i], QColor(188, 204, 239), &strip);
         button->setObjectName(looks[i]);
         button->setGeometry(4 + i * 84, 4, 80, 40);

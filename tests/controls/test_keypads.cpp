@@ -26,11 +26,13 @@ struct PadChar
     NKey padKey;
 };
 
-const PadChar kChars[] = {
-    {'s', "sign", Qt::Key_Minus, NKey::Sign},         {',', "separator", Qt::Key_Comma, NKey::Separator},
-    {'.', "separator", Qt::Key_Period, NKey::Separator}, {'<', "back", Qt::Key_Backspace, NKey::Back},
-    {'C', "clear", Qt::Key_Delete, NKey::Clear},       {'+', "plus", Qt::Key_Plus, NKey::Plus},
-    {'=', "equals", Qt::Key_Equal, NKey::Equals}};
+const PadChar kChars[] = {{'s', "sign", Qt::Key_Minus, NKey::Sign},
+                          {',', "separator", Qt::Key_Comma, NKey::Separator},
+                          {'.', "separator", Qt::Key_Period, NKey::Separator},
+                          {'<', "back", Qt::Key_Backspace, NKey::Back},
+                          {'C', "clear", Qt::Key_Delete, NKey::Clear},
+                          {'+', "plus", Qt::Key_Plus, NKey::Plus},
+                          {'=', "equals", Qt::Key_Equal, NKey::Equals}};
 
 PadChar Lookup(char c)
 {
@@ -71,10 +73,7 @@ class TestKeypads : public QObject
     Q_OBJECT
 
 private slots:
-    void initTestCase()
-    {
-        QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
-    }
+    void initTestCase() { QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany)); }
 
     void numberPadClicksAndTypingFollowTheRules_data()
     {
@@ -83,16 +82,26 @@ private slots:
         QTest::addColumn<int>("start");
         QTest::addColumn<QString>("keys");
         QTest::addColumn<QString>("display");
-        QTest::newRow("decimals") << 2 << false << 0 << "1234,5" << "1.234,5";
-        QTest::newRow("point is the separator too") << 2 << false << 0 << "12.3" << "12,3";
-        QTest::newRow("refused decimal") << 1 << false << 0 << "5,27" << "5,2";
-        QTest::newRow("back over separator") << 2 << false << 0 << "12,3<<4" << "124";
-        QTest::newRow("repeated equals") << 0 << false << 0 << "2+3==" << "8";
-        QTest::newRow("digits after equals refused") << 0 << false << 0 << "2+3=7" << "5";
-        QTest::newRow("clear") << 0 << false << 0 << "2+3C4" << "4";
-        QTest::newRow("negative") << 1 << true << 0 << "7s" << "-7";
-        QTest::newRow("sign refused") << 1 << false << 0 << "7s" << "7";
-        QTest::newRow("start value") << 2 << true << -150 << "<" << "-1,5";
+        QTest::newRow("decimals") << 2 << false << 0 << "1234,5"
+                                  << "1.234,5";
+        QTest::newRow("point is the separator too") << 2 << false << 0 << "12.3"
+                                                    << "12,3";
+        QTest::newRow("refused decimal") << 1 << false << 0 << "5,27"
+                                         << "5,2";
+        QTest::newRow("back over separator") << 2 << false << 0 << "12,3<<4"
+                                             << "124";
+        QTest::newRow("repeated equals") << 0 << false << 0 << "2+3=="
+                                         << "8";
+        QTest::newRow("digits after equals refused") << 0 << false << 0 << "2+3=7"
+                                                     << "5";
+        QTest::newRow("clear") << 0 << false << 0 << "2+3C4"
+                               << "4";
+        QTest::newRow("negative") << 1 << true << 0 << "7s"
+                                  << "-7";
+        QTest::newRow("sign refused") << 1 << false << 0 << "7s"
+                                      << "7";
+        QTest::newRow("start value") << 2 << true << -150 << "<"
+                                     << "-1,5";
     }
 
     void numberPadClicksAndTypingFollowTheRules()
@@ -108,16 +117,14 @@ private slots:
         CNumberPadDlg typed(nullptr, QString(), start, maxDecimals, allowNegative);
         Show(clicked);
         Show(typed);
-        for (QChar c : keys)
-        {
+        for (QChar c : keys) {
             const PadChar key = Lookup(c.toLatin1());
             rules.Press(key.padKey);
             QTest::mouseClick(clicked.KeyButton(key.padKey), Qt::LeftButton);
             Type(typed, key.key);
         }
         QCOMPARE(QString::fromStdString(rules.Display()), display);
-        for (CNumberPadDlg* pad : {&clicked, &typed})
-        {
+        for (CNumberPadDlg* pad : {&clicked, &typed}) {
             QCOMPARE(pad->Display()->text(), display);
             QCOMPARE(pad->Value(), rules.ScaledValue());
             for (int k = 0; k < static_cast<int>(NKey::Count); ++k)
@@ -140,8 +147,7 @@ private slots:
 
         CDurationPadDlg duration(nullptr, QString(), 999, 59, 59, 999);
         Show(duration);
-        for (const char* name : {"h_plus1", "m_plus1", "s_plus10"})
-        {
+        for (const char* name : {"h_plus1", "m_plus1", "s_plus10"}) {
             QVERIFY(!KeyNamed(duration, QLatin1String(name))->isEnabled());
             QTest::mouseClick(KeyNamed(duration, QLatin1String(name)), Qt::LeftButton);
         }
@@ -155,8 +161,7 @@ private slots:
         QTest::mouseClick(KeyNamed(duration, QStringLiteral("s_plus10")), Qt::LeftButton);
         QCOMPARE(duration.Display()->text(), QStringLiteral("999:00:00"));
         CDurationPadState rules(999, 0, 0, 999);
-        for (int k = 0; k < static_cast<int>(CDurationPadState::Key::Count); ++k)
-        {
+        for (int k = 0; k < static_cast<int>(CDurationPadState::Key::Count); ++k) {
             const auto key = static_cast<CDurationPadState::Key>(k);
             QCOMPARE(duration.KeyButton(key)->isEnabled(), rules.IsEnabled(key));
         }
@@ -195,10 +200,10 @@ private slots:
         {
             const char* pad;
             QList<int> start, typed;
-        } pads[] = {{"number", numberStart, numberTyped}, {"duration", durationStart, durationTyped},
+        } pads[] = {{"number", numberStart, numberTyped},
+                    {"duration", durationStart, durationTyped},
                     {"time", timeStart, timeTyped}};
-        for (const auto& pad : pads)
-        {
+        for (const auto& pad : pads) {
             const QString name = QLatin1String(pad.pad);
             QTest::addRow("%s ok", pad.pad) << name << "ok" << int(QDialog::Accepted) << pad.typed;
             QTest::addRow("%s enter", pad.pad) << name << "enter" << int(QDialog::Accepted) << pad.typed;

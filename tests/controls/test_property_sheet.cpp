@@ -49,8 +49,7 @@ class CTestSheet final : public CKqPropertySheet
 public:
     explicit CTestSheet(IMessageSink* sink) : CKqPropertySheet(QStringLiteral("Sheet"), sink)
     {
-        for (const char* title : {"One", "Two", "Three"})
-        {
+        for (const char* title : {"One", "Two", "Three"}) {
             pages.append(new CRangePage(QString::fromLatin1(title)));
             AddPage(pages.last());
         }

@@ -60,17 +60,17 @@ private slots:
                           {"baro", CJumpRecording::Barometric, {CUnitSettings::Imperial, CUnitSettings::PerSecond, 0}},
                           {"empty", CJumpRecording::None, {}}};
         for (const auto& recording : recordings)
-            for (const QSize size : kSizes)
-            {
-                const QString file = QStringLiteral("plot_%1_%2x%3.png").arg(QLatin1String(recording.name))
-                                         .arg(size.width()).arg(size.height());
+            for (const QSize size : kSizes) {
+                const QString file = QStringLiteral("plot_%1_%2x%3.png")
+                                         .arg(QLatin1String(recording.name))
+                                         .arg(size.width())
+                                         .arg(size.height());
                 auto plot = ShowPlot(recording.kind, recording.units, size);
                 plot->SetCursorTime(20.0);
                 const QImage picture = plot->grab().toImage();
                 if (!folder.isEmpty())
                     QVERIFY(picture.save(QDir(folder).filePath(file)));
-                if (recording.kind == CJumpRecording::None)
-                {
+                if (recording.kind == CJumpRecording::None) {
                     // "No recording" in the middle, nothing else.
                     QVERIFY(!plot->HasCursor() && plot->AltitudeArea().isEmpty());
                     const QRect middle = QRect(QPoint(), size / 3).translated(size.width() / 3, size.height() / 3);
@@ -84,13 +84,13 @@ private slots:
                 }
                 // Every panel whole within the widget, none over another, each large enough to read.
                 const QRectF panels[] = {plot->AltitudeArea(), plot->SpeedArea(), plot->GroundArea(), plot->WindArea()};
-                for (int i = 0; i < 4; ++i)
-                {
+                for (int i = 0; i < 4; ++i) {
                     if (panels[i].isEmpty())
                         continue;
                     QVERIFY2(QRectF(plot->rect()).contains(panels[i]), qPrintable(file));
                     for (int j = i + 1; j < 4; ++j)
-                        QVERIFY2(!panels[i].intersects(panels[j]), qPrintable(file + QStringLiteral(" %1 %2").arg(i).arg(j)));
+                        QVERIFY2(!panels[i].intersects(panels[j]),
+                                 qPrintable(file + QStringLiteral(" %1 %2").arg(i).arg(j)));
                 }
                 QVERIFY2(plot->AltitudeArea().height() >= 40 && plot->AltitudeArea().width() >= 120, qPrintable(file));
                 QCOMPARE(plot->GroundArea().isEmpty(), recording.kind == CJumpRecording::Barometric);
@@ -111,7 +111,8 @@ private slots:
         QTest::mouseMove(plot.get(), QPoint(qRound(plot->XOfTime(20.0)), qRound(plot->AltitudeArea().center().y())));
         const QStringList texts = plot->CursorTexts();
         QLocale::setDefault(before);
-        QVERIFY2(QRegularExpression(QStringLiteral("^\\d+,\\d s$")).match(texts.value(0)).hasMatch(), qPrintable(texts.value(0)));
+        QVERIFY2(QRegularExpression(QStringLiteral("^\\d+,\\d s$")).match(texts.value(0)).hasMatch(),
+                 qPrintable(texts.value(0)));
         QVERIFY2(QRegularExpression(QStringLiteral("^\\d{1,2}\\.\\d{3} ft$")).match(texts.value(1)).hasMatch(),
                  qPrintable(texts.value(1)));
     }
@@ -123,8 +124,7 @@ private slots:
         QSignalSpy moved(plot.get(), &CRecordingPlot::cursorMoved);
         const double secondsPerPixel = plot->TimeAtX(1) - plot->TimeAtX(0);
         // In the climb, in freefall at terminal speed, under canopy.
-        for (double t : {-60.0, 30.0, 120.0})
-        {
+        for (double t : {-60.0, 30.0, 120.0}) {
             QTest::mouseMove(plot.get(), QPoint(qRound(plot->XOfTime(t)), qRound(plot->AltitudeArea().center().y())));
             QVERIFY(plot->HasCursor());
             QVERIFY(std::abs(plot->CursorTime() - t) <= secondsPerPixel);
@@ -150,7 +150,9 @@ private slots:
     {
         auto plot = ShowPlot(CJumpRecording::Satellite, CUnitSettings(CUnitSettings::Metric, 0, 0), QSize(1024, 768));
         const double secondsPerPixel = plot->TimeAtX(1) - plot->TimeAtX(0);
-        const auto timeAt = [&](double t) { return QPoint(qRound(plot->XOfTime(t)), qRound(plot->SpeedArea().center().y())); };
+        const auto timeAt = [&](double t) {
+            return QPoint(qRound(plot->XOfTime(t)), qRound(plot->SpeedArea().center().y()));
+        };
         // One device for the whole run, as Qt keeps it registered until the program ends.
         static QPointingDevice* const screen = QTest::createTouchDevice();
         QTest::touchEvent(plot.get(), screen).press(0, timeAt(-20));
@@ -163,8 +165,7 @@ private slots:
         QTest::touchEvent(plot.get(), screen).release(0, timeAt(40)).release(1, timeAt(100));
 
         // A tap on the ground track picks the moment the jumper was there.
-        for (double t : {10.0, 45.0, 140.0})
-        {
+        for (double t : {10.0, 45.0, 140.0}) {
             QTest::mouseClick(plot.get(), Qt::LeftButton, {}, plot->GroundPointAt(t).toPoint());
             QVERIFY2(std::abs(plot->CursorTime() - t) <= 2.0, qPrintable(QString::number(plot->CursorTime())));
         }
@@ -183,12 +184,15 @@ private slots:
             Qt::Key key;
             Qt::KeyboardModifiers modifiers;
             double from, to;
-        } steps[] = {{Qt::Key_Right, {}, 10, 11},        {Qt::Key_Left, {}, 10, 9},
-                     {Qt::Key_Right, Qt::ShiftModifier, 10, 20}, {Qt::Key_Left, Qt::ShiftModifier, 10, 0},
-                     {Qt::Key_Left, {}, range.min, range.min},   {Qt::Key_Right, {}, range.max, range.max},
-                     {Qt::Key_Home, {}, 50, range.min},          {Qt::Key_End, {}, 50, range.max}};
-        for (const auto& step : steps)
-        {
+        } steps[] = {{Qt::Key_Right, {}, 10, 11},
+                     {Qt::Key_Left, {}, 10, 9},
+                     {Qt::Key_Right, Qt::ShiftModifier, 10, 20},
+                     {Qt::Key_Left, Qt::ShiftModifier, 10, 0},
+                     {Qt::Key_Left, {}, range.min, range.min},
+                     {Qt::Key_Right, {}, range.max, range.max},
+                     {Qt::Key_Home, {}, 50, range.min},
+                     {Qt::Key_End, {}, 50, range.max}};
+        for (const auto& step : steps) {
             plot->SetCursorTime(step.from);
             QTest::keyClick(plot.get(), step.key, step.modifiers);
             QCOMPARE(plot->CursorTime(), step.to);

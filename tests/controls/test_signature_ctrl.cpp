@@ -17,8 +17,18 @@ using Strokes = std::vector<CSignatureCtrl::Stroke>;
 
 namespace {
 
-enum class Device { Mouse, Touch, Pen };
-enum class Phase { Press, Move, Release };
+enum class Device
+{
+    Mouse,
+    Touch,
+    Pen
+};
+enum class Phase
+{
+    Press,
+    Move,
+    Release
+};
 
 // One pointer event at a widget position.
 struct CStep
@@ -32,8 +42,7 @@ void Send(CSignatureCtrl& ctrl, const CStep& step)
 {
     static QPointingDevice* const touchScreen = QTest::createTouchDevice();
     const int phase = int(step.phase);
-    if (step.device == Device::Touch)
-    {
+    if (step.device == Device::Touch) {
         // Through the window system, so that Qt would also make mouse events from unhandled touch.
         auto touch = QTest::touchEvent(&ctrl, touchScreen);
         phase == 0 ? touch.press(0, step.at) : phase == 1 ? touch.move(0, step.at) : touch.release(0, step.at);
@@ -43,8 +52,7 @@ void Send(CSignatureCtrl& ctrl, const CStep& step)
     const Qt::MouseButtons held = step.phase == Phase::Release ? Qt::NoButton : Qt::LeftButton;
     const Qt::MouseButton button = step.phase == Phase::Move ? Qt::NoButton : Qt::LeftButton;
     const QPointF global = ctrl.mapToGlobal(QPointF(step.at));
-    if (step.device == Device::Mouse)
-    {
+    if (step.device == Device::Mouse) {
         const QEvent::Type types[] = {QEvent::MouseButtonPress, QEvent::MouseMove, QEvent::MouseButtonRelease};
         QMouseEvent event(types[phase], step.at, global, button, held, Qt::NoModifier);
         QApplication::sendEvent(&ctrl, &event);
@@ -80,35 +88,38 @@ private slots:
         const auto down = Phase::Press, move = Phase::Move, up = Phase::Release;
         const QSize small(240, 100), large(480, 200);
 
-        QTest::newRow("tap at the centre") << small << false
-            << QList<CStep>{m(down, 120, 50), m(up, 120, 50)} << Strokes{{{120, 50}}};
-        QTest::newRow("tap at the centre, twice the size") << large << false
-            << QList<CStep>{m(down, 240, 100), m(up, 240, 100)} << Strokes{{{120, 50}}};
+        QTest::newRow("tap at the centre")
+            << small << false << QList<CStep>{m(down, 120, 50), m(up, 120, 50)} << Strokes{{{120, 50}}};
+        QTest::newRow("tap at the centre, twice the size")
+            << large << false << QList<CStep>{m(down, 240, 100), m(up, 240, 100)} << Strokes{{{120, 50}}};
         QTest::newRow("drag") << large << false
-            << QList<CStep>{m(down, 240, 100), m(move, 260, 100), m(move, 300, 150), m(up, 300, 150)}
-            << Strokes{{{120, 50}, {130, 50}, {151, 76}}};
-        QTest::newRow("out on the right, back, then a new press") << large << false
+                              << QList<CStep>{m(down, 240, 100), m(move, 260, 100), m(move, 300, 150), m(up, 300, 150)}
+                              << Strokes{{{120, 50}, {130, 50}, {151, 76}}};
+        QTest::newRow("out on the right, back, then a new press")
+            << large << false
             << QList<CStep>{m(down, 240, 100), m(move, 469, 100), m(move, 470, 100), m(move, 200, 100),
-                            m(up, 200, 100), m(down, 100, 60), m(up, 100, 60)}
+                            m(up, 200, 100),   m(down, 100, 60),  m(up, 100, 60)}
             << Strokes{{{120, 50}, {239, 50}}, {{47, 29}}};
-        QTest::newRow("out at the bottom") << large << false
+        QTest::newRow("out at the bottom")
+            << large << false
             << QList<CStep>{m(down, 240, 100), m(move, 240, 195), m(move, 240, 196), m(move, 240, 100)}
             << Strokes{{{120, 50}, {120, 99}}};
-        QTest::newRow("moves after the release") << large << false
-            << QList<CStep>{m(down, 240, 100), m(up, 240, 100), m(move, 260, 100)} << Strokes{{{120, 50}}};
-        QTest::newRow("press beside the area") << QSize(480, 100) << false
-            << QList<CStep>{m(down, 20, 50), m(move, 240, 50), m(up, 240, 50)} << Strokes{};
+        QTest::newRow("moves after the release")
+            << large << false << QList<CStep>{m(down, 240, 100), m(up, 240, 100), m(move, 260, 100)}
+            << Strokes{{{120, 50}}};
+        QTest::newRow("press beside the area")
+            << QSize(480, 100) << false << QList<CStep>{m(down, 20, 50), m(move, 240, 50), m(up, 240, 50)} << Strokes{};
         QTest::newRow("read-only") << large << true
-            << QList<CStep>{m(down, 240, 100), m(move, 260, 100), m(up, 260, 100)} << Strokes{};
-        QTest::newRow("touch drag, one stroke only") << large << false
-            << QList<CStep>{t(down, 240, 100), t(move, 260, 100), t(up, 260, 100)}
+                                   << QList<CStep>{m(down, 240, 100), m(move, 260, 100), m(up, 260, 100)} << Strokes{};
+        QTest::newRow("touch drag, one stroke only")
+            << large << false << QList<CStep>{t(down, 240, 100), t(move, 260, 100), t(up, 260, 100)}
             << Strokes{{{120, 50}, {130, 50}}};
-        QTest::newRow("touch out and back") << large << false
-            << QList<CStep>{t(down, 240, 100), t(move, 475, 100), t(move, 260, 100), t(up, 260, 100)}
+        QTest::newRow("touch out and back")
+            << large << false << QList<CStep>{t(down, 240, 100), t(move, 475, 100), t(move, 260, 100), t(up, 260, 100)}
             << Strokes{{{120, 50}}};
         QTest::newRow("pen drag") << large << false
-            << QList<CStep>{p(down, 240, 100), p(move, 260, 100), p(up, 260, 100)}
-            << Strokes{{{120, 50}, {130, 50}}};
+                                  << QList<CStep>{p(down, 240, 100), p(move, 260, 100), p(up, 260, 100)}
+                                  << Strokes{{{120, 50}, {130, 50}}};
     }
     void inputGivesLogicalStrokes()
     {
@@ -139,9 +150,9 @@ private slots:
                                << QList<QPoint>{{120, 50}, {3, 3}, {236, 96}};
         QTest::newRow("dot") << small << false << Strokes{{{120, 50}}} << QList<QPoint>{{120, 50}}
                              << QList<QPoint>{{123, 50}, {117, 50}, {120, 53}, {120, 47}};
-        QTest::newRow("dot, twice the size") << large << false << Strokes{{{120, 50}}}
-                                             << QList<QPoint>{{240, 100}, {239, 99}}
-                                             << QList<QPoint>{{244, 100}, {235, 100}, {240, 104}};
+        QTest::newRow("dot, twice the size")
+            << large << false << Strokes{{{120, 50}}} << QList<QPoint>{{240, 100}, {239, 99}}
+            << QList<QPoint>{{244, 100}, {235, 100}, {240, 104}};
         QTest::newRow("line") << large << false << Strokes{{{20, 50}, {220, 50}}}
                               << QList<QPoint>{{60, 100}, {240, 100}, {420, 100}}
                               << QList<QPoint>{{36, 100}, {446, 100}, {240, 105}, {240, 95}};
@@ -194,13 +205,18 @@ private slots:
             {"undo", [&] { undo.click(); }, one, true, 1},
             {"undo", [&] { undo.click(); }, {}, false, 1},
             {"remove on empty", [&] { ctrl.RemoveLastStroke(); }, {}, false, 0},
-            {"tap", [&] { Send(ctrl, {Device::Mouse, Phase::Press, {120, 50}}); }, {{{120, 50}}}, true, 1},
+            {"tap",
+             [&] {
+                 Send(ctrl, {Device::Mouse, Phase::Press, {120, 50}});
+             },
+             {{{120, 50}}},
+             true,
+             1},
             {"read-only", [&] { ctrl.SetReadOnly(true); }, {{{120, 50}}}, false, 0},
             {"writable", [&] { ctrl.SetReadOnly(false); }, {{{120, 50}}}, true, 0},
             {"clear", [&] { ctrl.Clear(); }, {}, false, 1},
         };
-        for (const auto& step : steps)
-        {
+        for (const auto& step : steps) {
             changed.clear();
             step.act();
             QVERIFY2(ctrl.Strokes() == step.strokes, step.step);

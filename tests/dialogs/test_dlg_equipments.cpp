@@ -136,9 +136,20 @@ private slots:
         QTest::addColumn<QString>("mainSize");
         QTest::addColumn<QString>("focus");
         QTest::addColumn<QString>("message");
-        QTest::newRow("blank harness") << "   " << "Sabre2" << "170" << "harnessEdit" << "Please enter a harness.";
-        QTest::newRow("blank main") << "Javelin" << " " << "170" << "mainEdit" << "Please enter a main canopy.";
-        QTest::newRow("main size") << "Javelin" << "Sabre2" << "1000" << "mainSizeEdit"
+        QTest::newRow("blank harness") << "   "
+                                       << "Sabre2"
+                                       << "170"
+                                       << "harnessEdit"
+                                       << "Please enter a harness.";
+        QTest::newRow("blank main") << "Javelin"
+                                    << " "
+                                    << "170"
+                                    << "mainEdit"
+                                    << "Please enter a main canopy.";
+        QTest::newRow("main size") << "Javelin"
+                                   << "Sabre2"
+                                   << "1000"
+                                   << "mainSizeEdit"
                                    << "Please enter a value between 0 and 999.";
     }
     void rigEditorFocusesTheRefusedField()

@@ -31,8 +31,7 @@ struct CEditorHarness
 {
     CEditorHarness()
     {
-        for (int number : {1, 2})
-        {
+        for (int number : {1, 2}) {
             auto jump = std::make_unique<CJump>(number, CZonedDateTime{CDateTime(2024, 5, number, 12, 0, 0), 0},
                                                 CDateTime(2024, 5, number));
             jump->SetFallrate(Standard, 4000, 1000, 0, 0, 0);

@@ -40,12 +40,12 @@ struct CLogbook
 {
     explicit CLogbook(int kind, bool imported = false)
     {
-        auto made = std::make_unique<CJump>(7, CZonedDateTime{CDateTime(2024, 7, 20, 15, 40, 0), 180},
-                                            CDateTime(2024, 7, 20));
+        auto made =
+            std::make_unique<CJump>(7, CZonedDateTime{CDateTime(2024, 7, 20, 15, 40, 0), 180}, CDateTime(2024, 7, 20));
         made->SetFallrate(Standard, 4000, 1000, 0, 0, 0);
         if (imported)
-            made->SetFallrateValues({Import, 4000, 1000, static_cast<int>(std::lround(SyntheticJump::FreefallTime())),
-                                     200, 55.0, 47.0});
+            made->SetFallrateValues(
+                {Import, 4000, 1000, static_cast<int>(std::lround(SyntheticJump::FreefallTime())), 200, 55.0, 47.0});
         if (kind != CJumpRecording::None)
             made->Recording() = SyntheticJump::Recording(kind);
         jump = doc.AddJump(std::move(made));
@@ -84,8 +84,7 @@ private slots:
                      {"baro", CJumpRecording::Barometric, false, QStringLiteral("Profile")},
                      {"gps", CJumpRecording::Satellite, false, QStringLiteral("Track")},
                      {"imported", CJumpRecording::None, true, QStringLiteral("Track")}};
-        for (const auto& c : cases)
-        {
+        for (const auto& c : cases) {
             CLogbook logbook(c.kind);
             auto editor = logbook.Editor(units);
             if (c.takenLater)
@@ -103,8 +102,7 @@ private slots:
             QVERIFY(!plot->Series().IsEmpty());
             QCOMPARE(plot->Series().HasGround(), c.kind != CJumpRecording::Barometric);
             // The editor opens on the pages named by the rules, wherever the tabs are.
-            for (CJumpEdit::Page page : {CJumpEdit::PageDetails, CJumpEdit::PageNote, CJumpEdit::PageSignature})
-            {
+            for (CJumpEdit::Page page : {CJumpEdit::PageDetails, CJumpEdit::PageNote, CJumpEdit::PageSignature}) {
                 editor->StartOnPage(page);
                 QCOMPARE(editor->Page(editor->ActiveIndex()), editor->PageFor(page));
             }
@@ -131,8 +129,7 @@ private slots:
     {
         const CUnitSettings units(CUnitSettings::Metric, 0, 0);
         const double freefall = SyntheticJump::FreefallTime();
-        for (const bool imported : {false, true})
-        {
+        for (const bool imported : {false, true}) {
             CLogbook logbook(CJumpRecording::Satellite, imported);
             auto editor = logbook.Editor(units);
             editor->InitialisePages();
@@ -170,8 +167,7 @@ private slots:
         } recordings[] = {{"gps", CJumpRecording::Satellite, {CUnitSettings::Metric, CUnitSettings::PerHour, 0}},
                           {"baro", CJumpRecording::Barometric, {CUnitSettings::Imperial, CUnitSettings::PerSecond, 0}}};
         for (const auto& recording : recordings)
-            for (const QSize size : {QSize(240, 320), QSize(320, 240), QSize(360, 640), QSize(1024, 768)})
-            {
+            for (const QSize size : {QSize(240, 320), QSize(320, 240), QSize(360, 640), QSize(1024, 768)}) {
                 CLogbook logbook(recording.kind, true);
                 auto editor = logbook.Editor(recording.units);
                 editor->show();
@@ -185,7 +181,9 @@ private slots:
                 QVERIFY(plot->HasCursor());
 
                 const QString file = QStringLiteral("jump_recording_%1_%2x%3.png")
-                                         .arg(QLatin1String(recording.name)).arg(size.width()).arg(size.height());
+                                         .arg(QLatin1String(recording.name))
+                                         .arg(size.width())
+                                         .arg(size.height());
                 // Painted in any case: the cursor's box is placed as it is painted.
                 const QPixmap picture = editor->grab();
                 if (!folder.isEmpty())
@@ -193,11 +191,13 @@ private slots:
                 QWidget* shown = editor->Tabs()->currentWidget();
                 QStringList problems = RenderCheck::Clipped(editor.get()) + RenderCheck::ScrollsSideways(shown);
                 // The plot fits the page: nothing to scroll up or down to.
-                if (auto* scroller = qobject_cast<QScrollArea*>(shown); scroller && scroller->verticalScrollBar()->maximum() > 0)
+                if (auto* scroller = qobject_cast<QScrollArea*>(shown);
+                    scroller && scroller->verticalScrollBar()->maximum() > 0)
                     problems.append(QStringLiteral("scrolls up and down"));
                 if (!QRectF(plot->rect()).contains(plot->CursorBox()))
                     problems.append(QStringLiteral("cursor box outside"));
-                QVERIFY2(problems.isEmpty(), qPrintable(file + QStringLiteral(": ") + problems.join(QStringLiteral("; "))));
+                QVERIFY2(problems.isEmpty(),
+                         qPrintable(file + QStringLiteral(": ") + problems.join(QStringLiteral("; "))));
             }
     }
 };

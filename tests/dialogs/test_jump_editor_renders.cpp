@@ -30,8 +30,7 @@ std::unique_ptr<CLogbookDoc> Logbook(std::vector<CJump*>& added)
     rig->SetHarness("Javelin Odyssey");
     rig->SetMainCanopy("Sabre2 170");
     doc->GetSettings().GetEquipmentList().Add(std::move(rig));
-    for (int number : {41, 42})
-    {
+    for (int number : {41, 42}) {
         auto jump = std::make_unique<CJump>(number, CZonedDateTime{CDateTime(2024, 7, number - 30, 15, 40, 0), 180},
                                             CDateTime(2024, 7, 20));
         jump->SetFallrate(Standard, 4000, 1000, 0, 0, 0);
@@ -78,18 +77,15 @@ private slots:
             CJump* jump;
             bool metric;
         } modes[] = {{"new", nullptr, true}, {"change", jumps[0], false}, {"signed", jumps[1], true}};
-        for (const auto& mode : modes)
-        {
+        for (const auto& mode : modes) {
             CUnitSettings units(mode.metric ? CUnitSettings::Metric : CUnitSettings::Imperial, 0, 0);
-            for (const QSize size : {QSize(240, 320), QSize(320, 240), QSize(360, 640), QSize(1024, 768)})
-            {
+            for (const QSize size : {QSize(240, 320), QSize(320, 240), QSize(360, 640), QSize(1024, 768)}) {
                 CDlgJump dialog(*doc, units, &store, clock, mode.jump, &messages);
                 dialog.show();
                 QVERIFY(QTest::qWaitForWindowExposed(&dialog));
                 // A desktop shows the editor at its natural size, a handheld or phone full-screen.
                 dialog.resize(size.width() > 500 ? dialog.sizeHint().expandedTo(QSize(480, 420)) : size);
-                for (int page = 0; page < dialog.PageCount(); ++page)
-                {
+                for (int page = 0; page < dialog.PageCount(); ++page) {
                     dialog.StartOnPage(page);
                     QCoreApplication::processEvents();
                     const QString file = QStringLiteral("jump_%1_%2_%3x%4.png")

@@ -46,20 +46,13 @@ private:
     QAction* Action(const char* name) const { return h->Frame()->findChild<QAction*>(QLatin1String(name)); }
 
 private slots:
-    void init()
-    {
-        h = std::make_unique<CAppHarness>();
-    }
-    void cleanup()
-    {
-        h.reset();
-    }
+    void init() { h = std::make_unique<CAppHarness>(); }
+    void cleanup() { h.reset(); }
 
     void commandsAreGreyedWithoutALogbook()
     {
         QVERIFY(h->StartWithoutSplash());
-        for (const char* name : {"userProfileAction", "equipmentAction", "preferencesAction"})
-        {
+        for (const char* name : {"userProfileAction", "equipmentAction", "preferencesAction"}) {
             QVERIFY2(Action(name) && !Action(name)->isEnabled(), name);
         }
         h->Frame()->GetSettingsCommands()->OnPreferences();
@@ -74,8 +67,8 @@ private slots:
         CSummaryPane* summary = h->View()->GetSummary();
         QCOMPARE(summary->LabelText(2), QStringLiteral("Freefall Dist. [mi]"));
         QCOMPARE(summary->ValueText(2), QStringLiteral("6"));
-        h->dialogs.steps.append(CScriptedDialogs::Ok<CDlgPreferences>(
-            [](CDlgPreferences& dlg) { dlg.UnitsCombo()->setCurrentIndex(1); }));
+        h->dialogs.steps.append(
+            CScriptedDialogs::Ok<CDlgPreferences>([](CDlgPreferences& dlg) { dlg.UnitsCombo()->setCurrentIndex(1); }));
         Action("preferencesAction")->trigger();
         QCOMPARE(summary->LabelText(2), QStringLiteral("Freefall Dist. [km]"));
         QCOMPARE(summary->ValueText(2), QStringLiteral("9"));

@@ -38,23 +38,19 @@ private:
         const int pages = tabs ? tabs->count() : 1;
         dlg.show();
         QVERIFY(QTest::qWaitForWindowExposed(&dlg));
-        for (const QSize& size : sizes)
-        {
+        for (const QSize& size : sizes) {
             dlg.resize(size);
-            for (int page = 0; page < pages; ++page)
-            {
+            for (int page = 0; page < pages; ++page) {
                 if (tabs)
                     tabs->setCurrentIndex(page);
                 QCoreApplication::processEvents();
-                const QString file = QStringLiteral("%1_%2_%3x%4.png")
-                                         .arg(name)
-                                         .arg(page)
-                                         .arg(size.width())
-                                         .arg(size.height());
+                const QString file =
+                    QStringLiteral("%1_%2_%3x%4.png").arg(name).arg(page).arg(size.width()).arg(size.height());
                 if (!m_folder.isEmpty())
                     QVERIFY(dlg.grab().save(QDir(m_folder).filePath(file)));
                 QWidget* shown = tabs ? tabs->currentWidget() : &dlg;
-                QVERIFY2(RenderCheck::Clipped(shown).isEmpty(), qPrintable(file + ": " + RenderCheck::Clipped(shown).join(QStringLiteral("; "))));
+                QVERIFY2(RenderCheck::Clipped(shown).isEmpty(),
+                         qPrintable(file + ": " + RenderCheck::Clipped(shown).join(QStringLiteral("; "))));
             }
         }
     }
@@ -68,8 +64,7 @@ private:
         settings.GetMembership().SetExpirationDate(CDateTime(2025, 3, 31));
         settings.GetMembership().SetAlarmDays(14);
         settings.SetLicenses({"A-License", "B-License"});
-        for (int number : {1, 2})
-        {
+        for (int number : {1, 2}) {
             auto rig = std::make_unique<CEquipment>(number);
             rig->SetHarness("Javelin Odyssey");
             rig->SetMainCanopy("Sabre2 170");

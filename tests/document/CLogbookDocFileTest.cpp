@@ -57,7 +57,11 @@ TEST(CLogbookDocFile, AFileChangedByAnotherProgramIsNotOverwritten)
          [](const std::string& p, const std::string& s) { WriteBytes(p, std::string(s.size(), 'o')); }, true},
         {"a longer file", ".tvl", [](const std::string& p, const std::string& s) { WriteBytes(p, s + " "); }, true},
         {"one byte changed in a plain file", ".tvl",
-         [](const std::string& p, std::string s) { s[s.size() / 2] ^= 1; WriteBytes(p, s); }, true},
+         [](const std::string& p, std::string s) {
+             s[s.size() / 2] ^= 1;
+             WriteBytes(p, s);
+         },
+         true},
         {"the same bytes written again", ".tvz", [](const std::string& p, const std::string& s) { WriteBytes(p, s); },
          false},
         {"the file removed", ".tvz", [](const std::string& p, const std::string&) { std::filesystem::remove(p); },
@@ -98,7 +102,7 @@ TEST(CLogbookDocFile, AFileChangedByAnotherProgramIsNotOverwritten)
             EXPECT_EQ(doc.GetPath(), elsewhere);
             EXPECT_EQ(ReadBytes(path), theirs);
             doc.SetModified();
-            EXPECT_TRUE(doc.Save(elsewhere));   // the new file is now the one remembered
+            EXPECT_TRUE(doc.Save(elsewhere)); // the new file is now the one remembered
             EXPECT_TRUE(doc.Save(path, SaveCheck::Overwrite));
             EXPECT_EQ(JumpsIn(path), 2u);
         }
@@ -156,7 +160,7 @@ TEST(CLogbookDocFile, AFailedWriteAtAnyGzipBlockLeavesTheOldFile)
         doc.AddJump(MakeJump(n, "Drop zone " + std::to_string(n * 7919 % 1000)));
     ASSERT_TRUE(doc.Save(path));
     const std::string old = ReadBytes(path);
-    const CXmlGzipOutput::Options small{2048, 2, 9};   // many blocks
+    const CXmlGzipOutput::Options small{2048, 2, 9}; // many blocks
     std::size_t written = 0;
     doc.SetOutputFactoryForTesting([&](const std::string& p, bool) {
         return CXmlGzipOutput::Create(std::make_unique<CFailingFileOutput>(p, written, false), small);
@@ -218,7 +222,7 @@ TEST(CLogbookDocFile, TheLockWarnsASecondInstanceAndDiesWithItsProcess)
         CLogbookLock first;
         CLogbookLock second;
         ASSERT_EQ(first.Lock(path), CLogbookLock::State::Locked);
-        EXPECT_EQ(first.Lock(path), CLogbookLock::State::Locked);   // opening it again here
+        EXPECT_EQ(first.Lock(path), CLogbookLock::State::Locked); // opening it again here
         EXPECT_EQ(second.Lock(path), CLogbookLock::State::AlreadyOpen);
         EXPECT_NE(second.GetHolder().find("process " + std::to_string(::getpid())), std::string::npos)
             << second.GetHolder();

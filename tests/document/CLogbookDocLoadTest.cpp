@@ -72,7 +72,8 @@ TEST(CLogbookDocGolden, LoadSaveKeepsEveryByteInBothContainers)
         EXPECT_EQ(raw[0] == '\x1f' && raw[1] == '\x8b', gzip) << extension << ": wrong container written";
         const std::string written = gzip ? ReadGzip(target) : raw;
         EXPECT_EQ(WithoutRootStamps(written), WithoutRootStamps(golden)) << extension;
-        EXPECT_NE(written.find(creator + R"( mod="2010-01-02T03:04:05Z">)"), std::string::npos) << written.substr(0, 160);
+        EXPECT_NE(written.find(creator + R"( mod="2010-01-02T03:04:05Z">)"), std::string::npos)
+            << written.substr(0, 160);
     }
 }
 
@@ -125,18 +126,23 @@ TEST(CLogbookDocLoad, RefusalsGiveTheirMessageAndAnEmptyDocument)
         {"no version", R"(<tvl creator="x"></tvl>)", StringTable::Format(StringTable::IDS_BAD_VERSION, "")},
         {"unknown top-level element", Logbook(R"(<settings></settings><journal size="1"></journal>)"),
          std::string(StringTable::Text(StringTable::IDS_NOT_TERVOLA))},
-        {"unknown root", R"(<logbook version="1.2"></logbook>)", std::string(StringTable::Text(StringTable::IDS_NOT_TERVOLA))},
+        {"unknown root", R"(<logbook version="1.2"></logbook>)",
+         std::string(StringTable::Text(StringTable::IDS_NOT_TERVOLA))},
         {"unknown element inside log", Logbook(R"(<log size="1"><entry n="1"></entry></log>)"),
          std::string(StringTable::Text(StringTable::IDS_NOT_TERVOLA))},
-        {"negative jump number", Logbook(R"(<log><jump n="-1" ts="2008-05-17T14:03:00Z" mod="2008-05-17T14:03:00Z"></jump></log>)"),
+        {"negative jump number",
+         Logbook(R"(<log><jump n="-1" ts="2008-05-17T14:03:00Z" mod="2008-05-17T14:03:00Z"></jump></log>)"),
          R"(Parser error: Open Tag: jump, mod="2008-05-17T14:03:00Z" n="-1" ts="2008-05-17T14:03:00Z")"},
         {"jump without ts", Logbook(R"(<log><jump n="1" mod="2008-05-17T14:03:00Z"></jump></log>)"),
          R"(Parser error: Open Tag: jump, mod="2008-05-17T14:03:00Z" n="1")"},
-        {"jump with lower-case zone", Logbook(R"(<log><jump n="1" ts="2008-05-17T14:03:00z" mod="2008-05-17T14:03:00Z"></jump></log>)"),
+        {"jump with lower-case zone",
+         Logbook(R"(<log><jump n="1" ts="2008-05-17T14:03:00z" mod="2008-05-17T14:03:00Z"></jump></log>)"),
          R"(Parser error: Open Tag: jump, mod="2008-05-17T14:03:00Z" n="1" ts="2008-05-17T14:03:00z")"},
         {"jump with empty mod", Logbook(R"(<log><jump n="1" ts="2008-05-17T14:03:00Z" mod=""></jump></log>)"),
          R"(Parser error: Open Tag: jump, mod="" n="1" ts="2008-05-17T14:03:00Z")"},
-        {"jump child refused", Logbook("<log>" + jump + R"(<jump n="2" ts="2008-05-17T14:03:00Z" mod="2008-05-17T14:03:00Z"><exit>4k</exit></jump></log>)"),
+        {"jump child refused",
+         Logbook("<log>" + jump +
+                 R"(<jump n="2" ts="2008-05-17T14:03:00Z" mod="2008-05-17T14:03:00Z"><exit>4k</exit></jump></log>)"),
          "Parser error: Close Tag: exit, 4k"},
         {"settings child refused", Logbook("<settings><previousJumps>x</previousJumps></settings>"),
          "Parser error: Close Tag: previousJumps, x"},
@@ -152,7 +158,7 @@ TEST(CLogbookDocLoad, RefusalsGiveTheirMessageAndAnEmptyDocument)
         WriteBytes(path, c.xml);
         CMemorySettingsStore store;
         CLogbookDoc doc(&store);
-        ASSERT_TRUE(doc.Load(kGolden));   // a refused load also forgets what was open before
+        ASSERT_TRUE(doc.Load(kGolden)); // a refused load also forgets what was open before
         store.SetString("General", "LastFile", "previous");
         const CLoadResult result = doc.Load(path);
         EXPECT_FALSE(result.ok) << c.name;
@@ -202,14 +208,17 @@ TEST(CLogbookDocLoad, ContainersAndVersions)
 {
     CTempFolder folder("containers");
     const std::string xml = Logbook(JumpXml(1, "A", 4000, 1000), "1.10");
-    struct Case { const char* file; bool gzip; bool loads; };
+    struct Case
+    {
+        const char* file;
+        bool gzip;
+        bool loads;
+    };
     const Case cases[] = {
-        {"plain.tvl", false, true},
-        {"plain.TVL", false, true},
-        {"plain.tvz", false, true},     // zlib reads an uncompressed file as it is
-        {"plain.xml", false, true},
-        {"packed.tvz", true, true},
-        {"packed.TVL", true, false},    // ".tvl" is always read as plain XML: no tag in there
+        {"plain.tvl", false, true},    {"plain.TVL", false, true},
+        {"plain.tvz", false, true}, // zlib reads an uncompressed file as it is
+        {"plain.xml", false, true},    {"packed.tvz", true, true},
+        {"packed.TVL", true, false}, // ".tvl" is always read as plain XML: no tag in there
         {"missing.tvz", false, false},
     };
     for (const Case& c : cases) {
@@ -220,7 +229,7 @@ TEST(CLogbookDocLoad, ContainersAndVersions)
             else
                 WriteBytes(path, xml);
         }
-        CLogbookDoc doc;   // no settings store at all
+        CLogbookDoc doc; // no settings store at all
         const CLoadResult result = doc.Load(path);
         EXPECT_EQ(result.ok, c.loads) << c.file;
         EXPECT_EQ(doc.GetJumpCount(), c.loads ? 1u : 0u) << c.file;
@@ -259,9 +268,9 @@ TEST(CLogbookDocSummary, TotalsFollowLoadAddRemoveAndChange)
     ASSERT_TRUE(doc.Load(path).ok);
     CLogbookSummary summary = doc.GetSummary();
     EXPECT_EQ(summary.numberOfJumps, 500);
-    EXPECT_DOUBLE_EQ(summary.freefallMetres, 500000.0);   // 500 × 2000 ÷ 2
+    EXPECT_DOUBLE_EQ(summary.freefallMetres, 500000.0); // 500 × 2000 ÷ 2
     EXPECT_DOUBLE_EQ(summary.canopyMetres, 500000.0);
-    EXPECT_EQ(summary.freefallSeconds, 2 * 23 + 100);      // 1000 m at 52.5 m/s take 22.7 s
+    EXPECT_EQ(summary.freefallSeconds, 2 * 23 + 100); // 1000 m at 52.5 m/s take 22.7 s
     EXPECT_EQ(summary.lastJump, CDateTime(2008, 5, 17));
 
     // Adding a jump below the last number: counted, but "Number of Jumps" stays the last number.
@@ -275,7 +284,7 @@ TEST(CLogbookDocSummary, TotalsFollowLoadAddRemoveAndChange)
     EXPECT_EQ(summary.freefallSeconds, 2 * 23 + 30 + 100);
     EXPECT_DOUBLE_EQ(summary.freefallMetres, 2600.0 * 500 / 3);
     EXPECT_DOUBLE_EQ(summary.canopyMetres, 2900.0 * 500 / 3);
-    EXPECT_EQ(summary.lastJump, CDateTime(2008, 5, 17));   // the last in number order, not in time
+    EXPECT_EQ(summary.lastJump, CDateTime(2008, 5, 17)); // the last in number order, not in time
 
     // Renumbering jump 20 past 500 moves it to the end and makes it the last jump.
     doc.BeginChangeJump(jump20);
@@ -320,11 +329,15 @@ TEST(CLogbookDocSummary, TotalsFollowLoadAddRemoveAndChange)
 TEST(CLogbookDocMedia, StoredNamesResolveAgainstTheLogbookFolder)
 {
     CLogbookDoc doc;
-    EXPECT_EQ(doc.ResolveMediaPath("pics\\a.jpg"), "pics\\a.jpg");   // no logbook path
+    EXPECT_EQ(doc.ResolveMediaPath("pics\\a.jpg"), "pics\\a.jpg"); // no logbook path
     const char sep = std::filesystem::path::preferred_separator;
     const std::string folder = std::string("logs") + sep + "2008";
     doc.SetPath(folder + sep + "Jumps.tvz");
-    struct Case { const char* stored; std::string resolved; };
+    struct Case
+    {
+        const char* stored;
+        std::string resolved;
+    };
     const Case cases[] = {
         {"a.jpg", folder + sep + "a.jpg"},
         {"pics\\a.jpg", folder + sep + "pics" + sep + "a.jpg"},
@@ -333,7 +346,7 @@ TEST(CLogbookDocMedia, StoredNamesResolveAgainstTheLogbookFolder)
     };
     for (const Case& c : cases)
         EXPECT_EQ(doc.ResolveMediaPath(c.stored), c.resolved) << c.stored;
-    doc.SetPath("Jumps.tvz");   // no folder part
+    doc.SetPath("Jumps.tvz"); // no folder part
     EXPECT_EQ(doc.ResolveMediaPath("pics\\a.jpg"), "pics\\a.jpg");
 }
 
@@ -350,7 +363,7 @@ TEST(CLogbookDocLoad, FileWithMoreJumpsThanTheBoundIsRefused)
 
     CLogbookDoc doc;
     doc.SetJumpLimit(6);
-    ASSERT_TRUE(doc.Load(path).ok);   // exactly at the bound
+    ASSERT_TRUE(doc.Load(path).ok); // exactly at the bound
     EXPECT_EQ(doc.GetJumpCount(), 6u);
 
     doc.SetJumpLimit(5);

@@ -42,7 +42,7 @@ TEST(CLogbookDocSave, EmptyLogbookAndTheBackupOfThePreviousSave)
                      R"(<fallrate name="Custom" speed="22.3"/></fallrates><keywords><videoJump>Video</videoJump>)"
                      R"(<nightJump>Night</nightJump><coachJump>Coach</coachJump>)"
                      R"(<reserveActivated>Reserve</reserveActivated></keywords></settings><log size="0"></log></tvl>)");
-    EXPECT_FALSE(Exists(backup));   // nothing was there to keep
+    EXPECT_FALSE(Exists(backup)); // nothing was there to keep
     EXPECT_EQ(store.GetString("General", "LastFile", ""), path);
     EXPECT_EQ(doc.GetPath(), path);
 
@@ -67,18 +67,18 @@ TEST(CLogbookDocSave, SaveIfModified)
     const std::string path = folder / "Jumps.tvz";
     CLogbookDoc doc(nullptr, &kClock);
     doc.AddJump(MakeJump(1, "A"));
-    EXPECT_FALSE(doc.SaveIfModified());   // no path yet
+    EXPECT_FALSE(doc.SaveIfModified()); // no path yet
     EXPECT_FALSE(Exists(path));
 
     ASSERT_TRUE(doc.Save(path));
     EXPECT_FALSE(doc.IsModified());
     const std::string saved = ReadBytes(path);
     WriteBytes(path, "sentinel");
-    EXPECT_FALSE(doc.SaveIfModified());   // not modified: the file is not touched
+    EXPECT_FALSE(doc.SaveIfModified()); // not modified: the file is not touched
     EXPECT_EQ(ReadBytes(path), "sentinel");
 
     doc.SetModified();
-    WriteBytes(path, saved);   // the same bytes again: nothing to lose
+    WriteBytes(path, saved); // the same bytes again: nothing to lose
     EXPECT_TRUE(doc.SaveIfModified());
     EXPECT_FALSE(doc.IsModified());
     CLogbookDoc reread;
@@ -108,8 +108,8 @@ TEST(CLogbookDocSave, FailuresLeaveTheOldFileAndItsBackup)
     struct Case
     {
         const char* name;
-        std::function<std::unique_ptr<IXmlOutput>(const std::string&)> output;   // null: real files
-        std::function<std::string(const CTempFolder&)> target;                    // null: Jumps.tvz
+        std::function<std::unique_ptr<IXmlOutput>(const std::string&)> output; // null: real files
+        std::function<std::string(const CTempFolder&)> target;                 // null: Jumps.tvz
     };
     const Case cases[] = {
         {"output cannot be created", [](const std::string&) { return std::unique_ptr<IXmlOutput>(); }, nullptr},
@@ -118,10 +118,15 @@ TEST(CLogbookDocSave, FailuresLeaveTheOldFileAndItsBackup)
         {"disk full in the middle",
          [](const std::string& p) { return std::make_unique<CFailingFileOutput>(p, 300, false); }, nullptr},
         {"last flush fails",
-         [](const std::string& p) { return std::make_unique<CFailingFileOutput>(p, static_cast<std::size_t>(-1), true); },
+         [](const std::string& p) {
+             return std::make_unique<CFailingFileOutput>(p, static_cast<std::size_t>(-1), true);
+         },
          nullptr},
         {"folder is a regular file", nullptr,
-         [](const CTempFolder& f) { WriteBytes(f / "file", "x"); return f / "file/Jumps.tvz"; }},
+         [](const CTempFolder& f) {
+             WriteBytes(f / "file", "x");
+             return f / "file/Jumps.tvz";
+         }},
         {"target is a folder", nullptr,
          [](const CTempFolder& f) {
              std::filesystem::create_directories(f / "Jumps.tvl");
@@ -142,7 +147,7 @@ TEST(CLogbookDocSave, FailuresLeaveTheOldFileAndItsBackup)
         store.SetString("General", "LastFile", "before");
         CLogbookDoc doc(&store, &kClock);
         doc.SetPath("open.tvz");
-        doc.AddJump(MakeJump(1, std::string(5000, 'x')));   // enough to need several writes
+        doc.AddJump(MakeJump(1, std::string(5000, 'x'))); // enough to need several writes
         if (c.output)
             doc.SetOutputFactoryForTesting([&](const std::string& p, bool) { return c.output(p); });
 

@@ -16,8 +16,7 @@ class CTempFolder
 {
 public:
     explicit CTempFolder(const std::string& name)
-        : m_path(std::filesystem::temp_directory_path() /
-                 ("tervola_doc_" + name + "_" + std::to_string(::getpid())))
+        : m_path(std::filesystem::temp_directory_path() / ("tervola_doc_" + name + "_" + std::to_string(::getpid())))
     {
         std::filesystem::remove_all(m_path);
         std::filesystem::create_directories(m_path);
@@ -74,7 +73,9 @@ class CFailingFileOutput final : public IXmlOutput
 {
 public:
     CFailingFileOutput(const std::string& path, std::size_t budget, bool failClose)
-        : m_file(std::fopen(path.c_str(), "wb")), m_budget(budget), m_failClose(failClose) {}
+        : m_file(std::fopen(path.c_str(), "wb")), m_budget(budget), m_failClose(failClose)
+    {
+    }
     ~CFailingFileOutput() override
     {
         if (m_file)

@@ -51,8 +51,7 @@ TEST_P(MembershipReminder, IsDueFromTheAlarmDayOn)
     CLogbookSettings settings;
     SetMembership(settings, Day(c.expiryOffset), c.alarmDays);
     const auto due = CReminders::Due(settings, kToday);
-    if (!c.due)
-    {
+    if (!c.due) {
         EXPECT_TRUE(due.empty());
         return;
     }
@@ -95,9 +94,9 @@ TEST(Reminders, MembershipFirstThenRigsInListOrder)
     SetMembership(settings, Day(3), 10);
     settings.GetEquipmentList().SetAlarm(true, 0, 180);
     AddRig(settings, 7, true, Day(-200));
-    AddRig(settings, 2, false, Day(-200)); // not tracked
+    AddRig(settings, 2, false, Day(-200));  // not tracked
     AddRig(settings, 3, true, CDateTime()); // never inspected
-    AddRig(settings, 1, true, Day(-180)); // due today
+    AddRig(settings, 1, true, Day(-180));   // due today
     const auto due = CReminders::Due(settings, kToday);
     ASSERT_EQ(due.size(), 3u);
     EXPECT_EQ(due[0].messageId, StringTable::IDS_MEMBERSHIP_EXPIRES);

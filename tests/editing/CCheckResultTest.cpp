@@ -20,8 +20,7 @@ TEST(CheckRange, BoundsAreInclusiveAndNamedAsWholeNumbers)
         {-1, 0, 365, "Please enter a value between 0 and 365."},
         {LLONG_MAX, -5, 5, "Please enter a value between -5 and 5."},
     };
-    for (const Case& c : cases)
-    {
+    for (const Case& c : cases) {
         const CCheckResult result = CheckRange(c.value, c.lower, c.upper, 3);
         EXPECT_EQ(result.message, c.message) << c.value;
         EXPECT_EQ(result.Passed(), *c.message == 0) << c.value;

@@ -1,5 +1,5 @@
-#include "document/CLogbookDoc.h"
 #include "editing/CEquipmentEdit.h"
+#include "document/CLogbookDoc.h"
 #include "editing/CEquipmentsEdit.h"
 #include "model/CEquipment.h"
 
@@ -20,18 +20,40 @@ CEquipmentEdit ValidRig()
 // The checks run in a fixed order; each case breaks one value of a valid rig.
 TEST(EquipmentEdit, ChecksInOrderAndNamesTheField)
 {
-    struct Case { const char* name; void (*spoil)(CEquipmentEdit&); int field; const char* message; };
+    struct Case
+    {
+        const char* name;
+        void (*spoil)(CEquipmentEdit&);
+        int field;
+        const char* message;
+    };
     const Case cases[] = {
         {"previous jumps below", [](CEquipmentEdit& e) { e.previousJumps = -1; }, CEquipmentEdit::PreviousJumps,
          "Please enter a value between 0 and 99999."},
-        {"previous jumps above", [](CEquipmentEdit& e) { e.previousJumps = 100000; e.harness = ""; },
+        {"previous jumps above",
+         [](CEquipmentEdit& e) {
+             e.previousJumps = 100000;
+             e.harness = "";
+         },
          CEquipmentEdit::PreviousJumps, "Please enter a value between 0 and 99999."},
-        {"blank harness", [](CEquipmentEdit& e) { e.harness = "   "; e.mainCanopy = ""; }, CEquipmentEdit::Harness,
-         "Please enter a harness."},
-        {"blank main", [](CEquipmentEdit& e) { e.mainCanopy = " \t "; e.mainSize = 5000; }, CEquipmentEdit::MainCanopy,
-         "Please enter a main canopy."},
-        {"main size 1000", [](CEquipmentEdit& e) { e.mainSize = 1000; e.reserveSize = -1; }, CEquipmentEdit::MainSize,
-         "Please enter a value between 0 and 999."},
+        {"blank harness",
+         [](CEquipmentEdit& e) {
+             e.harness = "   ";
+             e.mainCanopy = "";
+         },
+         CEquipmentEdit::Harness, "Please enter a harness."},
+        {"blank main",
+         [](CEquipmentEdit& e) {
+             e.mainCanopy = " \t ";
+             e.mainSize = 5000;
+         },
+         CEquipmentEdit::MainCanopy, "Please enter a main canopy."},
+        {"main size 1000",
+         [](CEquipmentEdit& e) {
+             e.mainSize = 1000;
+             e.reserveSize = -1;
+         },
+         CEquipmentEdit::MainSize, "Please enter a value between 0 and 999."},
         {"reserve size -1", [](CEquipmentEdit& e) { e.reserveSize = -1; }, CEquipmentEdit::ReserveSize,
          "Please enter a value between 0 and 999."},
     };
@@ -70,9 +92,17 @@ TEST(EquipmentEdit, AcceptsTheBoundsAndTrimsEveryText)
 
 TEST(EquipmentsEdit, AlarmRangesNameTheirField)
 {
-    const struct { long long days, cycle; int field; } cases[] = {
-        {0, 0, -1}, {365, 730, -1}, {366, 180, CEquipmentsEdit::AlarmDays}, {-1, 180, CEquipmentsEdit::AlarmDays},
-        {30, 731, CEquipmentsEdit::InspectionCycle}, {30, -1, CEquipmentsEdit::InspectionCycle},
+    const struct
+    {
+        long long days, cycle;
+        int field;
+    } cases[] = {
+        {0, 0, -1},
+        {365, 730, -1},
+        {366, 180, CEquipmentsEdit::AlarmDays},
+        {-1, 180, CEquipmentsEdit::AlarmDays},
+        {30, 731, CEquipmentsEdit::InspectionCycle},
+        {30, -1, CEquipmentsEdit::InspectionCycle},
     };
     for (const auto& c : cases) {
         CEquipmentsEdit edit;

@@ -21,8 +21,7 @@ struct CEditLogbook
     CEditLogbook()
     {
         CEquipmentList& rigs = doc.GetSettings().GetEquipmentList();
-        for (int number : {5, 2})
-        {
+        for (int number : {5, 2}) {
             auto rig = std::make_unique<CEquipment>(number);
             rig->SetHarness(number == 5 ? "Mirage" : "Javelin");
             rig->SetMainCanopy("Sabre");
@@ -105,7 +104,7 @@ TEST_F(JumpEditTest, NewJumpDefaults)
              EXPECT_EQ(v.delay, 47);
              EXPECT_EQ(v.vMax, 60);
              EXPECT_EQ(v.vAvg, 51);
-             EXPECT_EQ(v.windSpeed, 11);   // 5 m/s in the metric display wind unit
+             EXPECT_EQ(v.windSpeed, 11); // 5 m/s in the metric display wind unit
              EXPECT_EQ(v.windDirection, 270);
              EXPECT_EQ(v.note, "Line 1\r\nLine 2");
          }},
@@ -121,8 +120,7 @@ TEST_F(JumpEditTest, NewJumpDefaults)
              EXPECT_EQ(v.windSpeed, 0);
          }},
     };
-    for (const Case& c : cases)
-    {
+    for (const Case& c : cases) {
         SCOPED_TRACE(c.name);
         CEditLogbook fresh;
         c.arrange(fresh);
@@ -159,51 +157,55 @@ TEST_F(JumpEditTest, ChecksNameTheirMessageBoundsAndField)
         {"equal heights", [](CJumpValues& v) { v.openHeight = v.exitHeight; }, E::PageDetails, 0, -1, ""},
         {"open above exit", [](CJumpValues& v) { v.openHeight = v.exitHeight + 10; }, E::PageDetails, 4010,
          E::FieldOpen, nullptr},
-        {"rig by its number", [](CJumpValues& v) { v.equipment = " [2] Javelin / Sabre "; }, E::PageDetails, 0, -1,
-         ""},
+        {"rig by its number", [](CJumpValues& v) { v.equipment = " [2] Javelin / Sabre "; }, E::PageDetails, 0, -1, ""},
         {"no rig 7", [](CJumpValues& v) { v.equipment = "[7] Javelin / Sabre"; }, E::PageDetails, 4013,
-         E::FieldEquipment,
-         "Please select an eqipment from the list or enter your equipment without preceeding [n]."},
+         E::FieldEquipment, "Please select an eqipment from the list or enter your equipment without preceeding [n]."},
         {"rig number with another text", [](CJumpValues& v) { v.equipment = "[2] Javelin"; }, E::PageDetails, 4013,
          E::FieldEquipment, nullptr},
         {"unclosed bracket is free text", [](CJumpValues& v) { v.equipment = "[2 Javelin"; }, E::PageDetails, 0, -1,
          ""},
-        {"manual delay", [](CJumpValues& v) { v.kind = Manual, v.delay = 201; }, E::PageFallrate, 4009,
-         E::FieldDelay, "Please enter a value between 0 and 200."},
-        {"manual speed", [](CJumpValues& v) { v.kind = Manual, v.vAvg = 1001; }, E::PageFallrate, 4009,
-         E::FieldVAvg, nullptr},
-        {"computed kinds ignore the speeds", [](CJumpValues& v) { v.noWind = true, v.delay = 999, v.vMax = -1; }, E::PageFallrate, 0,
-         -1, ""},
-        {"wind of zero", [](CJumpValues& v) { v.noWind = false, v.windSpeed = 0; }, E::PageFallrate, 4009,
-         E::FieldWind, "Please enter a value between 1 and 99."},
-        {"direction", [](CJumpValues& v) { v.noWind = false, v.windSpeed = 5, v.windDirection = 360; },
-         E::PageFallrate, 4009, E::FieldDirection, "Please enter a value between 0 and 359."},
+        {"manual delay", [](CJumpValues& v) { v.kind = Manual, v.delay = 201; }, E::PageFallrate, 4009, E::FieldDelay,
+         "Please enter a value between 0 and 200."},
+        {"manual speed", [](CJumpValues& v) { v.kind = Manual, v.vAvg = 1001; }, E::PageFallrate, 4009, E::FieldVAvg,
+         nullptr},
+        {"computed kinds ignore the speeds", [](CJumpValues& v) { v.noWind = true, v.delay = 999, v.vMax = -1; },
+         E::PageFallrate, 0, -1, ""},
+        {"wind of zero", [](CJumpValues& v) { v.noWind = false, v.windSpeed = 0; }, E::PageFallrate, 4009, E::FieldWind,
+         "Please enter a value between 1 and 99."},
+        {"direction", [](CJumpValues& v) { v.noWind = false, v.windSpeed = 5, v.windDirection = 360; }, E::PageFallrate,
+         4009, E::FieldDirection, "Please enter a value between 0 and 359."},
         {"size", [](CJumpValues& v) { v.size = 1000; }, E::PageInfo, 4009, E::FieldSize, nullptr},
         {"points", [](CJumpValues& v) { v.points = 100; }, E::PageInfo, 4009, E::FieldPoints,
          "Please enter a value between 0 and 99."},
-        {"strokes without signer", [](CJumpValues& v) { v.strokes = {{{1, 1}}}; }, E::PageSignature, 4017,
-         E::FieldSigner, "Please enter a signer or delete the signature."},
-        {"name after a comma", [](CJumpValues& v) { v.signer = " ,Anna", v.strokes = {{{1, 1}}}; },
+        {"strokes without signer",
+         [](CJumpValues& v) {
+             v.strokes = {{{1, 1}}};
+         },
+         E::PageSignature, 4017, E::FieldSigner, "Please enter a signer or delete the signature."},
+        {"name after a comma",
+         [](CJumpValues& v) {
+             v.signer = " ,Anna", v.strokes = {{{1, 1}}};
+         },
          E::PageSignature, 4017, E::FieldSigner, nullptr},
-        {"signer without strokes", [](CJumpValues& v) { v.signer = "Anna"; }, E::PageSignature, 4018,
-         E::FieldSignature, "Please sign the jump or delete the signer."},
-        {"signed", [](CJumpValues& v) { v.signer = "Anna, D-123", v.strokes = {{{1, 1}}}; }, E::PageSignature, 0,
-         -1, ""},
+        {"signer without strokes", [](CJumpValues& v) { v.signer = "Anna"; }, E::PageSignature, 4018, E::FieldSignature,
+         "Please sign the jump or delete the signer."},
+        {"signed",
+         [](CJumpValues& v) {
+             v.signer = "Anna, D-123", v.strokes = {{{1, 1}}};
+         },
+         E::PageSignature, 0, -1, ""},
     };
-    for (const Case& c : cases)
-    {
+    for (const Case& c : cases) {
         SCOPED_TRACE(c.name);
         auto edit = Edit(nullptr);
         c.change(edit->Values());
         const CCheckResult result = edit->Validate(c.page);
         EXPECT_EQ(result.messageId, c.messageId);
         EXPECT_EQ(result.field, c.field);
-        if (c.message)
-        {
+        if (c.message) {
             EXPECT_EQ(result.message, c.message);
         }
-        if (result.field >= 0)
-        {
+        if (result.field >= 0) {
             EXPECT_EQ(CJumpEdit::PageOf(result.field), c.page);
         }
     }
@@ -214,7 +216,7 @@ TEST_F(JumpEditTest, UntouchedValuesKeepTheirStoredPrecision)
     last->SetFallrate(Manual, 1234, 777, 40, 55.55, 44.44);
     last->SetWind(180, 3.33);
     auto edit = Edit(last, false);
-    EXPECT_EQ(edit->Values().exitHeight, 4050);   // 1234 m is 4048.6 ft
+    EXPECT_EQ(edit->Values().exitHeight, 4050); // 1234 m is 4048.6 ft
     edit->Values().note = "Only the note changes";
     ASSERT_TRUE(edit->Apply().changed);
     EXPECT_EQ(last->GetExitHeight(), 1234);
@@ -239,11 +241,11 @@ TEST_F(JumpEditTest, PickingAKindWorksOutDelayAndSpeeds)
     v.exitHeight = 13000;
     v.openHeight = 3000;
     edit->PickKind(Vertical);
-    EXPECT_EQ(v.vMax, 249);   // 76 m/s = 249.34 ft/s
+    EXPECT_EQ(v.vMax, 249); // 76 m/s = 249.34 ft/s
     EXPECT_EQ(v.vAvg, 249);
     const CJump probe(1, {}, {});
     EXPECT_EQ(v.delay, static_cast<int>(CJump::ComputeFreefallTime(10000 * 0.3048, 76.0) + 0.5));
-    EXPECT_GT(v.delay, 40);   // 3048 m at 76 m/s: 40 s at full speed, more from rest
+    EXPECT_GT(v.delay, 40); // 3048 m at 76 m/s: 40 s at full speed, more from rest
     EXPECT_LT(v.delay, 50);
 
     // Manual keeps what was typed; exit below open recomputes nothing.
@@ -282,8 +284,7 @@ TEST_F(JumpEditTest, TakenImportWritesRecordingAndExactValues)
     const CZonedDateTime exit{CDateTime(2024, 6, 8, 16, 42, 7), 180};
     // A new jump, an existing jump left at Import, and one switched to Manual before OK: the
     // track goes with all three, the exact values only while the kind stays Import.
-    for (const int pick : {-1, static_cast<int>(Import), static_cast<int>(Manual)})
-    {
+    for (const int pick : {-1, static_cast<int>(Import), static_cast<int>(Manual)}) {
         SCOPED_TRACE(pick);
         CJump* target = pick == -1 ? nullptr : last;
         auto edit = Edit(target);
@@ -318,7 +319,7 @@ TEST_F(JumpEditTest, RigsAreStoredByPositionAndListed)
     EXPECT_EQ(result.jump->GetEquipmentRef().mode, CJumpEquipmentRef::ByIndex);
     EXPECT_EQ(result.jump->GetEquipmentRef().index, 1);
 
-    last->SetEquipmentByIndex(0);   // the inactive rig 5, listed only for its own jump
+    last->SetEquipmentByIndex(0); // the inactive rig 5, listed only for its own jump
     const auto lists = Edit(last)->BuildPickLists();
     EXPECT_EQ(lists.equipment, (std::vector<std::string>{"[5] Mirage / Sabre", "[2] Javelin / Sabre"}));
     EXPECT_EQ(Edit(nullptr)->BuildPickLists().landing, (std::vector<std::string>{"OK", "Soft"}));

@@ -1,5 +1,5 @@
-#include "document/CLogbookDoc.h"
 #include "editing/CPreferencesEdit.h"
+#include "document/CLogbookDoc.h"
 #include "units/CMemorySettingsStore.h"
 #include "units/CUnitSettings.h"
 
@@ -20,11 +20,15 @@ CPreferencesEdit Loaded(int units, int speed, double customSpeed)
 
 TEST(PreferencesEdit, LoadsTheCustomSpeedAsTenthsOfTheShownUnit)
 {
-    const struct { int units, speed; double mps; long long tenths; const char* label; } cases[] = {
-        {1, 0, 22.3, 223, "Custom Fallrate [m/s]"},
-        {1, 1, 5.0, 180, "Custom Fallrate [km/h]"},
-        {0, 0, 5.0, 164, "Custom Fallrate [ft/s]"},
-        {0, 1, 5.0, 112, "Custom Fallrate [mph]"},
+    const struct
+    {
+        int units, speed;
+        double mps;
+        long long tenths;
+        const char* label;
+    } cases[] = {
+        {1, 0, 22.3, 223, "Custom Fallrate [m/s]"}, {1, 1, 5.0, 180, "Custom Fallrate [km/h]"},
+        {0, 0, 5.0, 164, "Custom Fallrate [ft/s]"}, {0, 1, 5.0, 112, "Custom Fallrate [mph]"},
         {7, 3, 5.0, 180, "Custom Fallrate [km/h]"},
     };
     for (const auto& c : cases) {
@@ -37,17 +41,28 @@ TEST(PreferencesEdit, LoadsTheCustomSpeedAsTenthsOfTheShownUnit)
 // Each switch converts the tenths with its own factor and rounds to whole tenths.
 TEST(PreferencesEdit, UnitAndSpeedSwitchesConvertTheTenths)
 {
-    enum Switch { Units, Speed };
-    const struct { int units, speed; long long tenths; Switch what; int to; long long expected; } cases[] = {
-        {1, 0, 50, Units, 0, 164},    // m/s to ft/s
-        {0, 0, 164, Units, 1, 50},    // ft/s to m/s
-        {1, 1, 180, Units, 0, 112},   // km/h to mph
-        {0, 1, 112, Units, 1, 180},   // mph to km/h
-        {1, 1, 180, Speed, 0, 50},    // km/h to m/s
-        {1, 0, 50, Speed, 1, 180},    // m/s to km/h
-        {0, 1, 112, Speed, 0, 164},   // mph to ft/s
-        {0, 0, 164, Speed, 1, 112},   // ft/s to mph
-        {1, 0, 50, Units, 1, 50},     // no switch, no conversion
+    enum Switch
+    {
+        Units,
+        Speed
+    };
+    const struct
+    {
+        int units, speed;
+        long long tenths;
+        Switch what;
+        int to;
+        long long expected;
+    } cases[] = {
+        {1, 0, 50, Units, 0, 164},  // m/s to ft/s
+        {0, 0, 164, Units, 1, 50},  // ft/s to m/s
+        {1, 1, 180, Units, 0, 112}, // km/h to mph
+        {0, 1, 112, Units, 1, 180}, // mph to km/h
+        {1, 1, 180, Speed, 0, 50},  // km/h to m/s
+        {1, 0, 50, Speed, 1, 180},  // m/s to km/h
+        {0, 1, 112, Speed, 0, 164}, // mph to ft/s
+        {0, 0, 164, Speed, 1, 112}, // ft/s to mph
+        {1, 0, 50, Units, 1, 50},   // no switch, no conversion
     };
     for (const auto& c : cases) {
         CPreferencesEdit edit = Loaded(c.units, c.speed, 0);

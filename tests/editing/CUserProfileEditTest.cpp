@@ -10,7 +10,11 @@ using Strings = std::vector<std::string>;
 
 TEST(UserProfileEdit, SplitsListsIntoTrimmedNonEmptyEntries)
 {
-    struct Case { const char* text; Strings entries; };
+    struct Case
+    {
+        const char* text;
+        Strings entries;
+    };
     const Case cases[] = {
         {"", {}},
         {"  \r\n \t\r\n", {}},
@@ -33,14 +37,23 @@ TEST(UserProfileEdit, JoinsListsWithAFinalLineBreakOnlyWhenNotEmpty)
 // Each page allows four entries and refuses a fifth with its own message as it stands.
 TEST(UserProfileEdit, ListLimitsUseEachPagesMessage)
 {
-    struct Case { const char* text; bool passes; };
+    struct Case
+    {
+        const char* text;
+        bool passes;
+    };
     const Case texts[] = {
         {"1\r\n2\r\n3\r\n4\r\n5", false},
         {"1\r\n2\r\n\r\n3\r\n4\r\n", true},
         {"1\r\n2\r\n   \r\n3\r\n4", true},
         {"  1 \r\n 2\r\n3 \r\n4\r\n  5  \r\n", false},
     };
-    const struct { CUserProfileEdit::List list; int field; const char* message; } pages[] = {
+    const struct
+    {
+        CUserProfileEdit::List list;
+        int field;
+        const char* message;
+    } pages[] = {
         {CUserProfileEdit::LicenseList, CUserProfileEdit::Licenses, "Max. 4 licenses are allowed."},
         {CUserProfileEdit::RatingList, CUserProfileEdit::Ratings, "Max. ratings are allowed."},
         {CUserProfileEdit::AwardList, CUserProfileEdit::Awards, "Max. 10 awards are allowed."},
@@ -60,7 +73,11 @@ TEST(UserProfileEdit, ListLimitsUseEachPagesMessage)
 
 TEST(UserProfileEdit, DaysPriorMustLieBetweenZeroAnd365)
 {
-    const struct { int days; bool passes; } cases[] = {{-1, false}, {0, true}, {365, true}, {366, false}};
+    const struct
+    {
+        int days;
+        bool passes;
+    } cases[] = {{-1, false}, {0, true}, {365, true}, {366, false}};
     for (const auto& c : cases) {
         CUserProfileEdit edit;
         edit.SetExpires(true);

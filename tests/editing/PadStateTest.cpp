@@ -15,15 +15,21 @@ using NKey = CNumberPadState::Key;
 
 NKey NumberKey(char c)
 {
-    switch (c)
-    {
-    case 's': return NKey::Sign;
-    case ',': return NKey::Separator;
-    case '<': return NKey::Back;
-    case 'C': return NKey::Clear;
-    case '+': return NKey::Plus;
-    case '=': return NKey::Equals;
-    default: return CNumberPadState::Digit(c - '0');
+    switch (c) {
+    case 's':
+        return NKey::Sign;
+    case ',':
+        return NKey::Separator;
+    case '<':
+        return NKey::Back;
+    case 'C':
+        return NKey::Clear;
+    case '+':
+        return NKey::Plus;
+    case '=':
+        return NKey::Equals;
+    default:
+        return CNumberPadState::Digit(c - '0');
     }
 }
 
@@ -48,7 +54,9 @@ struct NumberCase
     const char* enabled;
 };
 
-class NumberPadTest : public ::testing::TestWithParam<NumberCase> {};
+class NumberPadTest : public ::testing::TestWithParam<NumberCase>
+{
+};
 
 TEST_P(NumberPadTest, KeysGiveDisplayValueAndKeyStates)
 {
@@ -62,66 +70,65 @@ TEST_P(NumberPadTest, KeysGiveDisplayValueAndKeyStates)
     EXPECT_EQ(EnabledNumberKeys(pad), c.enabled) << where;
 }
 
-INSTANTIATE_TEST_SUITE_P(Entry, NumberPadTest, ::testing::Values(
-    // Fresh pads: digits and separator open, nothing to add.
-    NumberCase{0, false, 0, "", "0", 0, "0123456789,<C"},
-    NumberCase{1, false, 0, "", "0,0", 0, "0123456789,<C"},
-    NumberCase{2, true, 0, "", "0,00", 0, "0123456789s,<C"},
-    // One decimal: the separator shows at once, the second decimal is refused.
-    NumberCase{1, false, 0, "5,", "5,", 50, "0123456789<C+"},
-    NumberCase{1, false, 0, "5,2", "5,2", 52, "<C+"},
-    NumberCase{1, false, 0, "5,27", "5,2", 52, "<C+"},
-    // Whole numbers: "," before any separator, but no digit after it.
-    NumberCase{0, false, 0, "5,", "5", 5, "<C+"},
-    NumberCase{0, false, 0, "5,7", "5", 5, "<C+"},
-    NumberCase{0, false, 0, ",", "0", 0, "0123456789,<C"},
-    // Whole digits are scaled by the decimals not typed.
-    NumberCase{2, false, 0, "12", "12", 1200, "0123456789,<C+"},
-    NumberCase{2, false, 0, "12,3", "12,3", 1230, "0123456789<C+"},
-    // A starting value that is not 0 takes no digits until "<--" or "C".
-    NumberCase{2, false, 123456789, "", "1.234.567,89", 123456789, "<C+"},
-    NumberCase{0, false, 5, "7", "5", 5, "<C+"},
-    NumberCase{0, false, 5, "<7", "57", 57, "0123456789,<C+"},
-    NumberCase{0, false, 5, "C7", "7", 7, "0123456789,<C+"}));
+INSTANTIATE_TEST_SUITE_P(
+    Entry, NumberPadTest,
+    ::testing::Values(
+        // Fresh pads: digits and separator open, nothing to add.
+        NumberCase{0, false, 0, "", "0", 0, "0123456789,<C"}, NumberCase{1, false, 0, "", "0,0", 0, "0123456789,<C"},
+        NumberCase{2, true, 0, "", "0,00", 0, "0123456789s,<C"},
+        // One decimal: the separator shows at once, the second decimal is refused.
+        NumberCase{1, false, 0, "5,", "5,", 50, "0123456789<C+"}, NumberCase{1, false, 0, "5,2", "5,2", 52, "<C+"},
+        NumberCase{1, false, 0, "5,27", "5,2", 52, "<C+"},
+        // Whole numbers: "," before any separator, but no digit after it.
+        NumberCase{0, false, 0, "5,", "5", 5, "<C+"}, NumberCase{0, false, 0, "5,7", "5", 5, "<C+"},
+        NumberCase{0, false, 0, ",", "0", 0, "0123456789,<C"},
+        // Whole digits are scaled by the decimals not typed.
+        NumberCase{2, false, 0, "12", "12", 1200, "0123456789,<C+"},
+        NumberCase{2, false, 0, "12,3", "12,3", 1230, "0123456789<C+"},
+        // A starting value that is not 0 takes no digits until "<--" or "C".
+        NumberCase{2, false, 123456789, "", "1.234.567,89", 123456789, "<C+"},
+        NumberCase{0, false, 5, "7", "5", 5, "<C+"}, NumberCase{0, false, 5, "<7", "57", 57, "0123456789,<C+"},
+        NumberCase{0, false, 5, "C7", "7", 7, "0123456789,<C+"}));
 
-INSTANTIATE_TEST_SUITE_P(BackSpace, NumberPadTest, ::testing::Values(
-    NumberCase{2, false, 0, "123<", "12", 1200, "0123456789,<C+"},
-    NumberCase{2, false, 0, "12,3<", "12,", 1200, "0123456789<C+"},
-    // Over the separator itself only whole-number entry comes back.
-    NumberCase{2, false, 0, "12,3<<", "12", 1200, "0123456789,<C+"},
-    NumberCase{2, false, 0, "<", "0,0", 0, "0123456789<C"},
-    NumberCase{2, false, 1234, "<", "12,3", 1230, "0123456789<C+"}));
+INSTANTIATE_TEST_SUITE_P(BackSpace, NumberPadTest,
+                         ::testing::Values(NumberCase{2, false, 0, "123<", "12", 1200, "0123456789,<C+"},
+                                           NumberCase{2, false, 0, "12,3<", "12,", 1200, "0123456789<C+"},
+                                           // Over the separator itself only whole-number entry comes back.
+                                           NumberCase{2, false, 0, "12,3<<", "12", 1200, "0123456789,<C+"},
+                                           NumberCase{2, false, 0, "<", "0,0", 0, "0123456789<C"},
+                                           NumberCase{2, false, 1234, "<", "12,3", 1230, "0123456789<C+"}));
 
-INSTANTIATE_TEST_SUITE_P(Sign, NumberPadTest, ::testing::Values(
-    NumberCase{1, true, 0, "7s", "-7", -70, "0123456789s,<C+"},
-    NumberCase{2, true, 0, "0,5s", "-0,5", -50, "0123456789s<C+"},
-    NumberCase{0, true, -1234, "", "-1.234", -1234, "s<C+"},
-    // The digit is added to the negative value as it stands.
-    NumberCase{0, true, 0, "12s3", "-117", -117, "0123456789s,<C+"},
-    NumberCase{0, false, 0, "7s", "7", 7, "0123456789,<C+"}));
+INSTANTIATE_TEST_SUITE_P(Sign, NumberPadTest,
+                         ::testing::Values(NumberCase{1, true, 0, "7s", "-7", -70, "0123456789s,<C+"},
+                                           NumberCase{2, true, 0, "0,5s", "-0,5", -50, "0123456789s<C+"},
+                                           NumberCase{0, true, -1234, "", "-1.234", -1234, "s<C+"},
+                                           // The digit is added to the negative value as it stands.
+                                           NumberCase{0, true, 0, "12s3", "-117", -117, "0123456789s,<C+"},
+                                           NumberCase{0, false, 0, "7s", "7", 7, "0123456789,<C+"}));
 
-INSTANTIATE_TEST_SUITE_P(Sums, NumberPadTest, ::testing::Values(
-    NumberCase{0, false, 0, "2+", "0", 0, "0123456789,<C"},
-    NumberCase{0, false, 0, "2+3", "3", 3, "0123456789,<C+="},
-    // The result of "=" takes no digits; a repeated "=" adds the last operand again.
-    NumberCase{0, false, 0, "2+3=", "5", 5, "<C+="},
-    NumberCase{0, false, 0, "2+3==", "8", 8, "<C+="},
-    NumberCase{0, false, 0, "2+3=<7", "57", 57, "0123456789,<C+"},
-    // "C" clears the accumulator and the last operand too.
-    NumberCase{0, false, 0, "2+3==C", "0", 0, "0123456789,<C"},
-    NumberCase{0, false, 0, "2+3C4=", "4", 4, "0123456789,<C+"},
-    // "=" with no second operand is refused; "+/-" forgets the last operand.
-    NumberCase{0, false, 0, "5+=", "0", 0, "0123456789,<C"},
-    NumberCase{0, true, 0, "2+3=s=", "-5", -5, "s<C+"},
-    NumberCase{2, true, 0, "12+3,5=", "15,50", 1550, "s<C+="},
-    NumberCase{2, true, 0, "12+3,5==", "19,00", 1900, "s<C+="}));
+INSTANTIATE_TEST_SUITE_P(
+    Sums, NumberPadTest,
+    ::testing::Values(NumberCase{0, false, 0, "2+", "0", 0, "0123456789,<C"},
+                      NumberCase{0, false, 0, "2+3", "3", 3, "0123456789,<C+="},
+                      // The result of "=" takes no digits; a repeated "=" adds the last operand again.
+                      NumberCase{0, false, 0, "2+3=", "5", 5, "<C+="}, NumberCase{0, false, 0, "2+3==", "8", 8, "<C+="},
+                      NumberCase{0, false, 0, "2+3=<7", "57", 57, "0123456789,<C+"},
+                      // "C" clears the accumulator and the last operand too.
+                      NumberCase{0, false, 0, "2+3==C", "0", 0, "0123456789,<C"},
+                      NumberCase{0, false, 0, "2+3C4=", "4", 4, "0123456789,<C+"},
+                      // "=" with no second operand is refused; "+/-" forgets the last operand.
+                      NumberCase{0, false, 0, "5+=", "0", 0, "0123456789,<C"},
+                      NumberCase{0, true, 0, "2+3=s=", "-5", -5, "s<C+"},
+                      NumberCase{2, true, 0, "12+3,5=", "15,50", 1550, "s<C+="},
+                      NumberCase{2, true, 0, "12+3,5==", "19,00", 1900, "s<C+="}));
 
-INSTANTIATE_TEST_SUITE_P(Limits, NumberPadTest, ::testing::Values(
-    NumberCase{0, false, 0, "2147483647", "2.147.483.647", 2147483647, ",<C+"},
-    NumberCase{0, false, 0, "21474836489", "214.748.364", 214748364, "01234567,<C+"},
-    NumberCase{2, false, 0, "21474836,", "21.474.836,", 2147483600, "01234<C+"},
-    NumberCase{0, false, 2147483647, "+C2147483647+", "0", 0, "0123456789,<C"},
-    NumberCase{0, false, 0, "2147483647+1=", "2.147.483.647", 2147483647, "<C+="}));
+INSTANTIATE_TEST_SUITE_P(
+    Limits, NumberPadTest,
+    ::testing::Values(NumberCase{0, false, 0, "2147483647", "2.147.483.647", 2147483647, ",<C+"},
+                      NumberCase{0, false, 0, "21474836489", "214.748.364", 214748364, "01234567,<C+"},
+                      NumberCase{2, false, 0, "21474836,", "21.474.836,", 2147483600, "01234<C+"},
+                      NumberCase{0, false, 2147483647, "+C2147483647+", "0", 0, "0123456789,<C"},
+                      NumberCase{0, false, 0, "2147483647+1=", "2.147.483.647", 2147483647, "<C+="}));
 
 struct SeparatorCase
 {
@@ -132,7 +139,9 @@ struct SeparatorCase
     const char* display;
 };
 
-class NumberPadSeparatorTest : public ::testing::TestWithParam<SeparatorCase> {};
+class NumberPadSeparatorTest : public ::testing::TestWithParam<SeparatorCase>
+{
+};
 
 TEST_P(NumberPadSeparatorTest, DisplayUsesTheLocalesSeparators)
 {
@@ -141,13 +150,15 @@ TEST_P(NumberPadSeparatorTest, DisplayUsesTheLocalesSeparators)
     EXPECT_EQ(pad.Display(), c.display);
 }
 
-INSTANTIATE_TEST_SUITE_P(Locales, NumberPadSeparatorTest, ::testing::Values(
-    SeparatorCase{".", ",", 123456, 2, "1,234.56"},
-    SeparatorCase{",", "\xC2\xA0", 123456, 2, "1\xC2\xA0" "234,56"},
-    SeparatorCase{".", "", -1234567, 0, "-1234567"},
-    SeparatorCase{".", ",", 100000, 0, "100,000"},
-    SeparatorCase{".", ",", 999, 0, "999"},
-    SeparatorCase{".", ",", 5, 2, "0.05"}));
+INSTANTIATE_TEST_SUITE_P(Locales, NumberPadSeparatorTest,
+                         ::testing::Values(SeparatorCase{".", ",", 123456, 2, "1,234.56"},
+                                           SeparatorCase{",", "\xC2\xA0", 123456, 2,
+                                                         "1\xC2\xA0"
+                                                         "234,56"},
+                                           SeparatorCase{".", "", -1234567, 0, "-1234567"},
+                                           SeparatorCase{".", ",", 100000, 0, "100,000"},
+                                           SeparatorCase{".", ",", 999, 0, "999"},
+                                           SeparatorCase{".", ",", 5, 2, "0.05"}));
 
 // ---- Duration pad.
 
@@ -162,9 +173,9 @@ struct DurationCase
     std::vector<DKey> disabled;
 };
 
-const std::vector<DKey> kHourPlus = {DKey::HourPlus1, DKey::HourPlus5, DKey::HourPlus10,
+const std::vector<DKey> kHourPlus = {DKey::HourPlus1,  DKey::HourPlus5,   DKey::HourPlus10,
                                      DKey::HourPlus50, DKey::HourPlus100, DKey::HourPlus500};
-const std::vector<DKey> kHourMinus = {DKey::HourMinus1, DKey::HourMinus5, DKey::HourMinus10,
+const std::vector<DKey> kHourMinus = {DKey::HourMinus1,  DKey::HourMinus5,   DKey::HourMinus10,
                                       DKey::HourMinus50, DKey::HourMinus100, DKey::HourMinus500};
 const std::vector<DKey> kMinutePlus = {DKey::MinutePlus1, DKey::MinutePlus5, DKey::MinutePlus10};
 const std::vector<DKey> kMinuteMinus = {DKey::MinuteMinus1, DKey::MinuteMinus5, DKey::MinuteMinus10};
@@ -179,7 +190,9 @@ std::vector<DKey> Join(std::initializer_list<std::vector<DKey>> parts)
     return all;
 }
 
-class DurationPadTest : public ::testing::TestWithParam<DurationCase> {};
+class DurationPadTest : public ::testing::TestWithParam<DurationCase>
+{
+};
 
 TEST_P(DurationPadTest, KeysGiveFieldsDisplayAndDisabledKeys)
 {
@@ -198,52 +211,170 @@ TEST_P(DurationPadTest, KeysGiveFieldsDisplayAndDisabledKeys)
     EXPECT_EQ(disabled, c.disabled) << "display " << c.display;
 }
 
-INSTANTIATE_TEST_SUITE_P(Bounds, DurationPadTest, ::testing::Values(
-    DurationCase{998, 59, 50, 999, {DKey::SecondPlus10}, 999, 0, 0, "999:00:00", kHourPlus},
-    DurationCase{999, 59, 59, 999, {}, 999, 59, 59, "999:59:59", Join({kHourPlus, kMinutePlus, kSecondPlus})},
-    DurationCase{0, 0, 0, 999, {}, 0, 0, 0, "000:00:00", Join({kHourMinus, kMinuteMinus, kSecondMinus})},
-    // Max hours 99 or less: hours and minutes, then the literal ":02d".
-    DurationCase{0, 0, 0, 50, {}, 0, 0, 0, "00:00:02d",
-                 Join({{DKey::HourPlus100, DKey::HourPlus500}, kHourMinus, kMinuteMinus, kSecondMinus})},
-    DurationCase{50, 59, 59, 50, {}, 50, 59, 59, "50:59:02d",
-                 Join({kHourPlus, {DKey::HourMinus100, DKey::HourMinus500}, kMinutePlus, kSecondPlus})},
-    DurationCase{50, 54, 56, 50, {}, 50, 54, 56, "50:54:02d",
-                 Join({kHourPlus, {DKey::HourMinus100, DKey::HourMinus500, DKey::MinutePlus10}})},
-    DurationCase{3, 4, 5, 99, {}, 3, 4, 5, "03:04:02d",
-                 {DKey::HourPlus100, DKey::HourPlus500, DKey::HourMinus5, DKey::HourMinus10, DKey::HourMinus50,
-                  DKey::HourMinus100, DKey::HourMinus500}},
-    DurationCase{7, 0, 0, 100, {}, 7, 0, 0, "007:00:00",
-                 {DKey::HourPlus100, DKey::HourPlus500, DKey::HourMinus10, DKey::HourMinus50,
-                  DKey::HourMinus100, DKey::HourMinus500}},
-    DurationCase{0, 0, 0, 1000, {DKey::HourPlus500, DKey::HourPlus500}, 1000, 0, 0, "1000:00:00",
-                 {DKey::HourPlus1, DKey::HourPlus5, DKey::HourPlus10, DKey::HourPlus50, DKey::HourPlus100,
-                  DKey::HourPlus500}}));
+INSTANTIATE_TEST_SUITE_P(
+    Bounds, DurationPadTest,
+    ::testing::Values(
+        DurationCase{998, 59, 50, 999, {DKey::SecondPlus10}, 999, 0, 0, "999:00:00", kHourPlus},
+        DurationCase{999, 59, 59, 999, {}, 999, 59, 59, "999:59:59", Join({kHourPlus, kMinutePlus, kSecondPlus})},
+        DurationCase{0, 0, 0, 999, {}, 0, 0, 0, "000:00:00", Join({kHourMinus, kMinuteMinus, kSecondMinus})},
+        // Max hours 99 or less: hours and minutes, then the literal ":02d".
+        DurationCase{0,
+                     0,
+                     0,
+                     50,
+                     {},
+                     0,
+                     0,
+                     0,
+                     "00:00:02d",
+                     Join({{DKey::HourPlus100, DKey::HourPlus500}, kHourMinus, kMinuteMinus, kSecondMinus})},
+        DurationCase{50,
+                     59,
+                     59,
+                     50,
+                     {},
+                     50,
+                     59,
+                     59,
+                     "50:59:02d",
+                     Join({kHourPlus, {DKey::HourMinus100, DKey::HourMinus500}, kMinutePlus, kSecondPlus})},
+        DurationCase{50,
+                     54,
+                     56,
+                     50,
+                     {},
+                     50,
+                     54,
+                     56,
+                     "50:54:02d",
+                     Join({kHourPlus, {DKey::HourMinus100, DKey::HourMinus500, DKey::MinutePlus10}})},
+        DurationCase{3,
+                     4,
+                     5,
+                     99,
+                     {},
+                     3,
+                     4,
+                     5,
+                     "03:04:02d",
+                     {DKey::HourPlus100, DKey::HourPlus500, DKey::HourMinus5, DKey::HourMinus10, DKey::HourMinus50,
+                      DKey::HourMinus100, DKey::HourMinus500}},
+        DurationCase{7,
+                     0,
+                     0,
+                     100,
+                     {},
+                     7,
+                     0,
+                     0,
+                     "007:00:00",
+                     {DKey::HourPlus100, DKey::HourPlus500, DKey::HourMinus10, DKey::HourMinus50, DKey::HourMinus100,
+                      DKey::HourMinus500}},
+        DurationCase{0,
+                     0,
+                     0,
+                     1000,
+                     {DKey::HourPlus500, DKey::HourPlus500},
+                     1000,
+                     0,
+                     0,
+                     "1000:00:00",
+                     {DKey::HourPlus1, DKey::HourPlus5, DKey::HourPlus10, DKey::HourPlus50, DKey::HourPlus100,
+                      DKey::HourPlus500}}));
 
-INSTANTIATE_TEST_SUITE_P(Carries, DurationPadTest, ::testing::Values(
-    DurationCase{1, 58, 0, 50, {DKey::MinutePlus5}, 2, 3, 0, "02:03:02d", {DKey::HourPlus50, DKey::HourPlus100,
-                 DKey::HourPlus500, DKey::HourMinus5, DKey::HourMinus10, DKey::HourMinus50, DKey::HourMinus100,
-                 DKey::HourMinus500}},
-    DurationCase{2, 3, 0, 999, {DKey::MinuteMinus5}, 1, 58, 0, "001:58:00", {DKey::HourMinus5, DKey::HourMinus10,
-                 DKey::HourMinus50, DKey::HourMinus100, DKey::HourMinus500}},
-    DurationCase{1, 59, 58, 999, {DKey::SecondPlus5}, 2, 0, 3, "002:00:03", {DKey::HourMinus5, DKey::HourMinus10,
-                 DKey::HourMinus50, DKey::HourMinus100, DKey::HourMinus500}},
-    DurationCase{2, 0, 3, 999, {DKey::SecondMinus5}, 1, 59, 58, "001:59:58", {DKey::HourMinus5, DKey::HourMinus10,
-                 DKey::HourMinus50, DKey::HourMinus100, DKey::HourMinus500}},
-    DurationCase{0, 10, 59, 999, {DKey::SecondPlus1}, 0, 11, 0, "000:11:00", kHourMinus},
-    // At hour 0 a step that would borrow is disabled and ignored.
-    DurationCase{0, 7, 0, 999, {DKey::MinuteMinus5, DKey::MinuteMinus5}, 0, 2, 0, "000:02:00",
-                 Join({kHourMinus, {DKey::MinuteMinus5, DKey::MinuteMinus10}})},
-    DurationCase{0, 0, 7, 999, {DKey::SecondMinus5, DKey::SecondMinus5}, 0, 0, 2, "000:00:02",
-                 Join({kHourMinus, kMinuteMinus, {DKey::SecondMinus5, DKey::SecondMinus10}})}));
+INSTANTIATE_TEST_SUITE_P(
+    Carries, DurationPadTest,
+    ::testing::Values(
+        DurationCase{1,
+                     58,
+                     0,
+                     50,
+                     {DKey::MinutePlus5},
+                     2,
+                     3,
+                     0,
+                     "02:03:02d",
+                     {DKey::HourPlus50, DKey::HourPlus100, DKey::HourPlus500, DKey::HourMinus5, DKey::HourMinus10,
+                      DKey::HourMinus50, DKey::HourMinus100, DKey::HourMinus500}},
+        DurationCase{2,
+                     3,
+                     0,
+                     999,
+                     {DKey::MinuteMinus5},
+                     1,
+                     58,
+                     0,
+                     "001:58:00",
+                     {DKey::HourMinus5, DKey::HourMinus10, DKey::HourMinus50, DKey::HourMinus100, DKey::HourMinus500}},
+        DurationCase{1,
+                     59,
+                     58,
+                     999,
+                     {DKey::SecondPlus5},
+                     2,
+                     0,
+                     3,
+                     "002:00:03",
+                     {DKey::HourMinus5, DKey::HourMinus10, DKey::HourMinus50, DKey::HourMinus100, DKey::HourMinus500}},
+        DurationCase{2,
+                     0,
+                     3,
+                     999,
+                     {DKey::SecondMinus5},
+                     1,
+                     59,
+                     58,
+                     "001:59:58",
+                     {DKey::HourMinus5, DKey::HourMinus10, DKey::HourMinus50, DKey::HourMinus100, DKey::HourMinus500}},
+        DurationCase{0, 10, 59, 999, {DKey::SecondPlus1}, 0, 11, 0, "000:11:00", kHourMinus},
+        // At hour 0 a step that would borrow is disabled and ignored.
+        DurationCase{0,
+                     7,
+                     0,
+                     999,
+                     {DKey::MinuteMinus5, DKey::MinuteMinus5},
+                     0,
+                     2,
+                     0,
+                     "000:02:00",
+                     Join({kHourMinus, {DKey::MinuteMinus5, DKey::MinuteMinus10}})},
+        DurationCase{0,
+                     0,
+                     7,
+                     999,
+                     {DKey::SecondMinus5, DKey::SecondMinus5},
+                     0,
+                     0,
+                     2,
+                     "000:00:02",
+                     Join({kHourMinus, kMinuteMinus, {DKey::SecondMinus5, DKey::SecondMinus10}})}));
 
-INSTANTIATE_TEST_SUITE_P(HourKeys, DurationPadTest, ::testing::Values(
-    // Hour keys are never disabled and may go above max hours.
-    DurationCase{0, 0, 0, 5, {DKey::Hour11}, 11, 0, 0, "11:00:02d",
-                 Join({kHourPlus, {DKey::HourMinus50, DKey::HourMinus100, DKey::HourMinus500}})},
-    DurationCase{0, 0, 0, 999, {DKey::HourPlus500, DKey::HourPlus100, DKey::HourMinus5}, 595, 0, 0, "595:00:00",
-                 {DKey::HourPlus500}},
-    DurationCase{595, 0, 0, 999, {DKey::Hour0}, 0, 0, 0, "000:00:00", Join({kHourMinus, kMinuteMinus,
-                 kSecondMinus})}));
+INSTANTIATE_TEST_SUITE_P(
+    HourKeys, DurationPadTest,
+    ::testing::Values(
+        // Hour keys are never disabled and may go above max hours.
+        DurationCase{0,
+                     0,
+                     0,
+                     5,
+                     {DKey::Hour11},
+                     11,
+                     0,
+                     0,
+                     "11:00:02d",
+                     Join({kHourPlus, {DKey::HourMinus50, DKey::HourMinus100, DKey::HourMinus500}})},
+        DurationCase{0,
+                     0,
+                     0,
+                     999,
+                     {DKey::HourPlus500, DKey::HourPlus100, DKey::HourMinus5},
+                     595,
+                     0,
+                     0,
+                     "595:00:00",
+                     {DKey::HourPlus500}},
+        DurationCase{
+            595, 0, 0, 999, {DKey::Hour0}, 0, 0, 0, "000:00:00", Join({kHourMinus, kMinuteMinus, kSecondMinus})}));
 
 // ---- Time pad.
 
@@ -256,7 +387,9 @@ struct TimeCase
     const char* display;
 };
 
-class TimePadTest : public ::testing::TestWithParam<TimeCase> {};
+class TimePadTest : public ::testing::TestWithParam<TimeCase>
+{
+};
 
 TEST_P(TimePadTest, KeysGiveTheTimeAndNoKeyIsDisabled)
 {
@@ -271,17 +404,16 @@ TEST_P(TimePadTest, KeysGiveTheTimeAndNoKeyIsDisabled)
         EXPECT_TRUE(pad.IsEnabled(static_cast<TKey>(k)));
 }
 
-INSTANTIATE_TEST_SUITE_P(Keys, TimePadTest, ::testing::Values(
-    TimeCase{23, 50, {TKey::Plus15}, "00:05"},
-    TimeCase{0, 5, {TKey::Minus10}, "23:55"},
-    TimeCase{0, 0, {TKey::Minus15}, "23:45"},
-    TimeCase{10, 59, {TKey::Plus1}, "11:00"},
-    TimeCase{11, 0, {TKey::Minus1}, "10:59"},
-    TimeCase{12, 34, {TKey::Hour24}, "00:34"},
-    TimeCase{12, 34, {TKey::Hour1}, "01:34"},
-    TimeCase{12, 34, {TKey::Hour23, TKey::Minute45}, "23:45"},
-    TimeCase{7, 8, {TKey::Minute00}, "07:00"},
-    TimeCase{0, 0, {TKey::Hour13, TKey::Minute30, TKey::Plus5, TKey::Minus10, TKey::Plus10}, "13:35"}));
+INSTANTIATE_TEST_SUITE_P(
+    Keys, TimePadTest,
+    ::testing::Values(TimeCase{23, 50, {TKey::Plus15}, "00:05"}, TimeCase{0, 5, {TKey::Minus10}, "23:55"},
+                      TimeCase{0, 0, {TKey::Minus15}, "23:45"}, TimeCase{10, 59, {TKey::Plus1}, "11:00"},
+                      TimeCase{11, 0, {TKey::Minus1}, "10:59"}, TimeCase{12, 34, {TKey::Hour24}, "00:34"},
+                      TimeCase{12, 34, {TKey::Hour1}, "01:34"},
+                      TimeCase{12, 34, {TKey::Hour23, TKey::Minute45}, "23:45"},
+                      TimeCase{7, 8, {TKey::Minute00}, "07:00"},
+                      TimeCase{
+                          0, 0, {TKey::Hour13, TKey::Minute30, TKey::Plus5, TKey::Minus10, TKey::Plus10}, "13:35"}));
 
 // ---- Key labels.
 

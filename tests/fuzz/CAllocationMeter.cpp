@@ -21,8 +21,7 @@ void* Allocate(std::size_t size)
     *static_cast<std::size_t*>(raw) = size;
     const std::size_t held = g_held.fetch_add(size) + size;
     std::size_t peak = g_peak.load();
-    while (held > peak && !g_peak.compare_exchange_weak(peak, held)) {
-    }
+    while (held > peak && !g_peak.compare_exchange_weak(peak, held)) {}
     return static_cast<char*>(raw) + kHeader;
 }
 

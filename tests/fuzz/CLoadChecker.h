@@ -13,8 +13,8 @@ struct CCheckedLoad
     bool ok = false;
     std::string message;
     std::size_t jumps = 0;
-    std::string problem;   // the first broken property; empty when all held
-    std::string saved;     // with a round trip after a successful load: the bytes first saved
+    std::string problem; // the first broken property; empty when all held
+    std::string saved;   // with a round trip after a successful load: the bytes first saved
 };
 
 // Loads files into one long-lived document and checks what every load must guarantee, whatever

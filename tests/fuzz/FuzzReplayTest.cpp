@@ -1,5 +1,5 @@
-#include "FuzzTargets.h"
 #include "FuzzFiles.h"
+#include "FuzzTargets.h"
 
 #include <gtest/gtest.h>
 

@@ -37,10 +37,10 @@ std::string CheckBool(std::string_view text)
 {
     std::string problem;
     bool wide = false, bytes = false;
-    const bool wideOk = ReadBoth([&](bool& v) { return XmlBoolFromString(text, v); }, true, false, wide, problem,
-                                 "XmlBoolFromString");
-    const bool bytesOk = ReadBoth([&](bool& v) { return XmlBoolFromBytes(text, v); }, true, false, bytes, problem,
-                                  "XmlBoolFromBytes");
+    const bool wideOk =
+        ReadBoth([&](bool& v) { return XmlBoolFromString(text, v); }, true, false, wide, problem, "XmlBoolFromString");
+    const bool bytesOk =
+        ReadBoth([&](bool& v) { return XmlBoolFromBytes(text, v); }, true, false, bytes, problem, "XmlBoolFromBytes");
     // The exact 8-bit spellings are a subset of the wide reader's, the empty text aside.
     if (problem.empty() && bytesOk && !text.empty() && (!wideOk || wide != bytes))
         problem = "the 8-bit boolean reader accepts a text the wide one reads differently";
@@ -78,8 +78,8 @@ std::string CheckDouble(std::string_view text)
         double wide = 0, bytes = 0;
         const bool wideOk = ReadBoth([&](double& v) { return XmlDoubleFromString(text, v, allowMinus); }, 1.5, -2.5,
                                      wide, problem, "XmlDoubleFromString");
-        const bool bytesOk = ReadBoth([&](double& v) { return XmlDoubleFromBytes(text, v, allowMinus); }, 1.5,
-                                      -2.5, bytes, problem, "XmlDoubleFromBytes");
+        const bool bytesOk = ReadBoth([&](double& v) { return XmlDoubleFromBytes(text, v, allowMinus); }, 1.5, -2.5,
+                                      bytes, problem, "XmlDoubleFromBytes");
         if (!problem.empty())
             return problem;
         if (MinusOnlyInFront(text) && (wideOk != bytesOk || (wideOk && wide != bytes)))
@@ -123,9 +123,9 @@ std::string CheckDateTimes(std::string_view text)
     const bool plainOk = ReadBoth([&](CDateTime& v) { return XmlDateTimeFromString(text, v); }, one, two, plain,
                                   problem, "XmlDateTimeFromString");
     CZonedDateTime zoned;
-    const bool zonedOk = ReadBoth([&](CZonedDateTime& v) { return XmlZonedDateTimeFromString(text, v); },
-                                  CZonedDateTime{one, 60}, CZonedDateTime{two, -90}, zoned, problem,
-                                  "XmlZonedDateTimeFromString");
+    const bool zonedOk =
+        ReadBoth([&](CZonedDateTime& v) { return XmlZonedDateTimeFromString(text, v); }, CZonedDateTime{one, 60},
+                 CZonedDateTime{two, -90}, zoned, problem, "XmlZonedDateTimeFromString");
     if (!problem.empty())
         return problem;
     if (plainOk) {

@@ -98,7 +98,8 @@ TEST_F(LoadSweep, SingleByteCorruptions)
         int count;
     };
     std::uint64_t seed = 20090301;
-    for (const Container& container : {Container{"damaged.tvl", golden, 2500}, Container{"damaged.tvz", packed, 1500}}) {
+    for (const Container& container :
+         {Container{"damaged.tvl", golden, 2500}, Container{"damaged.tvz", packed, 1500}}) {
         const bool gzip = container.bytes.data() == packed.data();
         int loaded = 0;
         for (int i = 0; i < container.count; ++i) {

@@ -103,7 +103,7 @@ TEST_P(ResourceLimits, HostileFileEndsInAnErrorQuickly)
     EXPECT_FALSE(result.ok);
     EXPECT_EQ(result.message, c.message);
 #ifdef TERVOLA_SANITIZED
-    constexpr double kSecondsAllowed = 120.0;   // instrumented code runs several times slower
+    constexpr double kSecondsAllowed = 120.0; // instrumented code runs several times slower
 #else
     constexpr double kSecondsAllowed = 30.0;
 #endif
@@ -128,30 +128,38 @@ std::string ManyAttributes()
 
 INSTANTIATE_TEST_SUITE_P(
     Files, ResourceLimits,
-    testing::Values(
-        LimitCase{"GigabyteOfText", {true, {Jump("<note>"), {"x", 1024}, {"</note>"}, kJumpEnd}}, kToken},
-        LimitCase{"GigabyteAttributeValue",
-                  {true, {{std::string(kRootStart) + "<jump n=\""}, {"1", 1024}, {"\">"}, kJumpEnd}}, kToken},
-        LimitCase{"GigabyteElementName", {true, {Jump("<"), {"n", 1024}, {"/>"}, kJumpEnd}}, kToken},
-        LimitCase{"GigabyteOfBlanksBetweenTags", {true, {Jump(""), {" ", 1024}, kJumpEnd}}, kToken},
-        LimitCase{"MillionNestedElements", {false, {Jump(""), {"<a>", 3}, kJumpEnd}},
-                  ParserError("element nesting deeper than 256 levels")},
-        LimitCase{"ManyAttributesInOneTag",
-                  {false, {Jump("<image" + ManyAttributes()), {" z=\"1\"", 16}, {"/>"}, kJumpEnd}},
-                  ParserError("more than 64 attributes in one start tag")},
-        LimitCase{"StartTagOfThreeLargeAttributes",
-                  {true,
-                   {Jump("<image name=\""), {"n", 60}, {"\" thumbnail=\""}, {"t", 60}, {"\" x=\""}, {"x", 60},
-                    {"\"/>"}, kJumpEnd}},
-                  ParserError("start tag longer than 134217728 bytes")},
-        LimitCase{"OpenElementsWithLargeNames",
-                  {true, {Jump("<"), {"a", 60}, {"><"}, {"b", 60}, {"><"}, {"c", 60}, {">"}, kJumpEnd}},
-                  ParserError("names of the open elements longer than 134217728 bytes")},
-        LimitCase{"GigabytesOfShortLines",
-                  {true, {Jump("<note>"), {std::string(99, 'x') + "\n", 2056}, {"</note>"}, kJumpEnd}},
-                  ParserError("input longer than 2147483648 bytes")},
-        LimitCase{"GigabytesOfElements", {true, {Jump(""), {"<dz>" + std::string(90, 'z') + "</dz>", 2056}, kJumpEnd}},
-                  ParserError("input longer than 2147483648 bytes")}),
+    testing::Values(LimitCase{"GigabyteOfText", {true, {Jump("<note>"), {"x", 1024}, {"</note>"}, kJumpEnd}}, kToken},
+                    LimitCase{"GigabyteAttributeValue",
+                              {true, {{std::string(kRootStart) + "<jump n=\""}, {"1", 1024}, {"\">"}, kJumpEnd}},
+                              kToken},
+                    LimitCase{"GigabyteElementName", {true, {Jump("<"), {"n", 1024}, {"/>"}, kJumpEnd}}, kToken},
+                    LimitCase{"GigabyteOfBlanksBetweenTags", {true, {Jump(""), {" ", 1024}, kJumpEnd}}, kToken},
+                    LimitCase{"MillionNestedElements",
+                              {false, {Jump(""), {"<a>", 3}, kJumpEnd}},
+                              ParserError("element nesting deeper than 256 levels")},
+                    LimitCase{"ManyAttributesInOneTag",
+                              {false, {Jump("<image" + ManyAttributes()), {" z=\"1\"", 16}, {"/>"}, kJumpEnd}},
+                              ParserError("more than 64 attributes in one start tag")},
+                    LimitCase{"StartTagOfThreeLargeAttributes",
+                              {true,
+                               {Jump("<image name=\""),
+                                {"n", 60},
+                                {"\" thumbnail=\""},
+                                {"t", 60},
+                                {"\" x=\""},
+                                {"x", 60},
+                                {"\"/>"},
+                                kJumpEnd}},
+                              ParserError("start tag longer than 134217728 bytes")},
+                    LimitCase{"OpenElementsWithLargeNames",
+                              {true, {Jump("<"), {"a", 60}, {"><"}, {"b", 60}, {"><"}, {"c", 60}, {">"}, kJumpEnd}},
+                              ParserError("names of the open elements longer than 134217728 bytes")},
+                    LimitCase{"GigabytesOfShortLines",
+                              {true, {Jump("<note>"), {std::string(99, 'x') + "\n", 2056}, {"</note>"}, kJumpEnd}},
+                              ParserError("input longer than 2147483648 bytes")},
+                    LimitCase{"GigabytesOfElements",
+                              {true, {Jump(""), {"<dz>" + std::string(90, 'z') + "</dz>", 2056}, kJumpEnd}},
+                              ParserError("input longer than 2147483648 bytes")}),
     [](const testing::TestParamInfo<LimitCase>& p) { return std::string(p.param.name); });
 
 // Counts the events, so that a parse can be fed without any handler keeping anything.
@@ -202,28 +210,28 @@ TEST_P(BufferReuse, SpareBuffersDoNotAddUp)
         << CAllocationMeter::PeakSinceStart() / kMiB << " MiB";
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Elements, BufferReuse,
-    testing::Values(
-        // Element i has i small attributes, then one of the largest size in slot i.
-        ReuseCase{"AttributeSlots",
-                  [](std::size_t i, std::size_t bytes) {
-                      std::string e = "<e";
-                      for (std::size_t k = 0; k < i; ++k)
-                          e += " a" + std::to_string(k) + "=\"\"";
-                      return e + " big=\"" + std::string(bytes - 16, 'v') + "\"/>";
-                  }},
-        // Element i opens i small elements, then one with a name of the largest size.
-        ReuseCase{"StackEntries", [](std::size_t i, std::size_t bytes) {
-                      std::string e;
-                      for (std::size_t k = 0; k < i % 60; ++k)
-                          e += "<s>";
-                      const std::string big(bytes - 16, 'n');
-                      e += "<" + big + "></" + big + ">";
-                      for (std::size_t k = 0; k < i % 60; ++k)
-                          e += "</s>";
-                      return e;
-                  }}),
-    [](const testing::TestParamInfo<ReuseCase>& p) { return std::string(p.param.name); });
+INSTANTIATE_TEST_SUITE_P(Elements, BufferReuse,
+                         testing::Values(
+                             // Element i has i small attributes, then one of the largest size in slot i.
+                             ReuseCase{"AttributeSlots",
+                                       [](std::size_t i, std::size_t bytes) {
+                                           std::string e = "<e";
+                                           for (std::size_t k = 0; k < i; ++k)
+                                               e += " a" + std::to_string(k) + "=\"\"";
+                                           return e + " big=\"" + std::string(bytes - 16, 'v') + "\"/>";
+                                       }},
+                             // Element i opens i small elements, then one with a name of the largest size.
+                             ReuseCase{"StackEntries",
+                                       [](std::size_t i, std::size_t bytes) {
+                                           std::string e;
+                                           for (std::size_t k = 0; k < i % 60; ++k)
+                                               e += "<s>";
+                                           const std::string big(bytes - 16, 'n');
+                                           e += "<" + big + "></" + big + ">";
+                                           for (std::size_t k = 0; k < i % 60; ++k)
+                                               e += "</s>";
+                                           return e;
+                                       }}),
+                         [](const testing::TestParamInfo<ReuseCase>& p) { return std::string(p.param.name); });
 
 } // namespace

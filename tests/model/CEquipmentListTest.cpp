@@ -41,15 +41,21 @@ TEST(CEquipmentListWrite, ElementOnlyWithAlarmOrRigs)
 
 TEST(CEquipmentListEdit, SetAlarm)
 {
-    struct Step { bool on; int days; int cycle; bool changed; int alarmDays; int inspectionCycle; };
+    struct Step
+    {
+        bool on;
+        int days;
+        int cycle;
+        bool changed;
+        int alarmDays;
+        int inspectionCycle;
+    };
     const Step steps[] = {
-        {false, 5, 100, false, -1, 180},   // already off
-        {true, 0, 180, true, 0, 180},      // 0 days is on
-        {true, 0, 180, false, 0, 180},
-        {true, 0, 365, true, 0, 365},
-        {true, 7, 365, true, 7, 365},
-        {false, 7, 365, true, -1, 365},    // off keeps the cycle
-        {true, 7, 365, true, 7, 365},      // on again although the values are the same
+        {false, 5, 100, false, -1, 180}, // already off
+        {true, 0, 180, true, 0, 180},    // 0 days is on
+        {true, 0, 180, false, 0, 180},   {true, 0, 365, true, 0, 365},
+        {true, 7, 365, true, 7, 365},    {false, 7, 365, true, -1, 365}, // off keeps the cycle
+        {true, 7, 365, true, 7, 365},                                    // on again although the values are the same
     };
     CEquipmentList list;
     for (const Step& s : steps) {
@@ -71,11 +77,11 @@ TEST(CEquipmentListEdit, AddRemoveReplaceAndNumbers)
     EXPECT_EQ(list.FindNumber(2), 2);
     list.Remove(1);
     EXPECT_EQ(list.FindNumber(4), -1);
-    EXPECT_EQ(list.Get(1).GetNumber(), 2);   // numbers are kept, not reassigned
+    EXPECT_EQ(list.Get(1).GetNumber(), 2); // numbers are kept, not reassigned
     list.Replace(0, std::make_unique<CEquipment>(9));
     EXPECT_EQ(list.Get(0).GetNumber(), 9);
 
-    CEquipmentList copy = list;   // deep copy: editing it leaves the original alone
+    CEquipmentList copy = list; // deep copy: editing it leaves the original alone
     copy.Get(0).SetHarness("Other");
     EXPECT_EQ(list.Get(0).GetHarness(), "");
 }
@@ -100,7 +106,13 @@ TEST(CEquipmentCompare, InspectionDateByDayOnly)
 
 TEST(CEquipmentDisplay, NumberInBracketsThenNames)
 {
-    struct Case { const char* harness; const char* main; const char* reserve; const char* text; };
+    struct Case
+    {
+        const char* harness;
+        const char* main;
+        const char* reserve;
+        const char* text;
+    };
     const Case cases[] = {
         {"Javelin", "Sabre2", "PD", "[2] Javelin / Sabre2 / PD"},
         {"Javelin", "", "PD", "[2] Javelin / PD"},

@@ -1,6 +1,6 @@
+#include "model/CJump.h"
 #include "model/CBaroSample.h"
 #include "model/CGpsSample.h"
-#include "model/CJump.h"
 #include "model/CLogbookSettings.h"
 #include "tests/model/ModelXml.h"
 
@@ -23,14 +23,14 @@ std::string Children(const CJump& jump)
     std::string xml = WriteXml([&](CXmlWriter& w) { jump.Write(w); });
     if (xml.rfind(kOpen, 0) != 0 || xml.size() < kOpen.size() + 7)
         return "<unexpected>" + xml;
-    return xml.substr(kOpen.size(), xml.size() - kOpen.size() - 7);   // without "</jump>"
+    return xml.substr(kOpen.size(), xml.size() - kOpen.size() - 7); // without "</jump>"
 }
 
 struct WriteCase
 {
     const char* name;
     std::function<void(CJump&)> setup;
-    std::string expected;   // the children of "jump"
+    std::string expected; // the children of "jump"
 };
 
 } // namespace
@@ -41,19 +41,32 @@ TEST(CJumpWrite, ChildrenFollowTheWriterRules)
     const WriteCase cases[] = {
         {"fresh jump: only the fall-rate kind", [](CJump&) {}, standard},
         {"texts in order, empty ones omitted",
-         [](CJump& j) { j.SetTeam("T"); j.SetPlace("DZ"); j.SetType("Belly"); j.SetLanding("OK"); },
+         [](CJump& j) {
+             j.SetTeam("T");
+             j.SetPlace("DZ");
+             j.SetType("Belly");
+             j.SetLanding("OK");
+         },
          "<dz>DZ</dz><type>Belly</type>" + standard + "<landing>OK</landing><team>T</team>"},
         {"Standard writes heights but no stored times or speeds",
-         [](CJump& j) { j.SetFallrateValues({Standard, 4000, 1000, 55, 120, 62.5, 50.0}); },
+         [](CJump& j) {
+             j.SetFallrateValues({Standard, 4000, 1000, 55, 120, 62.5, 50.0});
+         },
          standard + "<exit>4000</exit><open>1000</open>"},
         {"Vertical and zero heights",
-         [](CJump& j) { j.SetFallrateValues({Vertical, 0, 0, 55, 0, 62.5, 0}); },
+         [](CJump& j) {
+             j.SetFallrateValues({Vertical, 0, 0, 55, 0, 62.5, 0});
+         },
          R"(<fallrate name="Vertical"/>)"},
         {"Manual writes delay and speeds, not canopy time",
-         [](CJump& j) { j.SetFallrateValues({Manual, 3500, 800, 55, 120, 61.5, 0.0}); },
+         [](CJump& j) {
+             j.SetFallrateValues({Manual, 3500, 800, 55, 120, 61.5, 0.0});
+         },
          R"(<fallrate name="Manual"/><exit>3500</exit><open>800</open><ffTime>55</ffTime><vMax>61.5</vMax>)"},
         {"Import writes every fall-rate child",
-         [](CJump& j) { j.SetFallrateValues({Import, 4100, 1100, 48, 240, 75.25, -62.0}); },
+         [](CJump& j) {
+             j.SetFallrateValues({Import, 4100, 1100, 48, 240, 75.25, -62.0});
+         },
          R"(<fallrate name="Import"/><exit>4100</exit><open>1100</open><ffTime>48</ffTime><cpTime>240</cpTime>)"
          R"(<vMax>75.25</vMax><vAvg>-62.0</vAvg>)"},
         {"wind with zero direction is written", [](CJump& j) { j.SetWind(0, 5.5); },
@@ -63,25 +76,45 @@ TEST(CJumpWrite, ChildrenFollowTheWriterRules)
         {"rig by index 0", [](CJump& j) { j.SetEquipmentByIndex(0); }, standard + R"(<equipment n="0"/>)"},
         {"rig by description", [](CJump& j) { j.SetEquipmentByDescription("Rig & co"); },
          standard + R"(<equipment description="Rig &amp; co"/>)"},
-        {"empty description is no rig", [](CJump& j) { j.SetEquipmentByIndex(3); j.SetEquipmentByDescription(""); },
+        {"empty description is no rig",
+         [](CJump& j) {
+             j.SetEquipmentByIndex(3);
+             j.SetEquipmentByDescription("");
+         },
          standard},
-        {"size, points zero omitted", [](CJump& j) { j.SetSize(0); j.SetPoints(12); },
+        {"size, points zero omitted",
+         [](CJump& j) {
+             j.SetSize(0);
+             j.SetPoints(12);
+         },
          standard + "<points>12</points>"},
         {"images in order, then video",
-         [](CJump& j) { j.SetVideo("v.avi", 0.0); j.AddImage("a.jpg", "a_t.jpg"); j.AddImage("b.jpg", ""); },
+         [](CJump& j) {
+             j.SetVideo("v.avi", 0.0);
+             j.AddImage("a.jpg", "a_t.jpg");
+             j.AddImage("b.jpg", "");
+         },
          standard + R"(<image name="a.jpg" thumbnail="a_t.jpg"/><image name="b.jpg" thumbnail=""/>)"
                     R"(<video name="v.avi" offset="0.0"/>)"},
-        {"note escaped", [](CJump& j) { j.SetNote("<p>x</p>"); },
-         standard + "<note>&lt;p&gt;x&lt;/p&gt;</note>"},
+        {"note escaped", [](CJump& j) { j.SetNote("<p>x</p>"); }, standard + "<note>&lt;p&gt;x&lt;/p&gt;</note>"},
         {"recording of kind none is not written",
-         [](CJump& j) { j.Recording().AddWind({1, 2.0, 3}); j.Recording().SetQne(1000); }, standard},
+         [](CJump& j) {
+             j.Recording().AddWind({1, 2.0, 3});
+             j.Recording().SetQne(1000);
+         },
+         standard},
         {"recording kind set but empty: type and qne only",
-         [](CJump& j) { j.Recording().SetKind(CJumpRecording::Barometric); j.Recording().SetQne(1013.25); },
+         [](CJump& j) {
+             j.Recording().SetKind(CJumpRecording::Barometric);
+             j.Recording().SetQne(1013.25);
+         },
          standard + R"(<profile type="baro"><qne>1013.25</qne></profile>)"},
         {"signature with signer but no strokes", [](CJump& j) { j.Signature().SetName("Anna"); },
          standard + R"(<signature name="Anna"></signature>)"},
         {"signature with strokes but no signer",
-         [](CJump& j) { j.Signature().SetStrokes({{{0, 0}}, {}}); },
+         [](CJump& j) {
+             j.Signature().SetStrokes({{{0, 0}}, {}});
+         },
          standard + R"(<signature name=""><lines size="2"><line size="1"><p x="0" y="0"/></line>)"
                     R"(<line size="0"></line></lines></signature>)"},
     };
@@ -118,7 +151,7 @@ TEST(CJumpRead, EveryChildInAnyOrder)
     EXPECT_EQ(jump.GetWind(), (CJumpWind{-90, 3.5}));
     EXPECT_EQ(jump.GetSize(), 4);
     EXPECT_EQ(jump.GetPoints(), 3);
-    ASSERT_EQ(jump.GetImages().size(), 1u);   // the picture without any name is dropped
+    ASSERT_EQ(jump.GetImages().size(), 1u); // the picture without any name is dropped
     EXPECT_EQ(jump.GetImages()[0].thumbnail, "t.jpg");
     EXPECT_EQ(jump.GetPictureName(), "");
     EXPECT_EQ(jump.GetVideo(), (CJumpVideo{"v.avi", 0.0}));
@@ -134,7 +167,7 @@ TEST(CJumpRead, FallrateAndEquipmentAttributes)
     };
     const Case cases[] = {
         {R"(<fallrate name="Import"/>)", Import, {}},
-        {R"(<fallrate name="Custom"/><fallrate name="custom"/>)", Custom, {}},   // case matters
+        {R"(<fallrate name="Custom"/><fallrate name="custom"/>)", Custom, {}}, // case matters
         {R"(<fallrate name="Freefly"/>)", Standard, {}},
         {R"(<equipment n="2" description="Mine"/>)", Standard, {CJumpEquipmentRef::ByIndex, 2, {}}},
         {R"(<equipment description="Mine"/>)", Standard, {CJumpEquipmentRef::ByDescription, 0, "Mine"}},
@@ -151,10 +184,19 @@ TEST(CJumpRead, FallrateAndEquipmentAttributes)
 TEST(CJumpRead, RefusedChildrenStopTheLoad)
 {
     const char* refused[] = {
-        "<exit>12a</exit>", "<open>1.5</open>", "<ffTime>x</ffTime>", "<cpTime>1 0</cpTime>",
-        "<size>1e3</size>", "<points>--1</points>", "<vMax>1.2.3</vMax>", "<vAvg>abc</vAvg>",
-        R"(<wind direction="90"/>)", R"(<wind speed="3.0"/>)", R"(<wind direction="x" speed="3.0"/>)",
-        R"(<video offset="1.0"/>)", "<profile><qne>1.0</qne></profile>",
+        "<exit>12a</exit>",
+        "<open>1.5</open>",
+        "<ffTime>x</ffTime>",
+        "<cpTime>1 0</cpTime>",
+        "<size>1e3</size>",
+        "<points>--1</points>",
+        "<vMax>1.2.3</vMax>",
+        "<vAvg>abc</vAvg>",
+        R"(<wind direction="90"/>)",
+        R"(<wind speed="3.0"/>)",
+        R"(<wind direction="x" speed="3.0"/>)",
+        R"(<video offset="1.0"/>)",
+        "<profile><qne>1.0</qne></profile>",
         R"(<signature><id>x</id></signature>)",
         R"(<profile type="altimeter"><wpt a="1.0" t="0.0"/></profile>)",
         R"(<profile type="baro"><wpt a="1.0"/></profile>)",
@@ -184,7 +226,10 @@ TEST(CJumpFreefall, ComputedAgainstWorkedValues)
 
     // Long falls: the steps approach t = vt/g * acosh(exp(d g / vt²)) from below by well under
     // a step; the exact step counts are 608, 448 and 464.
-    struct Case { double distance, speed, steps; };
+    struct Case
+    {
+        double distance, speed, steps;
+    };
     for (const Case& c : {Case{3000, 52.5, 608}, Case{3000, 76.0, 448}, Case{1000, 22.3, 464}}) {
         const double t = CJump::ComputeFreefallTime(c.distance, c.speed);
         const double exact = c.speed / 9.81 * std::acosh(std::exp(c.distance * 9.81 / (c.speed * c.speed)));
@@ -200,15 +245,17 @@ TEST(CJumpFreefall, TimeByKind)
 {
     CLogbookSettings settings;
     settings.SetCustomFallrateSpeed(22.3);
-    struct Case { CJumpFallrate fallrate; int seconds; };
+    struct Case
+    {
+        CJumpFallrate fallrate;
+        int seconds;
+    };
     const Case cases[] = {
-        {{Standard, 4000, 1000, 99, 0, 0, 0}, 61},   // 60.8 s rounds up
-        {{Vertical, 4000, 1000, 99, 0, 0, 0}, 45},   // 44.8 s
-        {{Custom, 2000, 1000, 99, 0, 0, 0}, 46},     // 46.4 s
-        {{Standard, 1000, 1000, 99, 0, 0, 0}, 0},
-        {{Standard, 900, 1000, 99, 0, 0, 0}, 0},     // exit below opening
-        {{Manual, 4000, 1000, 55, 0, 0, 0}, 55},
-        {{Import, 4000, 1000, 48, 0, 0, 0}, 48},
+        {{Standard, 4000, 1000, 99, 0, 0, 0}, 61},                                          // 60.8 s rounds up
+        {{Vertical, 4000, 1000, 99, 0, 0, 0}, 45},                                          // 44.8 s
+        {{Custom, 2000, 1000, 99, 0, 0, 0}, 46},                                            // 46.4 s
+        {{Standard, 1000, 1000, 99, 0, 0, 0}, 0},  {{Standard, 900, 1000, 99, 0, 0, 0}, 0}, // exit below opening
+        {{Manual, 4000, 1000, 55, 0, 0, 0}, 55},   {{Import, 4000, 1000, 48, 0, 0, 0}, 48},
         {{9, 4000, 1000, 48, 0, 0, 0}, 0},
     };
     for (const Case& c : cases) {
@@ -223,7 +270,7 @@ TEST(CJumpFreefall, TimeByKind)
     EXPECT_EQ(custom.FreefallTime(settings), 0);
     CJump manual = MakeJump();
     manual.SetFallrateValues({Manual, 4000, 1000, 55, 0, 0, 0});
-    EXPECT_EQ(manual.FreefallTime(settings), 55);   // independent of the settings' speeds
+    EXPECT_EQ(manual.FreefallTime(settings), 55); // independent of the settings' speeds
 }
 
 TEST(CJumpFallrateEdit, SetFallrateRules)
@@ -233,22 +280,41 @@ TEST(CJumpFallrateEdit, SetFallrateRules)
     {
         const char* name;
         CJumpFallrate before;
-        CJumpFallrate edit;   // canopy time unused
+        CJumpFallrate edit; // canopy time unused
         bool changed;
         CJumpFallrate after;
     };
     const Case cases[] = {
-        {"to Import edits nothing else", manual, {Import, 1, 2, 3, 0, 4, 5}, true, {Import, 4000, 1000, 55, 120, 61.5, 48.0}},
-        {"Import stays Import", {Import, 4000, 1000, 48, 240, 75, 62}, {Import, 1, 2, 3, 0, 4, 5}, false,
+        {"to Import edits nothing else",
+         manual,
+         {Import, 1, 2, 3, 0, 4, 5},
+         true,
+         {Import, 4000, 1000, 55, 120, 61.5, 48.0}},
+        {"Import stays Import",
+         {Import, 4000, 1000, 48, 240, 75, 62},
+         {Import, 1, 2, 3, 0, 4, 5},
+         false,
          {Import, 4000, 1000, 48, 240, 75, 62}},
-        {"Manual to Standard clears times and speeds", manual, {Standard, 4000, 1000, 77, 0, 70, 60}, true,
+        {"Manual to Standard clears times and speeds",
+         manual,
+         {Standard, 4000, 1000, 77, 0, 70, 60},
+         true,
          {Standard, 4000, 1000, 0, 0, 0, 0}},
-        {"Standard unchanged", {Standard, 4000, 1000, 0, 0, 0, 0}, {Standard, 4000, 1000, 9, 0, 9, 9}, false,
+        {"Standard unchanged",
+         {Standard, 4000, 1000, 0, 0, 0, 0},
+         {Standard, 4000, 1000, 9, 0, 9, 9},
+         false,
          {Standard, 4000, 1000, 0, 0, 0, 0}},
-        {"Standard heights", {Standard, 4000, 1000, 0, 0, 0, 0}, {Standard, 4000, 900, 0, 0, 0, 0}, true,
+        {"Standard heights",
+         {Standard, 4000, 1000, 0, 0, 0, 0},
+         {Standard, 4000, 900, 0, 0, 0, 0},
+         true,
          {Standard, 4000, 900, 0, 0, 0, 0}},
         {"Manual sign change alone is no change", manual, {Manual, 4000, 1000, 55, 0, -61.5, -48.0}, false, manual},
-        {"Manual keeps canopy time", manual, {Manual, 4000, 1000, 56, 0, 62.0, 48.0}, true,
+        {"Manual keeps canopy time",
+         manual,
+         {Manual, 4000, 1000, 56, 0, 62.0, 48.0},
+         true,
          {Manual, 4000, 1000, 56, 120, 62.0, 48.0}},
     };
     for (const Case& c : cases) {
@@ -265,7 +331,12 @@ TEST(CJumpFallrateEdit, SetFallrateRules)
 TEST(CJumpNote, ParagraphsPerLine)
 {
     const std::string p = R"(<p style="margin: 0">)";
-    struct Case { std::string text; std::string markup; std::string readBack; };
+    struct Case
+    {
+        std::string text;
+        std::string markup;
+        std::string readBack;
+    };
     const Case cases[] = {
         {"one", p + "one</p>", "one"},
         {"a\r\nb", p + "a</p>" + p + "b</p>", "a\r\nb"},
@@ -290,11 +361,11 @@ TEST(CJumpNote, ChangesAndTheDeliberateQuirks)
     std::string text = "stale";
     EXPECT_TRUE(jump.GetNoteText(text));
     EXPECT_EQ(text, "");
-    EXPECT_FALSE(jump.SetNoteText(""));   // empty stays empty
+    EXPECT_FALSE(jump.SetNoteText("")); // empty stays empty
 
     EXPECT_TRUE(jump.SetNoteText("a\r\nb"));
-    EXPECT_FALSE(jump.SetNoteText("a\r\nb"));   // same text as the note gives back
-    EXPECT_TRUE(jump.SetNoteText("a\r\nb\r\n"));   // differs from the read-back text, rewritten
+    EXPECT_FALSE(jump.SetNoteText("a\r\nb"));    // same text as the note gives back
+    EXPECT_TRUE(jump.SetNoteText("a\r\nb\r\n")); // differs from the read-back text, rewritten
     EXPECT_TRUE(jump.SetNoteText(""));
     EXPECT_EQ(jump.GetNote(), "");
 
@@ -323,9 +394,15 @@ TEST(CJumpRecordingWrite, EachSampleWritesItsOwnType)
 
 TEST(CJumpRecordingRead, KindDecidesSamplesAndPositions)
 {
-    struct Case { const char* type; int kind; bool gps; double latitude; };
-    for (const Case& c : {Case{"baro", CJumpRecording::Barometric, false, 0.0},
-                          Case{"gps", CJumpRecording::Satellite, true, 61.5}}) {
+    struct Case
+    {
+        const char* type;
+        int kind;
+        bool gps;
+        double latitude;
+    };
+    for (const Case& c :
+         {Case{"baro", CJumpRecording::Barometric, false, 0.0}, Case{"gps", CJumpRecording::Satellite, true, 61.5}}) {
         CJump jump = MakeJump();
         ASSERT_TRUE(ReadXml(jump, std::string(R"(<jump><profile type=")") + c.type +
                                       R"("><wpt a="1.0" t="2.0"><lat>61.5</lat><lon>-22.75</lon></wpt>)"

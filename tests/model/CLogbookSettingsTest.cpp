@@ -7,8 +7,9 @@
 
 namespace {
 
-const std::string kFallrates = R"(<fallrates><fallrate name="Standard" speed="52.5"/>)"
-                               R"(<fallrate name="Vertical" speed="76.0"/><fallrate name="Custom" speed="22.3"/></fallrates>)";
+const std::string kFallrates =
+    R"(<fallrates><fallrate name="Standard" speed="52.5"/>)"
+    R"(<fallrate name="Vertical" speed="76.0"/><fallrate name="Custom" speed="22.3"/></fallrates>)";
 const std::string kKeywords = "<keywords><videoJump>Video</videoJump><nightJump>Night</nightJump>"
                               "<coachJump>Coach</coachJump><reserveActivated>Reserve</reserveActivated></keywords>";
 
@@ -25,32 +26,37 @@ TEST(CLogbookSettingsWrite, ElementsInOrderWithEmptyOnesLeftOut)
     {
         const char* name;
         std::function<void(CLogbookSettings&)> setup;
-        std::string before;   // children before "fallrates"
-        std::string after;    // children after "keywords"
+        std::string before; // children before "fallrates"
+        std::string after;  // children after "keywords"
     };
     const CDateTime expiry(2009, 12, 31);
     const Case cases[] = {
         {"defaults", [](CLogbookSettings&) {}, "", ""},
-        {"owner and previous values", [](CLogbookSettings& s) { s.SetOwnerName("Aino"); s.SetPreviousJumps(85); },
+        {"owner and previous values",
+         [](CLogbookSettings& s) {
+             s.SetOwnerName("Aino");
+             s.SetPreviousJumps(85);
+         },
          "<owner>Aino</owner>", "<previousJumps>85</previousJumps>"},
         {"member number without date", [](CLogbookSettings& s) { s.GetMembership().SetMemberNumber("F-1"); },
          R"(<membership name="F-1"></membership>)", ""},
-        {"date without alarm",
-         [&](CLogbookSettings& s) { s.GetMembership().Set(true, expiry, false, 30); },
+        {"date without alarm", [&](CLogbookSettings& s) { s.GetMembership().Set(true, expiry, false, 30); },
          R"(<membership name=""><expirationDate>2009-12-31T00:00:00Z</expirationDate></membership>)", ""},
-        {"alarm of 0 days is written",
-         [&](CLogbookSettings& s) { s.GetMembership().Set(true, expiry, true, 0); },
+        {"alarm of 0 days is written", [&](CLogbookSettings& s) { s.GetMembership().Set(true, expiry, true, 0); },
          R"(<membership name=""><expirationDate>2009-12-31T00:00:00Z</expirationDate><alarmDays>0</alarmDays>)"
          "</membership>",
          ""},
-        {"alarm days without date are not written",
-         [](CLogbookSettings& s) { s.GetMembership().SetAlarmDays(10); }, "", ""},
+        {"alarm days without date are not written", [](CLogbookSettings& s) { s.GetMembership().SetAlarmDays(10); }, "",
+         ""},
         {"lists",
-         [](CLogbookSettings& s) { s.SetLicenses({"C", "D"}); s.AddAward("Gold"); s.SetPreviousDelay(60); },
+         [](CLogbookSettings& s) {
+             s.SetLicenses({"C", "D"});
+             s.AddAward("Gold");
+             s.SetPreviousDelay(60);
+         },
          "<licenses><license>C</license><license>D</license></licenses><awards><award>Gold</award></awards>",
          "<previousDelay>60</previousDelay>"},
-        {"alarm on with empty list",
-         [](CLogbookSettings& s) { s.GetEquipmentList().SetAlarm(true, 0, 0); },
+        {"alarm on with empty list", [](CLogbookSettings& s) { s.GetEquipmentList().SetAlarm(true, 0, 0); },
          "<equipments><inspectionCycle>0</inspectionCycle><alarmDays>0</alarmDays></equipments>", ""},
     };
     for (const Case& c : cases) {
@@ -73,8 +79,8 @@ TEST(CLogbookSettingsRead, FixedSpeedsListsAndWhatIsNotReadBack)
                                   R"(</fallrates><keywords><nightJump>Yö</nightJump></keywords>)"
                                   R"(<previousJumps>85</previousJumps><previousDelay>3600</previousDelay>)"
                                   R"(<extra>1</extra></settings>)"));
-    EXPECT_EQ(settings.GetOwnerName(), "");                       // the document supplies it
-    EXPECT_EQ(settings.GetMembership().GetMemberNumber(), "");   // likewise
+    EXPECT_EQ(settings.GetOwnerName(), "");                    // the document supplies it
+    EXPECT_EQ(settings.GetMembership().GetMemberNumber(), ""); // likewise
     EXPECT_EQ(settings.GetMembership().GetExpirationDate(), CDateTime(2009, 12, 31));
     EXPECT_TRUE(settings.GetMembership().HasAlarm());
     EXPECT_EQ(settings.GetMembership().GetAlarmDays(), 30);
@@ -117,14 +123,15 @@ TEST(CLogbookSettingsRead, RefusedValues)
     }
     // A bad Standard speed is never even read.
     CLogbookSettings settings;
-    EXPECT_TRUE(ReadXml(settings, R"(<settings><fallrates><fallrate name="Standard" speed="x"/></fallrates></settings>)"));
+    EXPECT_TRUE(
+        ReadXml(settings, R"(<settings><fallrates><fallrate name="Standard" speed="x"/></fallrates></settings>)"));
 }
 
 TEST(CMembershipEdit, SetReportsChangesAndDropsWhatDoesNotApply)
 {
     CMembership membership;
     const CDateTime expiry(2009, 12, 31);
-    EXPECT_FALSE(membership.Set(false, expiry, true, 10));   // no date: nothing to remember
+    EXPECT_FALSE(membership.Set(false, expiry, true, 10)); // no date: nothing to remember
     EXPECT_FALSE(membership.HasExpirationDate());
     EXPECT_TRUE(membership.Set(true, expiry, false, 10));
     EXPECT_EQ(membership.GetAlarmDays(), -1);
@@ -132,7 +139,7 @@ TEST(CMembershipEdit, SetReportsChangesAndDropsWhatDoesNotApply)
     EXPECT_TRUE(membership.Set(true, expiry, true, 0));
     EXPECT_TRUE(membership.HasAlarm());
     EXPECT_FALSE(membership.Set(true, expiry, true, 0));
-    EXPECT_TRUE(membership.Set(false, expiry, true, 0));   // removing the date removes the alarm
+    EXPECT_TRUE(membership.Set(false, expiry, true, 0)); // removing the date removes the alarm
     EXPECT_FALSE(membership.HasAlarm());
     EXPECT_EQ(membership.GetAlarmDays(), -1);
 

@@ -1,6 +1,6 @@
+#include "model/CSampleList.h"
 #include "model/CBaroSample.h"
 #include "model/CGpsSample.h"
-#include "model/CSampleList.h"
 
 #include <gtest/gtest.h>
 
@@ -31,8 +31,9 @@ void AddMixed(CSampleList& list, std::size_t count)
         const double x = static_cast<double>(i);
         const auto* gps = dynamic_cast<const CGpsSample*>(sample.get());
         const bool typeRight = (i % 3 == 2) == (gps == nullptr);
-        const bool valuesRight = sample->GetAltitude() == x && sample->GetTime() == -x &&
-                                 (!gps || (gps->GetLatitude() == 60.0 + x / 1000 && gps->GetLongitude() == 25.0 - x / 1000));
+        const bool valuesRight =
+            sample->GetAltitude() == x && sample->GetTime() == -x &&
+            (!gps || (gps->GetLatitude() == 60.0 + x / 1000 && gps->GetLongitude() == 25.0 - x / 1000));
         if (!typeRight || !valuesRight)
             return ::testing::AssertionFailure() << "sample " << i << " changed";
         ++i;
@@ -49,15 +50,25 @@ TEST(CSampleList, SamplesSurviveGrowthCopiesMovesAndShrinking)
     {
         const char* name;
         std::size_t count;
-        void (*change)(CSampleList& list);   // what happens to a list of count samples
+        void (*change)(CSampleList& list); // what happens to a list of count samples
     };
     const Case cases[] = {
         {"growth past the first block", 1000, [](CSampleList&) {}},
         {"shrink to fit", 1000, [](CSampleList& list) { list.ShrinkToFit(); }},
         {"reserve beyond the size", 40, [](CSampleList& list) { list.Reserve(500); }},
         {"copy construction", 300, [](CSampleList& list) { list = CSampleList(CSampleList(list)); }},
-        {"copy assignment", 300, [](CSampleList& list) { CSampleList other; AddMixed(other, 7); other = list; list = other; }},
-        {"move construction", 300, [](CSampleList& list) { CSampleList moved(std::move(list)); list = std::move(moved); }},
+        {"copy assignment", 300,
+         [](CSampleList& list) {
+             CSampleList other;
+             AddMixed(other, 7);
+             other = list;
+             list = other;
+         }},
+        {"move construction", 300,
+         [](CSampleList& list) {
+             CSampleList moved(std::move(list));
+             list = std::move(moved);
+         }},
         {"empty list shrunk", 0, [](CSampleList& list) { list.ShrinkToFit(); }},
     };
     for (const Case& c : cases) {
@@ -80,7 +91,7 @@ TEST(CSampleList, ClearKeepsTheListUsableAndMovedFromListsAreEmpty)
     EXPECT_TRUE(HoldsMixed(list, 20));
 
     CSampleList moved(std::move(list));
-    EXPECT_TRUE(list.empty());   // NOLINT(bugprone-use-after-move): a moved-from list is empty
+    EXPECT_TRUE(list.empty()); // NOLINT(bugprone-use-after-move): a moved-from list is empty
     EXPECT_TRUE(HoldsMixed(moved, 20));
     ASSERT_NE(moved.Last(), nullptr);
     EXPECT_EQ(moved.Last()->GetAltitude(), 19.0);

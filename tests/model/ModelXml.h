@@ -16,7 +16,9 @@ class CMemoryOutput final : public IXmlOutput
 {
 public:
     explicit CMemoryOutput(std::string& sink, std::size_t budget = static_cast<std::size_t>(-1), bool failClose = false)
-        : m_sink(sink), m_budget(budget), m_failClose(failClose) {}
+        : m_sink(sink), m_budget(budget), m_failClose(failClose)
+    {
+    }
 
     bool Write(const char* data, std::size_t size) override
     {

@@ -36,11 +36,9 @@ TEST(StringTable, IdsListEveryMessageOnceInOrder)
     ASSERT_FALSE(ids.empty());
     EXPECT_EQ(ids.front(), IDS_WRITE_ERROR);
     EXPECT_EQ(ids.back(), IDS_SIGNATURE);
-    for (std::size_t i = 0; i < ids.size(); ++i)
-    {
+    for (std::size_t i = 0; i < ids.size(); ++i) {
         EXPECT_TRUE(Has(ids[i])) << ids[i];
-        if (i > 0)
-        {
+        if (i > 0) {
             EXPECT_LT(ids[i - 1], ids[i]);
         }
     }
@@ -48,7 +46,13 @@ TEST(StringTable, IdsListEveryMessageOnceInOrder)
 
 TEST(StringTable, SubstitutionIsPlainText)
 {
-    struct Case { int id; const char* a1; const char* a2; const char* expected; };
+    struct Case
+    {
+        int id;
+        const char* a1;
+        const char* a2;
+        const char* expected;
+    };
     const Case cases[] = {
         {IDS_VALUE_RANGE, "1", "99999", "Please enter a value between 1 and 99999."},
         {IDS_PARSER_ERROR, "Open Tag: jump", "", "Parser error: Open Tag: jump"},
@@ -64,7 +68,10 @@ TEST(StringTable, SubstitutionIsPlainText)
 TEST(StringTable, VersionMessageEndsWithTheSupportAddress)
 {
     const std::string text = Format(IDS_BAD_VERSION, "1.3");
-    EXPECT_EQ(text.rfind("The file version (1.3) can not be processed. Please install an actual version of Tervola or contact ", 0), 0u);
+    EXPECT_EQ(
+        text.rfind(
+            "The file version (1.3) can not be processed. Please install an actual version of Tervola or contact ", 0),
+        0u);
     EXPECT_TRUE(text.ends_with(kSupportAddress));
 }
 

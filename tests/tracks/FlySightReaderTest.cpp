@@ -28,9 +28,9 @@ std::string Fs1(const CTrack& track)
 TEST(FlySightReader, ReadsEveryLayoutByColumnName)
 {
     const CTrack track = Fixes(100000);
-    const std::vector<std::string> oldFirmware = {"time", "lat",  "lon",  "hMSL", "velN",   "velE", "velD",
-                                                  "hAcc", "vAcc", "sAcc", "gpsFix", "numSV"};
-    const std::vector<std::string> reordered = {"numSV", "velD", "hMSL", "time", "dbgA", "lon",   "lat",
+    const std::vector<std::string> oldFirmware = {"time", "lat",  "lon",  "hMSL", "velN",   "velE",
+                                                  "velD", "hAcc", "vAcc", "sAcc", "gpsFix", "numSV"};
+    const std::vector<std::string> reordered = {"numSV", "velD", "hMSL",   "time", "dbgA", "lon",  "lat",
                                                 "velE",  "velN", "gpsFix", "sAcc", "vAcc", "hAcc", "dbgB"};
     struct Case
     {

@@ -31,9 +31,9 @@ TEST(JumpDetector, FindsExitOpeningAndLandingOfSyntheticJumps)
         CSyntheticJump jump;
         bool landed;
     } cases[] = {
-        {"4000 m, no noise", jump(1, 0, 5), true},  {"4000 m, seed 1", jump(1, 1, 5), true},
-        {"4000 m, seed 2", jump(2, 1, 5), true},    {"4000 m, seed 3, double noise", jump(3, 2, 5), true},
-        {"4000 m, 10 Hz", jump(4, 1, 10), true},    {"4000 m, 1 Hz", jump(5, 1, 1), true},
+        {"4000 m, no noise", jump(1, 0, 5), true},    {"4000 m, seed 1", jump(1, 1, 5), true},
+        {"4000 m, seed 2", jump(2, 1, 5), true},      {"4000 m, seed 3, double noise", jump(3, 2, 5), true},
+        {"4000 m, 10 Hz", jump(4, 1, 10), true},      {"4000 m, 1 Hz", jump(5, 1, 1), true},
         {"hop-and-pop 1200 m, 4 s", hopAndPop, true}, {"ends under canopy", inTheAir, false},
     };
     for (const auto& c : cases) {

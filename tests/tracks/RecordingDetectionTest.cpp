@@ -1,7 +1,7 @@
+#include "tracks/RecordingDetection.h"
 #include "SyntheticTrack.h"
 #include "tracks/CRecordingSeries.h"
 #include "tracks/CTrackImport.h"
-#include "tracks/RecordingDetection.h"
 
 #include <gtest/gtest.h>
 
@@ -17,8 +17,7 @@ TEST(RecordingDetection, FindsExitAndDeploymentInAStoredRecording)
     WriteSensor(track, track.baro);
     const CJumpDetection detection = DetectJump(track.fixes);
     ASSERT_TRUE(detection.ok);
-    for (const CTrackImportOptions options : {CTrackImportOptions{1.0, false}, CTrackImportOptions{0.0, true}})
-    {
+    for (const CTrackImportOptions options : {CTrackImportOptions{1.0, false}, CTrackImportOptions{0.0, true}}) {
         SCOPED_TRACE(options.barometric);
         CImportedJump imported;
         std::string message;

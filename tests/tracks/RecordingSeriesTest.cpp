@@ -18,8 +18,7 @@ CJumpRecording Recording(int kind, const std::vector<double>& times, const std::
 {
     CJumpRecording recording;
     recording.SetKind(kind);
-    for (double t : times)
-    {
+    for (double t : times) {
         if (kind == CJumpRecording::Satellite)
             recording.AddSample(std::make_unique<CGpsSample>(altitude(t), t, 61.78 + t * 1e-5, 22.72 + t * 2e-5));
         else
@@ -65,13 +64,11 @@ TEST(RecordingSeriesTest, StraightPartsGiveTheirSpeed)
         {"baro uneven", CJumpRecording::Barometric, {-30, -27, -26.5, -20, -3, 2, 3, 7, 8.5, 20, 41, 60, 61, 75, 100}},
     };
     const double deployment = 3000.0 / 55.0;
-    for (const auto& c : cases)
-    {
+    for (const auto& c : cases) {
         SCOPED_TRACE(c.name);
         const CRecordingSeries series(Recording(c.kind, c.times, Jump));
         ASSERT_EQ(series.Size(), c.times.size());
-        for (std::size_t i = 0; i < series.Size(); ++i)
-        {
+        for (std::size_t i = 0; i < series.Size(); ++i) {
             const double t = series.Times()[i];
             // The samples the fit at t reaches: within the window or the next on either side.
             const double reach = std::max(CRecordingSeries::kSlopeHalfWindow,
@@ -91,9 +88,8 @@ TEST(RecordingSeriesTest, StraightPartsGiveTheirSpeed)
 TEST(RecordingSeriesTest, NoiseIsSmoothed)
 {
     std::vector<double> times = Times(2, 50, 0.2);
-    const CRecordingSeries series(Recording(CJumpRecording::Satellite, times, [](double t) {
-        return Jump(t) + std::sin(t * 37.0) * 1.0;
-    }));
+    const CRecordingSeries series(
+        Recording(CJumpRecording::Satellite, times, [](double t) { return Jump(t) + std::sin(t * 37.0) * 1.0; }));
     for (std::size_t i = 5; i + 5 < series.Size(); ++i)
         EXPECT_NEAR(series.VerticalSpeeds()[i], 55.0, 2.0) << "at t = " << series.Times()[i];
 }
@@ -113,8 +109,7 @@ TEST(RecordingSeriesTest, RepeatedAndBackwardTimes)
         {"only one moment", {5, 5, 5}, {300, 310, 320}, 1},
         {"one going back", {0, 1, 3, 2, 4}, {100, 90, 70, 80, 60}, 5},
     };
-    for (const auto& c : cases)
-    {
+    for (const auto& c : cases) {
         SCOPED_TRACE(c.name);
         CJumpRecording recording;
         recording.SetKind(CJumpRecording::Barometric);
@@ -122,17 +117,14 @@ TEST(RecordingSeriesTest, RepeatedAndBackwardTimes)
             recording.AddSample(std::make_unique<CBaroSample>(c.altitudes[i], c.times[i]));
         const CRecordingSeries series(recording);
         ASSERT_EQ(series.Size(), c.size);
-        for (std::size_t i = 0; i < series.Size(); ++i)
-        {
+        for (std::size_t i = 0; i < series.Size(); ++i) {
             EXPECT_TRUE(std::isfinite(series.VerticalSpeeds()[i]));
-            if (i > 0)
-            {
+            if (i > 0) {
                 EXPECT_GT(series.Times()[i], series.Times()[i - 1]);
             }
         }
         // Every case falls at 10 m/s where it falls at all.
-        if (series.Size() > 1)
-        {
+        if (series.Size() > 1) {
             EXPECT_NEAR(series.VerticalSpeeds()[series.Size() / 2], 10.0, 1.0);
         }
     }
@@ -174,14 +166,15 @@ TEST(RecordingSeriesTest, ValuesAtATime)
         double expectedTime;
         std::size_t nearest;
     } cases[] = {{2.8, 2.8, 1}, {3.2, 3.2, 2}, {-5.0, 0.0, 0}, {99.0, 10.0, 5}, {NAN, 0.0, 0}};
-    for (const auto& c : cases)
-    {
+    for (const auto& c : cases) {
         const CRecordingSeries::Values v = series.At(c.time);
         EXPECT_DOUBLE_EQ(v.time, c.expectedTime);
         EXPECT_NEAR(v.altitude, Jump(c.expectedTime), 1e-9);
         EXPECT_EQ(v.nearest, c.nearest);
-        EXPECT_NEAR(v.ground.north, series.Ground().front().north + (series.Ground().back().north -
-                                        series.Ground().front().north) * c.expectedTime / 10.0, 1e-6);
+        EXPECT_NEAR(v.ground.north,
+                    series.Ground().front().north +
+                        (series.Ground().back().north - series.Ground().front().north) * c.expectedTime / 10.0,
+                    1e-6);
     }
     const CRecordingSeries empty{CJumpRecording()};
     EXPECT_TRUE(empty.IsEmpty());

@@ -117,7 +117,7 @@ CTrack MakeCarRide(std::uint32_t seed)
 
 std::vector<std::string> FlySight1Columns()
 {
-    return {"time", "lat",  "lon",  "hMSL", "velN",    "velE", "velD",
+    return {"time", "lat",  "lon",  "hMSL",    "velN", "velE",   "velD",
             "hAcc", "vAcc", "sAcc", "heading", "cAcc", "gpsFix", "numSV"};
 }
 
@@ -135,8 +135,8 @@ std::string TimeText(double t, int decimals)
     const long long doy = doe - (365 * yoe + yoe / 4 - yoe / 100);
     const long long mp = (5 * doy + 2) / 153, d = doy - (153 * mp + 2) / 5 + 1, m = mp < 10 ? mp + 3 : mp - 9;
     char text[160];
-    std::snprintf(text, sizeof text, "%04lld-%02lld-%02lldT%02lld:%02lld:%02lld.%0*lldZ", yoe + era * 400 + (m <= 2),
-                  m, d, s % 86400 / 3600, s % 3600 / 60, s % 60, decimals, units % scale);
+    std::snprintf(text, sizeof text, "%04lld-%02lld-%02lldT%02lld:%02lld:%02lld.%0*lldZ", yoe + era * 400 + (m <= 2), m,
+                  d, s % 86400 / 3600, s % 3600 / 60, s % 60, decimals, units % scale);
     return text;
 }
 
@@ -149,18 +149,30 @@ std::string Value(const CTrackFix& f, const std::string& column, int decimals)
         std::snprintf(text, sizeof text, "%.*f", digits, v);
         return std::string(text);
     };
-    if (column == "time") return TimeText(f.time, decimals);
-    if (column == "lat") return number(f.lat, 7);
-    if (column == "lon") return number(f.lon, 7);
-    if (column == "hMSL") return number(f.hMSL, 3);
-    if (column == "velN") return number(f.velN, 2);
-    if (column == "velE") return number(f.velE, 2);
-    if (column == "velD") return number(f.velD, 2);
-    if (column == "hAcc") return number(f.hAcc, 3);
-    if (column == "vAcc") return number(f.vAcc, 3);
-    if (column == "sAcc") return number(f.sAcc, 2);
-    if (column == "gpsFix") return f.numSV < 4 ? "2" : "3";
-    if (column == "numSV") return std::to_string(f.numSV);
+    if (column == "time")
+        return TimeText(f.time, decimals);
+    if (column == "lat")
+        return number(f.lat, 7);
+    if (column == "lon")
+        return number(f.lon, 7);
+    if (column == "hMSL")
+        return number(f.hMSL, 3);
+    if (column == "velN")
+        return number(f.velN, 2);
+    if (column == "velE")
+        return number(f.velE, 2);
+    if (column == "velD")
+        return number(f.velD, 2);
+    if (column == "hAcc")
+        return number(f.hAcc, 3);
+    if (column == "vAcc")
+        return number(f.vAcc, 3);
+    if (column == "sAcc")
+        return number(f.sAcc, 2);
+    if (column == "gpsFix")
+        return f.numSV < 4 ? "2" : "3";
+    if (column == "numSV")
+        return std::to_string(f.numSV);
     return number(std::fmod(f.time, 7.0), 5); // heading, cAcc, debug columns
 }
 

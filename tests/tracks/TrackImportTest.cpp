@@ -63,9 +63,9 @@ TEST(TrackImport, FallrateAndLocalExitTime)
     CImportedJump jump;
     std::string message;
     ASSERT_TRUE(BuildImportedJump(f.track, f.detection, {}, -330, jump, message)) << message;
-    EXPECT_EQ(jump.fallrate, (CJumpFallrate{Import, f.detection.exitHeight, f.detection.openHeight,
-                                            f.detection.freefallTime, f.detection.canopyTime, f.detection.vMax,
-                                            f.detection.vAvg}));
+    EXPECT_EQ(jump.fallrate,
+              (CJumpFallrate{Import, f.detection.exitHeight, f.detection.openHeight, f.detection.freefallTime,
+                             f.detection.canopyTime, f.detection.vMax, f.detection.vAvg}));
     // The synthetic jump starts 2024-04-20T04:00:00Z; at -05:30 that is the evening before.
     const double midnight = 1713585600.0 - 4 * 3600;
     const double local = f.detection.exitTime - 5.5 * 3600 - midnight + 24 * 3600;

@@ -27,13 +27,13 @@ namespace {
 // What a user of each language reads.
 struct Expected
 {
-    QStringList menus;          // File, Jump, Logbook
-    QStringList actions;        // Open..., New jump..., Preferences...
-    QStringList openFailure;    // the two error boxes of a failed Open
-    QString cancel;             // Qt's own Cancel button
-    QStringList summary;        // number-of-jumps label and value, freefall distance, last jump
-    QString padDisplay;         // the number pad after 5 , 2
-    QString fallrate;           // the preferences' fall-rate label and field
+    QStringList menus;       // File, Jump, Logbook
+    QStringList actions;     // Open..., New jump..., Preferences...
+    QStringList openFailure; // the two error boxes of a failed Open
+    QString cancel;          // Qt's own Cancel button
+    QStringList summary;     // number-of-jumps label and value, freefall distance, last jump
+    QString padDisplay;      // the number pad after 5 , 2
+    QString fallrate;        // the preferences' fall-rate label and field
     QString fallrateField;
 };
 
@@ -122,8 +122,7 @@ private slots:
                               summary->ValueText(CSummaryPane::NumberOfJumps),
                               summary->LabelText(CSummaryPane::FreefallDistance),
                               summary->ValueText(CSummaryPane::FreefallDistance),
-                              summary->LabelText(CSummaryPane::LastJump),
-                              summary->ValueText(CSummaryPane::LastJump)}),
+                              summary->LabelText(CSummaryPane::LastJump), summary->ValueText(CSummaryPane::LastJump)}),
                  expected.summary);
         harness.View()->OnViewJumpList();
         const QTreeWidgetItem* row = harness.View()->GetList()->topLevelItem(0);

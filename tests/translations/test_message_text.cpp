@@ -26,8 +26,8 @@ private slots:
         QTest::newRow("argument looks like a placeholder")
             << "Please enter a value between %2 and x." << int(IDS_VALUE_RANGE)
             << "Bitte einen Wert zwischen %2 und x eingeben.";
-        QTest::newRow("parser detail stays") << "Parser error: Open Tag: jump" << 0
-                                             << "Fehler beim Lesen der Datei: Open Tag: jump";
+        QTest::newRow("parser detail stays")
+            << "Parser error: Open Tag: jump" << 0 << "Fehler beim Lesen der Datei: Open Tag: jump";
         QTest::newRow("file version")
             << "The file version (9.0) can not be processed. Please install an actual version of Tervola or "
                "contact support@tervola.example.org"
@@ -36,12 +36,12 @@ private slots:
                "installieren oder an support@tervola.example.org wenden.";
         QTest::newRow("no placeholder") << "The file is no valid tervola file." << 0
                                         << "Die Datei ist keine gültige Tervola-Datei.";
-        QTest::newRow("unit after the message") << "Custom Fallrate [km/h]" << int(IDS_CUSTOM_FALLRATE)
-                                                << "Eigene Fallrate [km/h]";
+        QTest::newRow("unit after the message")
+            << "Custom Fallrate [km/h]" << int(IDS_CUSTOM_FALLRATE) << "Eigene Fallrate [km/h]";
         QTest::newRow("no tail without an id") << "Custom Fallrate [km/h]" << 0 << "Custom Fallrate [km/h]";
         QTest::newRow("no message") << "disk full" << 0 << "disk full";
-        QTest::newRow("other message than the id") << "The file is no valid tervola file."
-                                                   << int(IDS_PARSER_ERROR) << "The file is no valid tervola file.";
+        QTest::newRow("other message than the id")
+            << "The file is no valid tervola file." << int(IDS_PARSER_ERROR) << "The file is no valid tervola file.";
         QTest::newRow("unknown id") << "Jump" << 4011 << "Jump";
     }
 

@@ -51,8 +51,7 @@ QList<Message> ReadTs(const QString& path)
     QList<Message> messages;
     QString context;
     QXmlStreamReader xml(&file);
-    while (!xml.atEnd())
-    {
+    while (!xml.atEnd()) {
         xml.readNext();
         if (!xml.isStartElement())
             continue;
@@ -65,8 +64,7 @@ QList<Message> ReadTs(const QString& path)
             messages.last().source = xml.readElementText();
         else if (name == QLatin1String("comment"))
             messages.last().comment = xml.readElementText();
-        else if (name == QLatin1String("translation"))
-        {
+        else if (name == QLatin1String("translation")) {
             messages.last().type = xml.attributes().value(QLatin1String("type")).toString();
             messages.last().translation = xml.readElementText(QXmlStreamReader::IncludeChildElements);
         }
@@ -109,8 +107,7 @@ private slots:
         QVERIFY(messages.size() > static_cast<qsizetype>(StringTable::Ids().size()));
         QStringList problems;
         int fromTable = 0;
-        for (const Message& m : messages)
-        {
+        for (const Message& m : messages) {
             const QString where = m.context + QStringLiteral(" \"") + m.source + QLatin1Char('"');
             fromTable += m.context == QLatin1String(MessageText::kContext);
             if (m.translation.isEmpty() || m.type == QLatin1String("unfinished"))
@@ -129,14 +126,12 @@ private slots:
     {
         const QStringList languages = CTranslations::Languages();
         QVERIFY(!languages.isEmpty());
-        for (const QString& language : languages)
-        {
+        for (const QString& language : languages) {
             QTranslator qm;
             QVERIFY(qm.load(QStringLiteral("tervola_") + language, CTranslations::Folder()));
             QCOMPARE(CTranslations::Install(QLocale(language)), language);
             QStringList problems;
-            for (const int id : StringTable::Ids())
-            {
+            for (const int id : StringTable::Ids()) {
                 const std::string english(StringTable::Text(id));
                 const QString translated =
                     qm.translate(MessageText::kContext, english.c_str(), QByteArray::number(id).constData());

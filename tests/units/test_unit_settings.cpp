@@ -41,7 +41,7 @@ TEST(UnitSettings, AnyNonZeroUnitValueIsMetric)
     units.Load(store);
     EXPECT_TRUE(units.IsMetric());
     EXPECT_TRUE(units.IsPerHour());
-    EXPECT_EQ(units.GetUnits(), 7);   // kept as stored, written back unchanged
+    EXPECT_EQ(units.GetUnits(), 7); // kept as stored, written back unchanged
     EXPECT_EQ(units.HeightLabel(), "m");
     EXPECT_EQ(units.WindLabel(), "kn");
 }
@@ -49,10 +49,16 @@ TEST(UnitSettings, AnyNonZeroUnitValueIsMetric)
 // Each conversion is one multiplication by the program's constant: compare to the bit.
 TEST(UnitSettings, ConversionsUseTheExactFactors)
 {
-    struct Case { int units, speed; double toHeight, fromHeight, toSpeed, fromSpeed, toWind, fromWind, distance; };
+    struct Case
+    {
+        int units, speed;
+        double toHeight, fromHeight, toSpeed, fromSpeed, toWind, fromWind, distance;
+    };
     const Case cases[] = {
-        {0, 0, 3.280839895013123, 0.3048, 3.280839895013123, 0.3048, 1.9438339965766924, 0.5144472222222222, 0.0006213711922000001},
-        {0, 1, 3.280839895013123, 0.3048, 2.2369362920275586, 0.44704000000536454, 1.9438339965766924, 0.5144472222222222, 0.0006213711922000001},
+        {0, 0, 3.280839895013123, 0.3048, 3.280839895013123, 0.3048, 1.9438339965766924, 0.5144472222222222,
+         0.0006213711922000001},
+        {0, 1, 3.280839895013123, 0.3048, 2.2369362920275586, 0.44704000000536454, 1.9438339965766924,
+         0.5144472222222222, 0.0006213711922000001},
         {1, 0, 1.0, 1.0, 1.0, 1.0, 2.236936292054402, 0.44704, 0.001},
         {1, 1, 1.0, 1.0, 3.6, 0.2777777777777778, 2.236936292054402, 0.44704, 0.001},
     };

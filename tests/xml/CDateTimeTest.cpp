@@ -12,11 +12,11 @@ TEST(CDateTime, ValidityFollowsTheCalendar)
         bool valid;
     };
     const Case cases[] = {
-        {2008, 2, 29, 0, 0, 0, 0, true},    {2007, 2, 29, 0, 0, 0, 0, false},  {1900, 2, 29, 0, 0, 0, 0, false},
-        {2000, 2, 29, 0, 0, 0, 0, true},    {2008, 4, 31, 0, 0, 0, 0, false},  {2008, 12, 31, 23, 59, 59, 999, true},
-        {100, 1, 1, 0, 0, 0, 0, true},      {99, 12, 31, 0, 0, 0, 0, false},   {9999, 12, 31, 0, 0, 0, 0, true},
-        {10000, 1, 1, 0, 0, 0, 0, false},   {2008, 0, 1, 0, 0, 0, 0, false},   {2008, 1, 0, 0, 0, 0, 0, false},
-        {2008, 1, 1, 24, 0, 0, 0, false},   {2008, 1, 1, 0, 60, 0, 0, false},  {2008, 1, 1, 0, 0, -1, 0, false},
+        {2008, 2, 29, 0, 0, 0, 0, true},    {2007, 2, 29, 0, 0, 0, 0, false}, {1900, 2, 29, 0, 0, 0, 0, false},
+        {2000, 2, 29, 0, 0, 0, 0, true},    {2008, 4, 31, 0, 0, 0, 0, false}, {2008, 12, 31, 23, 59, 59, 999, true},
+        {100, 1, 1, 0, 0, 0, 0, true},      {99, 12, 31, 0, 0, 0, 0, false},  {9999, 12, 31, 0, 0, 0, 0, true},
+        {10000, 1, 1, 0, 0, 0, 0, false},   {2008, 0, 1, 0, 0, 0, 0, false},  {2008, 1, 0, 0, 0, 0, 0, false},
+        {2008, 1, 1, 24, 0, 0, 0, false},   {2008, 1, 1, 0, 60, 0, 0, false}, {2008, 1, 1, 0, 0, -1, 0, false},
         {2008, 1, 1, 0, 0, 0, 1000, false},
     };
     for (const Case& c : cases) {
@@ -71,11 +71,16 @@ TEST(CDateTime, OrdersByStatusThenTime)
 {
     CDateTime invalid;
     invalid.SetInvalid();
-    const CDateTime ordered[] = {CDateTime(2008, 5, 17),          CDateTime(2008, 5, 17, 0, 0, 0, 1),
-                                 CDateTime(2008, 5, 17, 0, 0, 1), CDateTime(2008, 5, 17, 0, 1),
-                                 CDateTime(2008, 5, 17, 1),       CDateTime(2008, 5, 18),
-                                 CDateTime(2008, 6, 1),           CDateTime(2009, 1, 1),
-                                 invalid,                         CDateTime()};
+    const CDateTime ordered[] = {CDateTime(2008, 5, 17),
+                                 CDateTime(2008, 5, 17, 0, 0, 0, 1),
+                                 CDateTime(2008, 5, 17, 0, 0, 1),
+                                 CDateTime(2008, 5, 17, 0, 1),
+                                 CDateTime(2008, 5, 17, 1),
+                                 CDateTime(2008, 5, 18),
+                                 CDateTime(2008, 6, 1),
+                                 CDateTime(2009, 1, 1),
+                                 invalid,
+                                 CDateTime()};
     for (std::size_t i = 0; i < std::size(ordered); ++i)
         for (std::size_t j = 0; j < std::size(ordered); ++j)
             EXPECT_EQ(ordered[i] <=> ordered[j], i <=> j) << i << " vs " << j;

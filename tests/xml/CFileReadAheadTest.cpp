@@ -17,8 +17,8 @@ std::string Document(int jumps)
 {
     std::string doc = "<?xml version=\"1.0\" encoding=\"UTF-8\" ?><log>";
     for (int i = 0; i < jumps; ++i)
-        doc += "<jump n=\"" + std::to_string(i) + "\"><dz>Tervola \xC3\xA4 " + std::to_string(i * 7) +
-               "</dz><note>" + std::string(static_cast<std::size_t>(i % 300), 'x') + "</note><w/></jump>";
+        doc += "<jump n=\"" + std::to_string(i) + "\"><dz>Tervola \xC3\xA4 " + std::to_string(i * 7) + "</dz><note>" +
+               std::string(static_cast<std::size_t>(i % 300), 'x') + "</note><w/></jump>";
     return doc + "<end a=\"1\"/></log>";
 }
 
@@ -40,7 +40,8 @@ std::string Gzip(const std::string& text)
 
 // The parse as it was done on one thread: zlib's reader (or the C library's) feeding the parser
 // chunk by chunk, with the same end and error rules.
-ParseOutcome ParseOnOneThread(const std::string& path, bool gzip, const std::function<void(HandlerSet&, CXmlParser&)>& setup)
+ParseOutcome ParseOnOneThread(const std::string& path, bool gzip,
+                              const std::function<void(HandlerSet&, CXmlParser&)>& setup)
 {
     HandlerSet set;
     CXmlParser parser(&set.Root());
@@ -86,7 +87,8 @@ ParseOutcome ParseOnOneThread(const std::string& path, bool gzip, const std::fun
     return outcome;
 }
 
-ParseOutcome ParseWithReadAhead(const std::string& path, bool gzip, const std::function<void(HandlerSet&, CXmlParser&)>& setup,
+ParseOutcome ParseWithReadAhead(const std::string& path, bool gzip,
+                                const std::function<void(HandlerSet&, CXmlParser&)>& setup,
                                 CFileIdentity* identity = nullptr, CIoProgress* progress = nullptr)
 {
     HandlerSet set;
@@ -119,7 +121,8 @@ TEST(FileChecksum, IsXxh64WhateverThePiecesTheBytesComeIn)
     const std::string text = Document(40);
     CFileChecksum whole;
     whole.Add(text.data(), text.size());
-    for (const std::size_t piece : {std::size_t{1}, std::size_t{7}, std::size_t{31}, std::size_t{32}, std::size_t{33}}) {
+    for (const std::size_t piece :
+         {std::size_t{1}, std::size_t{7}, std::size_t{31}, std::size_t{32}, std::size_t{33}}) {
         CFileChecksum pieces;
         for (std::size_t at = 0; at < text.size(); at += piece)
             pieces.Add(text.data() + at, std::min(piece, text.size() - at));

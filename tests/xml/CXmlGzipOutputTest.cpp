@@ -86,7 +86,7 @@ TEST_F(GzipOutput, ZlibReadsOneStreamEqualToTheText)
         std::size_t textBytes;
         std::size_t blockBytes;
         unsigned threads;
-        std::size_t piece;   // bytes per Write call
+        std::size_t piece; // bytes per Write call
     };
     const Case cases[] = {
         {"empty text", 0, 1000, 2, 1},
@@ -149,7 +149,7 @@ TEST_F(GzipOutput, AFailedWriteAtAnyBlockFailsTheStream)
         ASSERT_TRUE(output->Write(text.data(), text.size()));
         ASSERT_TRUE(output->Close());
     }
-    ASSERT_GT(total, 20);   // header, blocks, trailer
+    ASSERT_GT(total, 20); // header, blocks, trailer
     for (int allowed = 0; allowed < total; ++allowed) {
         int writes = 0;
         auto output = CXmlGzipOutput::Create(std::make_unique<CFailingSink>(allowed, &writes), {8192, 2, 9});

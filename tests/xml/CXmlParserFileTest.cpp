@@ -89,7 +89,8 @@ TEST_F(ParserFiles, EachParseStartsFromUtf8)
 {
     HandlerSet set;
     CXmlParser parser(&set.Root());
-    EXPECT_TRUE(parser.ParseFile(WritePlain("latin.tvl", "<?xml version=\"1.0\" encoding=\"ISO-8859-1\" ?><a>\xE9</a>")));
+    EXPECT_TRUE(
+        parser.ParseFile(WritePlain("latin.tvl", "<?xml version=\"1.0\" encoding=\"ISO-8859-1\" ?><a>\xE9</a>")));
     EXPECT_EQ(parser.GetEncoding(), Latin1);
     EXPECT_TRUE(parser.ParseFile(WritePlain("utf.tvl", "<a>\xC3\xA9</a>")));
     EXPECT_EQ(parser.GetEncoding(), Utf8);

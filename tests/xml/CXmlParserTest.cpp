@@ -40,24 +40,20 @@ INSTANTIATE_TEST_SUITE_P(
         EventCase{"empty element with attributes reports start then end", "<r><a x=\"1\"/></r>", true,
                   "<r> | <a x='1'> | </a>'' | </r>''"},
         EventCase{"blank before '>' in a start tag", "<a >t</a>", true, "<a> | </a>'t'"},
-        EventCase{"whitespace between attributes", "<a\tx=\"1\"\r\n y=\"2\">t</a>", true,
-                  "<a x='1' y='2'> | </a>'t'"},
+        EventCase{"whitespace between attributes", "<a\tx=\"1\"\r\n y=\"2\">t</a>", true, "<a x='1' y='2'> | </a>'t'"},
         EventCase{"later duplicate attribute replaces the earlier one", "<a x=\"1\" x=\"2\"/>", true,
                   "<a x='2'> | </a>''"},
         EventCase{"bytes after a value up to whitespace are ignored", "<a x=\"1\"y=\"2\"/>", true,
                   "<a x='1'> | </a>''"},
-        EventCase{"blanks around '=' belong to the name or are skipped", "<a x = \"1\"/>", true,
-                  "<a x ='1'> | </a>''"},
-        EventCase{"unquoted bytes before the value's quote are skipped", "<a x=abc\"1\"/>", true,
-                  "<a x='1'> | </a>''"},
+        EventCase{"blanks around '=' belong to the name or are skipped", "<a x = \"1\"/>", true, "<a x ='1'> | </a>''"},
+        EventCase{"unquoted bytes before the value's quote are skipped", "<a x=abc\"1\"/>", true, "<a x='1'> | </a>''"},
         EventCase{"'>' inside an attribute value is data", "<a x=\"1>2\"/>", true, "<a x='1>2'> | </a>''"},
         EventCase{"attribute name cut by '>' is dropped", "<a x=\"1\" y>t</a>", true, "<a x='1'> | </a>'t'"},
         EventCase{"blank before '/>' leaves the element open", "<a x=\"1\" />", false, "<a x='1'>"},
         EventCase{"text is cut at a line break", "<a>line1\r\nline2</a>", true, "<a> | </a>'line2'"},
         EventCase{"leading blanks stay, leading tabs go", "<a>x\n\t  y </a>", true, "<a> | </a>'  y '"},
         EventCase{"blanks before a line break keep their mark", "<a>  \n b</a>", true, "<a> | </a>'  \n b'"},
-        EventCase{"layout between tags is not text", "<r>\r\n  <a>t</a>\r\n</r>", true,
-                  "<r> | <a> | </a>'t' | </r>''"},
+        EventCase{"layout between tags is not text", "<r>\r\n  <a>t</a>\r\n</r>", true, "<r> | <a> | </a>'t' | </r>''"},
         EventCase{"text survives until an end tag clears it", "<r><a>x\n<b/></a><c/></r>", true,
                   "<r> | <a> | </b>'x' | </a>'x' | </c>'' | </r>''"},
         EventCase{"text before a start tag reaches the next end tag", "<r><b>y<c></c></b></r>", true,
@@ -81,15 +77,14 @@ INSTANTIATE_TEST_SUITE_P(
     Decoding, ParserEvents,
     testing::Values(
         EventCase{"UTF-8 by default", "<a>\xC3\xA9\xE2\x82\xAC</a>", true, "<a> | </a>'\xC3\xA9?'"},
-        EventCase{"declared ISO-8859-1",
-                  "<?xml version=\"1.0\" encoding=\"ISO-8859-1\" ?><a v=\"\xE9\">\xC3\xA9</a>", true,
-                  "<a v='\xC3\xA9'> | </a>'\xC3\x83\xC2\xA9'"},
+        EventCase{"declared ISO-8859-1", "<?xml version=\"1.0\" encoding=\"ISO-8859-1\" ?><a v=\"\xE9\">\xC3\xA9</a>",
+                  true, "<a v='\xC3\xA9'> | </a>'\xC3\x83\xC2\xA9'"},
         EventCase{"declared utf-8 in lower case", "<?xml version=\"1.0\" encoding=\"utf-8\"?><a>\xC3\xA9</a>", true,
                   "<a> | </a>'\xC3\xA9'"},
         EventCase{"ISO-8859-1 in lower case is not recognised",
                   "<?xml version=\"1.0\" encoding=\"iso-8859-1\"?><a>\xC3\xA9</a>", true, "<a> | </a>'\xC3\xA9'"},
-        EventCase{"a declaration after the first tag is an element",
-                  "<r><?xml encoding=\"ISO-8859-1\"?></r>", false, "<r> | <?xml encoding='ISO-8859-1'> | </r>''"},
+        EventCase{"a declaration after the first tag is an element", "<r><?xml encoding=\"ISO-8859-1\"?></r>", false,
+                  "<r> | <?xml encoding='ISO-8859-1'> | </r>''"},
         EventCase{"entity in an element name", "<a&#x41;>t</a&#x41;>", true, "<aA> | </aA>'t'"}),
     [](const testing::TestParamInfo<EventCase>& param) { return "case" + std::to_string(param.index); });
 
@@ -191,8 +186,9 @@ TEST(ParserRouting, DelegatedElementsReachTheChildUntilTheirEndTag)
         jump.DelegateOn("sig", &sig);
     });
     EXPECT_TRUE(outcome.ok);
-    EXPECT_EQ(Joined(outcome.events), "<log> | <jump n='1'> | J<dz> | J</dz>'X' | J<sig> | S<p x='1'> | S</p>'' | S</sig>'' | "
-                                      "J</jump>'' | <jump n='2'> | J</jump>'' | </end>'' | </log>''");
+    EXPECT_EQ(Joined(outcome.events),
+              "<log> | <jump n='1'> | J<dz> | J</dz>'X' | J<sig> | S<p x='1'> | S</p>'' | S</sig>'' | "
+              "J</jump>'' | <jump n='2'> | J</jump>'' | </end>'' | </log>''");
 }
 
 TEST(ParserRouting, DelegateOutsideAStartTagIsIgnored)

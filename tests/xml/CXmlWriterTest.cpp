@@ -91,7 +91,9 @@ TEST(XmlWriter, EscapesAndEncodesText)
         {"\xF0\x9F\x98\x80", "&#xD83D;&#xDE00;", "&#xD83D;&#xDE00;"},
         {"\xF4\x8F\xBF\xBF", "&#xDBFF;&#xDFFF;", "&#xDBFF;&#xDFFF;"},
         // Malformed UTF-8 input: one '?' per byte that cannot start a character.
-        {"a\xFF" "b\xC3(\xED\xA0\x80\xC0\xAF", "a?b?(?????", "a?b?(?????"},
+        {"a\xFF"
+         "b\xC3(\xED\xA0\x80\xC0\xAF",
+         "a?b?(?????", "a?b?(?????"},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.text);
@@ -121,9 +123,8 @@ TEST(XmlWriter, TextRoundTripsThroughTheReader)
         for (XmlEncoding encoding : {Utf8, Latin1}) {
             SCOPED_TRACE(testing::Message() << "round " << round << " encoding " << encoding);
             // Blanks alone between tags are layout to the reader, so the text gets a visible frame.
-            const std::string bytes = WriteToString(encoding, Compact, [&](CXmlWriter& w) {
-                w.WriteElement("e", "[" + text + "]", "v", text);
-            });
+            const std::string bytes = WriteToString(
+                encoding, Compact, [&](CXmlWriter& w) { w.WriteElement("e", "[" + text + "]", "v", text); });
             const ParseOutcome outcome = ParseEverySplit(bytes);
             ASSERT_TRUE(outcome.ok);
             ASSERT_EQ(outcome.events.size(), 2u);
@@ -178,8 +179,8 @@ TEST(XmlWriter, FailedWritesAreStickyAndCloseReportsThem)
         bool closeResult;
     };
     const std::string longText(100000, 'x');
-    for (const Case& c : {Case{1u << 30, false, true}, Case{1u << 30, true, false}, Case{1000, false, false},
-                          Case{0, false, false}}) {
+    for (const Case& c :
+         {Case{1u << 30, false, true}, Case{1u << 30, true, false}, Case{1000, false, false}, Case{0, false, false}}) {
         SCOPED_TRACE(c.capacity);
         CXmlWriter writer(Utf8, XmlPlainFile, Compact);
         ASSERT_TRUE(writer.Open(std::make_unique<FailingOutput>(c.capacity, c.closeFails)));

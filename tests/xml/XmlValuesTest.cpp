@@ -36,12 +36,28 @@ void CheckReads(const std::vector<ReadCase<T>>& cases, Reader read, T untouched)
 
 TEST(XmlValues, Booleans)
 {
-    CheckReads<bool>({{"true", true}, {"TRUE", true}, {"Wahr", true}, {"1", true}, {"false", false},
-                      {"FaLsE", false}, {"FALSCH", false}, {"0", false}, {"", std::nullopt}, {"yes", std::nullopt},
-                      {" true", std::nullopt}, {"01", std::nullopt}},
+    CheckReads<bool>({{"true", true},
+                      {"TRUE", true},
+                      {"Wahr", true},
+                      {"1", true},
+                      {"false", false},
+                      {"FaLsE", false},
+                      {"FALSCH", false},
+                      {"0", false},
+                      {"", std::nullopt},
+                      {"yes", std::nullopt},
+                      {" true", std::nullopt},
+                      {"01", std::nullopt}},
                      XmlBoolFromString, true);
-    CheckReads<bool>({{"true", true}, {"wahr", true}, {"1", true}, {"false", false}, {"falsch", false},
-                      {"0", false}, {"", false}, {"TRUE", std::nullopt}, {"Wahr", std::nullopt},
+    CheckReads<bool>({{"true", true},
+                      {"wahr", true},
+                      {"1", true},
+                      {"false", false},
+                      {"falsch", false},
+                      {"0", false},
+                      {"", false},
+                      {"TRUE", std::nullopt},
+                      {"Wahr", std::nullopt},
                       {"no", std::nullopt}},
                      XmlBoolFromBytes, true);
 }
@@ -57,18 +73,38 @@ TEST(XmlValues, IntegersWritten)
 
 TEST(XmlValues, IntegersRead)
 {
-    auto wide = [](bool minus) { return [minus](std::string_view t, int& v) { return XmlIntFromString(t, v, minus); }; };
-    auto bytes = [](bool minus) { return [minus](std::string_view t, int& v) { return XmlIntFromBytes(t, v, minus); }; };
+    auto wide = [](bool minus) {
+        return [minus](std::string_view t, int& v) { return XmlIntFromString(t, v, minus); };
+    };
+    auto bytes = [](bool minus) {
+        return [minus](std::string_view t, int& v) { return XmlIntFromBytes(t, v, minus); };
+    };
     // Overflow clamps instead of wrapping.
-    CheckReads<int>({{"42", 42}, {"007", 7}, {"", std::nullopt}, {"-5", std::nullopt}, {"1.5", std::nullopt},
-                     {" 1", std::nullopt}, {"99999999999", INT_MAX}},
+    CheckReads<int>({{"42", 42},
+                     {"007", 7},
+                     {"", std::nullopt},
+                     {"-5", std::nullopt},
+                     {"1.5", std::nullopt},
+                     {" 1", std::nullopt},
+                     {"99999999999", INT_MAX}},
                     wide(false), -1);
-    CheckReads<int>({{"-5", -5}, {"5-", 5}, {"1-2", 1}, {"-", 0}, {"--5", std::nullopt}, {"-2147483648", INT_MIN},
-                     {"-99999999999", INT_MIN}, {"+5", std::nullopt}},
+    CheckReads<int>({{"-5", -5},
+                     {"5-", 5},
+                     {"1-2", 1},
+                     {"-", 0},
+                     {"--5", std::nullopt},
+                     {"-2147483648", INT_MIN},
+                     {"-99999999999", INT_MIN},
+                     {"+5", std::nullopt}},
                     wide(true), -1);
     CheckReads<int>({{"", 0}, {"42", 42}, {"-5", std::nullopt}, {"x", std::nullopt}}, bytes(false), -1);
-    CheckReads<int>({{"-5", -5}, {"12-", 12}, {"-", 0}, {"1-2", std::nullopt}, {"-5-", std::nullopt},
-                     {"2147483648", INT_MAX}, {"4.0", std::nullopt}},
+    CheckReads<int>({{"-5", -5},
+                     {"12-", 12},
+                     {"-", 0},
+                     {"1-2", std::nullopt},
+                     {"-5-", std::nullopt},
+                     {"2147483648", INT_MAX},
+                     {"4.0", std::nullopt}},
                     bytes(true), -1);
 }
 
@@ -81,12 +117,21 @@ TEST(XmlValues, DoublesWritten)
         const char* text;
     };
     const Case cases[] = {
-        {1.0, false, "1.0"},      {2.5, false, "2.5"},         {100, false, "100.0"},
-        {-3.25, false, "-3.25"},  {0.000000001, false, ""},    {1e-8, false, ""},
-        {-1e-8, false, ""},       {2e-8, false, "0.00000002"}, {0.0, true, "0.0"},
-        {0.0, false, ""},         {1e-15, true, "0.0"},        {-1e-15, true, "-0.0"},
+        {1.0, false, "1.0"},
+        {2.5, false, "2.5"},
+        {100, false, "100.0"},
+        {-3.25, false, "-3.25"},
+        {0.000000001, false, ""},
+        {1e-8, false, ""},
+        {-1e-8, false, ""},
+        {2e-8, false, "0.00000002"},
+        {0.0, true, "0.0"},
+        {0.0, false, ""},
+        {1e-15, true, "0.0"},
+        {-1e-15, true, "-0.0"},
         {1e-9, true, "0.000000001"},
-        {0.1, false, "0.1"},      {1.0 / 3, false, "0.33333333333333"},
+        {0.1, false, "0.1"},
+        {1.0 / 3, false, "0.33333333333333"},
         {123456.7890123456789, false, "123456.78901234567456"},
         {1e20, false, "100000000000000000000.0"},
     };
@@ -115,9 +160,20 @@ TEST(XmlValues, DoublesMatchPrintf)
         return s;
     };
     std::mt19937_64 random(20240611);
-    std::vector<double> values = {0.5e-14, 0.5e-14 * 3, 1e-8, 1.0000000001e-8, 9.99999999999995, 0.125,
-                                  1.5e-14, 2.5e-14, 1.7976931348623157e308, -1.7976931348623157e308,
-                                  4.9e-324, -0.0, 1e15 + 0.5, 123.456};
+    std::vector<double> values = {0.5e-14,
+                                  0.5e-14 * 3,
+                                  1e-8,
+                                  1.0000000001e-8,
+                                  9.99999999999995,
+                                  0.125,
+                                  1.5e-14,
+                                  2.5e-14,
+                                  1.7976931348623157e308,
+                                  -1.7976931348623157e308,
+                                  4.9e-324,
+                                  -0.0,
+                                  1e15 + 0.5,
+                                  123.456};
     std::uniform_real_distribution<double> unit(-1.0, 1.0);
     std::uniform_int_distribution<int> exponent(-30, 30);
     for (int i = 0; i < 20000; ++i) {
@@ -132,9 +188,8 @@ TEST(XmlValues, DoublesMatchPrintf)
     // Where integer formatting changes its way of working: the rounding of tiny values, 64-bit
     // against 128-bit scaled values (about 184467.44), integer parts beyond 19 digits, and the
     // largest magnitudes it handles (about 1.2e24) with the library's path just above them.
-    const std::pair<double, double> regions[] = {{1e-16, 1e-13},    {184467.0, 184468.0}, {9.9e18, 1.1e19},
-                                                 {1e19, 1e23},      {1.1e24, 1.3e24},     {0.0, 1e-300},
-                                                 {4000.0, 4000.1}};
+    const std::pair<double, double> regions[] = {{1e-16, 1e-13},   {184467.0, 184468.0}, {9.9e18, 1.1e19}, {1e19, 1e23},
+                                                 {1.1e24, 1.3e24}, {0.0, 1e-300},        {4000.0, 4000.1}};
     std::uniform_real_distribution<double> share(0.0, 1.0);
     for (const auto& [low, high] : regions)
         for (int i = 0; i < 2000; ++i)
@@ -155,14 +210,25 @@ TEST(XmlValues, DoublesRead)
 {
     auto wide = [](bool m) { return [m](std::string_view t, double& v) { return XmlDoubleFromString(t, v, m); }; };
     auto bytes = [](bool m) { return [m](std::string_view t, double& v) { return XmlDoubleFromBytes(t, v, m); }; };
-    CheckReads<double>({{"2.5", 2.5}, {"7", 7.0}, {".5", 0.5}, {"5.", 5.0}, {"", std::nullopt},
-                        {"1.2.3", std::nullopt}, {"-1", std::nullopt}, {"1e5", std::nullopt}, {"1,5", std::nullopt}},
+    CheckReads<double>({{"2.5", 2.5},
+                        {"7", 7.0},
+                        {".5", 0.5},
+                        {"5.", 5.0},
+                        {"", std::nullopt},
+                        {"1.2.3", std::nullopt},
+                        {"-1", std::nullopt},
+                        {"1e5", std::nullopt},
+                        {"1,5", std::nullopt}},
                        wide(false), -9.0);
     CheckReads<double>({{"-2.5", -2.5}, {"2-", 2.0}, {"1-2", 1.0}, {"-", 0.0}, {".", 0.0}, {"--1", std::nullopt}},
                        wide(true), -9.0);
     CheckReads<double>({{"", 0.0}, {"3.75", 3.75}, {"-3", std::nullopt}, {"a", std::nullopt}}, bytes(false), -9.0);
-    CheckReads<double>({{"-3.5", -3.5}, {"3.5-", 3.5}, {"3-5", std::nullopt}, {"0.1", 0.1},
-                        {"1" + std::string(400, '0'), HUGE_VAL}, {"-1" + std::string(400, '0'), -HUGE_VAL}},
+    CheckReads<double>({{"-3.5", -3.5},
+                        {"3.5-", 3.5},
+                        {"3-5", std::nullopt},
+                        {"0.1", 0.1},
+                        {"1" + std::string(400, '0'), HUGE_VAL},
+                        {"-1" + std::string(400, '0'), -HUGE_VAL}},
                        bytes(true), -9.0);
 }
 
@@ -175,13 +241,29 @@ TEST(XmlValues, DoublesReadExactlyAsTheLibrary)
     std::uniform_int_distribution<int> digit(0, 9);
     // Besides plain cases: texts exactly halfway between two doubles, which must round to even,
     // and texts a hair beside such a halfway point, where rounding twice would go wrong.
-    std::vector<std::string> texts = {"0", "-0", "0.0", "9007199254740992", "9007199254740993", "0.1",
-                                      "3899.59999999999991", "1.0000000000000000000001", "123456789012345678.9",
-                                      "18014398509481986", "4503599627370496.5", "-4503599627370497.5",
-                                      "2251799813685248.25", "2251799813685248.75", "1125899906842624.125",
-                                      "9999999999999999999", "0.9999999999999999999", "1.992828565558163123",
-                                      "9.241925569273832686", "18.07999670642412049", "75.64934468536583978",
-                                      "300.4158526653332899", "2618.370964110950581"};
+    std::vector<std::string> texts = {"0",
+                                      "-0",
+                                      "0.0",
+                                      "9007199254740992",
+                                      "9007199254740993",
+                                      "0.1",
+                                      "3899.59999999999991",
+                                      "1.0000000000000000000001",
+                                      "123456789012345678.9",
+                                      "18014398509481986",
+                                      "4503599627370496.5",
+                                      "-4503599627370497.5",
+                                      "2251799813685248.25",
+                                      "2251799813685248.75",
+                                      "1125899906842624.125",
+                                      "9999999999999999999",
+                                      "0.9999999999999999999",
+                                      "1.992828565558163123",
+                                      "9.241925569273832686",
+                                      "18.07999670642412049",
+                                      "75.64934468536583978",
+                                      "300.4158526653332899",
+                                      "2618.370964110950581"};
     std::uniform_real_distribution<double> unit(0.0, 1.0);
     for (int i = 0; i < 20000; ++i) {
         std::string text = i % 2 ? "-" : "";
@@ -224,29 +306,28 @@ TEST(XmlValues, DateTimes)
     EXPECT_EQ(XmlDateTimeToString(CDateTime()), "");
 
     const CDateTime untouched(2000, 1, 1);
-    CheckReads<CDateTime>(
-        {{"2008-05-17T14:03:00Z", CDateTime(2008, 5, 17, 14, 3, 0)},
-         {"2008-05-17t14:03:00.250z", CDateTime(2008, 5, 17, 14, 3, 0, 250)},
-         {"2008-02-29T00:00:00Z", CDateTime(2008, 2, 29)},
-         {"0100-01-01T00:00:00Z", CDateTime(100, 1, 1)},
-         {"9999-12-31T23:59:59.999Z", CDateTime(9999, 12, 31, 23, 59, 59, 999)},
-         {"2008-05-17T14:03:00", std::nullopt},
-         {"2008-05-17 14:03:00Z", std::nullopt},
-         {"0099-05-17T14:03:00Z", std::nullopt},
-         {"2007-02-29T00:00:00Z", std::nullopt},
-         {"2008-02-31T00:00:00Z", std::nullopt},
-         {"2008-13-01T00:00:00Z", std::nullopt},
-         {"2008-00-01T00:00:00Z", std::nullopt},
-         {"2008-05-17T24:00:00Z", std::nullopt},
-         {"2008-05-17T14:60:00Z", std::nullopt},
-         {"2008-05-17T14:03:60Z", std::nullopt},
-         {"2008-05-17T14:03:00.25Z", std::nullopt},
-         {"2008-05-17T14:03:00,250Z", std::nullopt},
-         {"2008/05/17T14:03:00Z", std::nullopt},
-         {"2008-05-17T14-03:00Z", std::nullopt},
-         {"2008-05-1xT14:03:00Z", std::nullopt},
-         {"2008-05-17T14:03:00+02", std::nullopt}},
-        XmlDateTimeFromString, untouched);
+    CheckReads<CDateTime>({{"2008-05-17T14:03:00Z", CDateTime(2008, 5, 17, 14, 3, 0)},
+                           {"2008-05-17t14:03:00.250z", CDateTime(2008, 5, 17, 14, 3, 0, 250)},
+                           {"2008-02-29T00:00:00Z", CDateTime(2008, 2, 29)},
+                           {"0100-01-01T00:00:00Z", CDateTime(100, 1, 1)},
+                           {"9999-12-31T23:59:59.999Z", CDateTime(9999, 12, 31, 23, 59, 59, 999)},
+                           {"2008-05-17T14:03:00", std::nullopt},
+                           {"2008-05-17 14:03:00Z", std::nullopt},
+                           {"0099-05-17T14:03:00Z", std::nullopt},
+                           {"2007-02-29T00:00:00Z", std::nullopt},
+                           {"2008-02-31T00:00:00Z", std::nullopt},
+                           {"2008-13-01T00:00:00Z", std::nullopt},
+                           {"2008-00-01T00:00:00Z", std::nullopt},
+                           {"2008-05-17T24:00:00Z", std::nullopt},
+                           {"2008-05-17T14:60:00Z", std::nullopt},
+                           {"2008-05-17T14:03:60Z", std::nullopt},
+                           {"2008-05-17T14:03:00.25Z", std::nullopt},
+                           {"2008-05-17T14:03:00,250Z", std::nullopt},
+                           {"2008/05/17T14:03:00Z", std::nullopt},
+                           {"2008-05-17T14-03:00Z", std::nullopt},
+                           {"2008-05-1xT14:03:00Z", std::nullopt},
+                           {"2008-05-17T14:03:00+02", std::nullopt}},
+                          XmlDateTimeFromString, untouched);
 }
 
 TEST(XmlValues, ZonedDateTimes)
@@ -258,11 +339,10 @@ TEST(XmlValues, ZonedDateTimes)
         CZonedDateTime value;
         const char* text;
     };
-    for (const WriteCase& c : {WriteCase{{t, 0}, "2008-05-17T14:03:00Z"}, WriteCase{{t, 120}, "2008-05-17T14:03:00+02"},
-                               WriteCase{{ms, -330}, "2008-05-17T14:03:00.500-05:30"},
-                               WriteCase{{t, 45}, "2008-05-17T14:03:00+00:45"},
-                               WriteCase{{t, -60}, "2008-05-17T14:03:00-01"},
-                               WriteCase{{CDateTime(2008, 2, 30), 60}, ""}})
+    for (const WriteCase& c :
+         {WriteCase{{t, 0}, "2008-05-17T14:03:00Z"}, WriteCase{{t, 120}, "2008-05-17T14:03:00+02"},
+          WriteCase{{ms, -330}, "2008-05-17T14:03:00.500-05:30"}, WriteCase{{t, 45}, "2008-05-17T14:03:00+00:45"},
+          WriteCase{{t, -60}, "2008-05-17T14:03:00-01"}, WriteCase{{CDateTime(2008, 2, 30), 60}, ""}})
         EXPECT_EQ(XmlZonedDateTimeToString(c.value), c.text);
 
     const CZonedDateTime untouched{CDateTime(2000, 1, 1), 7};
@@ -300,9 +380,19 @@ TEST(XmlValues, TimeOfDayAndMinutes)
     CDateTime value;
     EXPECT_FALSE(XmlTimeOfDayFromString("12:00", CDateTime(), value));
 
-    CheckReads<int>({{"", 0}, {"3:20", 200}, {"0:59", 59}, {"1.5", 90}, {"12.0", 720}, {"2,5", 150},
-                     {"3:60", std::nullopt}, {"3.10", std::nullopt}, {"12", std::nullopt}, {":30", std::nullopt},
-                     {"3:", std::nullopt}, {"1:2:3", std::nullopt}, {"-1:00", std::nullopt},
+    CheckReads<int>({{"", 0},
+                     {"3:20", 200},
+                     {"0:59", 59},
+                     {"1.5", 90},
+                     {"12.0", 720},
+                     {"2,5", 150},
+                     {"3:60", std::nullopt},
+                     {"3.10", std::nullopt},
+                     {"12", std::nullopt},
+                     {":30", std::nullopt},
+                     {"3:", std::nullopt},
+                     {"1:2:3", std::nullopt},
+                     {"-1:00", std::nullopt},
                      {"99999999999:00", std::nullopt}},
                     XmlMinutesFromString, -1);
 }
