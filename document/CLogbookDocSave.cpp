@@ -9,7 +9,10 @@
 #include "document/SettingsReader.h"
 #include "resources/StringTable.h"
 #include "units/ISettingsStore.h"
+#include "xml/CChecksumOutput.h"
 #include "xml/CIoProgress.h"
+#include "xml/CXmlFileOutput.h"
+#include "xml/CXmlGzipOutput.h"
 #include "xml/CXmlWriter.h"
 #include "xml/IXmlOutput.h"
 #include "xml/XmlValues.h"
@@ -42,6 +45,20 @@ bool ChangedOnDisk(const std::string& path, const CFileIdentity& known)
     if (!ec && size != known.size)
         return true;
     return !CFileIdentity::Of(path).SameContent(known);
+}
+
+// The file output of a save: the bytes that reach the file are summed on their way, compressed
+// ones for a gzip logbook. Null when the file cannot be created.
+std::unique_ptr<IXmlOutput> SummedFileOutput(const std::string& path, bool gzip, CFileChecksum& checksum,
+                                             std::uint64_t& size)
+{
+    std::unique_ptr<IXmlOutput> file = CXmlFileOutput::Create(path);
+    if (!file)
+        return nullptr;
+    auto summed = std::make_unique<CChecksumOutput>(std::move(file), checksum, size);
+    if (!gzip)
+        return summed;
+    return CXmlGzipOutput::Create(std::move(summed), CXmlGzipOutput::Options());
 }
 
 } // namespace
@@ -109,9 +126,12 @@ CSaveResult CLogbookDoc::WriteFile(const std::string& path, SaveCheck check)
     SafeFileReplace::RemoveLeftovers(path);
 
     bool ok = false;
+    CFileChecksum checksum;
+    std::uint64_t writtenBytes = 0;
     {
         CXmlWriter writer(Utf8, gzip ? XmlGzipFile : XmlPlainFile, Compact | SkipEmpty);
-        const bool opened = m_outputFactory ? writer.Open(m_outputFactory(temporary, gzip)) : writer.Open(temporary);
+        const bool opened = writer.Open(m_outputFactory ? m_outputFactory(temporary, gzip)
+                                                        : SummedFileOutput(temporary, gzip, checksum, writtenBytes));
         if (opened) {
             const bool written = WriteTo(writer);
             const bool closed = writer.Close();
@@ -119,8 +139,10 @@ CSaveResult CLogbookDoc::WriteFile(const std::string& path, SaveCheck check)
         }
     }
     if (ok && SafeFileReplace::SyncFile(temporary)) {
-        // Read back from the disk cache: the identity of exactly the bytes that go in place.
-        result.identity = CFileIdentity::Of(temporary);
+        // The identity of exactly the bytes that go in place: summed as they were written, or, for
+        // an output a test supplied, read back.
+        result.identity = m_outputFactory ? CFileIdentity::Of(temporary)
+                                          : CFileIdentity::OfWritten(temporary, writtenBytes, checksum.Value());
         ok = result.identity.known && SafeFileReplace::Commit(temporary, path);
     } else {
         ok = false;

@@ -41,3 +41,18 @@ CFileIdentity CFileIdentity::Of(const std::string& path)
     identity.known = true;
     return identity;
 }
+
+CFileIdentity CFileIdentity::OfWritten(const std::string& path, std::uint64_t size, std::uint64_t checksum)
+{
+    CFileIdentity identity;
+    struct stat info
+    {
+    };
+    if (::stat(path.c_str(), &info) != 0 || !S_ISREG(info.st_mode) || static_cast<std::uint64_t>(info.st_size) != size)
+        return identity;
+    identity.modifiedNs = static_cast<std::int64_t>(info.st_mtim.tv_sec) * 1'000'000'000 + info.st_mtim.tv_nsec;
+    identity.size = size;
+    identity.checksum = checksum;
+    identity.known = true;
+    return identity;
+}

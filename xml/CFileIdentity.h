@@ -15,6 +15,9 @@ struct CFileIdentity
 
     // Reads the whole file at path; unknown when it does not exist or cannot be read.
     static CFileIdentity Of(const std::string& path);
+    // The identity of a file just written whose bytes were counted and summed as they went out:
+    // only its modification time is read. Unknown when the file is missing or its size differs.
+    static CFileIdentity OfWritten(const std::string& path, std::uint64_t size, std::uint64_t checksum);
 
     // The same bytes, whatever the times say: a program that wrote the same content again (a
     // synchronising service, for one) has changed nothing.
