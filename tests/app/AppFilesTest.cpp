@@ -219,4 +219,4 @@ private slots:
 };
 
 QTEST_MAIN(TestFiles)
-#include "test_app_files.moc"
+#include "AppFilesTest.moc"

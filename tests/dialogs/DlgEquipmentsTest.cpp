@@ -202,4 +202,4 @@ private:
 };
 
 QTEST_MAIN(TestDlgEquipments)
-#include "test_dlg_equipments.moc"
+#include "DlgEquipmentsTest.moc"

@@ -170,4 +170,4 @@ private slots:
 };
 
 QTEST_MAIN(TestImport)
-#include "test_app_import.moc"
+#include "AppImportTest.moc"

@@ -141,4 +141,4 @@ private slots:
 };
 
 QTEST_MAIN(TestJumps)
-#include "test_app_jumps.moc"
+#include "AppJumpsTest.moc"

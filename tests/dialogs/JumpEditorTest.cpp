@@ -178,4 +178,4 @@ private slots:
 };
 
 QTEST_MAIN(TestJumpEditor)
-#include "test_jump_editor.moc"
+#include "JumpEditorTest.moc"

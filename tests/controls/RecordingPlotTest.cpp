@@ -201,4 +201,4 @@ private slots:
 };
 
 QTEST_MAIN(TestRecordingPlot)
-#include "test_recording_plot.moc"
+#include "RecordingPlotTest.moc"

@@ -118,4 +118,4 @@ private:
 };
 
 QTEST_MAIN(TestDlgPreferences)
-#include "test_dlg_preferences.moc"
+#include "DlgPreferencesTest.moc"

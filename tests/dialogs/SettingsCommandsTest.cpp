@@ -157,4 +157,4 @@ private slots:
 };
 
 QTEST_MAIN(TestSettingsCommands)
-#include "test_settings_commands.moc"
+#include "SettingsCommandsTest.moc"

@@ -285,4 +285,4 @@ private slots:
 };
 
 QTEST_MAIN(TestView)
-#include "test_app_view.moc"
+#include "AppViewTest.moc"

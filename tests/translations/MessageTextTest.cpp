@@ -1,9 +1,9 @@
 // Messages the core composed in English come out in the user's language with the parts the core
 // put in kept as they are, and unchanged where no translation is installed.
 
+#include "translations/MessageText.h"
 #include "resources/StringTable.h"
 #include "translations/CTranslations.h"
-#include "translations/MessageText.h"
 
 #include <QTest>
 
@@ -72,4 +72,4 @@ private slots:
 };
 
 QTEST_GUILESS_MAIN(TestMessageText)
-#include "test_message_text.moc"
+#include "MessageTextTest.moc"

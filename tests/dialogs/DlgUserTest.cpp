@@ -156,4 +156,4 @@ private slots:
 };
 
 QTEST_MAIN(TestDlgUser)
-#include "test_dlg_user.moc"
+#include "DlgUserTest.moc"

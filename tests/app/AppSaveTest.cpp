@@ -240,4 +240,4 @@ private slots:
 };
 
 QTEST_MAIN(TestSave)
-#include "test_app_save.moc"
+#include "AppSaveTest.moc"

@@ -152,4 +152,4 @@ private slots:
 } // namespace
 
 QTEST_GUILESS_MAIN(TranslationsComplete)
-#include "test_translations_complete.moc"
+#include "TranslationsCompleteTest.moc"

@@ -196,4 +196,4 @@ private slots:
 };
 
 QTEST_MAIN(TestStartup)
-#include "test_app_startup.moc"
+#include "AppStartupTest.moc"

@@ -265,4 +265,4 @@ private slots:
 };
 
 QTEST_MAIN(TestKeypads)
-#include "test_keypads.moc"
+#include "KeypadsTest.moc"

@@ -125,4 +125,4 @@ private:
 };
 
 QTEST_MAIN(TestSettingsRenders)
-#include "test_settings_renders.moc"
+#include "SettingsRendersTest.moc"

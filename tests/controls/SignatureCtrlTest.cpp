@@ -227,4 +227,4 @@ private slots:
 };
 
 QTEST_MAIN(SignatureCtrlTest)
-#include "test_signature_ctrl.moc"
+#include "SignatureCtrlTest.moc"

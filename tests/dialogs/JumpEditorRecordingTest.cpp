@@ -203,4 +203,4 @@ private slots:
 };
 
 QTEST_MAIN(TestJumpEditorRecording)
-#include "test_jump_editor_recording.moc"
+#include "JumpEditorRecordingTest.moc"

@@ -148,4 +148,4 @@ private slots:
 };
 
 QTEST_MAIN(PropertySheetTest)
-#include "test_property_sheet.moc"
+#include "PropertySheetTest.moc"

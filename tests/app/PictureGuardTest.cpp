@@ -157,4 +157,4 @@ private:
 };
 
 QTEST_MAIN(TestPictureGuard)
-#include "test_picture_guard.moc"
+#include "PictureGuardTest.moc"

@@ -106,4 +106,4 @@ private slots:
 };
 
 QTEST_MAIN(TestJumpEditorRenders)
-#include "test_jump_editor_renders.moc"
+#include "JumpEditorRendersTest.moc"
