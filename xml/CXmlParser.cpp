@@ -55,7 +55,7 @@ CXmlParser::~CXmlParser() = default;
 void CXmlParser::Reset()
 {
     m_encoding = Utf8;
-    m_state = 0;
+    m_state = State::BetweenTags;
     m_firstTag = true;
     m_stopped = false;
     m_delegateAllowed = false;
@@ -170,253 +170,307 @@ bool CXmlParser::ParseString(std::string_view text)
     return Finish();
 }
 
+struct CXmlParser::Cursor
+{
+    const char* data;
+    const unsigned char* bytes; // data, read as bytes
+    std::size_t size;
+    std::size_t pos;  // the next byte to read
+    std::size_t mark; // the first byte of the token being read, kNone outside a token
+    State state;
+};
+
 // The byte machine. A token (tag name, attribute name or value, text) runs from the mark to
 // the byte that ends it; when a chunk ends inside a token, its bytes so far move to the carry
 // buffer and the token continues at the start of the next chunk. Long runs inside a state are
 // skipped with memchr or a byte table, so the per-byte cost is a table look-up at most.
+// The state functions are inlined here, so the cursor stays in registers.
 bool CXmlParser::ParseChunk(const char* data, std::size_t size)
 {
-    const auto* p = reinterpret_cast<const unsigned char*>(data);
-    std::size_t pos = 0;
-    std::size_t mark = m_markPending ? 0 : kNone;
+    Cursor c{data, reinterpret_cast<const unsigned char*>(data), size, 0, m_markPending ? 0 : kNone, m_state};
     m_markPending = false;
-    int state = m_state;
-
-    auto tooLong = [&]() { return mark != kNone && m_carry.size() + (pos - mark) > m_maxToken; };
-    auto tokenError = [&]() {
-        return Stop(StringTable::Format(StringTable::IDS_PARSER_ERROR,
-                                        "token longer than " + std::to_string(m_maxToken) + " bytes"));
-    };
-    // Takes the token from the mark to pos (after the carry) into target.
-    auto capture = [&](CXmlToken& target) {
-        if (m_carry.empty())
-            target.SetView(data + mark, pos - mark);
-        else
-            target.SetJoined(m_carry, data + mark, pos - mark);
-        mark = kNone;
-    };
-    auto endStartTag = [&]() {
-        const bool ok = ReportStartTag();
-        m_tagName.Clear();
-        m_attrCount = 0;
-        return ok;
-    };
-
-    while (pos < size) {
-        switch (state) {
-        case 0: // between tags
-            for (; pos < size; ++pos) {
-                const unsigned char c = p[pos];
-                if (c == ' ') {
-                    if (mark == kNone)
-                        mark = pos;
-                } else if (c == '<') {
-                    if (tooLong())
-                        return tokenError();
-                    mark = pos + 1;
-                    m_carry.clear();
-                    state = 1;
-                    ++pos;
-                    break;
-                } else if (c != 9 && c != 10 && c != 13) {
-                    if (mark == kNone)
-                        mark = pos;
-                    state = 9;
-                    ++pos;
-                    break;
-                }
-            }
+    while (c.pos < c.size) {
+        bool ok = false;
+        switch (c.state) {
+        case State::BetweenTags:
+            ok = ScanBetweenTags(c);
             break;
-
-        case 1: { // tag name
-            while (pos < size && !kTagNameStop[p[pos]])
-                ++pos;
-            if (pos == size)
-                break;
-            const unsigned char c = p[pos];
-            if (c == '/' && pos == mark && m_carry.empty()) {
-                mark = pos + 1;
-                state = 2;
-                ++pos;
-                break;
-            }
-            if (tooLong())
-                return tokenError();
-            capture(m_tagName);
-            ++pos;
-            if (c == '/') {
-                state = 3;
-            } else if (c == '>') {
-                state = 0;
-                if (!endStartTag())
-                    return false;
-            } else {
-                state = 5;
-            }
+        case State::TagName:
+            ok = ScanTagName(c);
+            break;
+        case State::EndTagName:
+            ok = ScanEndTagName(c);
+            break;
+        case State::EmptyTagEnd:
+            ok = ScanEmptyTagEnd(c);
+            break;
+        case State::AfterAttributeValue:
+            ok = ScanAfterAttributeValue(c);
+            break;
+        case State::BetweenAttributes:
+            ok = ScanBetweenAttributes(c);
+            break;
+        case State::AttributeName:
+            ok = ScanAttributeName(c);
+            break;
+        case State::BeforeAttributeValue:
+            ok = ScanBeforeAttributeValue(c);
+            break;
+        case State::AttributeValue:
+            ok = ScanAttributeValue(c);
+            break;
+        case State::Text:
+            ok = ScanText(c);
             break;
         }
-
-        case 2: { // end-tag name
-            const void* hit = std::memchr(p + pos, '>', size - pos);
-            if (hit == nullptr) {
-                pos = size;
-                break;
-            }
-            pos = static_cast<std::size_t>(static_cast<const unsigned char*>(hit) - p);
-            if (tooLong())
-                return tokenError();
-            capture(m_tagName);
-            ++pos;
-            state = 0;
-            const bool ok = ReportEndTag();
-            m_tagName.Clear();
-            m_text.Clear();
-            if (!ok)
-                return false;
-            break;
-        }
-
-        case 3: // after '/' in a start tag
-            if (p[pos] != '>')
-                return false;
-            ++pos;
-            state = 0;
-            if (m_attrCount == 0) {
-                const bool ok = ReportEndTag();
-                m_tagName.Clear();
-                if (!ok)
-                    return false;
-            } else {
-                bool ok = ReportStartTag();
-                if (ok) {
-                    m_attrCount = 0;
-                    ok = ReportEndTag();
-                }
-                m_tagName.Clear();
-                m_attrCount = 0;
-                if (!ok)
-                    return false;
-            }
-            break;
-
-        case 4: { // after an attribute value
-            const unsigned char c = p[pos++];
-            if (IsSpace(c)) {
-                state = 5;
-            } else if (c == '/') {
-                state = 3;
-            } else if (c == '>') {
-                state = 0;
-                if (!endStartTag())
-                    return false;
-            }
-            break;
-        }
-
-        case 5: { // between attributes
-            const unsigned char c = p[pos];
-            if (c == '>') {
-                ++pos;
-                state = 0;
-                if (!endStartTag())
-                    return false;
-            } else if (IsSpace(c)) {
-                ++pos;
-            } else {
-                mark = pos;
-                state = 6;
-                ++pos;
-            }
-            break;
-        }
-
-        case 6: { // attribute name
-            while (pos < size && !kAttrNameStop[p[pos]])
-                ++pos;
-            if (pos == size)
-                break;
-            if (tooLong())
-                return tokenError();
-            if (p[pos] == '=') {
-                // The name goes straight into the next free slot; StoreAttribute keeps or reuses it.
-                if (m_attrCount == m_attrs.size())
-                    m_attrs.emplace_back();
-                capture(m_attrs[m_attrCount].name);
-                state = 7;
-                ++pos;
-            } else {
-                // '>' ends the tag; the partial name is dropped.
-                mark = kNone;
-                m_carry.clear();
-                ++pos;
-                state = 0;
-                if (!endStartTag())
-                    return false;
-            }
-            break;
-        }
-
-        case 7: { // before the value
-            const void* hit = std::memchr(p + pos, '"', size - pos);
-            if (hit == nullptr) {
-                pos = size;
-                break;
-            }
-            pos = static_cast<std::size_t>(static_cast<const unsigned char*>(hit) - p) + 1;
-            mark = pos;
-            state = 8;
-            break;
-        }
-
-        case 8: { // attribute value
-            const void* hit = std::memchr(p + pos, '"', size - pos);
-            if (hit == nullptr) {
-                pos = size;
-                break;
-            }
-            pos = static_cast<std::size_t>(static_cast<const unsigned char*>(hit) - p);
-            if (tooLong())
-                return tokenError();
-            StoreAttribute(data, mark, pos);
-            if (!CheckStartTagSize())
-                return false;
-            mark = kNone;
-            ++pos;
-            state = 4;
-            break;
-        }
-
-        case 9: { // text
-            while (pos < size && !kTextStop[p[pos]])
-                ++pos;
-            if (pos == size)
-                break;
-            if (tooLong())
-                return tokenError();
-            capture(m_text);
-            if (p[pos] == '<') {
-                mark = pos + 1;
-                state = 1;
-            } else {
-                state = 0;
-            }
-            ++pos;
-            break;
-        }
-
-        default:
+        if (!ok)
             return false;
-        }
     }
 
-    m_state = state;
+    m_state = c.state;
     DetachTokens();
-    if (mark != kNone) {
-        m_carry.append(data + mark, size - mark);
+    if (c.mark != kNone) {
+        m_carry.append(data + c.mark, size - c.mark);
         m_markPending = true;
         if (m_carry.size() > m_maxToken)
-            return tokenError();
+            return StopTokenTooLong();
     }
+    return true;
+}
+
+inline bool CXmlParser::TokenTooLong(const Cursor& c) const
+{
+    return c.mark != kNone && m_carry.size() + (c.pos - c.mark) > m_maxToken;
+}
+
+bool CXmlParser::StopTokenTooLong()
+{
+    return Stop(StringTable::Format(StringTable::IDS_PARSER_ERROR,
+                                    "token longer than " + std::to_string(m_maxToken) + " bytes"));
+}
+
+// Takes the token from the mark to c.pos (after the carry) into target.
+inline void CXmlParser::Capture(Cursor& c, CXmlToken& target)
+{
+    if (m_carry.empty())
+        target.SetView(c.data + c.mark, c.pos - c.mark);
+    else
+        target.SetJoined(m_carry, c.data + c.mark, c.pos - c.mark);
+    c.mark = kNone;
+}
+
+inline bool CXmlParser::EndStartTag()
+{
+    const bool ok = ReportStartTag();
+    m_tagName.Clear();
+    m_attrCount = 0;
+    return ok;
+}
+
+namespace {
+
+// Moves pos to the next byte b of the chunk, or to its end; true when b was found.
+inline bool SkipTo(const unsigned char* bytes, std::size_t size, std::size_t& pos, unsigned char b)
+{
+    const void* hit = std::memchr(bytes + pos, b, size - pos);
+    if (hit == nullptr) {
+        pos = size;
+        return false;
+    }
+    pos = static_cast<std::size_t>(static_cast<const unsigned char*>(hit) - bytes);
+    return true;
+}
+
+} // namespace
+
+// Tabs and line breaks are skipped; a space may begin the text, anything else but '<' does.
+inline bool CXmlParser::ScanBetweenTags(Cursor& c)
+{
+    for (; c.pos < c.size; ++c.pos) {
+        const unsigned char b = c.bytes[c.pos];
+        if (b == ' ') {
+            if (c.mark == kNone)
+                c.mark = c.pos;
+        } else if (b == '<') {
+            // Spaces alone before a tag are no text, but count towards the token limit.
+            if (TokenTooLong(c))
+                return StopTokenTooLong();
+            c.mark = c.pos + 1;
+            m_carry.clear();
+            c.state = State::TagName;
+            ++c.pos;
+            return true;
+        } else if (b != 9 && b != 10 && b != 13) {
+            if (c.mark == kNone)
+                c.mark = c.pos;
+            c.state = State::Text;
+            ++c.pos;
+            return true;
+        }
+    }
+    return true;
+}
+
+inline bool CXmlParser::ScanTagName(Cursor& c)
+{
+    while (c.pos < c.size && !kTagNameStop[c.bytes[c.pos]])
+        ++c.pos;
+    if (c.pos == c.size)
+        return true;
+    const unsigned char b = c.bytes[c.pos];
+    if (b == '/' && c.pos == c.mark && m_carry.empty()) {
+        c.mark = c.pos + 1;
+        c.state = State::EndTagName;
+        ++c.pos;
+        return true;
+    }
+    if (TokenTooLong(c))
+        return StopTokenTooLong();
+    Capture(c, m_tagName);
+    ++c.pos;
+    if (b == '/') {
+        c.state = State::EmptyTagEnd;
+    } else if (b == '>') {
+        c.state = State::BetweenTags;
+        return EndStartTag();
+    } else {
+        c.state = State::BetweenAttributes;
+    }
+    return true;
+}
+
+inline bool CXmlParser::ScanEndTagName(Cursor& c)
+{
+    if (!SkipTo(c.bytes, c.size, c.pos, '>'))
+        return true;
+    if (TokenTooLong(c))
+        return StopTokenTooLong();
+    Capture(c, m_tagName);
+    ++c.pos;
+    c.state = State::BetweenTags;
+    const bool ok = ReportEndTag();
+    m_tagName.Clear();
+    m_text.Clear();
+    return ok;
+}
+
+// Only '>' may follow. A start tag without attributes closed at once is reported as its end
+// tag alone; one with attributes as its start tag, then its end tag.
+inline bool CXmlParser::ScanEmptyTagEnd(Cursor& c)
+{
+    if (c.bytes[c.pos] != '>')
+        return false;
+    ++c.pos;
+    c.state = State::BetweenTags;
+    bool ok = true;
+    if (m_attrCount > 0) {
+        ok = ReportStartTag();
+        m_attrCount = 0;
+    }
+    if (ok)
+        ok = ReportEndTag();
+    m_tagName.Clear();
+    return ok;
+}
+
+// Bytes other than white space, '/' and '>' are skipped.
+inline bool CXmlParser::ScanAfterAttributeValue(Cursor& c)
+{
+    const unsigned char b = c.bytes[c.pos++];
+    if (IsSpace(b)) {
+        c.state = State::BetweenAttributes;
+    } else if (b == '/') {
+        c.state = State::EmptyTagEnd;
+    } else if (b == '>') {
+        c.state = State::BetweenTags;
+        return EndStartTag();
+    }
+    return true;
+}
+
+inline bool CXmlParser::ScanBetweenAttributes(Cursor& c)
+{
+    const unsigned char b = c.bytes[c.pos];
+    if (b == '>') {
+        ++c.pos;
+        c.state = State::BetweenTags;
+        return EndStartTag();
+    }
+    if (!IsSpace(b)) {
+        c.mark = c.pos;
+        c.state = State::AttributeName;
+    }
+    ++c.pos;
+    return true;
+}
+
+inline bool CXmlParser::ScanAttributeName(Cursor& c)
+{
+    while (c.pos < c.size && !kAttrNameStop[c.bytes[c.pos]])
+        ++c.pos;
+    if (c.pos == c.size)
+        return true;
+    if (TokenTooLong(c))
+        return StopTokenTooLong();
+    if (c.bytes[c.pos] == '>') {
+        // '>' ends the tag; the partial name is dropped.
+        c.mark = kNone;
+        m_carry.clear();
+        ++c.pos;
+        c.state = State::BetweenTags;
+        return EndStartTag();
+    }
+    // The name goes straight into the next free slot; StoreAttribute keeps or reuses it.
+    if (m_attrCount == m_attrs.size())
+        m_attrs.emplace_back();
+    Capture(c, m_attrs[m_attrCount].name);
+    ++c.pos;
+    c.state = State::BeforeAttributeValue;
+    return true;
+}
+
+// Anything up to the opening quote is skipped.
+inline bool CXmlParser::ScanBeforeAttributeValue(Cursor& c)
+{
+    if (!SkipTo(c.bytes, c.size, c.pos, '"'))
+        return true;
+    c.mark = ++c.pos;
+    c.state = State::AttributeValue;
+    return true;
+}
+
+inline bool CXmlParser::ScanAttributeValue(Cursor& c)
+{
+    if (!SkipTo(c.bytes, c.size, c.pos, '"'))
+        return true;
+    if (TokenTooLong(c))
+        return StopTokenTooLong();
+    StoreAttribute(c.data, c.mark, c.pos);
+    if (!CheckStartTagSize())
+        return false;
+    c.mark = kNone;
+    ++c.pos;
+    c.state = State::AfterAttributeValue;
+    return true;
+}
+
+// Text ends at a line break, which the reader drops, or at the next tag.
+inline bool CXmlParser::ScanText(Cursor& c)
+{
+    while (c.pos < c.size && !kTextStop[c.bytes[c.pos]])
+        ++c.pos;
+    if (c.pos == c.size)
+        return true;
+    if (TokenTooLong(c))
+        return StopTokenTooLong();
+    Capture(c, m_text);
+    if (c.bytes[c.pos] == '<') {
+        c.mark = c.pos + 1;
+        c.state = State::TagName;
+    } else {
+        c.state = State::BetweenTags;
+    }
+    ++c.pos;
     return true;
 }
 
@@ -448,7 +502,8 @@ void CXmlParser::DetachTokens()
         m_attrs[i].name.Detach();
         m_attrs[i].value.Detach();
     }
-    if ((m_state == 7 || m_state == 8) && m_attrCount < m_attrs.size())
+    const bool awaitingValue = m_state == State::BeforeAttributeValue || m_state == State::AttributeValue;
+    if (awaitingValue && m_attrCount < m_attrs.size())
         m_attrs[m_attrCount].name.Detach();
     ReleaseLargeBuffers();
 }
@@ -474,7 +529,8 @@ bool CXmlParser::CheckStartTagSize()
 // made large gives its buffer back, so that the spares cannot add up beyond the limits.
 void CXmlParser::ReleaseLargeBuffers()
 {
-    const std::size_t firstSpare = m_attrCount + ((m_state == 7 || m_state == 8) ? 1 : 0);
+    const bool awaitingValue = m_state == State::BeforeAttributeValue || m_state == State::AttributeValue;
+    const std::size_t firstSpare = m_attrCount + (awaitingValue ? 1 : 0);
     for (std::size_t i = firstSpare; i < m_attrs.size(); ++i) {
         m_attrs[i].name.Release(kKeepBytes);
         m_attrs[i].value.Release(kKeepBytes);

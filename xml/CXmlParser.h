@@ -12,8 +12,9 @@
 
 struct CIoProgress;
 
-// The logbook's event-driven XML reader: a ten-state byte machine fed in chunks. It keeps no
-// tree; start and end tags go to a stack of handlers (see CXmlHandler and Delegate).
+// The logbook's event-driven XML reader: a byte machine fed in chunks, whose states (State,
+// below) name the part of the markup it is inside. It keeps no tree; start and end tags go to
+// a stack of handlers (see CXmlHandler and Delegate).
 class CXmlParser
 {
 public:
@@ -23,7 +24,7 @@ public:
     CXmlParser(const CXmlParser&) = delete;
     CXmlParser& operator=(const CXmlParser&) = delete;
 
-    // Clears all state: encoding Utf8, state 0, first-tag flag on, no error text.
+    // Clears all state: encoding Utf8, State::BetweenTags, first-tag flag on, no error text.
     void Reset();
 
     // Reads a plain file in chunks. An unopenable file returns false with no error text.
@@ -104,6 +105,23 @@ public:
     static std::string Decode(std::string_view raw, XmlEncoding encoding);
 
 private:
+    // Where the byte machine is, that is which part of the markup the next byte belongs to.
+    enum class State : unsigned char
+    {
+        BetweenTags,          // after a tag or a line break; tabs and line breaks are skipped
+        TagName,              // after '<'
+        EndTagName,           // after "</"
+        EmptyTagEnd,          // after the '/' that closes a start tag, as in <a/>
+        AfterAttributeValue,  // after an attribute value's closing quote
+        BetweenAttributes,    // in a start tag, after its name or white space
+        AttributeName,        // in an attribute's name
+        BeforeAttributeValue, // after an attribute's name and '=', before the opening quote
+        AttributeValue,       // inside an attribute value's quotes
+        Text,                 // in an element's text
+    };
+    // One chunk and the machine's position in it (defined with ParseChunk).
+    struct Cursor;
+
     struct Entry
     {
         std::string name;
@@ -119,6 +137,24 @@ private:
     bool ReportEndTag();
     const Attribute* FindAttribute(std::string_view name) const;
     bool ParseChunk(const char* data, std::size_t size);
+    // One function per state: each reads on from c.pos (at least one byte unless the chunk
+    // ends there) and sets c.state to the state of the next byte; false stops the parse. They
+    // and their helpers are inline, defined and used only in ParseChunk's file, so that the
+    // chunk loop stays one tight loop.
+    inline bool ScanBetweenTags(Cursor& c);
+    inline bool ScanTagName(Cursor& c);
+    inline bool ScanEndTagName(Cursor& c);
+    inline bool ScanEmptyTagEnd(Cursor& c);
+    inline bool ScanAfterAttributeValue(Cursor& c);
+    inline bool ScanBetweenAttributes(Cursor& c);
+    inline bool ScanAttributeName(Cursor& c);
+    inline bool ScanBeforeAttributeValue(Cursor& c);
+    inline bool ScanAttributeValue(Cursor& c);
+    inline bool ScanText(Cursor& c);
+    inline bool TokenTooLong(const Cursor& c) const;
+    inline void Capture(Cursor& c, CXmlToken& target);
+    inline bool EndStartTag();
+    bool StopTokenTooLong();
     void StoreAttribute(const char* data, std::size_t mark, std::size_t pos);
     void DetachTokens();
     bool CheckStartTagSize();
@@ -128,7 +164,7 @@ private:
 
     CXmlHandler* m_root;
     XmlEncoding m_encoding = Utf8;
-    int m_state = 0;
+    State m_state = State::BetweenTags;
     bool m_firstTag = true;
     bool m_stopped = false;
     bool m_delegateAllowed = false;
