@@ -267,8 +267,7 @@ bool CLogbookDoc::OnOpenTag(CXmlParser& parser)
             !XmlDateTimeFromString(text, modified))
             return false; // the parser names the tag and its attributes in its message
         if (m_jumps.size() >= m_maxJumps) {
-            parser.SetErrorMessage(StringTable::Format(StringTable::IDS_PARSER_ERROR,
-                                                       "more than " + std::to_string(m_maxJumps) + " jumps"));
+            parser.SetErrorMessage(CXmlParser::ParserError("more than " + std::to_string(m_maxJumps) + " jumps"));
             return false;
         }
         parser.Delegate(InsertSorted(m_jumps, std::make_unique<CJump>(number, timestamp, modified)));

@@ -98,8 +98,7 @@ bool CXmlParser::Feed(const char* data, std::size_t size)
     m_inputBytes += beyond ? room : size;
     bool ok = ParseChunk(data, beyond ? room : size);
     if (ok && beyond)
-        ok = Stop(StringTable::Format(StringTable::IDS_PARSER_ERROR,
-                                      "input longer than " + std::to_string(m_maxInput) + " bytes"));
+        ok = Stop(ParserError("input longer than " + std::to_string(m_maxInput) + " bytes"));
     if (!ok) {
         // Tokens may still point into the caller's chunk; a stopped parse forgets them.
         m_tagName.Clear();
@@ -245,8 +244,7 @@ inline bool CXmlParser::TokenTooLong(const Cursor& c) const
 
 bool CXmlParser::StopTokenTooLong()
 {
-    return Stop(StringTable::Format(StringTable::IDS_PARSER_ERROR,
-                                    "token longer than " + std::to_string(m_maxToken) + " bytes"));
+    return Stop(ParserError("token longer than " + std::to_string(m_maxToken) + " bytes"));
 }
 
 // Takes the token from the mark to c.pos (after the carry) into target.
@@ -514,14 +512,12 @@ void CXmlParser::DetachTokens()
 bool CXmlParser::CheckStartTagSize()
 {
     if (m_attrCount > kMaxAttributes)
-        return Stop(StringTable::Format(StringTable::IDS_PARSER_ERROR, "more than " + std::to_string(kMaxAttributes) +
-                                                                           " attributes in one start tag"));
+        return Stop(ParserError("more than " + std::to_string(kMaxAttributes) + " attributes in one start tag"));
     std::size_t bytes = m_tagName.Size();
     for (std::size_t i = 0; i < m_attrCount; ++i)
         bytes += m_attrs[i].name.Size() + m_attrs[i].value.Size();
     if (bytes > 2 * m_maxToken)
-        return Stop(StringTable::Format(StringTable::IDS_PARSER_ERROR,
-                                        "start tag longer than " + std::to_string(2 * m_maxToken) + " bytes"));
+        return Stop(ParserError("start tag longer than " + std::to_string(2 * m_maxToken) + " bytes"));
     return true;
 }
 
@@ -562,12 +558,10 @@ bool CXmlParser::ReportStartTag()
         }
     }
     if (m_stackSize >= m_maxDepth)
-        return Stop(StringTable::Format(StringTable::IDS_PARSER_ERROR,
-                                        "element nesting deeper than " + std::to_string(m_maxDepth) + " levels"));
+        return Stop(ParserError("element nesting deeper than " + std::to_string(m_maxDepth) + " levels"));
     // The open elements' names are kept until their end tags: together at most two tokens' worth.
     if (m_stackNameBytes + m_tagName.Size() > 2 * m_maxToken)
-        return Stop(StringTable::Format(StringTable::IDS_PARSER_ERROR, "names of the open elements longer than " +
-                                                                           std::to_string(2 * m_maxToken) + " bytes"));
+        return Stop(ParserError("names of the open elements longer than " + std::to_string(2 * m_maxToken) + " bytes"));
     m_stackNameBytes += m_tagName.Size();
     CXmlHandler* handler = m_stackSize == 0 ? m_root : m_stack[m_stackSize - 1].handler;
     // Entries are kept when popped so their name buffers are reused.
@@ -598,7 +592,7 @@ bool CXmlParser::ReportStartTag()
                 detail += '"';
             }
         }
-        m_error = StringTable::Format(StringTable::IDS_PARSER_ERROR, detail);
+        m_error = ParserError(detail);
     }
     return ok;
 }
@@ -622,7 +616,7 @@ bool CXmlParser::ReportEndTag()
             detail += ", ";
             detail += GetElementText();
         }
-        m_error = StringTable::Format(StringTable::IDS_PARSER_ERROR, detail);
+        m_error = ParserError(detail);
     }
     return ok;
 }
@@ -715,6 +709,11 @@ void CXmlParser::Delegate(CXmlHandler* child)
 void CXmlParser::SetErrorMessage(int messageId)
 {
     m_error = std::string(StringTable::Text(messageId));
+}
+
+std::string CXmlParser::ParserError(std::string_view detail)
+{
+    return StringTable::Format(StringTable::IDS_PARSER_ERROR, detail);
 }
 
 void CXmlParser::SetErrorMessage(std::string text)

@@ -76,6 +76,9 @@ public:
     // Sets the text the user will see when the handler then returns false.
     void SetErrorMessage(int messageId);
     void SetErrorMessage(std::string text);
+    // The user's text for a file the parser cannot read ("Parser error: %1" in English) around
+    // detail; the parser and its handlers both report with it.
+    static std::string ParserError(std::string_view detail);
     // The error text of the last parse; empty when none was set.
     const std::string& GetErrorMessage() const { return m_error; }
 
