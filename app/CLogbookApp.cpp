@@ -11,7 +11,6 @@
 #include "app/CSplashWnd.h"
 #include "document/IClock.h"
 #include "translations/CTranslations.h"
-#include "translations/MessageText.h"
 #include "units/ISettingsStore.h"
 
 #include <QApplication>
@@ -97,9 +96,7 @@ void CLogbookApp::LoadStartLogbook(const QStringList& arguments)
     // A last file that has gone away is forgotten without a word.
     if (!QFileInfo(path).isFile())
         return;
-    const CLoadResult result = m_frame->GetDocument().Load(last);
-    if (result.ok)
-        m_frame->GetCommands()->LockLogbook(last);
-    else if (!result.message.empty())
-        m_services.messages->Error(MessageText::Translate(result.message));
+    // Read like Open, with a progress dialog when it takes a while, but a failure shows only the
+    // load's own message.
+    m_frame->GetCommands()->LoadLogbook(path, CLogbookCommands::OnFailure::ReportLoadMessagesOnly);
 }

@@ -158,7 +158,7 @@ void CLogbookCommands::OnFileNew()
         emit logbookCreated();
 }
 
-bool CLogbookCommands::LoadLogbook(const QString& path)
+bool CLogbookCommands::LoadLogbook(const QString& path, OnFailure failure)
 {
     WaitForSaves();
     const std::string file = NativePath(path);
@@ -179,7 +179,8 @@ bool CLogbookCommands::LoadLogbook(const QString& path)
     if (!result.ok) {
         if (!result.message.empty())
             m_services.messages->Error(MessageText::Translate(result.message));
-        m_services.messages->Error(Message(StringTable::IDS_OPEN_FAILED));
+        if (failure == OnFailure::ReportOpenFailed)
+            m_services.messages->Error(Message(StringTable::IDS_OPEN_FAILED));
         return false;
     }
     m_doc.Adopt(loaded);

@@ -30,9 +30,16 @@ public:
     CLogbookCommands(CLogbookDoc& doc, const CUnitSettings& units, const CAppServices& services, CLogbookView& view,
                      QWidget* window);
 
-    // Loads a logbook, keeping the open one when the file is bad; shows the load's messages
-    // and 4001 on failure. The reminders are the caller's. Returns success.
-    bool LoadLogbook(const QString& path);
+    // How a load that fails is reported: with 4001 after the load's own messages (Open, the
+    // command line), or with the load's messages only (the logbook used last, at start-up).
+    enum class OnFailure
+    {
+        ReportOpenFailed,
+        ReportLoadMessagesOnly
+    };
+    // Loads a logbook on another thread with a progress dialog after a moment, keeping the open
+    // one when the file is bad. The reminders are the caller's. Returns success.
+    bool LoadLogbook(const QString& path, OnFailure failure = OnFailure::ReportOpenFailed);
     // Waits for a running save, then asks whether to save a modified logbook and waits for that
     // save too; false when the user cancels or the logbook could not be saved.
     bool SaveModified();
