@@ -26,22 +26,6 @@ CTestLogbook ThreeJumps()
         .Jump(3, "2024-05-03T10:00:00Z", "Utti", 4000, 1000, 60);
 }
 
-// The number of jumps a saved file holds, read back with a fresh document.
-int JumpsInFile(const QString& path)
-{
-    CLogbookDoc doc;
-    return doc.Load(QFile::encodeName(path).toStdString()) ? int(doc.GetJumpCount()) : -1;
-}
-
-// Deletes the first jump through the list, so that the logbook is modified.
-void DeleteFirstJump(CAppHarness& harness)
-{
-    harness.View()->OnViewJumpList();
-    harness.SelectRow(0);
-    harness.Commands()->OnJumpDelete();
-    harness.messages.boxes.clear();
-}
-
 // New, Open, Save, Save as, About, Exit: '1' enabled, '0' greyed.
 QString CommandStates(CAppHarness& harness)
 {
@@ -64,12 +48,12 @@ private slots:
         CAppHarness harness;
         QVERIFY(!harness.StartWith(ThreeJumps()).isEmpty());
         QCOMPARE(CommandStates(harness), QString("110111"));
-        DeleteFirstJump(harness);
+        harness.DeleteFirstJump();
         QCOMPARE(CommandStates(harness), QString("111111"));
         harness.Commands()->OnFileSave();
         harness.Commands()->WaitForSaves(); // saves run in the background
         QCOMPARE(CommandStates(harness), QString("110111"));
-        QCOMPARE(JumpsInFile(harness.Path("jumps.tvz")), 2);
+        QCOMPARE(CAppHarness::JumpsInFile(harness.Path("jumps.tvz")), 2);
         harness.Frame()->GetDocument().Clear();
         harness.View()->Refresh();
         QCOMPARE(CommandStates(harness), QString("110001"));
@@ -92,14 +76,15 @@ private slots:
         const QString old = harness.StartWith(ThreeJumps());
         harness.files.saveAnswers = {harness.Path(name)};
         harness.Commands()->OnFileNew();
-        QCOMPARE(harness.files.asked, QStringList{harness.folder.path()}); // starts in the logbook's folder
+        QCOMPARE(harness.files.asked,
+                 QStringList{QString::fromStdString(harness.folder.Path().string())}); // starts in the logbook's folder
         QCOMPARE(QFile::exists(harness.Path(name)), saved);
         QCOMPARE(harness.View()->GetViewMode(), saved ? Mode::Home : Mode::Empty);
         QCOMPARE(harness.LastFile(), saved ? harness.Path(name) : old);
         QCOMPARE(harness.messages.Texts(Kind::Error),
                  saved ? QStringList() : QStringList{"An error occured while writing the tervola file."});
         if (saved)
-            QCOMPARE(JumpsInFile(harness.Path(name)), 0);
+            QCOMPARE(CAppHarness::JumpsInFile(harness.Path(name)), 0);
     }
 
     // A bad file: its own message, then 4001; the open logbook, its page and "LastFile" stay.
@@ -148,14 +133,14 @@ private slots:
         QFETCH(bool, saved);
         CAppHarness harness;
         const QString original = harness.StartWith(ThreeJumps());
-        DeleteFirstJump(harness);
+        harness.DeleteFirstJump();
         harness.files.saveAnswers = {harness.Path(name)};
         harness.Commands()->OnFileSaveAs();
         harness.Commands()->WaitForSaves();
         QCOMPARE(harness.messages.Texts(Kind::Error),
                  saved ? QStringList() : QStringList{"The file could not be saved."});
-        QCOMPARE(JumpsInFile(harness.Path(name)), saved ? 2 : -1);
-        QCOMPARE(JumpsInFile(original), 3);
+        QCOMPARE(CAppHarness::JumpsInFile(harness.Path(name)), saved ? 2 : -1);
+        QCOMPARE(CAppHarness::JumpsInFile(original), 3);
         QCOMPARE(harness.LastFile(), saved ? harness.Path(name) : original);
         QCOMPARE(CommandStates(harness), saved ? QString("110111") : QString("111111"));
     }
@@ -182,20 +167,20 @@ private slots:
         CAppHarness harness;
         const QString path = harness.StartWith(ThreeJumps());
         if (modified)
-            DeleteFirstJump(harness);
+            harness.DeleteFirstJump();
         harness.messages.yesNoCancelAnswer = Answer(answer);
         harness.Frame()->findChild<QAction*>("exitAction")->trigger();
         QCOMPARE(harness.messages.Texts(Kind::YesNoCancel),
                  modified ? QStringList{"Save changes to jumps.tvz?"} : QStringList());
         QCOMPARE(harness.Frame()->isVisible(), !closed);
-        QCOMPARE(JumpsInFile(path), jumpsInFile);
+        QCOMPARE(CAppHarness::JumpsInFile(path), jumpsInFile);
     }
 
     void openWithChangesAsksFirst()
     {
         CAppHarness harness;
         QVERIFY(!harness.StartWith(ThreeJumps()).isEmpty());
-        DeleteFirstJump(harness);
+        harness.DeleteFirstJump();
         harness.messages.yesNoCancelAnswer = Answer::Cancel;
         harness.Commands()->OnFileOpen();
         QVERIFY(harness.files.asked.isEmpty()); // cancelled before the dialog
@@ -208,12 +193,12 @@ private slots:
         const QString path = harness.StartWith(ThreeJumps());
         harness.Frame()->OnApplicationStateChanged(Qt::ApplicationInactive);
         QVERIFY(!QFile::exists(harness.Path("jumps.bak"))); // unmodified: nothing written
-        DeleteFirstJump(harness);
+        harness.DeleteFirstJump();
         harness.Frame()->OnApplicationStateChanged(Qt::ApplicationActive);
-        QCOMPARE(JumpsInFile(path), 3);
+        QCOMPARE(CAppHarness::JumpsInFile(path), 3);
         harness.Frame()->OnApplicationStateChanged(Qt::ApplicationInactive);
         harness.Commands()->WaitForSaves();
-        QCOMPARE(JumpsInFile(path), 2);
+        QCOMPARE(CAppHarness::JumpsInFile(path), 2);
         QCOMPARE(CommandStates(harness), QString("110111"));
     }
 };

@@ -33,25 +33,6 @@ CTestLogbook Jumps(int count)
     return logbook;
 }
 
-int JumpsInFile(const QString& path)
-{
-    CLogbookDoc doc;
-    return doc.Load(QFile::encodeName(path).toStdString()) ? int(doc.GetJumpCount()) : -1;
-}
-
-void DeleteFirstJump(CAppHarness& harness)
-{
-    harness.View()->OnViewJumpList();
-    harness.SelectRow(0);
-    harness.Commands()->OnJumpDelete();
-    harness.messages.boxes.clear();
-}
-
-CLogbookDoc& Doc(CAppHarness& harness)
-{
-    return harness.Frame()->GetDocument();
-}
-
 } // namespace
 
 class TestSave : public QObject
@@ -64,27 +45,27 @@ private slots:
         CAppHarness harness;
         const QString path = harness.StartWith(Jumps(4));
         CBackgroundSaver* saver = harness.Commands()->GetSaver();
-        DeleteFirstJump(harness);
+        harness.DeleteFirstJump();
         harness.Commands()->OnFileSave();
         // The command returned at once; the document learns of the save only when it has ended.
         QVERIFY(saver->IsBusy());
-        QVERIFY(Doc(harness).IsModified());
+        QVERIFY(harness.Doc().IsModified());
         harness.Commands()->OnFileSave(); // waits for the first, nothing changed meanwhile
-        DeleteFirstJump(harness);         // the records the save reads are its own
+        harness.DeleteFirstJump();        // the records the save reads are its own
         harness.Commands()->OnFileSave(); // replaces the waiting request
         QCOMPARE(saver->SavesStarted(), 1);
         harness.Commands()->WaitForSaves();
         QCOMPARE(saver->SavesStarted(), 2);
-        QCOMPARE(JumpsInFile(path), 2);
-        QVERIFY(!Doc(harness).IsModified());
+        QCOMPARE(CAppHarness::JumpsInFile(path), 2);
+        QVERIFY(!harness.Doc().IsModified());
 
         // A request that waits for nothing but the same file is dropped.
-        DeleteFirstJump(harness);
+        harness.DeleteFirstJump();
         harness.Commands()->OnFileSave();
         harness.Frame()->OnApplicationStateChanged(Qt::ApplicationInactive);
         harness.Commands()->WaitForSaves();
         QCOMPARE(saver->SavesStarted(), 3);
-        QCOMPARE(JumpsInFile(path), 1);
+        QCOMPARE(CAppHarness::JumpsInFile(path), 1);
         QVERIFY(harness.messages.boxes.isEmpty());
     }
 
@@ -92,12 +73,12 @@ private slots:
     {
         CAppHarness harness;
         const QString path = harness.StartWith(Jumps(4));
-        DeleteFirstJump(harness);
+        harness.DeleteFirstJump();
         harness.Frame()->OnApplicationStateChanged(Qt::ApplicationInactive);
-        DeleteFirstJump(harness);
+        harness.DeleteFirstJump();
         harness.Commands()->WaitForSaves();
-        QCOMPARE(JumpsInFile(path), 3); // what the logbook held when the save began
-        QVERIFY(Doc(harness).IsModified());
+        QCOMPARE(CAppHarness::JumpsInFile(path), 3); // what the logbook held when the save began
+        QVERIFY(harness.Doc().IsModified());
         QVERIFY(harness.Frame()->findChild<QAction*>("fileSaveAction")->isEnabled());
     }
 
@@ -115,29 +96,29 @@ private slots:
         CAppHarness harness;
         const QString path = harness.StartWith(Jumps(3));
         QVERIFY(QDir().mkpath(path + ".saving")); // the temporary file cannot be made
-        DeleteFirstJump(harness);
+        harness.DeleteFirstJump();
         if (automatic)
             harness.Frame()->OnApplicationStateChanged(Qt::ApplicationInactive);
         else
             harness.Commands()->OnFileSave();
         harness.Commands()->WaitForSaves();
         QCOMPARE(harness.messages.Texts(Kind::Error), QStringList{"The file could not be saved."});
-        QVERIFY(Doc(harness).IsModified());
-        QCOMPARE(JumpsInFile(path), 3);
+        QVERIFY(harness.Doc().IsModified());
+        QCOMPARE(CAppHarness::JumpsInFile(path), 3);
     }
 
     void closingWaitsForARunningSave()
     {
         CAppHarness harness;
         const QString path = harness.StartWith(Jumps(3));
-        DeleteFirstJump(harness);
+        harness.DeleteFirstJump();
         harness.Commands()->OnFileSave();
         harness.messages.yesNoCancelAnswer = Answer::Cancel;
         harness.Frame()->findChild<QAction*>("exitAction")->trigger();
         // The save ended before the question would have come: nothing left to ask.
         QVERIFY(harness.messages.Texts(Kind::YesNoCancel).isEmpty());
         QVERIFY(!harness.Frame()->isVisible());
-        QCOMPARE(JumpsInFile(path), 2);
+        QCOMPARE(CAppHarness::JumpsInFile(path), 2);
     }
 
     // Another program wrote the file after it was opened: neither Save nor the automatic save
@@ -168,7 +149,7 @@ private slots:
         QFETCH(int, jumpsInCopy);
         CAppHarness harness;
         const QString path = harness.StartWith(Jumps(3));
-        DeleteFirstJump(harness);
+        harness.DeleteFirstJump();
         QVERIFY(!harness.Write(Jumps(5), "jumps.tvz").isEmpty()); // theirs
         harness.messages.choiceAnswers = {choice};
         harness.files.saveAnswers = {harness.Path("mine.tvz")};
@@ -182,10 +163,10 @@ private slots:
         QCOMPARE(asked.size(), 1);
         QVERIFY(asked[0].startsWith("The file was changed by another program after it was opened here."));
         QVERIFY(asked[0].endsWith("\nSave as...|Load theirs|Overwrite"));
-        QCOMPARE(JumpsInFile(path), jumpsInFile);
-        QCOMPARE(int(Doc(harness).GetJumpCount()), jumpsInWindow);
-        QCOMPARE(Doc(harness).IsModified(), modified);
-        QCOMPARE(JumpsInFile(harness.Path("mine.tvz")), jumpsInCopy);
+        QCOMPARE(CAppHarness::JumpsInFile(path), jumpsInFile);
+        QCOMPARE(int(harness.Doc().GetJumpCount()), jumpsInWindow);
+        QCOMPARE(harness.Doc().IsModified(), modified);
+        QCOMPARE(CAppHarness::JumpsInFile(harness.Path("mine.tvz")), jumpsInCopy);
         QVERIFY(harness.messages.Texts(Kind::Error).isEmpty());
     }
 
@@ -230,7 +211,7 @@ private slots:
             QCOMPARE(warnings.size(), 1);
             QVERIFY(warnings[0].startsWith("This logbook is already open in another Tervola Pocket (process " +
                                            QString::number(::getpid())));
-            QCOMPARE(int(Doc(second).GetJumpCount()), 2); // opened all the same
+            QCOMPARE(int(second.Doc().GetJumpCount()), 2); // opened all the same
         }
         first.app.reset(); // the first instance ends
         CAppHarness third;

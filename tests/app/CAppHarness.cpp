@@ -63,7 +63,7 @@ CLogbookView* CAppHarness::View() const
 
 QString CAppHarness::Path(const QString& name) const
 {
-    return folder.filePath(name);
+    return QFile::decodeName(QByteArray::fromStdString(folder / QFile::encodeName(name).toStdString()));
 }
 
 QString CAppHarness::Write(const CTestLogbook& logbook, const QString& name) const
@@ -77,6 +77,25 @@ QString CAppHarness::Write(const CTestLogbook& logbook, const QString& name) con
 void CAppHarness::SetLastFile(const QString& path)
 {
     settings.SetString("General", "LastFile", QFile::encodeName(path).toStdString());
+}
+
+CLogbookDoc& CAppHarness::Doc() const
+{
+    return Frame()->GetDocument();
+}
+
+void CAppHarness::DeleteFirstJump()
+{
+    View()->OnViewJumpList();
+    SelectRow(0);
+    Commands()->OnJumpDelete();
+    messages.boxes.clear();
+}
+
+int CAppHarness::JumpsInFile(const QString& path)
+{
+    CLogbookDoc doc;
+    return doc.Load(QFile::encodeName(path).toStdString()) ? int(doc.GetJumpCount()) : -1;
 }
 
 QString CAppHarness::LastFile() const

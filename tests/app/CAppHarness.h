@@ -8,13 +8,14 @@
 
 #include "app/CLogbookApp.h"
 #include "document/IClock.h"
+#include "tests/common/CScratchFolder.h"
 #include "units/CMemorySettingsStore.h"
 
 #include <QStringList>
-#include <QTemporaryDir>
 
 #include <memory>
 
+class CLogbookDoc;
 class CMainFrame;
 class CLogbookView;
 class CLogbookCommands;
@@ -42,13 +43,18 @@ public:
     CLogbookView* View() const;
     CLogbookCommands* Commands() const;
 
-    // A path inside the temporary folder.
+    // A path inside the scratch folder.
     QString Path(const QString& name) const;
     // Writes the logbook (gzip unless the name ends in ".tvl") and returns its path.
     QString Write(const CTestLogbook& logbook, const QString& name) const;
     // Makes the logbook the one used last.
     void SetLastFile(const QString& path);
     QString LastFile() const;
+    CLogbookDoc& Doc() const;
+    // Deletes the first jump through the list, so that the logbook is modified.
+    void DeleteFirstJump();
+    // The number of jumps a saved file holds, read back with a fresh document; -1 if it is refused.
+    static int JumpsInFile(const QString& path);
 
     CMemorySettingsStore settings;
     CFixedClock clock;
@@ -56,6 +62,6 @@ public:
     CScriptedFiles files;
     CRecordingViewer viewer;
     CScriptedDialogs dialogs;
-    QTemporaryDir folder;
+    CScratchFolder folder{"app"};
     std::unique_ptr<CLogbookApp> app;
 };

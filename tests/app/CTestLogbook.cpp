@@ -1,9 +1,9 @@
 #include "CTestLogbook.h"
 
+#include "tests/common/CScratchFolder.h"
+
 #include <QDate>
 #include <QFile>
-
-#include <zlib.h>
 
 CTestLogbook& CTestLogbook::Membership(const QString& expires, int alarmDays)
 {
@@ -72,21 +72,12 @@ QString CTestLogbook::Xml() const
 
 bool CTestLogbook::WritePlain(const QString& path) const
 {
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate))
-        return false;
-    const QByteArray bytes = Xml().toUtf8();
-    return file.write(bytes) == bytes.size();
+    return WriteBytes(QFile::encodeName(path).toStdString(), Xml().toStdString());
 }
 
 bool CTestLogbook::WriteGzip(const QString& path) const
 {
-    gzFile file = gzopen(QFile::encodeName(path).constData(), "wb9");
-    if (!file)
-        return false;
-    const QByteArray bytes = Xml().toUtf8();
-    const int written = gzwrite(file, bytes.constData(), static_cast<unsigned>(bytes.size()));
-    return gzclose(file) == Z_OK && written == bytes.size();
+    return ::WriteGzip(QFile::encodeName(path).toStdString(), Xml().toStdString());
 }
 
 QString CTestLogbook::Day(int year, int month, int day, int offsetDays)

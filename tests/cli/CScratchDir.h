@@ -1,13 +1,14 @@
 #pragma once
 
+#include "tests/common/CScratchFolder.h"
+
 #include <QString>
-#include <QTemporaryDir>
 
 #include <string>
 #include <string_view>
 
-// A temporary folder for one test: logbook files written as plain or gzip bytes, read back,
-// and a settings folder for the tool's runs.
+// The shared scratch folder in the tool's terms: paths as QString, logbook files written as
+// plain or gzip bytes and read back, and a settings folder for the tool's runs.
 class CScratchDir
 {
 public:
@@ -15,24 +16,21 @@ public:
     CScratchDir();
 
     // The absolute path of a name inside the folder.
-    QString Path(const QString& name) const;
+    QString Path(const QString& name) const { return QString::fromStdString(m_folder / name.toStdString()); }
     // The settings folder handed to the tool as XDG_CONFIG_HOME.
     QString ConfigHome() const { return Path(QStringLiteral("config")); }
 
-    // Writes bytes to name as they are; returns the path.
+    // Write bytes to name, as they are or as a gzip stream; return the path.
     QString WritePlain(const QString& name, std::string_view bytes) const;
-    // Writes bytes to name as a gzip stream; returns the path.
     QString WriteGzip(const QString& name, std::string_view bytes) const;
     // Stores the window program's unit preference ("Preferences"/"Units") where the tool reads it.
     void StoreUnitsPreference(int units) const;
 
-    // The bytes of a file; empty when it cannot be read.
-    static std::string Read(const QString& path);
-    // The bytes of a gzip file, uncompressed; empty when it cannot be read.
-    static std::string ReadGzip(const QString& path);
-    // Whether a file exists at path.
+    // The bytes of a file, or uncompressed from gzip; empty when it cannot be read.
+    static std::string Read(const QString& path) { return ReadBytes(path.toStdString()); }
+    static std::string ReadGzip(const QString& path) { return ::ReadGzip(path.toStdString()); }
     static bool Exists(const QString& path);
 
 private:
-    QTemporaryDir m_dir;
+    CScratchFolder m_folder{"cli"};
 };

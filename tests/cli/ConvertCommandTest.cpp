@@ -8,7 +8,6 @@
 #include <gtest/gtest.h>
 
 #include <ostream>
-#include <regex>
 #include <string>
 
 namespace {
@@ -17,13 +16,6 @@ bool IsGzip(const std::string& bytes)
 {
     return bytes.size() > 2 && static_cast<unsigned char>(bytes[0]) == 0x1f &&
            static_cast<unsigned char>(bytes[1]) == 0x8b;
-}
-
-// The saved text without the root's save time, which differs from save to save.
-std::string WithoutRootMod(const std::string& xml)
-{
-    return std::regex_replace(xml, std::regex("(<tvl[^>]*) mod=\"[^\"]*\""), "$1",
-                              std::regex_constants::format_first_only);
 }
 
 struct ConvertCase
@@ -104,7 +96,8 @@ TEST(ConvertCommandFile, SavingASavedFileAgainGivesTheSameText)
     const QString second = dir.Path(QStringLiteral("second.tvl"));
     ASSERT_EQ(tool.Run({QStringLiteral("convert"), in, first}).exitCode, 0);
     ASSERT_EQ(tool.Run({QStringLiteral("convert"), first, second}).exitCode, 0);
-    EXPECT_EQ(WithoutRootMod(CScratchDir::Read(first)), WithoutRootMod(CScratchDir::Read(second)));
+    EXPECT_EQ(TestLogbooks::WithoutRootMod(CScratchDir::Read(first)),
+              TestLogbooks::WithoutRootMod(CScratchDir::Read(second)));
 }
 
 TEST(ConvertCommandFile, KeepsThePreviousFileAsBackup)

@@ -1,5 +1,6 @@
 #include "tests/cli/CScratchDir.h"
 #include "tests/cli/CToolRunner.h"
+#include "tests/cli/TestLogbooks.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -9,17 +10,10 @@
 #include <gtest/gtest.h>
 
 #include <ostream>
-#include <regex>
 #include <set>
 #include <string>
 
 namespace {
-
-std::string WithoutRootMod(const std::string& xml)
-{
-    return std::regex_replace(xml, std::regex("(<tvl[^>]*) mod=\"[^\"]*\""), "$1",
-                              std::regex_constants::format_first_only);
-}
 
 class GenerateCommand : public ::testing::Test
 {
@@ -51,12 +45,12 @@ TEST_F(GenerateCommand, SameSeedGivesTheSameFileApartFromTheSaveTime)
     const std::string first = CScratchDir::Read(Generate(QStringLiteral("a.tvl"), options));
     const std::string second = CScratchDir::Read(Generate(QStringLiteral("b.tvl"), options));
     ASSERT_GT(first.size(), 10000u);
-    EXPECT_EQ(WithoutRootMod(first), WithoutRootMod(second));
+    EXPECT_EQ(TestLogbooks::WithoutRootMod(first), TestLogbooks::WithoutRootMod(second));
 
     QStringList otherSeed = options;
     otherSeed.last() = QStringLiteral("43");
     const std::string third = CScratchDir::Read(Generate(QStringLiteral("c.tvl"), otherSeed));
-    EXPECT_NE(WithoutRootMod(first), WithoutRootMod(third));
+    EXPECT_NE(TestLogbooks::WithoutRootMod(first), TestLogbooks::WithoutRootMod(third));
 }
 
 TEST_F(GenerateCommand, CompressedOutputLoadsWithTheAskedNumberOfJumps)

@@ -3,6 +3,7 @@
 // the save of "convert" is not overwritten.
 #include "tests/cli/CScratchDir.h"
 #include "tests/cli/CToolRunner.h"
+#include "tests/cli/TestLogbooks.h"
 
 #include <QFile>
 #include <QProcess>
@@ -12,7 +13,6 @@
 
 #include <chrono>
 #include <random>
-#include <regex>
 #include <thread>
 
 #include <fcntl.h>
@@ -22,13 +22,6 @@
 #include <unistd.h>
 
 namespace {
-
-// The saved text without the root's save time, which differs from save to save.
-std::string WithoutRootMod(const std::string& xml)
-{
-    return std::regex_replace(xml, std::regex("(<tvl[^>]*) mod=\"[^\"]*\""), "$1",
-                              std::regex_constants::format_first_only);
-}
 
 std::string Native(const QString& path)
 {
@@ -66,7 +59,7 @@ TEST_F(SaveSafety, AKilledSaveLeavesTheOldOrTheNewLogbook)
     const QString source = Generate("new.tvz", 2);
     const QString target = m_dir.Path("jumps.tvz");
     const QString complete = m_dir.Path("complete.tvz");
-    const std::string oldText = WithoutRootMod(CScratchDir::ReadGzip(old));
+    const std::string oldText = TestLogbooks::WithoutRootMod(CScratchDir::ReadGzip(old));
 
     // One whole run over a copy of the old logbook tells how long the save takes (its backup
     // copy included) and what it writes.
@@ -74,7 +67,7 @@ TEST_F(SaveSafety, AKilledSaveLeavesTheOldOrTheNewLogbook)
     const auto start = std::chrono::steady_clock::now();
     ASSERT_EQ(m_tool.Run({"convert", source, complete}).exitCode, 0);
     const double runMs = std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
-    const std::string newText = WithoutRootMod(CScratchDir::ReadGzip(complete));
+    const std::string newText = TestLogbooks::WithoutRootMod(CScratchDir::ReadGzip(complete));
     ASSERT_NE(oldText, newText);
 
     std::mt19937 random(20240610);
@@ -94,7 +87,7 @@ TEST_F(SaveSafety, AKilledSaveLeavesTheOldOrTheNewLogbook)
         tool.waitForFinished(30000);
 
         SCOPED_TRACE("killed after " + std::to_string(killAfterMs) + " ms");
-        const std::string text = WithoutRootMod(CScratchDir::ReadGzip(target));
+        const std::string text = TestLogbooks::WithoutRootMod(CScratchDir::ReadGzip(target));
         EXPECT_TRUE(text == oldText || text == newText);
         sawOld += text == oldText ? 1 : 0;
         sawNew += text == newText ? 1 : 0;
@@ -103,7 +96,7 @@ TEST_F(SaveSafety, AKilledSaveLeavesTheOldOrTheNewLogbook)
     EXPECT_GT(sawOld, 0);
     // The next save finishes what was interrupted and leaves nothing behind.
     ASSERT_EQ(m_tool.Run({"convert", source, target}).exitCode, 0);
-    EXPECT_EQ(WithoutRootMod(CScratchDir::ReadGzip(target)), newText);
+    EXPECT_EQ(TestLogbooks::WithoutRootMod(CScratchDir::ReadGzip(target)), newText);
     EXPECT_FALSE(CScratchDir::Exists(target + ".saving"));
     EXPECT_FALSE(CScratchDir::Exists(m_dir.Path("jumps.bak.saving")));
     std::printf("[          ] %d of %d kills left the old logbook, %d the new one (a whole run took %.0f ms)\n", sawOld,

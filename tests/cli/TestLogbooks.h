@@ -1,5 +1,6 @@
 #pragma once
 
+#include <regex>
 #include <string>
 #include <string_view>
 
@@ -17,6 +18,13 @@ inline std::string File(std::string_view body, const char* version = "1.2")
     text.append(body);
     text.append("</tvl>");
     return text;
+}
+
+// The saved text without the root's save time, which differs from save to save.
+inline std::string WithoutRootMod(const std::string& xml)
+{
+    return std::regex_replace(xml, std::regex("(<tvl[^>]*) mod=\"[^\"]*\""), "$1",
+                              std::regex_constants::format_first_only);
 }
 
 // A jump element with the three required attributes and the given content.

@@ -20,21 +20,6 @@
 
 namespace {
 
-const CFixedClock kClock(CDateTime(2010, 1, 2, 3, 4, 5));
-
-std::unique_ptr<CJump> MakeJump(int number, const std::string& place)
-{
-    auto jump = std::make_unique<CJump>(number, CZonedDateTime{CDateTime(2008, 5, 17, 14, 3, 0), 0},
-                                        CDateTime(2008, 5, 17, 14, 3, 0));
-    jump->SetPlace(place);
-    return jump;
-}
-
-bool Exists(const std::string& path)
-{
-    return std::filesystem::exists(path);
-}
-
 std::size_t JumpsIn(const std::string& path)
 {
     CLogbookDoc doc;
@@ -70,7 +55,7 @@ TEST(CLogbookDocFile, AFileChangedByAnotherProgramIsNotOverwritten)
     for (const Case& c : cases) {
         for (const bool automatic : {false, true}) {
             SCOPED_TRACE(std::string(c.name) + (automatic ? ", automatic save" : ", Save"));
-            CTempFolder folder("changed");
+            CScratchFolder folder("changed");
             const std::string path = folder / (std::string("Jumps") + c.extension);
             {
                 CLogbookDoc writer(nullptr, &kClock);
@@ -111,7 +96,7 @@ TEST(CLogbookDocFile, AFileChangedByAnotherProgramIsNotOverwritten)
 
 TEST(CLogbookDocFile, ASaveWaitsForAnotherSaverAndSeesItsChange)
 {
-    CTempFolder folder("turns");
+    CScratchFolder folder("turns");
     const std::string path = folder / "Jumps.tvz";
     CLogbookDoc doc(nullptr, &kClock);
     doc.AddJump(MakeJump(1, "Tervola"));
@@ -134,7 +119,7 @@ TEST(CLogbookDocFile, ASaveWaitsForAnotherSaverAndSeesItsChange)
 
 TEST(CLogbookDocFile, TheNextSaveCleansUpWhatAKilledSaveLeft)
 {
-    CTempFolder folder("leftovers");
+    CScratchFolder folder("leftovers");
     const std::string path = folder / "Jumps.tvz";
     CLogbookDoc doc(nullptr, &kClock);
     doc.AddJump(MakeJump(1, "Tervola"));
@@ -153,7 +138,7 @@ TEST(CLogbookDocFile, TheNextSaveCleansUpWhatAKilledSaveLeft)
 
 TEST(CLogbookDocFile, AFailedWriteAtAnyGzipBlockLeavesTheOldFile)
 {
-    CTempFolder folder("gzipfail");
+    CScratchFolder folder("gzipfail");
     const std::string path = folder / "Jumps.tvz";
     CLogbookDoc doc(nullptr, &kClock);
     for (int n = 1; n <= 300; ++n)
@@ -178,7 +163,7 @@ TEST(CLogbookDocFile, AFailedWriteAtAnyGzipBlockLeavesTheOldFile)
 
 TEST(CLogbookDocFile, ASnapshotSavesWhileTheDocumentIsEdited)
 {
-    CTempFolder folder("snapshot");
+    CScratchFolder folder("snapshot");
     const std::string path = folder / "Jumps.tvz";
     CLogbookDoc doc(nullptr, &kClock);
     for (int n = 1; n <= 2000; ++n)
@@ -216,7 +201,7 @@ TEST(CLogbookDocFile, ASnapshotSavesWhileTheDocumentIsEdited)
 
 TEST(CLogbookDocFile, TheLockWarnsASecondInstanceAndDiesWithItsProcess)
 {
-    CTempFolder folder("lock");
+    CScratchFolder folder("lock");
     const std::string path = folder / "Jumps.tvz";
     {
         CLogbookLock first;

@@ -51,7 +51,7 @@ TEST(CLogbookDocGolden, LoadSaveKeepsEveryByteInBothContainers)
                                 " - " + std::string(StringTable::kWebAddress) + "\"";
 
     for (const std::string extension : {".tvl", ".tvz", ".TVL", ".Tvz"}) {
-        CTempFolder folder("golden" + extension.substr(1));
+        CScratchFolder folder("golden" + extension.substr(1));
         const bool gzip = extension == ".tvz" || extension == ".Tvz";
         const std::string source = folder / ("source" + extension);
         const std::string target = folder / ("saved" + extension);
@@ -153,7 +153,7 @@ TEST(CLogbookDocLoad, RefusalsGiveTheirMessageAndAnEmptyDocument)
         {"no element at all", "Jumps 1-5\r\n", std::string(StringTable::Text(StringTable::IDS_NOT_TERVOLA))},
     };
     for (const Case& c : cases) {
-        CTempFolder folder("refusal");
+        CScratchFolder folder("refusal");
         const std::string path = folder / "bad.tvl";
         WriteBytes(path, c.xml);
         CMemorySettingsStore store;
@@ -186,7 +186,7 @@ TEST(CLogbookDocLoad, RefusalsGiveTheirMessageAndAnEmptyDocument)
 
 TEST(CLogbookDocLoad, TryLoadTakesOverAGoodFile)
 {
-    CTempFolder folder("tryload");
+    CScratchFolder folder("tryload");
     const std::string small = folder / "small.tvl";
     WriteBytes(small, Logbook("<log>" + JumpXml(7, "A", 4000, 1000) + "</log>"));
     CMemorySettingsStore store;
@@ -206,7 +206,7 @@ TEST(CLogbookDocLoad, TryLoadTakesOverAGoodFile)
 
 TEST(CLogbookDocLoad, ContainersAndVersions)
 {
-    CTempFolder folder("containers");
+    CScratchFolder folder("containers");
     const std::string xml = Logbook(JumpXml(1, "A", 4000, 1000), "1.10");
     struct Case
     {
@@ -245,7 +245,7 @@ TEST(CLogbookDocLoad, ContainersAndVersions)
 
 TEST(CLogbookDocLoad, JumpsSortedByNumberEqualNumbersInFileOrder)
 {
-    CTempFolder folder("order");
+    CScratchFolder folder("order");
     const std::string path = folder / "order.tvl";
     WriteBytes(path, Logbook("<log>" + JumpXml(5, "E", 0, 0) + JumpXml(3, "first 3", 0, 0) + JumpXml(4, "D", 0, 0) +
                              JumpXml(3, "second 3", 0, 0) + JumpXml(1, "A", 0, 0) + "</log>"));
@@ -259,7 +259,7 @@ TEST(CLogbookDocLoad, JumpsSortedByNumberEqualNumbersInFileOrder)
 
 TEST(CLogbookDocSummary, TotalsFollowLoadAddRemoveAndChange)
 {
-    CTempFolder folder("summary");
+    CScratchFolder folder("summary");
     const std::string path = folder / "summary.tvl";
     // Two logged jumps of 1000 m freefall each, the last numbered 500.
     WriteBytes(path, Logbook("<settings><previousDelay>100</previousDelay></settings><log>" +
@@ -354,7 +354,7 @@ namespace {
 
 TEST(CLogbookDocLoad, FileWithMoreJumpsThanTheBoundIsRefused)
 {
-    CTempFolder folder("jumplimit");
+    CScratchFolder folder("jumplimit");
     std::string jumps;
     for (int n = 1; n <= 6; ++n)
         jumps += JumpXml(n, "A", 4000, 1000);

@@ -7,28 +7,9 @@
 
 #include <functional>
 
-namespace {
-
-const CFixedClock kClock(CDateTime(2010, 1, 2, 3, 4, 5));
-
-std::unique_ptr<CJump> MakeJump(int number, const std::string& place)
-{
-    auto jump = std::make_unique<CJump>(number, CZonedDateTime{CDateTime(2008, 5, 17, 14, 3, 0), 0},
-                                        CDateTime(2008, 5, 17, 14, 3, 0));
-    jump->SetPlace(place);
-    return jump;
-}
-
-bool Exists(const std::string& path)
-{
-    return std::filesystem::exists(path);
-}
-
-} // namespace
-
 TEST(CLogbookDocSave, EmptyLogbookAndTheBackupOfThePreviousSave)
 {
-    CTempFolder folder("backup");
+    CScratchFolder folder("backup");
     const std::string path = folder / "Jumps.tvl";
     const std::string backup = folder / "Jumps.bak";
     CMemorySettingsStore store;
@@ -63,7 +44,7 @@ TEST(CLogbookDocSave, EmptyLogbookAndTheBackupOfThePreviousSave)
 
 TEST(CLogbookDocSave, SaveIfModified)
 {
-    CTempFolder folder("ifmodified");
+    CScratchFolder folder("ifmodified");
     const std::string path = folder / "Jumps.tvz";
     CLogbookDoc doc(nullptr, &kClock);
     doc.AddJump(MakeJump(1, "A"));
@@ -88,7 +69,7 @@ TEST(CLogbookDocSave, SaveIfModified)
 
 TEST(CLogbookDocSave, OwnerNameAndMemberNumberSurviveLoadAndSave)
 {
-    CTempFolder folder("owner");
+    CScratchFolder folder("owner");
     const std::string path = folder / "Jumps.tvz";
     CLogbookDoc doc(nullptr, &kClock);
     doc.GetSettings().SetOwnerName("Aino Mäkelä");
@@ -109,7 +90,7 @@ TEST(CLogbookDocSave, FailuresLeaveTheOldFileAndItsBackup)
     {
         const char* name;
         std::function<std::unique_ptr<IXmlOutput>(const std::string&)> output; // null: real files
-        std::function<std::string(const CTempFolder&)> target;                 // null: Jumps.tvz
+        std::function<std::string(const CScratchFolder&)> target;              // null: Jumps.tvz
     };
     const Case cases[] = {
         {"output cannot be created", [](const std::string&) { return std::unique_ptr<IXmlOutput>(); }, nullptr},
@@ -123,19 +104,19 @@ TEST(CLogbookDocSave, FailuresLeaveTheOldFileAndItsBackup)
          },
          nullptr},
         {"folder is a regular file", nullptr,
-         [](const CTempFolder& f) {
+         [](const CScratchFolder& f) {
              WriteBytes(f / "file", "x");
              return f / "file/Jumps.tvz";
          }},
         {"target is a folder", nullptr,
-         [](const CTempFolder& f) {
+         [](const CScratchFolder& f) {
              std::filesystem::create_directories(f / "Jumps.tvl");
              WriteBytes(f / "Jumps.tvl/inside", "x");
              return f / "Jumps.tvl";
          }},
     };
     for (const Case& c : cases) {
-        CTempFolder folder("failure");
+        CScratchFolder folder("failure");
         const std::string path = c.target ? c.target(folder) : folder / "Jumps.tvz";
         const bool fileTarget = !std::filesystem::is_directory(path);
         const std::string backup = path.substr(0, path.size() - 3) + "bak";

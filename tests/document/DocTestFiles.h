@@ -1,70 +1,27 @@
 #pragma once
 
+#include "document/IClock.h"
+#include "model/CJump.h"
+#include "tests/common/CScratchFolder.h"
 #include "xml/IXmlOutput.h"
 
-#include <zlib.h>
-
 #include <cstdio>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <string>
-#include <unistd.h>
+#include <memory>
 
-// A fresh folder per test under the system's temporary folder, removed afterwards.
-class CTempFolder
+// The document tests' fixed "now" and a jump with a drop zone.
+inline const CFixedClock kClock(CDateTime(2010, 1, 2, 3, 4, 5));
+
+inline std::unique_ptr<CJump> MakeJump(int number, const std::string& place)
 {
-public:
-    explicit CTempFolder(const std::string& name)
-        : m_path(std::filesystem::temp_directory_path() / ("tervola_doc_" + name + "_" + std::to_string(::getpid())))
-    {
-        std::filesystem::remove_all(m_path);
-        std::filesystem::create_directories(m_path);
-    }
-    ~CTempFolder()
-    {
-        std::error_code ec;
-        std::filesystem::remove_all(m_path, ec);
-    }
-    std::string operator/(const std::string& file) const { return (m_path / file).string(); }
-
-private:
-    std::filesystem::path m_path;
-};
-
-inline std::string ReadBytes(const std::string& path)
-{
-    std::ifstream in(path, std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
+    auto jump = std::make_unique<CJump>(number, CZonedDateTime{CDateTime(2008, 5, 17, 14, 3, 0), 0},
+                                        CDateTime(2008, 5, 17, 14, 3, 0));
+    jump->SetPlace(place);
+    return jump;
 }
 
-inline void WriteBytes(const std::string& path, const std::string& bytes)
+inline bool Exists(const std::string& path)
 {
-    std::ofstream out(path, std::ios::binary | std::ios::trunc);
-    out << bytes;
-}
-
-inline bool WriteGzip(const std::string& path, const std::string& bytes)
-{
-    gzFile file = gzopen(path.c_str(), "wb9");
-    if (!file)
-        return false;
-    const int written = gzwrite(file, bytes.data(), static_cast<unsigned>(bytes.size()));
-    return gzclose(file) == Z_OK && written == static_cast<int>(bytes.size());
-}
-
-inline std::string ReadGzip(const std::string& path)
-{
-    std::string bytes;
-    gzFile file = gzopen(path.c_str(), "rb");
-    if (!file)
-        return bytes;
-    char buffer[4096];
-    int count = 0;
-    while ((count = gzread(file, buffer, sizeof buffer)) > 0)
-        bytes.append(buffer, static_cast<std::size_t>(count));
-    gzclose(file);
-    return bytes;
+    return std::filesystem::exists(path);
 }
 
 // An output that writes the real temporary file but fails like a full disk after a byte

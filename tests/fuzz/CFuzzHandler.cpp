@@ -1,23 +1,13 @@
 #include "CFuzzHandler.h"
 
+#include "FuzzFiles.h"
 #include "resources/StringTable.h"
 #include "xml/CXmlParser.h"
-#include "xml/XmlUtf8.h"
 #include "xml/XmlValues.h"
 
 #include <cstring>
 
 namespace {
-
-bool IsValidUtf8(std::string_view text)
-{
-    const auto* p = reinterpret_cast<const unsigned char*>(text.data());
-    const auto* end = p + text.size();
-    while (p < end)
-        if (XmlUtf8::NextCodePoint(p, end) == XmlUtf8::kInvalid)
-            return false;
-    return true;
-}
 
 bool SameBits(double a, double b)
 {

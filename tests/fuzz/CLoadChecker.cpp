@@ -1,7 +1,6 @@
 #include "CLoadChecker.h"
 
 #include "FuzzFiles.h"
-#include "xml/XmlUtf8.h"
 
 #include <filesystem>
 #include <system_error>
@@ -13,16 +12,6 @@ constexpr std::string_view kKnownLogbook =
     "<?xml version=\"1.0\" encoding=\"UTF-8\" ?><tvl version=\"1.2\"><settings><previousJumps>3</previousJumps>"
     "</settings><log size=\"1\"><jump n=\"7\" ts=\"2008-05-17T14:03:00+02\" mod=\"2008-05-17T20:00:00Z\">"
     "<dz>Known</dz><exit>4000</exit><open>1000</open></jump></log></tvl>";
-
-bool IsValidUtf8(std::string_view text)
-{
-    const auto* p = reinterpret_cast<const unsigned char*>(text.data());
-    const auto* end = p + text.size();
-    while (p < end)
-        if (XmlUtf8::NextCodePoint(p, end) == XmlUtf8::kInvalid)
-            return false;
-    return true;
-}
 
 void RemoveQuietly(const std::string& path)
 {
@@ -36,12 +25,12 @@ CLoadChecker::CLoadChecker(CScratchFolder& folder)
     : m_folder(folder), m_clock(CDateTime(2009, 3, 1, 10, 0, 0)), m_doc(nullptr, &m_clock),
       m_knownPath(folder / "known.tvl")
 {
-    WriteWholeFile(m_knownPath, kKnownLogbook);
+    WriteBytes(m_knownPath, kKnownLogbook);
 }
 
 CCheckedLoad CLoadChecker::Load(const std::string& path, bool roundTrip)
 {
-    const std::string before = ReadWholeFile(path);
+    const std::string before = ReadBytes(path);
     const auto filesBefore = m_folder.List();
 
     const CLoadResult result = m_doc.Load(path);
@@ -50,7 +39,7 @@ CCheckedLoad CLoadChecker::Load(const std::string& path, bool roundTrip)
     load.message = result.message;
     load.jumps = m_doc.GetJumpCount();
 
-    if (ReadWholeFile(path) != before)
+    if (ReadBytes(path) != before)
         load.problem = "the load changed the file it read";
     else if (m_folder.List() != filesBefore)
         load.problem = "the load created or removed a file";
@@ -113,8 +102,8 @@ std::string CLoadChecker::CheckLoaded(const std::string& path, bool roundTrip, s
             problem = "a reloaded logbook cannot be saved";
     }
     if (problem.empty()) {
-        saved = ReadWholeFile(names[0]);
-        if (ReadWholeFile(names[1]) != ReadWholeFile(names[2]))
+        saved = ReadBytes(names[0]);
+        if (ReadBytes(names[1]) != ReadBytes(names[2]))
             problem = "saving a reloaded logbook again changes the file";
     }
     cleanUp();

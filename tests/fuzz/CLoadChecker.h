@@ -1,8 +1,8 @@
 #pragma once
 
-#include "CScratchFolder.h"
 #include "document/CLogbookDoc.h"
 #include "document/IClock.h"
+#include "tests/common/CScratchFolder.h"
 
 #include <cstddef>
 #include <string>

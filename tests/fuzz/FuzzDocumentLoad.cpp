@@ -1,7 +1,7 @@
 #include "CLoadChecker.h"
-#include "CScratchFolder.h"
 #include "FuzzFiles.h"
 #include "FuzzTargets.h"
+#include "tests/common/CScratchFolder.h"
 
 namespace {
 
@@ -35,30 +35,30 @@ std::string FuzzDocumentLoad(const std::uint8_t* data, std::size_t size)
 
     // A gzip stream (perhaps damaged) is loaded as it is; the same bytes are also parsed plain.
     if (size >= 2 && data[0] == 0x1F && data[1] == 0x8B) {
-        WriteWholeFile(packed, bytes);
+        WriteBytes(packed, bytes);
         const CCheckedLoad load = bench.checker.Load(packed, true);
         if (!load.problem.empty())
             return "gzip: " + load.problem;
-        WriteWholeFile(plain, bytes);
+        WriteBytes(plain, bytes);
         const CCheckedLoad raw = bench.checker.Load(plain, false);
         return raw.problem.empty() ? std::string() : "gzip bytes as plain: " + raw.problem;
     }
 
     // Any other bytes are the XML text: plain, compressed, and in the gzip container's
     // transparent reading of an uncompressed file must all load the same way.
-    WriteWholeFile(plain, bytes);
+    WriteBytes(plain, bytes);
     const CCheckedLoad fromPlain = bench.checker.Load(plain, true);
     if (!fromPlain.problem.empty())
         return "plain: " + fromPlain.problem;
 
-    WriteWholeFile(packed, GzipBytes(bytes, 1));
+    WriteBytes(packed, GzipBytes(bytes, 1));
     const CCheckedLoad fromGzip = bench.checker.Load(packed, false);
     if (!fromGzip.problem.empty())
         return "gzip: " + fromGzip.problem;
     if (std::string problem = Compare(fromPlain, fromGzip, "gzip"); !problem.empty())
         return problem;
 
-    WriteWholeFile(packed, bytes);
+    WriteBytes(packed, bytes);
     const CCheckedLoad transparent = bench.checker.Load(packed, false);
     if (!transparent.problem.empty())
         return "transparent: " + transparent.problem;

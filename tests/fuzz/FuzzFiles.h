@@ -1,35 +1,22 @@
 #pragma once
 
+#include "tests/common/CScratchFolder.h"
+#include "xml/XmlUtf8.h"
+
 #include <zlib.h>
 
-#include <cstdio>
 #include <string>
 #include <string_view>
 
-// Whole-file reads and writes and in-memory gzip for the fuzz bodies and the load tests.
-
-// The bytes of a file; empty when it cannot be read.
-inline std::string ReadWholeFile(const std::string& path)
+// Whether text is well-formed UTF-8.
+inline bool IsValidUtf8(std::string_view text)
 {
-    std::string bytes;
-    if (std::FILE* file = std::fopen(path.c_str(), "rb")) {
-        char buffer[65536];
-        std::size_t count = 0;
-        while ((count = std::fread(buffer, 1, sizeof buffer, file)) > 0)
-            bytes.append(buffer, count);
-        std::fclose(file);
-    }
-    return bytes;
-}
-
-// Replaces the file with bytes; false when it cannot be written whole.
-inline bool WriteWholeFile(const std::string& path, std::string_view bytes)
-{
-    std::FILE* file = std::fopen(path.c_str(), "wb");
-    if (file == nullptr)
-        return false;
-    const bool written = bytes.empty() || std::fwrite(bytes.data(), 1, bytes.size(), file) == bytes.size();
-    return std::fclose(file) == 0 && written;
+    const auto* p = reinterpret_cast<const unsigned char*>(text.data());
+    const auto* end = p + text.size();
+    while (p < end)
+        if (XmlUtf8::NextCodePoint(p, end) == XmlUtf8::kInvalid)
+            return false;
+    return true;
 }
 
 // One gzip member holding bytes, compressed at level (1 fast .. 9 best).

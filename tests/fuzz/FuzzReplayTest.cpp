@@ -36,7 +36,7 @@ TEST_P(FuzzReplay, CheckedInInputsKeepEveryProperty)
             ASSERT_GE(files.size(), 5u) << "the seed corpus of " << target.name << " is missing";
         }
         for (const auto& file : files) {
-            const std::string bytes = ReadWholeFile(file.string());
+            const std::string bytes = ReadBytes(file.string());
             EXPECT_EQ(target.body(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()), "")
                 << file.filename().string();
         }

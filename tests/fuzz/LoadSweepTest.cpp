@@ -1,6 +1,6 @@
 #include "CLoadChecker.h"
-#include "CScratchFolder.h"
 #include "FuzzFiles.h"
+#include "tests/common/CScratchFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -26,12 +26,12 @@ class LoadSweep : public testing::Test
 protected:
     void SetUp() override
     {
-        golden = ReadWholeFile(kGoldenPath);
+        golden = ReadBytes(kGoldenPath);
         ASSERT_GT(golden.size(), 2048u);
         packed = GzipBytes(golden, 9);
         ASSERT_FALSE(packed.empty());
         // What the intact logbook saves as: a damaged file that loads must save the same.
-        WriteWholeFile(folder / "intact.tvl", golden);
+        WriteBytes(folder / "intact.tvl", golden);
         const CCheckedLoad intact = checker.Load(folder / "intact.tvl", true);
         ASSERT_TRUE(intact.ok) << intact.message;
         ASSERT_EQ(intact.problem, "");
@@ -44,7 +44,7 @@ protected:
     CCheckedLoad LoadBytes(const std::string& name, std::string_view bytes)
     {
         const std::string path = folder / name;
-        WriteWholeFile(path, bytes);
+        WriteBytes(path, bytes);
         return checker.Load(path, true);
     }
 

@@ -1,8 +1,8 @@
 #include "CAllocationMeter.h"
-#include "CScratchFolder.h"
 #include "FuzzFiles.h"
 #include "document/CLogbookDoc.h"
 #include "resources/StringTable.h"
+#include "tests/common/CScratchFolder.h"
 #include "xml/CXmlHandler.h"
 #include "xml/CXmlParser.h"
 

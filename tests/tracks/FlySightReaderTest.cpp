@@ -1,4 +1,5 @@
 #include "SyntheticTrack.h"
+#include "tests/common/CScratchFolder.h"
 #include "tracks/CFlySightReader.h"
 
 #include <gtest/gtest.h>
@@ -157,9 +158,8 @@ TEST(FlySightReader, SensorBarometerIsPlacedInUtcThroughItsTimeRows)
 
 TEST(FlySightReader, ReadFileTakesTheSensorFileBesideAFlySight2Track)
 {
-    const std::filesystem::path folder = std::filesystem::temp_directory_path() / "tervola_tracks_reader";
-    std::filesystem::remove_all(folder);
-    std::filesystem::create_directories(folder);
+    const CScratchFolder scratch("tracks");
+    const std::filesystem::path& folder = scratch.Path();
     const CTrack track = Fixes(3000);
     std::vector<CBaroReading> expected;
     std::ofstream(folder / "TRACK.CSV", std::ios::binary) << WriteFlySight2(track);
@@ -176,7 +176,6 @@ TEST(FlySightReader, ReadFileTakesTheSensorFileBesideAFlySight2Track)
     const CTrackReadResult missing = CFlySightReader::ReadFile(folder / "none.csv");
     EXPECT_FALSE(missing.ok);
     EXPECT_NE(missing.message.find((folder / "none.csv").string()), std::string::npos);
-    std::filesystem::remove_all(folder);
 }
 
 } // namespace

@@ -1,5 +1,5 @@
 #include "ParseEverySplit.h"
-#include "TempDirTest.h"
+#include "tests/common/CScratchFolder.h"
 
 #include "xml/CFileChecksum.h"
 #include "xml/CFileIdentity.h"
@@ -135,14 +135,15 @@ TEST(FileChecksum, IsXxh64WhateverThePiecesTheBytesComeIn)
     EXPECT_NE(other.Value(), whole.Value());
 }
 
-class ReadAhead : public TempDirTest
+class ReadAhead : public testing::Test
 {
 protected:
     std::string Write(const std::string& name, const std::string& bytes)
     {
-        std::ofstream(PathOf(name), std::ios::binary) << bytes;
-        return PathOf(name);
+        WriteBytes(m_dir / name, bytes);
+        return m_dir / name;
     }
+    CScratchFolder m_dir{"xml"};
 };
 
 TEST_F(ReadAhead, GivesTheEventsAndRefusalsOfTheParseOnOneThread)

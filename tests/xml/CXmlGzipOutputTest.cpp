@@ -1,4 +1,4 @@
-#include "TempDirTest.h"
+#include "tests/common/CScratchFolder.h"
 
 #include "xml/CXmlGzipOutput.h"
 #include "xml/CXmlStringOutput.h"
@@ -6,7 +6,6 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
-#include <fstream>
 #include <zlib.h>
 
 namespace {
@@ -74,8 +73,9 @@ private:
     int* m_writes;
 };
 
-class GzipOutput : public TempDirTest
+struct GzipOutput : testing::Test
 {
+    CScratchFolder m_dir{"xml"};
 };
 
 TEST_F(GzipOutput, ZlibReadsOneStreamEqualToTheText)
@@ -107,8 +107,8 @@ TEST_F(GzipOutput, ZlibReadsOneStreamEqualToTheText)
         EXPECT_EQ(InflateOneStream(gzip), text);
 
         // gzip itself checks the CRC-32 and the length of the whole stream.
-        const std::string path = PathOf("text.gz");
-        std::ofstream(path, std::ios::binary) << gzip;
+        const std::string path = m_dir / "text.gz";
+        WriteBytes(path, gzip);
         EXPECT_EQ(std::system(("gzip -t " + path).c_str()), 0);
     }
 }

@@ -1,29 +1,24 @@
 #include "ParseEverySplit.h"
-#include "TempDirTest.h"
+#include "tests/common/CScratchFolder.h"
 
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <zlib.h>
-
 namespace {
 
-class ParserFiles : public TempDirTest
+class ParserFiles : public testing::Test
 {
 protected:
     std::string WritePlain(const std::string& name, const std::string& bytes)
     {
-        std::ofstream(PathOf(name), std::ios::binary) << bytes;
-        return PathOf(name);
+        EXPECT_TRUE(WriteBytes(m_dir / name, bytes));
+        return m_dir / name;
     }
     std::string WriteGzip(const std::string& name, const std::string& bytes)
     {
-        gzFile file = gzopen(PathOf(name).c_str(), "wb9");
-        EXPECT_NE(file, nullptr);
-        EXPECT_EQ(gzwrite(file, bytes.data(), static_cast<unsigned>(bytes.size())), static_cast<int>(bytes.size()));
-        EXPECT_EQ(gzclose(file), Z_OK);
-        return PathOf(name);
+        EXPECT_TRUE(::WriteGzip(m_dir / name, bytes));
+        return m_dir / name;
     }
+    CScratchFolder m_dir{"xml"};
 };
 
 // A document of a few hundred kilobytes whose tags, values and texts fall across every read
@@ -66,7 +61,7 @@ TEST_F(ParserFiles, PlainAndGzipFilesGiveTheEventsOfTheText)
 
 TEST_F(ParserFiles, FailuresReportFalse)
 {
-    const std::string missing = PathOf("missing.tvl");
+    const std::string missing = m_dir / "missing.tvl";
     HandlerSet set;
     CXmlParser parser(&set.Root());
     parser.SetErrorMessage(std::string("left over"));

@@ -1,5 +1,5 @@
 #include "ParseEverySplit.h"
-#include "TempDirTest.h"
+#include "tests/common/CScratchFolder.h"
 
 #include "xml/CXmlStringOutput.h"
 #include "xml/CXmlWriter.h"
@@ -8,7 +8,6 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
 #include <random>
 #include <zlib.h>
 
@@ -195,21 +194,10 @@ TEST(XmlWriter, FailedWritesAreStickyAndCloseReportsThem)
     }
 }
 
-using WriterFiles = TempDirTest;
-
-std::string ReadGzip(const std::string& path)
+struct WriterFiles : testing::Test
 {
-    gzFile file = gzopen(path.c_str(), "rb");
-    EXPECT_NE(file, nullptr);
-    std::string bytes;
-    char buffer[4096];
-    int n = 0;
-    while ((n = gzread(file, buffer, sizeof buffer)) > 0)
-        bytes.append(buffer, static_cast<std::size_t>(n));
-    EXPECT_EQ(n, 0);
-    gzclose(file);
-    return bytes;
-}
+    CScratchFolder m_dir{"xml"};
+};
 
 void WriteLarge(CXmlWriter& writer)
 {
@@ -225,13 +213,12 @@ TEST_F(WriterFiles, PlainAndGzipFilesHoldTheWrittenBytes)
     ASSERT_GT(expected.size(), 150000u); // several 64 KiB blocks
     for (XmlOutputKind kind : {XmlPlainFile, XmlGzipFile}) {
         SCOPED_TRACE(kind);
-        const std::string path = PathOf(kind == XmlGzipFile ? "log.tvz" : "log.tvl");
+        const std::string path = m_dir / (kind == XmlGzipFile ? "log.tvz" : "log.tvl");
         CXmlWriter writer(Utf8, kind, Compact | SkipEmpty);
         ASSERT_TRUE(writer.Open(path));
         WriteLarge(writer);
         EXPECT_TRUE(writer.Close());
-        std::ifstream in(path, std::ios::binary);
-        const std::string raw(std::istreambuf_iterator<char>(in), {});
+        const std::string raw = ReadBytes(path);
         // gzip output starts with the gzip magic bytes and is much smaller than the text.
         EXPECT_EQ(raw.substr(0, 2) == "\x1F\x8B", kind == XmlGzipFile);
         EXPECT_EQ(kind == XmlGzipFile ? ReadGzip(path) : raw, expected);
@@ -240,22 +227,21 @@ TEST_F(WriterFiles, PlainAndGzipFilesHoldTheWrittenBytes)
     // The destructor closes the output without ending the open elements.
     {
         CXmlWriter writer(Latin1, XmlPlainFile, 0);
-        ASSERT_TRUE(writer.Open(PathOf("cut.tvl")));
+        ASSERT_TRUE(writer.Open(m_dir / "cut.tvl"));
         writer.StartElement("tvl");
         writer.WriteElement("dz", "\xC3\xA9");
     }
-    std::ifstream in(PathOf("cut.tvl"), std::ios::binary);
-    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(in), {}), kLatin1Declaration + "\r\n<tvl>\r\n  <dz>\xE9</dz>");
+    EXPECT_EQ(ReadBytes(m_dir / "cut.tvl"), kLatin1Declaration + "\r\n<tvl>\r\n  <dz>\xE9</dz>");
 }
 
 TEST_F(WriterFiles, OpenFailsOnAnUnwritablePath)
 {
     for (XmlOutputKind kind : {XmlPlainFile, XmlGzipFile}) {
         CXmlWriter writer(Utf8, kind, 0);
-        EXPECT_FALSE(writer.Open(PathOf("missing/log.tvz")));
+        EXPECT_FALSE(writer.Open(m_dir / "missing/log.tvz"));
         EXPECT_FALSE(writer.IsOpen());
         writer.WriteElement("a", "b");
-        EXPECT_FALSE(std::filesystem::exists(PathOf("missing")));
+        EXPECT_FALSE(std::filesystem::exists(m_dir / "missing"));
     }
 }
 
