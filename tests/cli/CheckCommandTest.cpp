@@ -31,6 +31,7 @@ enum class Container
     Plain,
     Gzip
 };
+constexpr Container kPlain = Container::Plain, kGzip = Container::Gzip;
 
 struct LoadCase
 {
@@ -39,7 +40,7 @@ struct LoadCase
     Container container;
     std::string content;
     int exitCode;
-    std::vector<std::string> out;
+    std::string out;
     std::vector<std::string> err; // the message-box texts, in order
 };
 
@@ -67,80 +68,35 @@ TEST_P(CheckCommand, PrintsCountsOrTheProgramsMessages)
     const CToolResult result = m_tool.Run({QStringLiteral("check"), path});
     EXPECT_FALSE(result.crashed);
     EXPECT_EQ(result.exitCode, c.exitCode);
-    EXPECT_EQ(result.OutLines(), c.out);
+    EXPECT_EQ(result.OutLines(), c.out.empty() ? std::vector<std::string>{} : std::vector<std::string>{c.out});
     EXPECT_EQ(result.ErrLines(), c.err);
 }
+
+const std::string kSeven = "1 jump, last jump number 7";
+const std::string kEmpty = File("<settings></settings><log size=\"0\"></log>");
+const std::string kUnknownTop = File("<settings></settings><bar></bar>");
+const std::string kUnknownRoot = "<?xml version=\"1.0\" ?><logbook version=\"1.2\"/>";
+const std::string kTruncated = "<?xml version=\"1.0\" ?><tvl version=\"1.2\"><log>";
 
 INSTANTIATE_TEST_SUITE_P(
     Files, CheckCommand,
     ::testing::Values(
-        LoadCase{"GzipLogbook", "a.tvz", Container::Gzip, File(kOneJump), 0, {"1 jump, last jump number 7"}, {}},
-        LoadCase{"PlainLogbook",
-                 "a.tvl",
-                 Container::Plain,
-                 TestLogbooks::Reference(),
-                 0,
-                 {"3 jumps, last jump number 500"},
-                 {}},
-        LoadCase{
-            "UpperCaseTvlIsPlain", "A.TVL", Container::Plain, File(kOneJump), 0, {"1 jump, last jump number 7"}, {}},
+        LoadCase{"GzipLogbook", "a.tvz", kGzip, File(kOneJump), 0, kSeven, {}},
+        LoadCase{"PlainLogbook", "a.tvl", kPlain, TestLogbooks::Reference(), 0, "3 jumps, last jump number 500", {}},
+        LoadCase{"UpperCaseTvlIsPlain", "A.TVL", kPlain, File(kOneJump), 0, kSeven, {}},
         // Any other name is read as gzip, which passes plain bytes through unchanged.
-        LoadCase{
-            "PlainBytesUnderTvz", "a.tvz", Container::Plain, File(kOneJump), 0, {"1 jump, last jump number 7"}, {}},
-        LoadCase{"EmptyLogbook",
-                 "e.tvz",
-                 Container::Gzip,
-                 File("<settings></settings><log size=\"0\"></log>"),
-                 0,
-                 {"0 jumps, last jump number 0"},
-                 {}},
+        LoadCase{"PlainBytesUnderTvz", "a.tvz", kPlain, File(kOneJump), 0, kSeven, {}},
+        LoadCase{"EmptyLogbook", "e.tvz", kGzip, kEmpty, 0, "0 jumps, last jump number 0", {}},
         // Versions compare as text: "1.10" sorts before "1.2".
-        LoadCase{"Version110Passes",
-                 "v.tvl",
-                 Container::Plain,
-                 File(kOneJump, "1.10"),
-                 0,
-                 {"1 jump, last jump number 7"},
-                 {}},
-        LoadCase{"MissingFile", "missing.tvz", Container::Plain, "", 1, {}, {kOpenFailed}},
-        LoadCase{
-            "Version13", "v.tvl", Container::Plain, File(kOneJump, "1.3"), 1, {}, {VersionRefusal("1.3"), kOpenFailed}},
-        LoadCase{"Version20Gzip",
-                 "v.tvz",
-                 Container::Gzip,
-                 File(kOneJump, "2.0"),
-                 1,
-                 {},
-                 {VersionRefusal("2.0"), kOpenFailed}},
-        LoadCase{"VersionMissing",
-                 "v.tvl",
-                 Container::Plain,
-                 File(kOneJump, nullptr),
-                 1,
-                 {},
-                 {VersionRefusal(""), kOpenFailed}},
-        LoadCase{"UnknownTopElement",
-                 "u.tvl",
-                 Container::Plain,
-                 File("<settings></settings><bar></bar>"),
-                 1,
-                 {},
-                 {kNotTervola, kOpenFailed}},
-        LoadCase{"UnknownRoot",
-                 "u.tvz",
-                 Container::Gzip,
-                 "<?xml version=\"1.0\" ?><logbook version=\"1.2\"/>",
-                 1,
-                 {},
-                 {kNotTervola, kOpenFailed}},
+        LoadCase{"Version110Passes", "v.tvl", kPlain, File(kOneJump, "1.10"), 0, kSeven, {}},
+        LoadCase{"MissingFile", "missing.tvz", kPlain, "", 1, "", {kOpenFailed}},
+        LoadCase{"Version13", "v.tvl", kPlain, File(kOneJump, "1.3"), 1, "", {VersionRefusal("1.3"), kOpenFailed}},
+        LoadCase{"Version20Gzip", "v.tvz", kGzip, File(kOneJump, "2.0"), 1, "", {VersionRefusal("2.0"), kOpenFailed}},
+        LoadCase{"VersionMissing", "v.tvl", kPlain, File(kOneJump, nullptr), 1, "", {VersionRefusal(""), kOpenFailed}},
+        LoadCase{"UnknownTopElement", "u.tvl", kPlain, kUnknownTop, 1, "", {kNotTervola, kOpenFailed}},
+        LoadCase{"UnknownRoot", "u.tvz", kGzip, kUnknownRoot, 1, "", {kNotTervola, kOpenFailed}},
         // A file that simply ends early has no text of its own.
-        LoadCase{"Truncated",
-                 "t.tvl",
-                 Container::Plain,
-                 "<?xml version=\"1.0\" ?><tvl version=\"1.2\"><log>",
-                 1,
-                 {},
-                 {kOpenFailed}}),
+        LoadCase{"Truncated", "t.tvl", kPlain, kTruncated, 1, "", {kOpenFailed}}),
     [](const ::testing::TestParamInfo<LoadCase>& param) { return std::string(param.param.name); });
 
 // Refusals whose first text the parser composes: "Parser error: " and the refused tag.

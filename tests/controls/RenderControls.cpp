@@ -76,10 +76,8 @@ struct Scene
     QString name;
     QLocale locale;
     std::function<std::unique_ptr<CKqPadDlg>()> make;
-    QStringList keys;
-    // A key shown held down and one shown with the focus ("" for none).
-    QString down;
-    QString focus;
+    // The keys clicked in turn (space-separated), a key shown held down and one shown with the focus.
+    QString keys, down = {}, focus = {};
 };
 
 } // namespace
@@ -94,55 +92,21 @@ int main(int argc, char* argv[])
     const QLocale english(QLocale::English, QLocale::UnitedStates);
     const QLocale german(QLocale::German, QLocale::Germany);
     const QList<Scene> scenes = {
-        {QStringLiteral("number_fresh"),
-         english,
-         [] { return std::make_unique<CNumberPadDlg>(nullptr, QString(), 0, 2, false); },
-         {},
-         {},
-         {}},
-        {QStringLiteral("number_entry"),
-         german,
-         [] { return std::make_unique<CNumberPadDlg>(nullptr, QStringLiteral("Fall rate"), 0, 2, true); },
-         {QStringLiteral("1"), QStringLiteral("2"), QStringLiteral("3"), QStringLiteral("4"),
-          QStringLiteral("separator"), QStringLiteral("5")},
-         QStringLiteral("7"),
-         QStringLiteral("back")},
-        {QStringLiteral("number_sum"),
-         german,
-         [] { return std::make_unique<CNumberPadDlg>(nullptr, QString(), 0, 0, false); },
-         {QStringLiteral("2"), QStringLiteral("plus"), QStringLiteral("3"), QStringLiteral("equals")},
-         {},
-         {}},
-        {QStringLiteral("duration_fresh"),
-         english,
-         [] { return std::make_unique<CDurationPadDlg>(nullptr, QString(), 0, 0, 0, 999); },
-         {},
-         {},
-         {}},
-        {QStringLiteral("duration_entry"),
-         english,
-         [] { return std::make_unique<CDurationPadDlg>(nullptr, QString(), 998, 59, 50, 999); },
-         {QStringLiteral("s_plus10")},
-         QStringLiteral("h_minus5"),
-         QStringLiteral("m_plus1")},
-        {QStringLiteral("duration_short"),
-         english,
-         [] { return std::make_unique<CDurationPadDlg>(nullptr, QString(), 1, 20, 0, 50); },
-         {QStringLiteral("m_plus10")},
-         {},
-         {}},
-        {QStringLiteral("time_fresh"),
-         english,
-         [] { return std::make_unique<CTimePadDlg>(nullptr, QString(), 12, 0); },
-         {},
-         {},
-         {}},
-        {QStringLiteral("time_entry"),
-         english,
-         [] { return std::make_unique<CTimePadDlg>(nullptr, QString(), 23, 50); },
-         {QStringLiteral("plus15")},
-         QStringLiteral("h_24"),
-         QStringLiteral("m_30")}};
+        {"number_fresh", english, [] { return std::make_unique<CNumberPadDlg>(nullptr, QString(), 0, 2, false); }, ""},
+        {"number_entry", german, [] { return std::make_unique<CNumberPadDlg>(nullptr, "Fall rate", 0, 2, true); },
+         "1 2 3 4 separator 5", "7", "back"},
+        {"number_sum", german, [] { return std::make_unique<CNumberPadDlg>(nullptr, QString(), 0, 0, false); },
+         "2 plus 3 equals"},
+        {"duration_fresh", english, [] { return std::make_unique<CDurationPadDlg>(nullptr, QString(), 0, 0, 0, 999); },
+         ""},
+        {"duration_entry", english,
+         [] { return std::make_unique<CDurationPadDlg>(nullptr, QString(), 998, 59, 50, 999); }, "s_plus10", "h_minus5",
+         "m_plus1"},
+        {"duration_short", english, [] { return std::make_unique<CDurationPadDlg>(nullptr, QString(), 1, 20, 0, 50); },
+         "m_plus10"},
+        {"time_fresh", english, [] { return std::make_unique<CTimePadDlg>(nullptr, QString(), 12, 0); }, ""},
+        {"time_entry", english, [] { return std::make_unique<CTimePadDlg>(nullptr, QString(), 23, 50); }, "plus15",
+         "h_24", "m_30"}};
     const QList<QSize> sizes = {{240, 320}, {320, 240}, {360, 640}, {1024, 768}};
 
     int problems = 0;
@@ -152,10 +116,10 @@ int main(int argc, char* argv[])
             const std::unique_ptr<CKqPadDlg> pad = scene.make();
             pad->FitTo(size);
             pad->show();
-            Click(*pad, scene.keys);
-            if (auto* down = pad->findChild<CKqButton*>(QStringLiteral("key_") + scene.down))
+            Click(*pad, scene.keys.split(QLatin1Char(' '), Qt::SkipEmptyParts));
+            if (auto* down = scene.down.isEmpty() ? nullptr : pad->findChild<CKqButton*>("key_" + scene.down))
                 down->setDown(true);
-            if (auto* focus = pad->findChild<CKqButton*>(QStringLiteral("key_") + scene.focus)) {
+            if (auto* focus = scene.focus.isEmpty() ? nullptr : pad->findChild<CKqButton*>("key_" + scene.focus)) {
                 pad->activateWindow();
                 focus->setFocus(Qt::TabFocusReason);
             }

@@ -7,8 +7,10 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <limits>
 #include <memory>
+#include <vector>
 
 namespace {
 
@@ -33,126 +35,116 @@ void AddRig(CLogbookSettings& settings, int number, bool active, const CDateTime
     settings.GetEquipmentList().Add(std::move(rig));
 }
 
-struct MembershipCase
-{
-    const char* name;
-    int expiryOffset;
-    int alarmDays;
-    bool due;
-};
+using Item = CReminders::Item;
 
-class MembershipReminder : public testing::TestWithParam<MembershipCase>
+Item Membership(const CDateTime& date)
 {
-};
+    return {StringTable::IDS_MEMBERSHIP_EXPIRES, 0, date};
+}
 
-TEST_P(MembershipReminder, IsDueFromTheAlarmDayOn)
+Item Rig(int number, const CDateTime& date)
 {
-    const MembershipCase& c = GetParam();
-    CLogbookSettings settings;
-    SetMembership(settings, Day(c.expiryOffset), c.alarmDays);
-    const auto due = CReminders::Due(settings, kToday);
-    if (!c.due) {
-        EXPECT_TRUE(due.empty());
-        return;
+    return {StringTable::IDS_INSPECTION_DUE, number, date};
+}
+
+TEST(Reminders, DueFromTheAlarmDayOnMembershipFirstThenRigsInListOrder)
+{
+    constexpr int kMax = std::numeric_limits<int>::max();
+    struct Case
+    {
+        const char* name;
+        std::function<void(CLogbookSettings&)> setup;
+        CDateTime today;
+        std::vector<Item> due;
+    };
+    const auto membership = [](int expiryOffset, int alarmDays) {
+        return [=](CLogbookSettings& s) { SetMembership(s, Day(expiryOffset), alarmDays); };
+    };
+    const Case cases[] = {
+        {"membership far ahead", membership(30, 10), kToday, {}},
+        {"membership a day before its window", membership(11, 10), kToday, {}},
+        {"membership on the boundary day", membership(10, 10), kToday, {Membership(Day(10))}},
+        {"membership inside its window", membership(5, 10), kToday, {Membership(Day(5))}},
+        {"expires today without warning days", membership(0, 0), kToday, {Membership(Day(0))}},
+        {"expires tomorrow without warning days", membership(1, 0), kToday, {}},
+        {"membership already expired", membership(-40, 10), kToday, {Membership(Day(-40))}},
+        {"membership alarm off", membership(5, -1), kToday, {}},
+        {"membership without a date", [](CLogbookSettings& s) { SetMembership(s, CDateTime(), 10); }, kToday, {}},
+        {"membership with an invalid date",
+         [](CLogbookSettings& s) { SetMembership(s, CDateTime(2023, 2, 31), 10); },
+         kToday,
+         {}},
+        {"invalid today", membership(1, 10), CDateTime(), {}},
+        {"rig due at inspection plus cycle, from the boundary day on",
+         [](CLogbookSettings& s) {
+             s.GetEquipmentList().SetAlarm(true, 10, 180);
+             AddRig(s, 4, true, Day(-170));
+             AddRig(s, 5, true, Day(-169));
+         },
+         kToday,
+         {Rig(4, Day(10))}},
+        {"membership first, then rigs in list order",
+         [](CLogbookSettings& s) {
+             SetMembership(s, Day(3), 10);
+             s.GetEquipmentList().SetAlarm(true, 0, 180);
+             AddRig(s, 7, true, Day(-200));
+             AddRig(s, 2, false, Day(-200));  // not tracked
+             AddRig(s, 3, true, CDateTime()); // never inspected
+             AddRig(s, 1, true, Day(-180));
+         },
+         kToday,
+         {Membership(Day(3)), Rig(7, Day(-20)), Rig(1, Day(0))}},
+        {"rig alarm off",
+         [](CLogbookSettings& s) {
+             s.GetEquipmentList().SetAlarm(false, 10, 180);
+             AddRig(s, 1, true, Day(-400));
+         },
+         kToday,
+         {}},
+        {"times of day do not move the boundary",
+         [](CLogbookSettings& s) {
+             SetMembership(s, CDateTime(2024, 6, 20, 0, 0, 1), 10);
+             s.GetEquipmentList().SetAlarm(true, 10, 180);
+             AddRig(s, 1, true, CDateTime(2023, 12, 23, 18, 45, 0));
+         },
+         CDateTime(2024, 6, 10, 23, 59, 59),
+         {Membership(CDateTime(2024, 6, 20)), Rig(1, CDateTime(2024, 6, 20))}},
+        {"a day earlier, however late",
+         [](CLogbookSettings& s) {
+             SetMembership(s, CDateTime(2024, 6, 20, 0, 0, 1), 10);
+             s.GetEquipmentList().SetAlarm(true, 10, 180);
+             AddRig(s, 1, true, CDateTime(2023, 12, 23, 18, 45, 0));
+         },
+         CDateTime(2024, 6, 9, 23, 59, 59),
+         {}},
+        {"cycle across the leap day",
+         [](CLogbookSettings& s) {
+             s.GetEquipmentList().SetAlarm(true, 0, 30);
+             AddRig(s, 1, true, CDateTime(2024, 2, 10));
+         },
+         CDateTime(2024, 3, 11),
+         {Rig(1, CDateTime(2024, 3, 11))}},
+        {"cycle across the leap day, the day before",
+         [](CLogbookSettings& s) {
+             s.GetEquipmentList().SetAlarm(true, 0, 30);
+             AddRig(s, 1, true, CDateTime(2024, 2, 10));
+         },
+         CDateTime(2024, 3, 10),
+         {}},
+        {"extreme numbers from a file do not overflow; a due date beyond the calendar is none",
+         [](CLogbookSettings& s) {
+             SetMembership(s, CDateTime(9999, 12, 31), kMax);
+             s.GetEquipmentList().SetAlarm(true, kMax, kMax);
+             AddRig(s, 1, true, CDateTime(2024, 1, 1));
+         },
+         kToday,
+         {Membership(CDateTime(9999, 12, 31))}},
+    };
+    for (const Case& c : cases) {
+        CLogbookSettings settings;
+        c.setup(settings);
+        EXPECT_EQ(CReminders::Due(settings, c.today), c.due) << c.name;
     }
-    ASSERT_EQ(due.size(), 1u);
-    EXPECT_EQ(due[0], (CReminders::Item{StringTable::IDS_MEMBERSHIP_EXPIRES, 0, Day(c.expiryOffset)}));
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Days, MembershipReminder,
-    testing::Values(MembershipCase{"far_ahead", 30, 10, false}, MembershipCase{"day_before_window", 11, 10, false},
-                    MembershipCase{"boundary_day", 10, 10, true}, MembershipCase{"inside_window", 5, 10, true},
-                    MembershipCase{"expires_today_without_warning_days", 0, 0, true},
-                    MembershipCase{"tomorrow_without_warning_days", 1, 0, false},
-                    MembershipCase{"already_expired", -40, 10, true}, MembershipCase{"alarm_off", 5, -1, false}),
-    [](const testing::TestParamInfo<MembershipCase>& param) { return std::string(param.param.name); });
-
-TEST(Reminders, MembershipWithoutValidDateIsSilent)
-{
-    CLogbookSettings settings;
-    SetMembership(settings, CDateTime(), 10);
-    EXPECT_TRUE(CReminders::Due(settings, kToday).empty());
-    SetMembership(settings, CDateTime(2023, 2, 31), 10); // invalid
-    EXPECT_TRUE(CReminders::Due(settings, kToday).empty());
-}
-
-TEST(Reminders, RigIsDueAtInspectionPlusCycle)
-{
-    CLogbookSettings settings;
-    settings.GetEquipmentList().SetAlarm(true, 10, 180);
-    AddRig(settings, 4, true, Day(-170)); // due in 10 days: the boundary day
-    AddRig(settings, 5, true, Day(-169)); // due in 11 days
-    const auto due = CReminders::Due(settings, kToday);
-    ASSERT_EQ(due.size(), 1u);
-    EXPECT_EQ(due[0], (CReminders::Item{StringTable::IDS_INSPECTION_DUE, 4, Day(10)}));
-}
-
-TEST(Reminders, MembershipFirstThenRigsInListOrder)
-{
-    CLogbookSettings settings;
-    SetMembership(settings, Day(3), 10);
-    settings.GetEquipmentList().SetAlarm(true, 0, 180);
-    AddRig(settings, 7, true, Day(-200));
-    AddRig(settings, 2, false, Day(-200));  // not tracked
-    AddRig(settings, 3, true, CDateTime()); // never inspected
-    AddRig(settings, 1, true, Day(-180));   // due today
-    const auto due = CReminders::Due(settings, kToday);
-    ASSERT_EQ(due.size(), 3u);
-    EXPECT_EQ(due[0].messageId, StringTable::IDS_MEMBERSHIP_EXPIRES);
-    EXPECT_EQ(due[1], (CReminders::Item{StringTable::IDS_INSPECTION_DUE, 7, Day(-20)}));
-    EXPECT_EQ(due[2], (CReminders::Item{StringTable::IDS_INSPECTION_DUE, 1, Day(0)}));
-}
-
-TEST(Reminders, RigAlarmOffIsSilent)
-{
-    CLogbookSettings settings;
-    settings.GetEquipmentList().SetAlarm(false, 10, 180);
-    AddRig(settings, 1, true, Day(-400));
-    EXPECT_TRUE(CReminders::Due(settings, kToday).empty());
-}
-
-TEST(Reminders, TimesOfDayDoNotMoveTheBoundary)
-{
-    CLogbookSettings settings;
-    SetMembership(settings, CDateTime(2024, 6, 20, 0, 0, 1), 10);
-    settings.GetEquipmentList().SetAlarm(true, 10, 180);
-    AddRig(settings, 1, true, CDateTime(2023, 12, 23, 18, 45, 0)); // due 20 June
-    const CDateTime lateToday(2024, 6, 10, 23, 59, 59);
-    const auto due = CReminders::Due(settings, lateToday);
-    ASSERT_EQ(due.size(), 2u);
-    EXPECT_EQ(due[0].date, CDateTime(2024, 6, 20));
-    // One day earlier nothing is due yet, however late in the day.
-    EXPECT_TRUE(CReminders::Due(settings, CDateTime(2024, 6, 9, 23, 59, 59)).empty());
-}
-
-TEST(Reminders, CycleAcrossLeapDay)
-{
-    CLogbookSettings settings;
-    settings.GetEquipmentList().SetAlarm(true, 0, 30);
-    AddRig(settings, 1, true, CDateTime(2024, 2, 10));
-    const auto due = CReminders::Due(settings, CDateTime(2024, 3, 11));
-    ASSERT_EQ(due.size(), 1u);
-    EXPECT_EQ(due[0].date, CDateTime(2024, 3, 11));
-    EXPECT_TRUE(CReminders::Due(settings, CDateTime(2024, 3, 10)).empty());
-}
-
-TEST(Reminders, ExtremeNumbersFromAFileDoNotOverflow)
-{
-    CLogbookSettings settings;
-    SetMembership(settings, CDateTime(9999, 12, 31), std::numeric_limits<int>::max());
-    settings.GetEquipmentList().SetAlarm(true, std::numeric_limits<int>::max(), std::numeric_limits<int>::max());
-    AddRig(settings, 1, true, CDateTime(2024, 1, 1)); // due date beyond the calendar: no reminder
-    const auto due = CReminders::Due(settings, kToday);
-    ASSERT_EQ(due.size(), 1u);
-    EXPECT_EQ(due[0].messageId, StringTable::IDS_MEMBERSHIP_EXPIRES);
-}
-
-TEST(Reminders, InvalidTodayGivesNothing)
-{
-    CLogbookSettings settings;
-    SetMembership(settings, Day(1), 10);
-    EXPECT_TRUE(CReminders::Due(settings, CDateTime()).empty());
 }
 
 } // namespace

@@ -30,30 +30,14 @@ TEST(EquipmentEdit, ChecksInOrderAndNamesTheField)
     const Case cases[] = {
         {"previous jumps below", [](CEquipmentEdit& e) { e.previousJumps = -1; }, CEquipmentEdit::PreviousJumps,
          "Please enter a value between 0 and 99999."},
-        {"previous jumps above",
-         [](CEquipmentEdit& e) {
-             e.previousJumps = 100000;
-             e.harness = "";
-         },
+        {"previous jumps above", [](CEquipmentEdit& e) { e.previousJumps = 100000, e.harness = ""; },
          CEquipmentEdit::PreviousJumps, "Please enter a value between 0 and 99999."},
-        {"blank harness",
-         [](CEquipmentEdit& e) {
-             e.harness = "   ";
-             e.mainCanopy = "";
-         },
-         CEquipmentEdit::Harness, "Please enter a harness."},
-        {"blank main",
-         [](CEquipmentEdit& e) {
-             e.mainCanopy = " \t ";
-             e.mainSize = 5000;
-         },
-         CEquipmentEdit::MainCanopy, "Please enter a main canopy."},
-        {"main size 1000",
-         [](CEquipmentEdit& e) {
-             e.mainSize = 1000;
-             e.reserveSize = -1;
-         },
-         CEquipmentEdit::MainSize, "Please enter a value between 0 and 999."},
+        {"blank harness", [](CEquipmentEdit& e) { e.harness = "   ", e.mainCanopy = ""; }, CEquipmentEdit::Harness,
+         "Please enter a harness."},
+        {"blank main", [](CEquipmentEdit& e) { e.mainCanopy = " \t ", e.mainSize = 5000; }, CEquipmentEdit::MainCanopy,
+         "Please enter a main canopy."},
+        {"main size 1000", [](CEquipmentEdit& e) { e.mainSize = 1000, e.reserveSize = -1; }, CEquipmentEdit::MainSize,
+         "Please enter a value between 0 and 999."},
         {"reserve size -1", [](CEquipmentEdit& e) { e.reserveSize = -1; }, CEquipmentEdit::ReserveSize,
          "Please enter a value between 0 and 999."},
     };

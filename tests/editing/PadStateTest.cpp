@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -160,35 +162,43 @@ INSTANTIATE_TEST_SUITE_P(Locales, NumberPadSeparatorTest,
                                            SeparatorCase{".", ",", 999, 0, "999"},
                                            SeparatorCase{".", ",", 5, 2, "0.05"}));
 
-// ---- Duration pad.
+// ---- Duration pad: keys named by group and label, "h+500", "m-5", "h11", in the order pressed;
+// "h+*" names every hour-plus key.
 
 using DKey = CDurationPadState::Key;
+
+std::string DurationKeyName(DKey key)
+{
+    const char group = key >= DKey::SecondPlus1 ? 's' : key >= DKey::MinutePlus1 ? 'm' : 'h';
+    return group + CDurationPadState::Label(key);
+}
+
+std::vector<DKey> DurationKeys(const std::string& names)
+{
+    std::vector<DKey> keys;
+    std::istringstream words(names);
+    for (std::string word; words >> word;) {
+        const bool group = word.back() == '*';
+        const std::string stem = group ? word.substr(0, word.size() - 1) : word;
+        const std::size_t before = keys.size();
+        for (int k = 0; k < static_cast<int>(DKey::Count); ++k) {
+            const std::string name = DurationKeyName(static_cast<DKey>(k));
+            if (group ? name.rfind(stem, 0) == 0 : name == stem)
+                keys.push_back(static_cast<DKey>(k));
+        }
+        EXPECT_GT(keys.size(), before) << "no key " << word;
+    }
+    return keys;
+}
 
 struct DurationCase
 {
     int hours, minutes, seconds, maxHours;
-    std::vector<DKey> keys;
-    int expectHours, expectMinutes, expectSeconds;
+    const char* keys;
+    const char* fields; // hours:minutes:seconds after the keys
     const char* display;
-    std::vector<DKey> disabled;
+    const char* disabled;
 };
-
-const std::vector<DKey> kHourPlus = {DKey::HourPlus1,  DKey::HourPlus5,   DKey::HourPlus10,
-                                     DKey::HourPlus50, DKey::HourPlus100, DKey::HourPlus500};
-const std::vector<DKey> kHourMinus = {DKey::HourMinus1,  DKey::HourMinus5,   DKey::HourMinus10,
-                                      DKey::HourMinus50, DKey::HourMinus100, DKey::HourMinus500};
-const std::vector<DKey> kMinutePlus = {DKey::MinutePlus1, DKey::MinutePlus5, DKey::MinutePlus10};
-const std::vector<DKey> kMinuteMinus = {DKey::MinuteMinus1, DKey::MinuteMinus5, DKey::MinuteMinus10};
-const std::vector<DKey> kSecondPlus = {DKey::SecondPlus1, DKey::SecondPlus5, DKey::SecondPlus10};
-const std::vector<DKey> kSecondMinus = {DKey::SecondMinus1, DKey::SecondMinus5, DKey::SecondMinus10};
-
-std::vector<DKey> Join(std::initializer_list<std::vector<DKey>> parts)
-{
-    std::vector<DKey> all;
-    for (const auto& part : parts)
-        all.insert(all.end(), part.begin(), part.end());
-    return all;
-}
 
 class DurationPadTest : public ::testing::TestWithParam<DurationCase>
 {
@@ -198,183 +208,51 @@ TEST_P(DurationPadTest, KeysGiveFieldsDisplayAndDisabledKeys)
 {
     const DurationCase& c = GetParam();
     CDurationPadState pad(c.hours, c.minutes, c.seconds, c.maxHours);
-    for (DKey key : c.keys)
+    for (DKey key : DurationKeys(c.keys))
         pad.Press(key);
-    EXPECT_EQ(pad.Hours(), c.expectHours);
-    EXPECT_EQ(pad.Minutes(), c.expectMinutes);
-    EXPECT_EQ(pad.Seconds(), c.expectSeconds);
+    EXPECT_EQ(std::to_string(pad.Hours()) + ":" + std::to_string(pad.Minutes()) + ":" + std::to_string(pad.Seconds()),
+              c.fields);
     EXPECT_EQ(pad.Display(), c.display);
     std::vector<DKey> disabled;
     for (int k = 0; k < static_cast<int>(DKey::Count); ++k)
         if (!pad.IsEnabled(static_cast<DKey>(k)))
             disabled.push_back(static_cast<DKey>(k));
-    EXPECT_EQ(disabled, c.disabled) << "display " << c.display;
+    std::vector<DKey> expected = DurationKeys(c.disabled);
+    std::sort(expected.begin(), expected.end());
+    EXPECT_EQ(disabled, expected) << "display " << c.display;
 }
 
 INSTANTIATE_TEST_SUITE_P(
     Bounds, DurationPadTest,
-    ::testing::Values(
-        DurationCase{998, 59, 50, 999, {DKey::SecondPlus10}, 999, 0, 0, "999:00:00", kHourPlus},
-        DurationCase{999, 59, 59, 999, {}, 999, 59, 59, "999:59:59", Join({kHourPlus, kMinutePlus, kSecondPlus})},
-        DurationCase{0, 0, 0, 999, {}, 0, 0, 0, "000:00:00", Join({kHourMinus, kMinuteMinus, kSecondMinus})},
-        // Max hours 99 or less: hours and minutes, then the literal ":02d".
-        DurationCase{0,
-                     0,
-                     0,
-                     50,
-                     {},
-                     0,
-                     0,
-                     0,
-                     "00:00:02d",
-                     Join({{DKey::HourPlus100, DKey::HourPlus500}, kHourMinus, kMinuteMinus, kSecondMinus})},
-        DurationCase{50,
-                     59,
-                     59,
-                     50,
-                     {},
-                     50,
-                     59,
-                     59,
-                     "50:59:02d",
-                     Join({kHourPlus, {DKey::HourMinus100, DKey::HourMinus500}, kMinutePlus, kSecondPlus})},
-        DurationCase{50,
-                     54,
-                     56,
-                     50,
-                     {},
-                     50,
-                     54,
-                     56,
-                     "50:54:02d",
-                     Join({kHourPlus, {DKey::HourMinus100, DKey::HourMinus500, DKey::MinutePlus10}})},
-        DurationCase{3,
-                     4,
-                     5,
-                     99,
-                     {},
-                     3,
-                     4,
-                     5,
-                     "03:04:02d",
-                     {DKey::HourPlus100, DKey::HourPlus500, DKey::HourMinus5, DKey::HourMinus10, DKey::HourMinus50,
-                      DKey::HourMinus100, DKey::HourMinus500}},
-        DurationCase{7,
-                     0,
-                     0,
-                     100,
-                     {},
-                     7,
-                     0,
-                     0,
-                     "007:00:00",
-                     {DKey::HourPlus100, DKey::HourPlus500, DKey::HourMinus10, DKey::HourMinus50, DKey::HourMinus100,
-                      DKey::HourMinus500}},
-        DurationCase{0,
-                     0,
-                     0,
-                     1000,
-                     {DKey::HourPlus500, DKey::HourPlus500},
-                     1000,
-                     0,
-                     0,
-                     "1000:00:00",
-                     {DKey::HourPlus1, DKey::HourPlus5, DKey::HourPlus10, DKey::HourPlus50, DKey::HourPlus100,
-                      DKey::HourPlus500}}));
+    ::testing::Values(DurationCase{998, 59, 50, 999, "s+10", "999:0:0", "999:00:00", "h+*"},
+                      DurationCase{999, 59, 59, 999, "", "999:59:59", "999:59:59", "h+* m+* s+*"},
+                      DurationCase{0, 0, 0, 999, "", "0:0:0", "000:00:00", "h-* m-* s-*"},
+                      // Max hours 99 or less: hours and minutes, then the literal ":02d".
+                      DurationCase{0, 0, 0, 50, "", "0:0:0", "00:00:02d", "h+100 h+500 h-* m-* s-*"},
+                      DurationCase{50, 59, 59, 50, "", "50:59:59", "50:59:02d", "h+* h-100 h-500 m+* s+*"},
+                      DurationCase{50, 54, 56, 50, "", "50:54:56", "50:54:02d", "h+* h-100 h-500 m+10"},
+                      DurationCase{3, 4, 5, 99, "", "3:4:5", "03:04:02d", "h+100 h+500 h-5 h-10 h-50 h-100 h-500"},
+                      DurationCase{7, 0, 0, 100, "", "7:0:0", "007:00:00", "h+100 h+500 h-10 h-50 h-100 h-500"},
+                      DurationCase{0, 0, 0, 1000, "h+500 h+500", "1000:0:0", "1000:00:00", "h+*"}));
 
 INSTANTIATE_TEST_SUITE_P(
     Carries, DurationPadTest,
-    ::testing::Values(
-        DurationCase{1,
-                     58,
-                     0,
-                     50,
-                     {DKey::MinutePlus5},
-                     2,
-                     3,
-                     0,
-                     "02:03:02d",
-                     {DKey::HourPlus50, DKey::HourPlus100, DKey::HourPlus500, DKey::HourMinus5, DKey::HourMinus10,
-                      DKey::HourMinus50, DKey::HourMinus100, DKey::HourMinus500}},
-        DurationCase{2,
-                     3,
-                     0,
-                     999,
-                     {DKey::MinuteMinus5},
-                     1,
-                     58,
-                     0,
-                     "001:58:00",
-                     {DKey::HourMinus5, DKey::HourMinus10, DKey::HourMinus50, DKey::HourMinus100, DKey::HourMinus500}},
-        DurationCase{1,
-                     59,
-                     58,
-                     999,
-                     {DKey::SecondPlus5},
-                     2,
-                     0,
-                     3,
-                     "002:00:03",
-                     {DKey::HourMinus5, DKey::HourMinus10, DKey::HourMinus50, DKey::HourMinus100, DKey::HourMinus500}},
-        DurationCase{2,
-                     0,
-                     3,
-                     999,
-                     {DKey::SecondMinus5},
-                     1,
-                     59,
-                     58,
-                     "001:59:58",
-                     {DKey::HourMinus5, DKey::HourMinus10, DKey::HourMinus50, DKey::HourMinus100, DKey::HourMinus500}},
-        DurationCase{0, 10, 59, 999, {DKey::SecondPlus1}, 0, 11, 0, "000:11:00", kHourMinus},
-        // At hour 0 a step that would borrow is disabled and ignored.
-        DurationCase{0,
-                     7,
-                     0,
-                     999,
-                     {DKey::MinuteMinus5, DKey::MinuteMinus5},
-                     0,
-                     2,
-                     0,
-                     "000:02:00",
-                     Join({kHourMinus, {DKey::MinuteMinus5, DKey::MinuteMinus10}})},
-        DurationCase{0,
-                     0,
-                     7,
-                     999,
-                     {DKey::SecondMinus5, DKey::SecondMinus5},
-                     0,
-                     0,
-                     2,
-                     "000:00:02",
-                     Join({kHourMinus, kMinuteMinus, {DKey::SecondMinus5, DKey::SecondMinus10}})}));
+    ::testing::Values(DurationCase{1, 58, 0, 50, "m+5", "2:3:0", "02:03:02d",
+                                   "h+50 h+100 h+500 h-5 h-10 h-50 h-100 h-500"},
+                      DurationCase{2, 3, 0, 999, "m-5", "1:58:0", "001:58:00", "h-5 h-10 h-50 h-100 h-500"},
+                      DurationCase{1, 59, 58, 999, "s+5", "2:0:3", "002:00:03", "h-5 h-10 h-50 h-100 h-500"},
+                      DurationCase{2, 0, 3, 999, "s-5", "1:59:58", "001:59:58", "h-5 h-10 h-50 h-100 h-500"},
+                      DurationCase{0, 10, 59, 999, "s+1", "0:11:0", "000:11:00", "h-*"},
+                      // At hour 0 a step that would borrow is disabled and ignored.
+                      DurationCase{0, 7, 0, 999, "m-5 m-5", "0:2:0", "000:02:00", "h-* m-5 m-10"},
+                      DurationCase{0, 0, 7, 999, "s-5 s-5", "0:0:2", "000:00:02", "h-* m-* s-5 s-10"}));
 
-INSTANTIATE_TEST_SUITE_P(
-    HourKeys, DurationPadTest,
-    ::testing::Values(
-        // Hour keys are never disabled and may go above max hours.
-        DurationCase{0,
-                     0,
-                     0,
-                     5,
-                     {DKey::Hour11},
-                     11,
-                     0,
-                     0,
-                     "11:00:02d",
-                     Join({kHourPlus, {DKey::HourMinus50, DKey::HourMinus100, DKey::HourMinus500}})},
-        DurationCase{0,
-                     0,
-                     0,
-                     999,
-                     {DKey::HourPlus500, DKey::HourPlus100, DKey::HourMinus5},
-                     595,
-                     0,
-                     0,
-                     "595:00:00",
-                     {DKey::HourPlus500}},
-        DurationCase{
-            595, 0, 0, 999, {DKey::Hour0}, 0, 0, 0, "000:00:00", Join({kHourMinus, kMinuteMinus, kSecondMinus})}));
+INSTANTIATE_TEST_SUITE_P(HourKeys, DurationPadTest,
+                         ::testing::Values(
+                             // Hour keys are never disabled and may go above max hours.
+                             DurationCase{0, 0, 0, 5, "h11", "11:0:0", "11:00:02d", "h+* h-50 h-100 h-500"},
+                             DurationCase{0, 0, 0, 999, "h+500 h+100 h-5", "595:0:0", "595:00:00", "h+500"},
+                             DurationCase{595, 0, 0, 999, "h0", "0:0:0", "000:00:00", "h-* m-* s-*"}));
 
 // ---- Time pad.
 

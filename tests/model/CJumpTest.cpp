@@ -41,12 +41,7 @@ TEST(CJumpWrite, ChildrenFollowTheWriterRules)
     const WriteCase cases[] = {
         {"fresh jump: only the fall-rate kind", [](CJump&) {}, standard},
         {"texts in order, empty ones omitted",
-         [](CJump& j) {
-             j.SetTeam("T");
-             j.SetPlace("DZ");
-             j.SetType("Belly");
-             j.SetLanding("OK");
-         },
+         [](CJump& j) { j.SetTeam("T"), j.SetPlace("DZ"), j.SetType("Belly"), j.SetLanding("OK"); },
          "<dz>DZ</dz><type>Belly</type>" + standard + "<landing>OK</landing><team>T</team>"},
         {"Standard writes heights but no stored times or speeds",
          [](CJump& j) {
@@ -76,24 +71,12 @@ TEST(CJumpWrite, ChildrenFollowTheWriterRules)
         {"rig by index 0", [](CJump& j) { j.SetEquipmentByIndex(0); }, standard + R"(<equipment n="0"/>)"},
         {"rig by description", [](CJump& j) { j.SetEquipmentByDescription("Rig & co"); },
          standard + R"(<equipment description="Rig &amp; co"/>)"},
-        {"empty description is no rig",
-         [](CJump& j) {
-             j.SetEquipmentByIndex(3);
-             j.SetEquipmentByDescription("");
-         },
+        {"empty description is no rig", [](CJump& j) { j.SetEquipmentByIndex(3), j.SetEquipmentByDescription(""); },
          standard},
-        {"size, points zero omitted",
-         [](CJump& j) {
-             j.SetSize(0);
-             j.SetPoints(12);
-         },
+        {"size, points zero omitted", [](CJump& j) { j.SetSize(0), j.SetPoints(12); },
          standard + "<points>12</points>"},
         {"images in order, then video",
-         [](CJump& j) {
-             j.SetVideo("v.avi", 0.0);
-             j.AddImage("a.jpg", "a_t.jpg");
-             j.AddImage("b.jpg", "");
-         },
+         [](CJump& j) { j.SetVideo("v.avi", 0.0), j.AddImage("a.jpg", "a_t.jpg"), j.AddImage("b.jpg", ""); },
          standard + R"(<image name="a.jpg" thumbnail="a_t.jpg"/><image name="b.jpg" thumbnail=""/>)"
                     R"(<video name="v.avi" offset="0.0"/>)"},
         {"note escaped", [](CJump& j) { j.SetNote("<p>x</p>"); }, standard + "<note>&lt;p&gt;x&lt;/p&gt;</note>"},
@@ -104,10 +87,7 @@ TEST(CJumpWrite, ChildrenFollowTheWriterRules)
          },
          standard},
         {"recording kind set but empty: type and qne only",
-         [](CJump& j) {
-             j.Recording().SetKind(CJumpRecording::Barometric);
-             j.Recording().SetQne(1013.25);
-         },
+         [](CJump& j) { j.Recording().SetKind(CJumpRecording::Barometric), j.Recording().SetQne(1013.25); },
          standard + R"(<profile type="baro"><qne>1013.25</qne></profile>)"},
         {"signature with signer but no strokes", [](CJump& j) { j.Signature().SetName("Anna"); },
          standard + R"(<signature name="Anna"></signature>)"},

@@ -46,44 +46,39 @@ TEST(UnitSettings, AnyNonZeroUnitValueIsMetric)
     EXPECT_EQ(units.WindLabel(), "kn");
 }
 
-// Each conversion is one multiplication by the program's constant: compare to the bit.
-TEST(UnitSettings, ConversionsUseTheExactFactors)
-{
-    struct Case
-    {
-        int units, speed;
-        double toHeight, fromHeight, toSpeed, fromSpeed, toWind, fromWind, distance;
-    };
-    const Case cases[] = {
-        {0, 0, 3.280839895013123, 0.3048, 3.280839895013123, 0.3048, 1.9438339965766924, 0.5144472222222222,
-         0.0006213711922000001},
-        {0, 1, 3.280839895013123, 0.3048, 2.2369362920275586, 0.44704000000536454, 1.9438339965766924,
-         0.5144472222222222, 0.0006213711922000001},
-        {1, 0, 1.0, 1.0, 1.0, 1.0, 2.236936292054402, 0.44704, 0.001},
-        {1, 1, 1.0, 1.0, 3.6, 0.2777777777777778, 2.236936292054402, 0.44704, 0.001},
-    };
-    for (const Case& c : cases) {
-        const CUnitSettings u(c.units, c.speed, 0);
-        const double x = 123.456;
-        EXPECT_EQ(u.HeightToDisplay(x), x * c.toHeight);
-        EXPECT_EQ(u.HeightFromDisplay(x), x * c.fromHeight);
-        EXPECT_EQ(u.SpeedToDisplay(x), x * c.toSpeed);
-        EXPECT_EQ(u.SpeedFromDisplay(x), x * c.fromSpeed);
-        EXPECT_EQ(u.WindToDisplay(x), x * c.toWind);
-        EXPECT_EQ(u.WindFromDisplay(x), x * c.fromWind);
-        EXPECT_EQ(u.DistanceToDisplay(x), x * c.distance);
-    }
-}
-
+// Every conversion of every unit system on a worked value.
 TEST(UnitSettings, WorkedExamples)
 {
-    const CUnitSettings imperial(0, 0, 0), metricPerHour(1, 1, 0), metric(1, 0, 0);
-    EXPECT_DOUBLE_EQ(imperial.HeightToDisplay(4000), 13123.359580052493);
-    EXPECT_DOUBLE_EQ(imperial.HeightFromDisplay(13120), 3998.976);
-    EXPECT_DOUBLE_EQ(metricPerHour.SpeedToDisplay(50), 180.0);
-    EXPECT_DOUBLE_EQ(metricPerHour.SpeedFromDisplay(180), 50.0);
-    EXPECT_DOUBLE_EQ(metric.WindToDisplay(5), 11.18468146027201);
-    EXPECT_DOUBLE_EQ(imperial.WindToDisplay(5), 9.719169982883463);
+    using Convert = double (CUnitSettings::*)(double) const;
+    struct Case
+    {
+        int units, perHour;
+        Convert convert;
+        const char* name;
+        double value, shown;
+    };
+    using U = CUnitSettings;
+    const Case cases[] = {
+        {0, 0, &U::HeightToDisplay, "ft", 4000, 13123.359580052493},
+        {0, 0, &U::HeightFromDisplay, "ft back", 13120, 3998.976},
+        {0, 0, &U::SpeedToDisplay, "ft/s", 50, 164.04199475065616},
+        {0, 0, &U::SpeedFromDisplay, "ft/s back", 164, 49.9872},
+        {0, 1, &U::SpeedToDisplay, "mph", 50, 111.84681460137793},
+        {0, 1, &U::SpeedFromDisplay, "mph back", 100, 44.70400000053645},
+        {0, 0, &U::WindToDisplay, "imperial wind", 5, 9.719169982883463},
+        {0, 0, &U::WindFromDisplay, "imperial wind back", 10, 5.1444722222222214},
+        {0, 0, &U::DistanceToDisplay, "mi", 1e6, 621.3711922000001},
+        {1, 0, &U::HeightToDisplay, "m", 4000, 4000},
+        {1, 0, &U::HeightFromDisplay, "m back", 4000, 4000},
+        {1, 0, &U::SpeedToDisplay, "m/s", 50, 50},
+        {1, 1, &U::SpeedToDisplay, "km/h", 50, 180},
+        {1, 1, &U::SpeedFromDisplay, "km/h back", 180, 50},
+        {1, 0, &U::WindToDisplay, "metric wind", 5, 11.18468146027201},
+        {1, 0, &U::WindFromDisplay, "metric wind back", 10, 4.4704},
+        {1, 0, &U::DistanceToDisplay, "km", 1e6, 1000},
+    };
+    for (const Case& c : cases)
+        EXPECT_DOUBLE_EQ((CUnitSettings(c.units, c.perHour, 0).*c.convert)(c.value), c.shown) << c.name;
 }
 
 // A wind stored in m/s, shown rounded and typed back unchanged, lands within display precision:
