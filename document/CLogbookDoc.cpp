@@ -37,9 +37,7 @@ void CLogbookDoc::Clear()
     m_fileIdentity = CFileIdentity();
     m_modified = false;
     ++m_changeCount;
-    m_totalFreefallTime = 0;
-    m_totalFreefallDistance = 0;
-    m_totalCanopyDistance = 0;
+    m_totals = CLogbookTotals();
 }
 
 CLoadResult CLogbookDoc::Load(const std::string& name)
@@ -101,9 +99,7 @@ void CLogbookDoc::SwapContents(CLogbookDoc& other)
     ++m_changeCount;
     std::swap(m_settings, other.m_settings);
     std::swap(m_jumps, other.m_jumps);
-    std::swap(m_totalFreefallTime, other.m_totalFreefallTime);
-    std::swap(m_totalFreefallDistance, other.m_totalFreefallDistance);
-    std::swap(m_totalCanopyDistance, other.m_totalCanopyDistance);
+    std::swap(m_totals, other.m_totals);
 }
 
 int CLogbookDoc::IndexOf(const CJump* jump) const
@@ -142,9 +138,7 @@ CJump* CLogbookDoc::AddJump(std::unique_ptr<CJump> jump)
     WaitForCopy();
     CJump* added = InsertSorted(m_jumps, std::move(jump));
     ++m_changeCount;
-    m_totalFreefallTime += added->FreefallTime(m_settings);
-    m_totalFreefallDistance += added->GetFreefallDistance();
-    m_totalCanopyDistance += added->GetOpenHeight();
+    m_totals.Add(*added, m_settings);
     m_modified = true;
     return added;
 }
@@ -157,9 +151,7 @@ std::unique_ptr<CJump> CLogbookDoc::RemoveJump(std::size_t index)
     std::unique_ptr<CJump> jump = std::move(m_jumps[index]);
     m_jumps.erase(m_jumps.begin() + static_cast<std::ptrdiff_t>(index));
     ++m_changeCount;
-    m_totalFreefallTime -= jump->FreefallTime(m_settings);
-    m_totalFreefallDistance -= jump->GetFreefallDistance();
-    m_totalCanopyDistance -= jump->GetOpenHeight();
+    m_totals.Remove(*jump, m_settings);
     m_modified = true;
     return jump;
 }
@@ -170,9 +162,7 @@ void CLogbookDoc::BeginChangeJump(const CJump* jump)
         return;
     WaitForCopy();
     ++m_changeCount;
-    m_totalFreefallTime -= jump->FreefallTime(m_settings);
-    m_totalFreefallDistance -= jump->GetFreefallDistance();
-    m_totalCanopyDistance -= jump->GetOpenHeight();
+    m_totals.Remove(*jump, m_settings);
 }
 
 void CLogbookDoc::EndChangeJump(CJump* jump)
@@ -180,9 +170,7 @@ void CLogbookDoc::EndChangeJump(CJump* jump)
     if (!jump)
         return;
     ++m_changeCount;
-    m_totalFreefallTime += jump->FreefallTime(m_settings);
-    m_totalFreefallDistance += jump->GetFreefallDistance();
-    m_totalCanopyDistance += jump->GetOpenHeight();
+    m_totals.Add(*jump, m_settings);
 
     // A changed number may put the jump out of order; only then is it moved.
     const int index = IndexOf(jump);
@@ -201,28 +189,21 @@ void CLogbookDoc::EndChangeJump(CJump* jump)
 
 void CLogbookDoc::RecomputeTotals()
 {
-    m_totalFreefallTime = 0;
-    m_totalFreefallDistance = 0;
-    m_totalCanopyDistance = 0;
-    for (const auto& jump : m_jumps) {
-        m_totalFreefallTime += jump->FreefallTime(m_settings);
-        m_totalFreefallDistance += jump->GetFreefallDistance();
-        m_totalCanopyDistance += jump->GetOpenHeight();
-    }
+    m_totals.Recount(m_jumps, m_settings);
 }
 
 CLogbookSummary CLogbookDoc::GetSummary() const
 {
     CLogbookSummary summary;
-    summary.freefallSeconds = m_totalFreefallTime + m_settings.GetPreviousDelay();
+    summary.freefallSeconds = m_totals.FreefallSeconds() + m_settings.GetPreviousDelay();
     const CJump* last = GetLastJump();
     if (!last)
         return summary;
     // The average per logged jump, extrapolated to the last jump number on purpose.
     const double scale = static_cast<double>(last->GetNumber()) / static_cast<double>(m_jumps.size());
     summary.numberOfJumps = last->GetNumber();
-    summary.freefallMetres = static_cast<double>(m_totalFreefallDistance) * scale;
-    summary.canopyMetres = static_cast<double>(m_totalCanopyDistance) * scale;
+    summary.freefallMetres = static_cast<double>(m_totals.FreefallMetres()) * scale;
+    summary.canopyMetres = static_cast<double>(m_totals.CanopyMetres()) * scale;
     summary.lastJump = last->GetTimestamp().dateTime.DateOnly();
     return summary;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "document/CLogbookTotals.h"
 #include "model/CJump.h"
 #include "model/CLogbookSettings.h"
 #include "xml/CDateTime.h"
@@ -159,9 +160,9 @@ public:
 
     // Clears the totals and sums all jumps in list order.
     void RecomputeTotals();
-    int64_t GetTotalFreefallTime() const { return m_totalFreefallTime; }
-    int64_t GetTotalFreefallDistance() const { return m_totalFreefallDistance; }
-    int64_t GetTotalCanopyDistance() const { return m_totalCanopyDistance; }
+    int64_t GetTotalFreefallTime() const { return m_totals.FreefallSeconds(); }
+    int64_t GetTotalFreefallDistance() const { return m_totals.FreefallMetres(); }
+    int64_t GetTotalCanopyDistance() const { return m_totals.CanopyMetres(); }
     // The home screen's numbers.
     CLogbookSummary GetSummary() const;
 
@@ -208,7 +209,5 @@ private:
     const CLogbookDoc* m_copySource = nullptr; // in a snapshot: whose jumps still have to be copied
     std::size_t m_maxJumps = kDefaultMaxJumps;
     bool m_rootSeen = false; // set by the "tvl" element during a load
-    int64_t m_totalFreefallTime = 0;
-    int64_t m_totalFreefallDistance = 0;
-    int64_t m_totalCanopyDistance = 0;
+    CLogbookTotals m_totals;
 };
