@@ -3,6 +3,7 @@
 #include "document/IClock.h"
 #include "document/LogbookFormat.h"
 #include "document/SettingsReader.h"
+#include "model/JumpElements.h"
 #include "resources/StringTable.h"
 #include "units/ISettingsStore.h"
 #include "xml/CXmlParser.h"
@@ -238,7 +239,7 @@ bool CLogbookDoc::OnOpenTag(CXmlParser& parser)
         parser.Delegate(m_settingsReader.get());
         return true;
     }
-    if (name == "jump") {
+    if (name == JumpElementName(JumpElement::Jump)) {
         int number = 0;
         std::string text;
         CZonedDateTime timestamp;

@@ -3,6 +3,7 @@
 #include "model/CEquipmentList.h"
 #include "model/CLogbookSettings.h"
 #include "model/CNoteTextCollector.h"
+#include "model/JumpElements.h"
 #include "units/RoundValue.h"
 #include "xml/CXmlParser.h"
 #include "xml/CXmlWriter.h"
@@ -326,43 +327,45 @@ bool CJump::SetNoteText(std::string_view text)
 
 void CJump::Write(CXmlWriter& writer) const
 {
-    writer.StartElement("jump", {{"n", XmlIntToString(m_number, true)},
-                                 {"ts", XmlZonedDateTimeToString(m_timestamp)},
-                                 {"mod", XmlDateTimeToString(m_modified)}});
-    writer.WriteElement("dz", m_place);
-    writer.WriteElement("ac", m_aircraft);
-    writer.WriteElement("type", m_type);
+    using enum JumpElement;
+    const auto name = JumpElementName;
+    writer.StartElement(name(Jump), {{"n", XmlIntToString(m_number, true)},
+                                     {"ts", XmlZonedDateTimeToString(m_timestamp)},
+                                     {"mod", XmlDateTimeToString(m_modified)}});
+    writer.WriteElement(name(Place), m_place);
+    writer.WriteElement(name(Aircraft), m_aircraft);
+    writer.WriteElement(name(Type), m_type);
 
     const int kind = m_fallrate.kind;
-    writer.WriteElement("fallrate", "", "name", FallrateKindName(kind));
-    writer.WriteElement("exit", XmlIntToString(m_fallrate.exitHeight, false));
-    writer.WriteElement("open", XmlIntToString(m_fallrate.openHeight, false));
+    writer.WriteElement(name(Fallrate), "", "name", FallrateKindName(kind));
+    writer.WriteElement(name(ExitHeight), XmlIntToString(m_fallrate.exitHeight, false));
+    writer.WriteElement(name(OpenHeight), XmlIntToString(m_fallrate.openHeight, false));
     if (kind == Manual || kind == Import)
-        writer.WriteElement("ffTime", XmlIntToString(m_fallrate.freefallTime, false));
+        writer.WriteElement(name(FreefallTime), XmlIntToString(m_fallrate.freefallTime, false));
     if (kind == Import)
-        writer.WriteElement("cpTime", XmlIntToString(m_fallrate.canopyTime, false));
+        writer.WriteElement(name(CanopyTime), XmlIntToString(m_fallrate.canopyTime, false));
     if (kind == Manual || kind == Import) {
-        writer.WriteElement("vMax", XmlDoubleToString(m_fallrate.maxSpeed, false));
-        writer.WriteElement("vAvg", XmlDoubleToString(m_fallrate.avgSpeed, false));
+        writer.WriteElement(name(MaxSpeed), XmlDoubleToString(m_fallrate.maxSpeed, false));
+        writer.WriteElement(name(AvgSpeed), XmlDoubleToString(m_fallrate.avgSpeed, false));
     }
 
     if (m_wind.IsSet())
-        writer.WriteElement("wind", "", "direction", XmlIntToString(m_wind.direction, true), "speed",
+        writer.WriteElement(name(Wind), "", "direction", XmlIntToString(m_wind.direction, true), "speed",
                             XmlDoubleToString(m_wind.speed, false));
-    writer.WriteElement("landing", m_landing);
+    writer.WriteElement(name(Landing), m_landing);
     if (m_equipment.mode == CJumpEquipmentRef::ByIndex)
-        writer.WriteElement("equipment", "", "n", XmlIntToString(m_equipment.index, true));
+        writer.WriteElement(name(Equipment), "", "n", XmlIntToString(m_equipment.index, true));
     else if (m_equipment.mode == CJumpEquipmentRef::ByDescription)
-        writer.WriteElement("equipment", "", "description", m_equipment.description);
-    writer.WriteElement("size", XmlIntToString(m_size, false));
-    writer.WriteElement("points", XmlIntToString(m_points, false));
-    writer.WriteElement("team", m_team);
-    writer.WriteElement("malfunction", m_malfunction);
+        writer.WriteElement(name(Equipment), "", "description", m_equipment.description);
+    writer.WriteElement(name(Size), XmlIntToString(m_size, false));
+    writer.WriteElement(name(Points), XmlIntToString(m_points, false));
+    writer.WriteElement(name(Team), m_team);
+    writer.WriteElement(name(Malfunction), m_malfunction);
     for (const CJumpImage& image : m_images)
-        writer.WriteElement("image", "", "name", image.name, "thumbnail", image.thumbnail);
+        writer.WriteElement(name(Image), "", "name", image.name, "thumbnail", image.thumbnail);
     if (m_video.IsSet())
-        writer.WriteElement("video", "", "name", m_video.name, "offset", XmlDoubleToString(m_video.offset, true));
-    writer.WriteElement("note", m_note);
+        writer.WriteElement(name(Video), "", "name", m_video.name, "offset", XmlDoubleToString(m_video.offset, true));
+    writer.WriteElement(name(Note), m_note);
     m_recording.Write(writer);
     m_signature.Write(writer);
     writer.EndElement();
@@ -370,19 +373,23 @@ void CJump::Write(CXmlWriter& writer) const
 
 bool CJump::OnOpenTag(CXmlParser& parser)
 {
-    const std::string_view name = parser.GetElementName();
-    if (name == "fallrate") {
+    switch (JumpElementFromName(parser.GetElementName())) {
+    case JumpElement::Fallrate: {
         std::string kindName;
         FallrateKind kind = static_cast<FallrateKind>(m_fallrate.kind);
         if (parser.GetAttribute("name", kindName) && FallrateKindFromName(kindName, kind))
             m_fallrate.kind = kind;
-    } else if (name == "wind") {
+        break;
+    }
+    case JumpElement::Wind: {
         CJumpWind wind;
         if (!parser.GetAttributeInt("direction", wind.direction, true) ||
             !parser.GetAttributeDouble("speed", wind.speed, true))
             return false;
         m_wind = wind;
-    } else if (name == "equipment") {
+        break;
+    }
+    case JumpElement::Equipment: {
         int index = 0;
         std::string description;
         if (parser.HasAttribute("n")) {
@@ -391,72 +398,102 @@ bool CJump::OnOpenTag(CXmlParser& parser)
         } else if (parser.GetAttribute("description", description) && !description.empty()) {
             m_equipment = CJumpEquipmentRef{CJumpEquipmentRef::ByDescription, 0, std::move(description)};
         }
-    } else if (name == "image") {
+        break;
+    }
+    case JumpElement::Image: {
         CJumpImage image;
         parser.GetAttribute("name", image.name);
         parser.GetAttribute("thumbnail", image.thumbnail);
         if (!image.name.empty() || !image.thumbnail.empty())
             m_images.push_back(std::move(image));
-    } else if (name == "video") {
+        break;
+    }
+    case JumpElement::Video: {
         CJumpVideo video;
         if (!parser.GetAttribute("name", video.name))
             return false;
         if (!parser.GetAttributeDouble("offset", video.offset, true))
             video.offset = 0.0;
         m_video = std::move(video);
-    } else if (name == "profile") {
+        break;
+    }
+    case JumpElement::Profile: {
         std::string type;
         if (!parser.GetAttribute("type", type))
             return false;
         m_recording.SetKindFromName(type);
         parser.Delegate(&m_recording);
-    } else if (name == "signature") {
+        break;
+    }
+    case JumpElement::Signature: {
         std::string signer;
         if (!parser.GetAttribute("name", signer))
             return false;
         m_signature.SetName(std::move(signer));
         parser.Delegate(&m_signature);
+        break;
+    }
+    default:
+        break;
     }
     return true;
 }
 
 bool CJump::OnCloseTag(CXmlParser& parser)
 {
-    const std::string_view name = parser.GetElementName();
     const std::string_view raw = parser.GetElementTextRaw();
     std::string* text = nullptr;
     int* number = nullptr;
     double* real = nullptr;
-    if (name == "dz")
+    switch (JumpElementFromName(parser.GetElementName())) {
+    case JumpElement::Place:
         text = &m_place;
-    else if (name == "ac")
+        break;
+    case JumpElement::Aircraft:
         text = &m_aircraft;
-    else if (name == "type")
+        break;
+    case JumpElement::Type:
         text = &m_type;
-    else if (name == "landing")
+        break;
+    case JumpElement::Landing:
         text = &m_landing;
-    else if (name == "team")
+        break;
+    case JumpElement::Team:
         text = &m_team;
-    else if (name == "malfunction")
+        break;
+    case JumpElement::Malfunction:
         text = &m_malfunction;
-    else if (name == "note")
+        break;
+    case JumpElement::Note:
         text = &m_note;
-    else if (name == "exit")
+        break;
+    case JumpElement::ExitHeight:
         number = &m_fallrate.exitHeight;
-    else if (name == "open")
+        break;
+    case JumpElement::OpenHeight:
         number = &m_fallrate.openHeight;
-    else if (name == "ffTime")
+        break;
+    case JumpElement::FreefallTime:
         number = &m_fallrate.freefallTime;
-    else if (name == "cpTime")
+        break;
+    case JumpElement::CanopyTime:
         number = &m_fallrate.canopyTime;
-    else if (name == "size")
+        break;
+    case JumpElement::Size:
         number = &m_size;
-    else if (name == "points")
+        break;
+    case JumpElement::Points:
         number = &m_points;
-    else if (name == "vMax")
+        break;
+    case JumpElement::MaxSpeed:
         real = &m_fallrate.maxSpeed;
-    else if (name == "vAvg")
+        break;
+    case JumpElement::AvgSpeed:
         real = &m_fallrate.avgSpeed;
+        break;
+    default:
+        break;
+    }
 
     if (text)
         *text = parser.GetElementText();

@@ -2,6 +2,7 @@
 
 #include "model/CBaroSample.h"
 #include "model/CGpsSample.h"
+#include "model/JumpElements.h"
 #include "xml/CXmlParser.h"
 #include "xml/CXmlWriter.h"
 #include "xml/XmlValues.h"
@@ -37,7 +38,7 @@ void CJumpRecording::Write(CXmlWriter& writer) const
 {
     if (!IsPresent())
         return;
-    writer.StartElement("profile", "type", m_kind == Barometric ? "baro" : "gps");
+    writer.StartElement(JumpElementName(JumpElement::Profile), "type", m_kind == Barometric ? "baro" : "gps");
     writer.WriteElement("qne", XmlDoubleToString(m_qne, false));
     if (!m_samples.empty()) {
         writer.StartElement("waypoints", "size", XmlIntToString(static_cast<int>(m_samples.size()), true));
@@ -132,7 +133,7 @@ bool CJumpRecording::OnCloseTag(CXmlParser& parser)
             else
                 gps->SetLongitude(value);
         }
-    } else if (name == "profile") {
+    } else if (name == JumpElementName(JumpElement::Profile)) {
         // The samples were collected in a doubling block; what is left over goes back now.
         m_samples.ShrinkToFit();
     }

@@ -1,5 +1,6 @@
 #include "model/CJumpSignature.h"
 
+#include "model/JumpElements.h"
 #include "xml/CXmlParser.h"
 #include "xml/CXmlWriter.h"
 #include "xml/XmlValues.h"
@@ -15,7 +16,7 @@ void CJumpSignature::Write(CXmlWriter& writer) const
 {
     if (IsEmpty())
         return;
-    writer.StartElement("signature", "name", m_name);
+    writer.StartElement(JumpElementName(JumpElement::Signature), "name", m_name);
     writer.WriteElement("id", m_id);
     if (!m_strokes.empty()) {
         writer.StartElement("lines", "size", XmlIntToString(static_cast<int>(m_strokes.size()), true));
