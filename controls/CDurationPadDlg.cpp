@@ -36,15 +36,13 @@ Key At(Key first, int offset)
 
 CDurationPadDlg::CDurationPadDlg(QWidget* parent, const QString& title, int hours, int minutes, int seconds,
                                  int maxHours)
-    : CKqPadDlg(parent, title, QStringLiteral("Flugdauer")), m_state(hours, minutes, seconds, maxHours),
-      m_start(m_state)
+    : CKqStatePadDlg(parent, title, QStringLiteral("Flugdauer"), CDurationPadState(hours, minutes, seconds, maxHours))
 {
     setObjectName(QStringLiteral("durationPad"));
     for (int i = 0; i < static_cast<int>(Key::Count); ++i) {
         const Key key = static_cast<Key>(i);
-        m_keys[static_cast<std::size_t>(i)] =
-            AddKey(KeyName(key), QString::fromStdString(CDurationPadState::Label(key)),
-                   key < Key::HourPlus1 ? kHourFace : kStepFace, i);
+        AddStateKey(key, KeyName(key), QString::fromStdString(CDurationPadState::Label(key)),
+                    key < Key::HourPlus1 ? kHourFace : kStepFace);
     }
     for (int digit = 0; digit <= 9; ++digit)
         AddShortcut(Qt::Key_0 + digit, KeyButton(CDurationPadState::Hour(digit)));
@@ -52,26 +50,6 @@ CDurationPadDlg::CDurationPadDlg(QWidget* parent, const QString& title, int hour
     m_secondsCaption = AddCaption(tr("Seconds"));
     SetDisplayAlignment(Qt::AlignCenter);
     Refresh();
-}
-
-void CDurationPadDlg::reject()
-{
-    m_state = m_start;
-    Refresh();
-    CKqPadDlg::reject();
-}
-
-void CDurationPadDlg::OnKey(int id)
-{
-    m_state.Press(static_cast<Key>(id));
-    Refresh();
-}
-
-void CDurationPadDlg::Refresh()
-{
-    SetDisplayText(QString::fromStdString(m_state.Display()));
-    for (std::size_t i = 0; i < m_keys.size(); ++i)
-        m_keys[i]->setEnabled(m_state.IsEnabled(static_cast<Key>(i)));
 }
 
 QLayout* CDurationPadDlg::ArrangeKeys(bool landscape)

@@ -25,13 +25,11 @@ CNumberPadState LocaleState(int scaledValue, int maxDecimals, bool allowNegative
 
 CNumberPadDlg::CNumberPadDlg(QWidget* parent, const QString& title, int scaledValue, int maxDecimals,
                              bool allowNegative)
-    : CKqPadDlg(parent, title, QStringLiteral("Zahl")), m_state(LocaleState(scaledValue, maxDecimals, allowNegative)),
-      m_start(m_state)
+    : CKqStatePadDlg(parent, title, QStringLiteral("Zahl"), LocaleState(scaledValue, maxDecimals, allowNegative))
 {
     setObjectName(QStringLiteral("numberPad"));
     const auto add = [this](Key key, const QString& name, const QString& text, const QColor& face) {
-        m_keys[static_cast<std::size_t>(key)] = AddKey(name, text, face, static_cast<int>(key));
-        return m_keys[static_cast<std::size_t>(key)];
+        return AddStateKey(key, name, text, face);
     };
     for (int digit = 0; digit <= 9; ++digit) {
         CKqButton* key = add(CNumberPadState::Digit(digit), QString::number(digit), QString::number(digit), kDigitFace);
@@ -49,26 +47,6 @@ CNumberPadDlg::CNumberPadDlg(QWidget* parent, const QString& title, int scaledVa
     AddShortcut(Qt::Key_Equal, add(Key::Equals, QStringLiteral("equals"), QStringLiteral("="), kSumFace));
     SetDisplayAlignment(Qt::AlignRight | Qt::AlignVCenter);
     Refresh();
-}
-
-void CNumberPadDlg::reject()
-{
-    m_state = m_start;
-    Refresh();
-    CKqPadDlg::reject();
-}
-
-void CNumberPadDlg::OnKey(int id)
-{
-    m_state.Press(static_cast<Key>(id));
-    Refresh();
-}
-
-void CNumberPadDlg::Refresh()
-{
-    SetDisplayText(QString::fromStdString(m_state.Display()));
-    for (std::size_t i = 0; i < m_keys.size(); ++i)
-        m_keys[i]->setEnabled(m_state.IsEnabled(static_cast<Key>(i)));
 }
 
 QLayout* CNumberPadDlg::ArrangeKeys(bool)

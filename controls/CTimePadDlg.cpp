@@ -36,14 +36,13 @@ Key At(Key first, int offset)
 } // namespace
 
 CTimePadDlg::CTimePadDlg(QWidget* parent, const QString& title, int hour, int minute)
-    : CKqPadDlg(parent, title, QStringLiteral("Zeit")), m_state(hour, minute), m_start(m_state)
+    : CKqStatePadDlg(parent, title, QStringLiteral("Zeit"), CTimePadState(hour, minute))
 {
     setObjectName(QStringLiteral("timePad"));
     for (int i = 0; i < static_cast<int>(Key::Count); ++i) {
         const Key key = static_cast<Key>(i);
         const QColor face = key <= Key::Hour24 ? kHourFace : key <= Key::Minute45 ? kQuarterFace : kStepFace;
-        m_keys[static_cast<std::size_t>(i)] =
-            AddKey(KeyName(key), QString::fromStdString(CTimePadState::Label(key)), face, i);
+        AddStateKey(key, KeyName(key), QString::fromStdString(CTimePadState::Label(key)), face);
     }
     for (int digit = 1; digit <= 9; ++digit)
         AddShortcut(Qt::Key_0 + digit, KeyButton(CTimePadState::Hour(digit)));
@@ -51,24 +50,6 @@ CTimePadDlg::CTimePadDlg(QWidget* parent, const QString& title, int hour, int mi
     AddShortcut(Qt::Key_Minus, KeyButton(Key::Minus1));
     SetDisplayAlignment(Qt::AlignCenter);
     Refresh();
-}
-
-void CTimePadDlg::reject()
-{
-    m_state = m_start;
-    Refresh();
-    CKqPadDlg::reject();
-}
-
-void CTimePadDlg::OnKey(int id)
-{
-    m_state.Press(static_cast<Key>(id));
-    Refresh();
-}
-
-void CTimePadDlg::Refresh()
-{
-    SetDisplayText(QString::fromStdString(m_state.Display()));
 }
 
 QLayout* CTimePadDlg::ArrangeKeys(bool landscape)
