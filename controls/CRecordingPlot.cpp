@@ -5,7 +5,6 @@
 #include <QKeyEvent>
 #include <QLocale>
 #include <QMouseEvent>
-#include <QTouchEvent>
 
 #include <algorithm>
 #include <cmath>
@@ -302,24 +301,7 @@ void CRecordingPlot::keyPressEvent(QKeyEvent* event)
 
 bool CRecordingPlot::event(QEvent* event)
 {
-    switch (event->type()) {
-    case QEvent::TouchBegin:
-    case QEvent::TouchUpdate:
-    case QEvent::TouchEnd:
-    case QEvent::TouchCancel: {
-        // Accepted, so that Qt makes no mouse events from the touch as well.
-        event->accept();
-        auto* touch = static_cast<QTouchEvent*>(event);
-        if (event->type() == QEvent::TouchBegin && !touch->points().isEmpty())
-            m_touchId = touch->points().first().id();
-        for (const QEventPoint& point : touch->points())
-            if (point.id() == m_touchId && event->type() != QEvent::TouchCancel)
-                PointAt(point.position());
-        if (event->type() == QEvent::TouchEnd || event->type() == QEvent::TouchCancel)
-            m_touchId = -1;
-        return true;
-    }
-    default:
-        return QWidget::event(event);
-    }
+    const bool touched = m_finger.Handle(
+        event, [this](const QEventPoint& point) { PointAt(point.position()); }, [] {});
+    return touched || QWidget::event(event);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "controls/CFirstFinger.h"
 #include "controls/CPlotAxis.h"
 #include "tracks/CRecordingSeries.h"
 #include "units/CUnitSettings.h"
@@ -100,8 +101,8 @@ private:
     CRecordingSeries m_series;
     bool m_hasCursor = false;
     double m_cursorTime = 0.0;
-    // The touch point that moves the cursor; further fingers are ignored.
-    int m_touchId = -1;
+    // The finger that moves the cursor.
+    CFirstFinger m_finger;
 
     // The layout for the current size.
     QRectF m_altitudeArea, m_speedArea, m_groundArea, m_windArea, m_cursorBox;

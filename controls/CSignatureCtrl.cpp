@@ -5,7 +5,6 @@
 #include <QPainter>
 #include <QPainterPath>
 #include <QTabletEvent>
-#include <QTouchEvent>
 
 #include <algorithm>
 #include <cmath>
@@ -57,7 +56,7 @@ void CSignatureCtrl::SetReadOnly(bool readOnly)
 {
     m_readOnly = readOnly;
     m_drawing = false;
-    m_touchId = -1;
+    m_finger.Forget();
     if (readOnly)
         unsetCursor();
     else
@@ -231,38 +230,17 @@ void CSignatureCtrl::tabletEvent(QTabletEvent* event)
 
 bool CSignatureCtrl::event(QEvent* event)
 {
-    switch (event->type()) {
-    case QEvent::TouchBegin:
-    case QEvent::TouchUpdate:
-    case QEvent::TouchEnd:
-    case QEvent::TouchCancel: {
-        // Accepted, so that Qt makes no mouse events from the touch as well.
-        event->accept();
-        auto* touch = static_cast<QTouchEvent*>(event);
-        if (event->type() == QEvent::TouchCancel) {
-            m_touchId = -1;
+    // Only the finger that came down first draws.
+    const auto follow = [this](const QEventPoint& point) {
+        if (point.state() == QEventPoint::Pressed)
+            StrokeStart(point.position());
+        else if (point.state() == QEventPoint::Released)
             StrokeEnd();
-            return true;
-        }
-        if (event->type() == QEvent::TouchBegin && !touch->points().isEmpty())
-            m_touchId = touch->points().first().id();
-        // Only the finger that came down first draws.
-        for (const QEventPoint& point : touch->points()) {
-            if (point.id() != m_touchId)
-                continue;
-            if (point.state() == QEventPoint::Pressed)
-                StrokeStart(point.position());
-            else if (point.state() == QEventPoint::Released) {
-                m_touchId = -1;
-                StrokeEnd();
-            } else
-                StrokeMove(point.position());
-        }
-        return true;
-    }
-    default:
-        return QWidget::event(event);
-    }
+        else
+            StrokeMove(point.position());
+    };
+    const bool touched = m_finger.Handle(event, follow, [this] { StrokeEnd(); });
+    return touched || QWidget::event(event);
 }
 
 void CSignatureCtrl::paintEvent(QPaintEvent* event)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "controls/CFirstFinger.h"
 #include "model/CPoint.h"
 
 #include <QPointer>
@@ -90,7 +91,7 @@ private:
     bool m_readOnly = false;
     // From a press inside the area until the release or until the pointer leaves the area.
     bool m_drawing = false;
-    // The touch point that draws; further fingers are ignored.
-    int m_touchId = -1;
+    // The finger that draws.
+    CFirstFinger m_finger;
     QPointer<QAbstractButton> m_undo;
 };
