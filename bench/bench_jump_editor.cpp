@@ -4,20 +4,13 @@
 // time is the median of several runs. Target: at most 100 ms each at 100,000 jumps, growing at
 // most linearly. Run with QT_QPA_PLATFORM=offscreen where there is no display.
 
-#include "CLogbookGenerator.h"
+#include "CBenchWindow.h"
 
 #include "app/AppCommands.h"
 #include "app/CJumpListCtrl.h"
 #include "app/CLogbookCommands.h"
 #include "app/CLogbookView.h"
-#include "app/CMainFrame.h"
-#include "app/CSplashWnd.h"
-#include "app/IFileChooser.h"
-#include "app/IPictureViewer.h"
 #include "controls/IDialogRunner.h"
-#include "controls/IMessageSink.h"
-#include "document/IClock.h"
-#include "units/CMemorySettingsStore.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -25,29 +18,10 @@
 #include <QElapsedTimer>
 #include <QSpinBox>
 
-#include <algorithm>
 #include <cstdio>
 #include <vector>
 
 namespace {
-
-// Message boxes and the outside world stay silent during the measurement.
-class CQuietServices final : public IMessageSink, public IFileChooser, public IPictureViewer
-{
-public:
-    void Error(const QString&) override {}
-    void Information(const QString&) override {}
-    void Warning(const QString& text) override { last = text; }
-    bool AskYesNo(const QString&) override { return false; }
-    Answer AskYesNoCancel(const QString&) override { return Answer::Cancel; }
-    void About(const QString&, const QString&) override {}
-    QString ChooseOpen(const QString&) override { return {}; }
-    QString ChooseSave(const QString&) override { return {}; }
-    QString ChooseTrack(const QString&) override { return {}; }
-    bool Open(const QString&) override { return false; }
-    // The last refusal of an editor.
-    QString last;
-};
 
 // Shows the editor, notes when it is on screen, and presses OK (with a changed place, so that
 // OK has something to write).
@@ -75,12 +49,6 @@ public:
     int number = 0;
 };
 
-double Median(std::vector<double> values)
-{
-    std::sort(values.begin(), values.end());
-    return values[values.size() / 2];
-}
-
 } // namespace
 
 int main(int argc, char** argv)
@@ -89,29 +57,22 @@ int main(int argc, char** argv)
     const int repeats = argc > 1 && std::string(argv[1]) == "--quick" ? 3 : 7;
     std::printf("%-8s %14s %14s %14s %14s\n", "jumps", "new: shown ms", "new: OK ms", "tap: shown ms", "tap: OK ms");
     for (int jumps : {1000, 10000, 100000}) {
-        CMemorySettingsStore settings;
-        // New jumps without wind: the last generated jump may have none to copy.
-        settings.SetInt("Jump", "HasWind", 0);
-        CFixedClock clock(CDateTime(2025, 1, 2, 12, 0, 0));
-        CQuietServices quiet;
         CTimingRunner runner;
-        CAppServices services{&settings, &clock, &quiet, &quiet, &quiet, &runner};
-        CMainFrame frame(services);
-        CSplashWnd::EndSplash();
         CGeneratorOptions options;
         options.jumps = jumps;
-        CLogbookGenerator(options).Fill(frame.GetDocument());
+        // New jumps without wind: the last generated jump may have none to copy.
+        CBenchWindow window(options, &runner,
+                            [](CMemorySettingsStore& settings) { settings.SetInt("Jump", "HasWind", 0); });
+        CMainFrame& frame = window.Frame();
         // Jump numbers end at 99,999 and a large generated logbook uses them up: new jumps get
         // the lowest free number instead of the one after the last.
-        CLogbookDoc& doc = frame.GetDocument();
+        CLogbookDoc& doc = window.Document();
         int freeNumber = 1;
         while (doc.HasJumpNumber(freeNumber))
             ++freeNumber;
-        frame.GetDocument().SetPath("/tmp/bench-editor.tvz");
-        frame.resize(360, 640);
-        frame.show();
+        doc.SetPath("/tmp/bench-editor.tvz");
+        window.ShowJumpList();
         CLogbookView* view = frame.GetView();
-        view->OnViewJumpList();
         // The tap goes to the newest row whose number the editor accepts.
         int tapRow = view->GetList()->topLevelItemCount() - 1;
         while (tapRow > 0 && view->GetList()->JumpAt(tapRow)->GetNumber() > 99999)
@@ -128,7 +89,7 @@ int main(int argc, char** argv)
                     frame.GetCommands()->OnRowActivated(tapRow);
                 const qint64 done = runner.clock.nsecsElapsed();
                 if (runner.lastResult != QDialog::Accepted) {
-                    std::printf("the editor refused OK: %s\n", qPrintable(quiet.last));
+                    std::printf("the editor refused OK: %s\n", qPrintable(window.Quiet().lastWarning));
                     return 1;
                 }
                 times[kind * 2].push_back(runner.shownAt / 1e6);

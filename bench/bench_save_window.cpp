@@ -6,20 +6,13 @@
 // Usage: bench_save_window [--quick] [--runs N] [--only NAME]; run with QT_QPA_PLATFORM=offscreen where there
 // is no display. The exit status is the number of missed targets.
 
-#include "CLogbookGenerator.h"
+#include "CBenchWindow.h"
 
 #include "app/AppCommands.h"
 #include "app/CBackgroundSaver.h"
 #include "app/CJumpListCtrl.h"
 #include "app/CLogbookCommands.h"
 #include "app/CLogbookView.h"
-#include "app/CMainFrame.h"
-#include "app/CSplashWnd.h"
-#include "app/IFileChooser.h"
-#include "app/IPictureViewer.h"
-#include "controls/IMessageSink.h"
-#include "document/IClock.h"
-#include "units/CMemorySettingsStore.h"
 
 #include <QApplication>
 #include <QDir>
@@ -40,23 +33,6 @@ namespace {
 
 constexpr int kTickMs = 5;
 constexpr double kTargetMs = 50;
-
-// Message boxes stay silent; an error ends the benchmark.
-class CQuietServices final : public IMessageSink, public IFileChooser, public IPictureViewer
-{
-public:
-    void Error(const QString& text) override { errors.append(text); }
-    void Information(const QString&) override {}
-    void Warning(const QString&) override {}
-    bool AskYesNo(const QString&) override { return false; }
-    Answer AskYesNoCancel(const QString&) override { return Answer::Cancel; }
-    void About(const QString&, const QString&) override {}
-    QString ChooseOpen(const QString&) override { return {}; }
-    QString ChooseSave(const QString&) override { return {}; }
-    QString ChooseTrack(const QString&) override { return {}; }
-    bool Open(const QString&) override { return false; }
-    QStringList errors;
-};
 
 // One save from start to end with a timer watching the event loop and the list scrolling.
 struct CSaveRun
@@ -100,12 +76,6 @@ CSaveRun MeasureSave(CMainFrame& frame, const std::function<void()>& start)
     return run;
 }
 
-double Median(std::vector<double> values)
-{
-    std::sort(values.begin(), values.end());
-    return values[values.size() / 2];
-}
-
 } // namespace
 
 int main(int argc, char** argv)
@@ -140,28 +110,21 @@ int main(int argc, char** argv)
         std::erase_if(workloads, [&](const Workload& w) { return only != w.name; });
     int misses = 0;
     for (const Workload& workload : workloads) {
-        CMemorySettingsStore settings;
-        CFixedClock clock(CDateTime(2025, 1, 2, 12, 0, 0));
-        CQuietServices quiet;
-        CAppServices services{&settings, &clock, &quiet, &quiet, &quiet, nullptr};
-        CMainFrame frame(services);
-        CSplashWnd::EndSplash();
         CGeneratorOptions options;
         options.jumps = workload.jumps;
         options.recordings = workload.recordings;
         options.samples = 1500;
         options.barometric = 0;
-        CLogbookDoc& doc = frame.GetDocument();
-        CLogbookGenerator(options).Fill(doc);
+        CBenchWindow window(options);
+        CMainFrame& frame = window.Frame();
+        CLogbookDoc& doc = window.Document();
         const std::string path =
             QDir(folder.path()).filePath(QStringLiteral("%1.tvz").arg(workload.name)).toStdString();
         if (!doc.Save(path)) {
             std::printf("%s: cannot save %s\n", workload.name, path.c_str());
             return 100;
         }
-        frame.resize(360, 640);
-        frame.show();
-        frame.GetView()->OnViewJumpList();
+        window.ShowJumpList();
 
         std::vector<double> blocks[2];
         std::vector<double> saves[2];
@@ -174,7 +137,7 @@ int main(int argc, char** argv)
                     else
                         frame.OnApplicationStateChanged(Qt::ApplicationInactive);
                 });
-                if (doc.IsModified() || !quiet.errors.isEmpty()) {
+                if (doc.IsModified() || !window.Quiet().errors.isEmpty()) {
                     std::printf("%s: the save did not succeed\n", workload.name);
                     return 100;
                 }

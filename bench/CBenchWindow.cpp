@@ -1,0 +1,32 @@
+#include "CBenchWindow.h"
+
+#include "CLogbookGenerator.h"
+
+#include "app/CLogbookView.h"
+#include "app/CSplashWnd.h"
+
+#include <algorithm>
+
+CBenchWindow::CBenchWindow(const CGeneratorOptions& options, IDialogRunner* runner,
+                           const std::function<void(CMemorySettingsStore&)>& prepare)
+    : m_clock(CDateTime(2025, 1, 2, 12, 0, 0)), m_services{&m_settings, &m_clock, &m_quiet, &m_quiet, &m_quiet, runner}
+{
+    if (prepare)
+        prepare(m_settings);
+    m_frame = std::make_unique<CMainFrame>(m_services);
+    CSplashWnd::EndSplash();
+    CLogbookGenerator(options).Fill(m_frame->GetDocument());
+}
+
+void CBenchWindow::ShowJumpList()
+{
+    m_frame->resize(360, 640);
+    m_frame->show();
+    m_frame->GetView()->OnViewJumpList();
+}
+
+double Median(std::vector<double> values)
+{
+    std::sort(values.begin(), values.end());
+    return values[values.size() / 2];
+}
