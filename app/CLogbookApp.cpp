@@ -10,6 +10,7 @@
 #include "app/CQSettingsStore.h"
 #include "app/CSplashWnd.h"
 #include "document/IClock.h"
+#include "document/LogbookFormat.h"
 #include "translations/CTranslations.h"
 #include "units/ISettingsStore.h"
 
@@ -89,7 +90,8 @@ void CLogbookApp::LoadStartLogbook(const QStringList& arguments)
         m_frame->GetCommands()->LoadLogbook(arguments.at(1));
         return;
     }
-    const std::string last = m_services.settings->GetString("General", "LastFile", "");
+    const std::string last =
+        m_services.settings->GetString(LogbookFormat::kLastFileSection, LogbookFormat::kLastFileValue, "");
     if (last.empty())
         return;
     const QString path = QFile::decodeName(QByteArray::fromStdString(last));

@@ -5,6 +5,7 @@
 #include "app/CLogbookView.h"
 #include "app/CMainFrame.h"
 #include "app/CSplashWnd.h"
+#include "document/LogbookFormat.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -76,7 +77,8 @@ QString CAppHarness::Write(const CTestLogbook& logbook, const QString& name) con
 
 void CAppHarness::SetLastFile(const QString& path)
 {
-    settings.SetString("General", "LastFile", QFile::encodeName(path).toStdString());
+    settings.SetString(LogbookFormat::kLastFileSection, LogbookFormat::kLastFileValue,
+                       QFile::encodeName(path).toStdString());
 }
 
 CLogbookDoc& CAppHarness::Doc() const
@@ -100,5 +102,6 @@ int CAppHarness::JumpsInFile(const QString& path)
 
 QString CAppHarness::LastFile() const
 {
-    return QFile::decodeName(QByteArray::fromStdString(settings.GetString("General", "LastFile", "")));
+    return QFile::decodeName(QByteArray::fromStdString(
+        settings.GetString(LogbookFormat::kLastFileSection, LogbookFormat::kLastFileValue, "")));
 }
