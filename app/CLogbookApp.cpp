@@ -9,13 +9,13 @@
 #include "app/CMessageBoxes.h"
 #include "app/CQSettingsStore.h"
 #include "app/CSplashWnd.h"
+#include "bridge/CorePaths.h"
 #include "document/IClock.h"
 #include "document/LogbookFormat.h"
 #include "translations/CTranslations.h"
 #include "units/ISettingsStore.h"
 
 #include <QApplication>
-#include <QFile>
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QScreen>
@@ -94,7 +94,7 @@ void CLogbookApp::LoadStartLogbook(const QStringList& arguments)
         m_services.settings->GetString(LogbookFormat::kLastFileSection, LogbookFormat::kLastFileValue, "");
     if (last.empty())
         return;
-    const QString path = QFile::decodeName(QByteArray::fromStdString(last));
+    const QString path = CorePaths::DisplayPath(last);
     // A last file that has gone away is forgotten without a word.
     if (!QFileInfo(path).isFile())
         return;

@@ -8,6 +8,7 @@
 #include "app/CSaveProgressBar.h"
 #include "app/IFileChooser.h"
 #include "app/IPictureViewer.h"
+#include "bridge/CorePaths.h"
 #include "controls/IDialogRunner.h"
 #include "controls/IMessageSink.h"
 #include "dialogs/CDlgJump.h"
@@ -29,17 +30,6 @@ namespace {
 QString Message(int id, const QString& arg1 = {})
 {
     return MessageText::Format(id, arg1);
-}
-
-// Paths go to the core as the file system's own bytes.
-std::string NativePath(const QString& path)
-{
-    return QFile::encodeName(QFileInfo(path).absoluteFilePath()).toStdString();
-}
-
-QString DisplayPath(const std::string& path)
-{
-    return QFile::decodeName(QByteArray::fromStdString(path));
 }
 
 } // namespace
@@ -99,7 +89,7 @@ void CLogbookCommands::Execute(int command)
 
 QString CLogbookCommands::StartFolder() const
 {
-    return m_doc.HasPath() ? QFileInfo(DisplayPath(m_doc.GetPath())).absolutePath() : QString();
+    return m_doc.HasPath() ? QFileInfo(CorePaths::DisplayPath(m_doc.GetPath())).absolutePath() : QString();
 }
 
 bool CLogbookCommands::CanSave() const
@@ -117,7 +107,7 @@ bool CLogbookCommands::SaveModified()
     WaitForSaves();
     if (!CanSave())
         return true;
-    const QString name = QFileInfo(DisplayPath(m_doc.GetPath())).fileName();
+    const QString name = QFileInfo(CorePaths::DisplayPath(m_doc.GetPath())).fileName();
     switch (m_services.messages->AskYesNoCancel(tr("Save changes to %1?").arg(name))) {
     case IMessageSink::Answer::Yes:
         // The end of the save tells of a failure or asks about a changed file.
@@ -142,7 +132,7 @@ void CLogbookCommands::OnFileNew()
     const QString path = QFileInfo(chosen).absoluteFilePath();
     const bool existed = QFileInfo::exists(path);
     m_doc.Clear();
-    const bool saved = m_doc.Save(NativePath(path));
+    const bool saved = m_doc.Save(CorePaths::AbsoluteLocalPath(path));
     if (!saved) {
         // The save replaces the file only once the new one is complete, so a failure leaves
         // behind at most a file that did not exist before: remove that one.
@@ -161,7 +151,7 @@ void CLogbookCommands::OnFileNew()
 bool CLogbookCommands::LoadLogbook(const QString& path, OnFailure failure)
 {
     WaitForSaves();
-    const std::string file = NativePath(path);
+    const std::string file = CorePaths::AbsoluteLocalPath(path);
     // The file is read on another thread while the window stays painted; a bad file leaves the
     // open logbook as it was instead of an empty document.
     CIoProgress progress;
@@ -211,9 +201,9 @@ void CLogbookCommands::OnFileSaveAs()
 {
     if (!CanSaveAs())
         return;
-    const QString path = m_services.files->ChooseSave(DisplayPath(m_doc.GetPath()));
+    const QString path = m_services.files->ChooseSave(CorePaths::DisplayPath(m_doc.GetPath()));
     if (path.isEmpty())
         return;
     // The file dialog has asked whether to replace an existing file.
-    m_saver->Request(NativePath(path), SaveCheck::Overwrite, CBackgroundSaver::Origin::Command);
+    m_saver->Request(CorePaths::AbsoluteLocalPath(path), SaveCheck::Overwrite, CBackgroundSaver::Origin::Command);
 }

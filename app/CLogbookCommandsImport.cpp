@@ -6,6 +6,7 @@
 #include "app/CJumpListCtrl.h"
 #include "app/CLogbookView.h"
 #include "app/IFileChooser.h"
+#include "bridge/CorePaths.h"
 #include "controls/IMessageSink.h"
 #include "dialogs/CDlgJump.h"
 #include "document/CLogbookDoc.h"
@@ -16,7 +17,6 @@
 
 #include <QApplication>
 #include <QCursor>
-#include <QFile>
 #include <QFileInfo>
 
 namespace {
@@ -81,7 +81,7 @@ void CLogbookCommands::ImportTrack(CJump* target)
 
     // An hour of fixes reads in well under a second; the cursor says the window is busy.
     QApplication::setOverrideCursor(Qt::WaitCursor);
-    const CTrackFileImport imported = CTrackFileImport::Run(QFile::encodeName(path).toStdString(), {});
+    const CTrackFileImport imported = CTrackFileImport::Run(CorePaths::LocalPath(path), {});
     QApplication::restoreOverrideCursor();
     if (!imported.ok) {
         if (m_services.messages)

@@ -8,6 +8,7 @@
 #include "app/CLogbookView.h"
 #include "app/CPictureGuard.h"
 #include "app/IPictureViewer.h"
+#include "bridge/CorePaths.h"
 #include "controls/IDialogRunner.h"
 #include "controls/IMessageSink.h"
 #include "dialogs/CDlgJump.h"
@@ -16,7 +17,6 @@
 #include "resources/StringTable.h"
 #include "translations/MessageText.h"
 
-#include <QFile>
 #include <QMenu>
 
 #include <algorithm>
@@ -167,7 +167,7 @@ void CLogbookCommands::OnJumpShowPicture()
     const std::filesystem::path picture = CPictureGuard::Check(folder, m_doc.ResolveMediaPath(name));
     if (picture.empty())
         return;
-    m_services.viewer->Open(QFile::decodeName(QByteArray::fromStdString(picture.string())));
+    m_services.viewer->Open(CorePaths::DisplayPath(picture.string()));
 }
 
 QMenu* CLogbookCommands::CreateContextMenu(QWidget* parent)

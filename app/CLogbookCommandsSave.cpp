@@ -6,28 +6,13 @@
 
 #include "app/CProgressWait.h"
 #include "app/IFileChooser.h"
+#include "bridge/CorePaths.h"
 #include "controls/IMessageSink.h"
 #include "document/CLogbookDoc.h"
 #include "resources/StringTable.h"
 #include "translations/MessageText.h"
 
-#include <QFile>
 #include <QFileInfo>
-
-namespace {
-
-// Paths go to the core as the file system's own bytes.
-std::string NativePath(const QString& path)
-{
-    return QFile::encodeName(QFileInfo(path).absoluteFilePath()).toStdString();
-}
-
-QString DisplayPath(const std::string& path)
-{
-    return QFile::decodeName(QByteArray::fromStdString(path));
-}
-
-} // namespace
 
 void CLogbookCommands::SaveAutomatically()
 {
@@ -40,7 +25,7 @@ void CLogbookCommands::SaveAutomatically()
 void CLogbookCommands::WaitForSaves()
 {
     while (m_saver->IsBusy()) {
-        const QString name = QFileInfo(DisplayPath(m_doc.GetPath())).fileName();
+        const QString name = QFileInfo(CorePaths::DisplayPath(m_doc.GetPath())).fileName();
         CProgressWait wait(m_window, tr("Saving %1...").arg(name), m_saver->Progress());
         const QMetaObject::Connection idle = connect(m_saver, &CBackgroundSaver::idle, &wait, &CProgressWait::Finish);
         if (!m_saver->IsBusy())
@@ -71,13 +56,13 @@ void CLogbookCommands::ResolveChangedFile(const std::string& path, CBackgroundSa
                             "lost), or overwrite it with yours?");
     switch (m_services.messages->AskChoice(text, {tr("Save as..."), tr("Load theirs"), tr("Overwrite")})) {
     case 0: {
-        const QString chosen = m_services.files->ChooseSave(DisplayPath(path));
+        const QString chosen = m_services.files->ChooseSave(CorePaths::DisplayPath(path));
         if (!chosen.isEmpty())
-            m_saver->Request(NativePath(chosen), SaveCheck::Overwrite, origin);
+            m_saver->Request(CorePaths::AbsoluteLocalPath(chosen), SaveCheck::Overwrite, origin);
         break;
     }
     case 1:
-        if (LoadLogbook(DisplayPath(path)))
+        if (LoadLogbook(CorePaths::DisplayPath(path)))
             emit logbookOpened();
         break;
     case 2:

@@ -8,6 +8,7 @@
 #include "app/CLogbookView.h"
 #include "app/CSettingsCommands.h"
 #include "app/CSplashWnd.h"
+#include "bridge/CorePaths.h"
 #include "controls/IMessageSink.h"
 #include "document/CReminders.h"
 #include "document/IClock.h"
@@ -17,7 +18,6 @@
 
 #include <QAction>
 #include <QCloseEvent>
-#include <QFile>
 #include <QFileInfo>
 #include <QMenuBar>
 #include <QToolBar>
@@ -216,8 +216,7 @@ void CMainFrame::UpdateCommands()
 
     QString title = QStringLiteral("Tervola Pocket");
     if (open)
-        title = QFileInfo(QFile::decodeName(QByteArray::fromStdString(m_doc.GetPath()))).fileName() +
-                QStringLiteral("[*] - ") + title;
+        title = QFileInfo(CorePaths::DisplayPath(m_doc.GetPath())).fileName() + QStringLiteral("[*] - ") + title;
     setWindowTitle(title);
     setWindowModified(open && m_doc.IsModified());
 }

@@ -1,5 +1,6 @@
 #include "cli/CCheckCommand.h"
 
+#include "bridge/CorePaths.h"
 #include "cli/CConsole.h"
 #include "cli/CLogbookOpener.h"
 #include "document/CLogbookDoc.h"
@@ -31,7 +32,7 @@ QString CCheckCommand::Details() const
 int CCheckCommand::Execute(const QCommandLineParser& parser)
 {
     CLogbookDoc doc;
-    if (!CLogbookOpener::OpenOrReport(doc, LocalPath(parser.positionalArguments().at(0))))
+    if (!CLogbookOpener::OpenOrReport(doc, CorePaths::LocalPath(parser.positionalArguments().at(0))))
         return Failure;
     const std::size_t count = doc.GetJumpCount();
     const CJump* last = doc.GetLastJump();

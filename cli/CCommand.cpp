@@ -2,8 +2,6 @@
 
 #include "cli/CConsole.h"
 
-#include <QFile>
-
 void CCommand::Prepare(QCommandLineParser& parser)
 {
     parser.setApplicationDescription(Summary());
@@ -53,9 +51,4 @@ int CCommand::Usage(const QString& text) const
     CConsole::ErrLine(QStringLiteral("tervola %1: %2").arg(Name(), text));
     CConsole::ErrLine(QStringLiteral("Try \"tervola %1 --help\".").arg(Name()));
     return UsageError;
-}
-
-std::string CCommand::LocalPath(const QString& path)
-{
-    return QFile::encodeName(path).toStdString();
 }

@@ -44,8 +44,6 @@ protected:
     // How many positional arguments the command needs (exactly).
     virtual int RequiredArguments() const = 0;
 
-    // A file name from the command line in the file system's encoding.
-    static std::string LocalPath(const QString& path);
     // Prints "tervola NAME: text" and a hint to --help on standard error; returns UsageError.
     int Usage(const QString& text) const;
 

@@ -1,5 +1,6 @@
 #include "cli/CConvertCommand.h"
 
+#include "bridge/CorePaths.h"
 #include "cli/CConsole.h"
 #include "cli/CLogbookOpener.h"
 #include "document/CLogbookDoc.h"
@@ -36,10 +37,10 @@ int CConvertCommand::Execute(const QCommandLineParser& parser)
 {
     const QStringList arguments = parser.positionalArguments();
     CLogbookDoc doc;
-    if (!CLogbookOpener::OpenOrReport(doc, LocalPath(arguments.at(0))))
+    if (!CLogbookOpener::OpenOrReport(doc, CorePaths::LocalPath(arguments.at(0))))
         return Failure;
     // Saving over IN itself is refused when another program changed IN after it was read.
-    const CSaveResult saved = doc.Save(LocalPath(arguments.at(1)));
+    const CSaveResult saved = doc.Save(CorePaths::LocalPath(arguments.at(1)));
     if (!saved) {
         CConsole::ErrLine(StringTable::Text(saved.messageId != 0 ? saved.messageId : StringTable::IDS_SAVE_FAILED));
         return Failure;

@@ -1,5 +1,6 @@
 #include "cli/CExportCommand.h"
 
+#include "bridge/CorePaths.h"
 #include "cli/CConsole.h"
 #include "cli/CCsvExporter.h"
 #include "cli/CJsonExporter.h"
@@ -96,7 +97,7 @@ int CExportCommand::Execute(const QCommandLineParser& parser)
         return Usage(error);
 
     CLogbookDoc doc;
-    if (!CLogbookOpener::OpenOrReport(doc, LocalPath(parser.positionalArguments().at(0))))
+    if (!CLogbookOpener::OpenOrReport(doc, CorePaths::LocalPath(parser.positionalArguments().at(0))))
         return Failure;
 
     QByteArray bytes;

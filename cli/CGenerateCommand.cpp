@@ -1,5 +1,6 @@
 #include "cli/CGenerateCommand.h"
 
+#include "bridge/CorePaths.h"
 #include "cli/CConsole.h"
 #include "cli/generator/CLogbookGenerator.h"
 #include "document/CLogbookDoc.h"
@@ -101,7 +102,7 @@ int CGenerateCommand::Execute(const QCommandLineParser& parser)
 
     CLogbookDoc doc;
     CLogbookGenerator(options).Fill(doc);
-    if (!doc.Save(LocalPath(parser.positionalArguments().at(0)))) {
+    if (!doc.Save(CorePaths::LocalPath(parser.positionalArguments().at(0)))) {
         CConsole::ErrLine(StringTable::Text(StringTable::IDS_SAVE_FAILED));
         return Failure;
     }

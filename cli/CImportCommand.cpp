@@ -1,5 +1,6 @@
 #include "cli/CImportCommand.h"
 
+#include "bridge/CorePaths.h"
 #include "cli/CConsole.h"
 #include "cli/CLogbookOpener.h"
 #include "document/CLogbookDoc.h"
@@ -101,7 +102,7 @@ int CImportCommand::Execute(const QCommandLineParser& parser)
             return Usage(QStringLiteral("--jump needs a jump number"));
     }
 
-    const std::string logbook = LocalPath(arguments.at(0));
+    const std::string logbook = CorePaths::LocalPath(arguments.at(0));
     CLogbookDoc doc;
     if (!CLogbookOpener::OpenOrReport(doc, logbook))
         return Failure;
@@ -119,7 +120,7 @@ int CImportCommand::Execute(const QCommandLineParser& parser)
         }
     }
 
-    const CTrackFileImport imported = CTrackFileImport::Run(LocalPath(arguments.at(1)), options);
+    const CTrackFileImport imported = CTrackFileImport::Run(CorePaths::LocalPath(arguments.at(1)), options);
     if (!imported.ok) {
         CConsole::ErrLine(imported.message);
         return Failure;

@@ -1,5 +1,6 @@
 #include "cli/CInfoCommand.h"
 
+#include "bridge/CorePaths.h"
 #include "cli/CConsole.h"
 #include "cli/CLogbookOpener.h"
 #include "cli/CTextFormat.h"
@@ -60,7 +61,7 @@ int CInfoCommand::Execute(const QCommandLineParser& parser)
     if (!CUnitsOption::Resolve(parser, units, error))
         return Usage(error);
     CLogbookDoc doc;
-    if (!CLogbookOpener::OpenOrReport(doc, LocalPath(parser.positionalArguments().at(0))))
+    if (!CLogbookOpener::OpenOrReport(doc, CorePaths::LocalPath(parser.positionalArguments().at(0))))
         return Failure;
     for (const auto& [label, value] : SummaryLines(doc, units))
         CConsole::OutLine(label + ": " + value);

@@ -5,10 +5,10 @@
 #include "app/CLogbookView.h"
 #include "app/CMainFrame.h"
 #include "app/CSplashWnd.h"
+#include "bridge/CorePaths.h"
 #include "document/LogbookFormat.h"
 
 #include <QCoreApplication>
-#include <QFile>
 
 CAppHarness::CAppHarness() : clock(CDateTime(2024, 6, 10, 9, 30, 0))
 {
@@ -64,7 +64,7 @@ CLogbookView* CAppHarness::View() const
 
 QString CAppHarness::Path(const QString& name) const
 {
-    return QFile::decodeName(QByteArray::fromStdString(folder / QFile::encodeName(name).toStdString()));
+    return CorePaths::DisplayPath(folder / CorePaths::LocalPath(name));
 }
 
 QString CAppHarness::Write(const CTestLogbook& logbook, const QString& name) const
@@ -77,8 +77,7 @@ QString CAppHarness::Write(const CTestLogbook& logbook, const QString& name) con
 
 void CAppHarness::SetLastFile(const QString& path)
 {
-    settings.SetString(LogbookFormat::kLastFileSection, LogbookFormat::kLastFileValue,
-                       QFile::encodeName(path).toStdString());
+    settings.SetString(LogbookFormat::kLastFileSection, LogbookFormat::kLastFileValue, CorePaths::LocalPath(path));
 }
 
 CLogbookDoc& CAppHarness::Doc() const
@@ -97,11 +96,11 @@ void CAppHarness::DeleteFirstJump()
 int CAppHarness::JumpsInFile(const QString& path)
 {
     CLogbookDoc doc;
-    return doc.Load(QFile::encodeName(path).toStdString()) ? int(doc.GetJumpCount()) : -1;
+    return doc.Load(CorePaths::LocalPath(path)) ? int(doc.GetJumpCount()) : -1;
 }
 
 QString CAppHarness::LastFile() const
 {
-    return QFile::decodeName(QByteArray::fromStdString(
-        settings.GetString(LogbookFormat::kLastFileSection, LogbookFormat::kLastFileValue, "")));
+    return CorePaths::DisplayPath(
+        settings.GetString(LogbookFormat::kLastFileSection, LogbookFormat::kLastFileValue, ""));
 }
