@@ -153,7 +153,7 @@ void CLogbookView::SetViewMode(ViewMode mode)
     m_homePage->setVisible(home);
     m_summary->setVisible(home && IsLogbookOpen());
     if (home)
-        m_summary->SetSummary(m_doc.GetSummary(), m_units);
+        m_summary->SetSummary(CSummaryRows::Build(m_doc, m_units));
 
     UpdateButtons();
     update();

@@ -1,11 +1,6 @@
 #include "app/CSummaryPane.h"
 
-#include "document/CLogbookDoc.h"
-#include "resources/StringTable.h"
 #include "translations/MessageText.h"
-#include "units/CUnitSettings.h"
-#include "units/DurationText.h"
-#include "units/RoundValue.h"
 
 #include "app/CDateText.h"
 
@@ -17,7 +12,6 @@
 #include <QPainterPath>
 
 #include <algorithm>
-#include <limits>
 
 namespace {
 
@@ -54,14 +48,6 @@ QFont CSummaryPane::ValueFont()
     return TahomaOrSans(16, 700);
 }
 
-QString CSummaryPane::DistanceText(double metres, const CUnitSettings& units)
-{
-    const double shown = RoundValue(units.DistanceToDisplay(metres), RoundHalfUp, 0);
-    // Whole numbers only, grouped as the locale groups them; "+ 0.0" turns a negative zero into
-    // a plain "0".
-    return QLocale().toString(shown + 0.0, 'f', 0);
-}
-
 CSummaryPane::CSummaryPane(QWidget* parent) : QWidget(parent), m_grid(new QGridLayout(this))
 {
     setObjectName(QStringLiteral("summary"));
@@ -87,24 +73,24 @@ CSummaryPane::CSummaryPane(QWidget* parent) : QWidget(parent), m_grid(new QGridL
     Arrange(false);
 }
 
-void CSummaryPane::SetSummary(const CLogbookSummary& summary, const CUnitSettings& units)
+void CSummaryPane::SetSummary(const CSummaryRows::Rows& rows)
 {
-    const QString unit = FromUtf8(units.DistanceLabel());
-    m_labels[NumberOfJumps]->setText(MessageText::Text(StringTable::IDS_NUMBER_OF_JUMPS));
-    m_labels[FreefallTime]->setText(MessageText::Text(StringTable::IDS_FREEFALL_TIME));
-    m_labels[FreefallDistance]->setText(MessageText::Text(StringTable::IDS_FREEFALL_DIST) + unit);
-    m_labels[CanopyDistance]->setText(MessageText::Text(StringTable::IDS_CANOPY_DIST) + unit);
-    m_labels[LastJump]->setText(MessageText::Text(StringTable::IDS_LAST_JUMP));
-
-    // The total stays within the duration text's range even for absurd files.
-    const auto seconds =
-        static_cast<int>(std::clamp<int64_t>(summary.freefallSeconds, 0, std::numeric_limits<int>::max()));
-    m_values[NumberOfJumps]->setText(QLocale().toString(summary.numberOfJumps));
-    m_values[FreefallTime]->setText(QString::fromStdString(DurationToText(seconds, true)));
-    m_values[FreefallDistance]->setText(DistanceText(summary.freefallMetres, units));
-    m_values[CanopyDistance]->setText(DistanceText(summary.canopyMetres, units));
-    m_values[LastJump]->setText(CDateText::ShortDate(summary.lastJump));
-
+    for (int row = 0; row < RowCount; ++row) {
+        const CSummaryRow& shown = rows[static_cast<std::size_t>(row)];
+        m_labels[row]->setText(MessageText::Text(shown.labelId) + FromUtf8(shown.unit));
+        switch (shown.kind) {
+        case CSummaryRow::Kind::Number:
+            // Whole numbers, grouped as the locale groups them.
+            m_values[row]->setText(QLocale().toString(shown.number, 'f', 0));
+            break;
+        case CSummaryRow::Kind::Date:
+            m_values[row]->setText(CDateText::ShortDate(shown.date));
+            break;
+        case CSummaryRow::Kind::Duration:
+            m_values[row]->setText(FromUtf8(shown.value));
+            break;
+        }
+    }
     ArrangeForWidth(m_availableWidth);
 }
 

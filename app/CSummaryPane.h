@@ -1,5 +1,11 @@
 #pragma once
 
+// Hidden from moc, which cannot parse the standard <compare> that the rows' date brings in and
+// needs nothing from the rows.
+#ifndef Q_MOC_RUN
+#include "document/CSummaryRows.h"
+#endif
+
 #include <QFont>
 #include <QLabel>
 #include <QWidget>
@@ -7,8 +13,6 @@
 #include <array>
 
 class QGridLayout;
-struct CLogbookSummary;
-class CUnitSettings;
 
 // The logbook summary of the home page: five labels, each with its value beside it (or below
 // it when the pane is too narrow for both), on a translucent card over the page's background.
@@ -17,22 +21,15 @@ class CSummaryPane : public QWidget
     Q_OBJECT
 
 public:
-    // Rows of the summary.
-    enum Row
-    {
-        NumberOfJumps = 0,
-        FreefallTime,
-        FreefallDistance,
-        CanopyDistance,
-        LastJump,
-        RowCount
-    };
+    // Rows of the summary: NumberOfJumps ... LastJump, RowCount.
+    using enum CSummaryRows::Row;
 
     // Labels and values without text until SetSummary.
     explicit CSummaryPane(QWidget* parent = nullptr);
 
-    // Shows the document's numbers in the user's units.
-    void SetSummary(const CLogbookSummary& summary, const CUnitSettings& units);
+    // Shows the rows, with numbers and the date in the user's notation and the labels in the
+    // user's language.
+    void SetSummary(const CSummaryRows::Rows& rows);
 
     // The width the view can give the pane; decides between side by side and stacked.
     void FitWidth(int width);
@@ -46,8 +43,6 @@ public:
     // Label font: Tahoma (or the platform's sans-serif) 11 pixels; values: 16 pixels, bold.
     static QFont LabelFont();
     static QFont ValueFont();
-    // A distance in metres as whole kilometres or miles, by the unit preference.
-    static QString DistanceText(double metres, const CUnitSettings& units);
 
 protected:
     // The translucent card behind the texts.

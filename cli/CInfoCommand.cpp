@@ -3,13 +3,9 @@
 #include "bridge/CorePaths.h"
 #include "cli/CConsole.h"
 #include "cli/CLogbookOpener.h"
-#include "cli/CTextFormat.h"
 #include "cli/CUnitsOption.h"
 #include "document/CLogbookDoc.h"
-#include "resources/StringTable.h"
-#include "units/DurationText.h"
-
-#include <climits>
+#include "document/CSummaryRows.h"
 
 QString CInfoCommand::Summary() const
 {
@@ -36,24 +32,6 @@ QString CInfoCommand::Details() const
                           "Exit codes: 0 printed, 1 the file does not load, 2 wrong command line.\n");
 }
 
-std::vector<std::pair<std::string, std::string>> CInfoCommand::SummaryLines(const CLogbookDoc& doc,
-                                                                            const CUnitSettings& units)
-{
-    using namespace StringTable;
-    const CLogbookSummary summary = doc.GetSummary();
-    const std::string distance(units.DistanceLabel());
-    const auto seconds = static_cast<int>(std::clamp<int64_t>(summary.freefallSeconds, INT_MIN, INT_MAX));
-    return {
-        {std::string(Text(IDS_NUMBER_OF_JUMPS)), std::to_string(summary.numberOfJumps)},
-        {std::string(Text(IDS_FREEFALL_TIME)), DurationToText(seconds, true)},
-        {std::string(Text(IDS_FREEFALL_DIST)) + distance,
-         CTextFormat::WholeNumber(units.DistanceToDisplay(summary.freefallMetres))},
-        {std::string(Text(IDS_CANOPY_DIST)) + distance,
-         CTextFormat::WholeNumber(units.DistanceToDisplay(summary.canopyMetres))},
-        {std::string(Text(IDS_LAST_JUMP)), CTextFormat::IsoDate(summary.lastJump)},
-    };
-}
-
 int CInfoCommand::Execute(const QCommandLineParser& parser)
 {
     CUnitSettings units;
@@ -63,7 +41,7 @@ int CInfoCommand::Execute(const QCommandLineParser& parser)
     CLogbookDoc doc;
     if (!CLogbookOpener::OpenOrReport(doc, CorePaths::LocalPath(parser.positionalArguments().at(0))))
         return Failure;
-    for (const auto& [label, value] : SummaryLines(doc, units))
-        CConsole::OutLine(label + ": " + value);
+    for (const CSummaryRow& row : CSummaryRows::Build(doc, units))
+        CConsole::OutLine(row.label + ": " + row.value);
     return Success;
 }

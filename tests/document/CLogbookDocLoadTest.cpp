@@ -1,11 +1,14 @@
 #include "document/CLogbookDoc.h"
+#include "document/CSummaryRows.h"
 #include "document/IClock.h"
 #include "resources/StringTable.h"
 #include "tests/document/DocTestFiles.h"
 #include "units/CMemorySettingsStore.h"
+#include "units/CUnitSettings.h"
 
 #include <gtest/gtest.h>
 
+#include <climits>
 #include <regex>
 
 namespace {
@@ -324,6 +327,23 @@ TEST(CLogbookDocSummary, TotalsFollowLoadAddRemoveAndChange)
     EXPECT_TRUE(summary.lastJump.IsNull());
     EXPECT_EQ(doc.GetTotalFreefallDistance(), 0);
     EXPECT_EQ(doc.GetTotalCanopyDistance(), 0);
+}
+
+TEST(CSummaryRows, FreefallTimeIsASigned32BitDuration)
+{
+    const struct
+    {
+        int previousDelay;
+        const char* shown;
+    } cases[] = {{-100, "0:-1:-10"}, {INT_MAX, "596523:14:07"}}; // with a jump of 30 s
+    for (const auto& c : cases) {
+        CLogbookDoc doc;
+        doc.GetSettings().SetPreviousDelay(c.previousDelay);
+        auto jump = std::make_unique<CJump>(1, CZonedDateTime{CDateTime(2009, 1, 1), 0}, CDateTime(2009, 1, 1));
+        jump->SetFallrateValues({Manual, 1500, 900, 30, 0, 0, 0});
+        doc.AddJump(std::move(jump));
+        EXPECT_EQ(CSummaryRows::Build(doc, CUnitSettings(1, 0, 0))[CSummaryRows::FreefallTime].value, c.shown);
+    }
 }
 
 TEST(CLogbookDocMedia, StoredNamesResolveAgainstTheLogbookFolder)
