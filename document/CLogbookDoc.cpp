@@ -2,7 +2,6 @@
 
 #include "document/IClock.h"
 #include "document/LogbookFormat.h"
-#include "document/SettingsReader.h"
 #include "model/JumpElements.h"
 #include "resources/StringTable.h"
 #include "units/ISettingsStore.h"
@@ -23,8 +22,7 @@ constexpr std::string_view kFolderSeparators = "/";
 
 } // namespace
 
-CLogbookDoc::CLogbookDoc(ISettingsStore* settings, const IClock* clock)
-    : m_store(settings), m_clock(clock), m_settingsReader(std::make_unique<SettingsReader>(m_settings))
+CLogbookDoc::CLogbookDoc(ISettingsStore* settings, const IClock* clock) : m_store(settings), m_clock(clock)
 {
 }
 
@@ -236,7 +234,7 @@ bool CLogbookDoc::OnOpenTag(CXmlParser& parser)
         return true;
     }
     if (name == "settings") {
-        parser.Delegate(m_settingsReader.get());
+        parser.Delegate(&m_settings);
         return true;
     }
     if (name == JumpElementName(JumpElement::Jump)) {

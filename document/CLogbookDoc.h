@@ -185,7 +185,6 @@ public:
     bool OnCloseTag(CXmlParser& parser) override;
 
 private:
-    class SettingsReader;
     struct CopyGate;
     // Before the jump list changes: waits until no snapshot is copying it.
     void WaitForCopy() const;
@@ -203,7 +202,6 @@ private:
     CIoProgress* m_progress = nullptr;
     CLogbookSettings m_settings;
     std::vector<std::unique_ptr<CJump>> m_jumps;
-    std::unique_ptr<SettingsReader> m_settingsReader;
     OutputFactory m_outputFactory;
     std::shared_ptr<CopyGate> m_copyGate;      // of this document's snapshots
     const CLogbookDoc* m_copySource = nullptr; // in a snapshot: whose jumps still have to be copied

@@ -6,7 +6,6 @@
 #include "document/IClock.h"
 #include "document/LogbookFormat.h"
 #include "document/SafeFileReplace.h"
-#include "document/SettingsReader.h"
 #include "resources/StringTable.h"
 #include "units/ISettingsStore.h"
 #include "xml/CChecksumOutput.h"

@@ -113,10 +113,16 @@ void CLogbookSettings::Write(CXmlWriter& writer) const
     writer.EndElement();
 }
 
+// The owner's name and the member number are read here although the logbook format's own reader
+// never took them back from the file: the profile shows and edits them, and a load followed by
+// a save must keep them.
 bool CLogbookSettings::OnOpenTag(CXmlParser& parser)
 {
     const std::string_view name = parser.GetElementName();
     if (name == "membership") {
+        std::string number;
+        if (parser.GetAttribute("name", number))
+            m_membership.SetMemberNumber(std::move(number));
         parser.Delegate(&m_membership);
     } else if (name == "equipments") {
         parser.Delegate(&m_equipment);
@@ -136,6 +142,10 @@ bool CLogbookSettings::OnOpenTag(CXmlParser& parser)
 bool CLogbookSettings::OnCloseTag(CXmlParser& parser)
 {
     const std::string_view name = parser.GetElementName();
+    if (name == "owner") {
+        m_ownerName = parser.GetElementText();
+        return true;
+    }
     if (name == "license" || name == "rating" || name == "award") {
         const std::string& text = parser.GetElementText();
         if (!text.empty())

@@ -35,7 +35,7 @@ public:
     // Everything back to the defaults, the owner's name included.
     void Reset();
 
-    // The owner's name: written to the file; the document supplies it when loading.
+    // The owner's name.
     const std::string& GetOwnerName() const { return m_ownerName; }
     void SetOwnerName(std::string name) { m_ownerName = std::move(name); }
 

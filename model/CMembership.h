@@ -35,7 +35,8 @@ public:
     // Writes "membership" when there is a number or an expiry date.
     void Write(CXmlWriter& writer) const;
 
-    // Reader of the children of "membership" (the number attribute is not read back here).
+    // Reader of the children of "membership" (the settings read the number attribute as they
+    // hand the element over).
     bool OnOpenTag(CXmlParser& parser) override;
     bool OnCloseTag(CXmlParser& parser) override;
 

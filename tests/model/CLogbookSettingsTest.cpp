@@ -79,8 +79,8 @@ TEST(CLogbookSettingsRead, FixedSpeedsListsAndWhatIsNotReadBack)
                                   R"(</fallrates><keywords><nightJump>Yö</nightJump></keywords>)"
                                   R"(<previousJumps>85</previousJumps><previousDelay>3600</previousDelay>)"
                                   R"(<extra>1</extra></settings>)"));
-    EXPECT_EQ(settings.GetOwnerName(), "");                    // the document supplies it
-    EXPECT_EQ(settings.GetMembership().GetMemberNumber(), ""); // likewise
+    EXPECT_EQ(settings.GetOwnerName(), "Aino");
+    EXPECT_EQ(settings.GetMembership().GetMemberNumber(), "F-1");
     EXPECT_EQ(settings.GetMembership().GetExpirationDate(), CDateTime(2009, 12, 31));
     EXPECT_TRUE(settings.GetMembership().HasAlarm());
     EXPECT_EQ(settings.GetMembership().GetAlarmDays(), 30);
