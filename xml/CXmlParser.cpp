@@ -37,6 +37,32 @@ bool IsSpace(unsigned char c)
     return c == 9 || c == 10 || c == 13 || c == 32;
 }
 
+// Equal bytes. The logbook's attribute and element names are a few bytes long, shorter than a
+// call to memcmp pays off for.
+inline bool SameBytes(std::string_view a, std::string_view b)
+{
+    const std::size_t n = a.size();
+    if (n != b.size())
+        return false;
+    if (n > 16)
+        return std::memcmp(a.data(), b.data(), n) == 0;
+    for (std::size_t i = 0; i < n; ++i)
+        if (a[i] != b[i])
+            return false;
+    return true;
+}
+
+// True when raw holds no '&' and no byte above 127, so that it is its own decoded form.
+inline bool IsPlainShort(std::string_view raw)
+{
+    if (raw.size() > 16)
+        return CXmlDecoder::IsPlain(raw);
+    for (const char c : raw)
+        if (c == '&' || static_cast<unsigned char>(c) > 127)
+            return false;
+    return true;
+}
+
 // Raw bytes shown as characters of the 8-bit code page (Latin-1), for error texts.
 void AppendLatin1(std::string& out, std::string_view raw)
 {
@@ -61,6 +87,7 @@ void CXmlParser::Reset()
     m_delegateAllowed = false;
     m_tagName.Clear();
     m_attrCount = 0;
+    m_attrBytes = 0;
     m_text.Clear();
     m_carry.clear();
     m_markPending = false;
@@ -104,6 +131,7 @@ bool CXmlParser::Feed(const char* data, std::size_t size)
         m_tagName.Clear();
         m_text.Clear();
         m_attrCount = 0;
+        m_attrBytes = 0;
         m_stopped = true;
         return false;
     }
@@ -262,6 +290,7 @@ inline bool CXmlParser::EndStartTag()
     const bool ok = ReportStartTag();
     m_tagName.Clear();
     m_attrCount = 0;
+    m_attrBytes = 0;
     return ok;
 }
 
@@ -270,6 +299,11 @@ namespace {
 // Moves pos to the next byte b of the chunk, or to its end; true when b was found.
 inline bool SkipTo(const unsigned char* bytes, std::size_t size, std::size_t& pos, unsigned char b)
 {
+    // The quotes and the '>' looked for are mostly a few bytes away, nearer than a call to
+    // memchr pays off.
+    for (const std::size_t near = std::min(size, pos + 8); pos < near; ++pos)
+        if (bytes[pos] == b)
+            return true;
     const void* hit = std::memchr(bytes + pos, b, size - pos);
     if (hit == nullptr) {
         pos = size;
@@ -297,7 +331,7 @@ inline bool CXmlParser::ScanBetweenTags(Cursor& c)
             m_carry.clear();
             c.state = State::TagName;
             ++c.pos;
-            return true;
+            return ScanTagName(c);
         } else if (b != 9 && b != 10 && b != 13) {
             if (c.mark == kNone)
                 c.mark = c.pos;
@@ -320,21 +354,20 @@ inline bool CXmlParser::ScanTagName(Cursor& c)
         c.mark = c.pos + 1;
         c.state = State::EndTagName;
         ++c.pos;
-        return true;
+        return ScanEndTagName(c);
     }
     if (TokenTooLong(c))
         return StopTokenTooLong();
     Capture(c, m_tagName);
     ++c.pos;
-    if (b == '/') {
-        c.state = State::EmptyTagEnd;
-    } else if (b == '>') {
+    if (b == '>') {
         c.state = State::BetweenTags;
         return EndStartTag();
-    } else {
-        c.state = State::BetweenAttributes;
     }
-    return true;
+    c.state = b == '/' ? State::EmptyTagEnd : State::BetweenAttributes;
+    if (c.pos == c.size)
+        return true;
+    return b == '/' ? ScanEmptyTagEnd(c) : ScanBetweenAttributes(c);
 }
 
 inline bool CXmlParser::ScanEndTagName(Cursor& c)
@@ -361,12 +394,16 @@ inline bool CXmlParser::ScanEmptyTagEnd(Cursor& c)
     ++c.pos;
     c.state = State::BetweenTags;
     bool ok = true;
+    bool pushed = false;
     if (m_attrCount > 0) {
-        ok = ReportStartTag();
+        const std::size_t depth = m_stackSize;
+        ok = ReportStartTag(true);
+        pushed = m_stackSize > depth;
         m_attrCount = 0;
+        m_attrBytes = 0;
     }
     if (ok)
-        ok = ReportEndTag();
+        ok = ReportEndTag(pushed);
     m_tagName.Clear();
     return ok;
 }
@@ -379,6 +416,7 @@ inline bool CXmlParser::ScanAfterAttributeValue(Cursor& c)
         c.state = State::BetweenAttributes;
     } else if (b == '/') {
         c.state = State::EmptyTagEnd;
+        return c.pos == c.size || ScanEmptyTagEnd(c);
     } else if (b == '>') {
         c.state = State::BetweenTags;
         return EndStartTag();
@@ -394,11 +432,12 @@ inline bool CXmlParser::ScanBetweenAttributes(Cursor& c)
         c.state = State::BetweenTags;
         return EndStartTag();
     }
-    if (!IsSpace(b)) {
-        c.mark = c.pos;
-        c.state = State::AttributeName;
-    }
     ++c.pos;
+    if (!IsSpace(b)) {
+        c.mark = c.pos - 1;
+        c.state = State::AttributeName;
+        return ScanAttributeName(c);
+    }
     return true;
 }
 
@@ -424,7 +463,7 @@ inline bool CXmlParser::ScanAttributeName(Cursor& c)
     Capture(c, m_attrs[m_attrCount].name);
     ++c.pos;
     c.state = State::BeforeAttributeValue;
-    return true;
+    return ScanBeforeAttributeValue(c);
 }
 
 // Anything up to the opening quote is skipped.
@@ -434,7 +473,7 @@ inline bool CXmlParser::ScanBeforeAttributeValue(Cursor& c)
         return true;
     c.mark = ++c.pos;
     c.state = State::AttributeValue;
-    return true;
+    return ScanAttributeValue(c);
 }
 
 inline bool CXmlParser::ScanAttributeValue(Cursor& c)
@@ -444,12 +483,12 @@ inline bool CXmlParser::ScanAttributeValue(Cursor& c)
     if (TokenTooLong(c))
         return StopTokenTooLong();
     StoreAttribute(c.data, c.mark, c.pos);
-    if (!CheckStartTagSize())
-        return false;
+    if (m_attrCount > kMaxAttributes || m_tagName.Size() + m_attrBytes > 2 * m_maxToken)
+        return StopStartTagTooLarge();
     c.mark = kNone;
     ++c.pos;
     c.state = State::AfterAttributeValue;
-    return true;
+    return c.pos == c.size || ScanAfterAttributeValue(c);
 }
 
 // Text ends at a line break, which the reader drops, or at the next tag.
@@ -462,14 +501,15 @@ inline bool CXmlParser::ScanText(Cursor& c)
     if (TokenTooLong(c))
         return StopTokenTooLong();
     Capture(c, m_text);
-    if (c.bytes[c.pos] == '<') {
-        c.mark = c.pos + 1;
-        c.state = State::TagName;
-    } else {
-        c.state = State::BetweenTags;
-    }
+    const bool tag = c.bytes[c.pos] == '<';
     ++c.pos;
-    return true;
+    if (!tag) {
+        c.state = State::BetweenTags;
+        return true;
+    }
+    c.mark = c.pos;
+    c.state = State::TagName;
+    return ScanTagName(c);
 }
 
 void CXmlParser::StoreAttribute(const char* data, std::size_t mark, std::size_t pos)
@@ -477,12 +517,17 @@ void CXmlParser::StoreAttribute(const char* data, std::size_t mark, std::size_t 
     // The name was captured into slot m_attrCount; a later duplicate overwrites the earlier value.
     Attribute* slot = &m_attrs[m_attrCount];
     for (std::size_t i = 0; i < m_attrCount; ++i)
-        if (m_attrs[i].name.View() == slot->name.View()) {
+        if (SameBytes(m_attrs[i].name.View(), slot->name.View())) {
             slot = &m_attrs[i];
             break;
         }
-    if (slot == &m_attrs[m_attrCount])
+    if (slot == &m_attrs[m_attrCount]) {
         ++m_attrCount;
+        m_attrBytes += slot->name.Size();
+    } else {
+        m_attrBytes -= slot->value.Size();
+    }
+    m_attrBytes += m_carry.size() + (pos - mark);
     if (m_carry.empty())
         slot->value.SetView(data + mark, pos - mark);
     else
@@ -509,16 +554,11 @@ void CXmlParser::DetachTokens()
 // A start tag's attributes are all kept until the tag ends, so their number is bounded and,
 // together with the tag name, their size: to twice a token's, so that a token of the largest
 // size still fits with its names around it.
-bool CXmlParser::CheckStartTagSize()
+bool CXmlParser::StopStartTagTooLarge()
 {
     if (m_attrCount > kMaxAttributes)
         return Stop(ParserError("more than " + std::to_string(kMaxAttributes) + " attributes in one start tag"));
-    std::size_t bytes = m_tagName.Size();
-    for (std::size_t i = 0; i < m_attrCount; ++i)
-        bytes += m_attrs[i].name.Size() + m_attrs[i].value.Size();
-    if (bytes > 2 * m_maxToken)
-        return Stop(ParserError("start tag longer than " + std::to_string(2 * m_maxToken) + " bytes"));
-    return true;
+    return Stop(ParserError("start tag longer than " + std::to_string(2 * m_maxToken) + " bytes"));
 }
 
 // Spare attribute slots and stack entries are kept for their buffers; one that a long token
@@ -536,7 +576,7 @@ void CXmlParser::ReleaseLargeBuffers()
             std::string().swap(m_stack[i].name);
 }
 
-bool CXmlParser::ReportStartTag()
+bool CXmlParser::ReportStartTag(bool closesAtOnce)
 {
     m_nameDecoded = false;
     m_textView = nullptr;
@@ -567,7 +607,8 @@ bool CXmlParser::ReportStartTag()
     // Entries are kept when popped so their name buffers are reused.
     if (m_stackSize == m_stack.size())
         m_stack.emplace_back();
-    m_stack[m_stackSize].name.assign(m_tagName.View());
+    if (!closesAtOnce)
+        m_stack[m_stackSize].name.assign(m_tagName.View());
     m_stack[m_stackSize].handler = handler;
     ++m_stackSize;
     m_delegateAllowed = true;
@@ -597,13 +638,18 @@ bool CXmlParser::ReportStartTag()
     return ok;
 }
 
-bool CXmlParser::ReportEndTag()
+bool CXmlParser::ReportEndTag(bool ownStart)
 {
-    m_nameDecoded = false;
+    if (!ownStart)
+        m_nameDecoded = false;
     m_textView = nullptr;
     CXmlHandler* handler = m_stackSize == 0 ? m_root : m_stack[m_stackSize - 1].handler;
     const bool ok = handler == nullptr || handler->OnCloseTag(*this);
-    if (m_stackSize > 0 && m_stack[m_stackSize - 1].name == m_tagName.View()) {
+    if (ownStart) {
+        // The entry pushed for this empty tag holds no copy of its name.
+        --m_stackSize;
+        m_stackNameBytes -= m_tagName.Size();
+    } else if (m_stackSize > 0 && SameBytes(m_stack[m_stackSize - 1].name, m_tagName.View())) {
         std::string& name = m_stack[--m_stackSize].name;
         m_stackNameBytes -= name.size();
         if (name.capacity() > kKeepBytes)
@@ -621,18 +667,16 @@ bool CXmlParser::ReportEndTag()
     return ok;
 }
 
-std::string_view CXmlParser::GetElementName() const
+std::string_view CXmlParser::DecodeElementName() const
 {
-    if (!m_nameDecoded) {
-        if (CXmlDecoder::IsPlain(m_tagName.View())) {
-            m_nameView = m_tagName.View();
-        } else {
-            m_decodedName.clear();
-            DecodeAppend(m_tagName.View(), m_encoding, m_decodedName);
-            m_nameView = m_decodedName;
-        }
-        m_nameDecoded = true;
+    if (IsPlainShort(m_tagName.View())) {
+        m_nameView = m_tagName.View();
+    } else {
+        m_decodedName.clear();
+        DecodeAppend(m_tagName.View(), m_encoding, m_decodedName);
+        m_nameView = m_decodedName;
     }
+    m_nameDecoded = true;
     return m_nameView;
 }
 
@@ -655,10 +699,10 @@ const std::string& CXmlParser::GetElementText() const
     return *m_textView;
 }
 
-const CXmlParser::Attribute* CXmlParser::FindAttribute(std::string_view name) const
+inline const CXmlParser::Attribute* CXmlParser::FindAttribute(std::string_view name) const
 {
     for (std::size_t i = 0; i < m_attrCount; ++i)
-        if (m_attrs[i].name.View() == name)
+        if (SameBytes(m_attrs[i].name.View(), name))
             return &m_attrs[i];
     return nullptr;
 }

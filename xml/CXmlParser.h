@@ -50,7 +50,7 @@ public:
     // --- Accessors for handlers (valid during OnOpenTag/OnCloseTag) ---
 
     // The element's name, decoded.
-    std::string_view GetElementName() const;
+    std::string_view GetElementName() const { return m_nameDecoded ? m_nameView : DecodeElementName(); }
     // The element's name as raw bytes.
     std::string_view GetElementNameRaw() const { return m_tagName.View(); }
     // The element's text, decoded (cut at line breaks as the reader does).
@@ -136,31 +136,42 @@ private:
         CXmlToken value;
     };
 
-    bool ReportStartTag();
-    bool ReportEndTag();
-    const Attribute* FindAttribute(std::string_view name) const;
+    // closesAtOnce: the tag ends with "/>", so its end is reported right after it and the
+    // stack entry needs no copy of the name.
+    bool ReportStartTag(bool closesAtOnce = false);
+    // ownStart: the end of the empty tag whose start was just pushed, so the top entry is its
+    // own and the name decoded for the start still holds.
+    bool ReportEndTag(bool ownStart = false);
+    std::string_view DecodeElementName() const;
+    inline const Attribute* FindAttribute(std::string_view name) const;
     bool ParseChunk(const char* data, std::size_t size);
     // One function per state: each reads on from c.pos (at least one byte unless the chunk
-    // ends there) and sets c.state to the state of the next byte; false stops the parse. They
-    // and their helpers are inline, defined and used only in ParseChunk's file, so that the
-    // chunk loop stays one tight loop.
-    inline bool ScanBetweenTags(Cursor& c);
-    inline bool ScanTagName(Cursor& c);
-    inline bool ScanEndTagName(Cursor& c);
-    inline bool ScanEmptyTagEnd(Cursor& c);
-    inline bool ScanAfterAttributeValue(Cursor& c);
-    inline bool ScanBetweenAttributes(Cursor& c);
-    inline bool ScanAttributeName(Cursor& c);
-    inline bool ScanBeforeAttributeValue(Cursor& c);
-    inline bool ScanAttributeValue(Cursor& c);
-    inline bool ScanText(Cursor& c);
+    // ends there) and sets c.state to the state of the next byte; false stops the parse. Where
+    // a tag goes on in the same chunk, a function reads on in the next state's function itself
+    // (a tag's name into its attributes, an attribute's name into its value and on to the
+    // tag's end), so that a tag costs one or two rounds of the chunk loop; those calls only
+    // lead forward through a tag, never back to where they came from. The functions and their
+    // helpers are inline, defined and used only in ParseChunk's file, so that the chunk loop
+    // stays one tight loop.
+    [[gnu::always_inline]] inline bool ScanBetweenTags(Cursor& c);
+    [[gnu::always_inline]] inline bool ScanTagName(Cursor& c);
+    [[gnu::always_inline]] inline bool ScanEndTagName(Cursor& c);
+    [[gnu::always_inline]] inline bool ScanEmptyTagEnd(Cursor& c);
+    [[gnu::always_inline]] inline bool ScanAfterAttributeValue(Cursor& c);
+    [[gnu::always_inline]] inline bool ScanBetweenAttributes(Cursor& c);
+    [[gnu::always_inline]] inline bool ScanAttributeName(Cursor& c);
+    [[gnu::always_inline]] inline bool ScanBeforeAttributeValue(Cursor& c);
+    [[gnu::always_inline]] inline bool ScanAttributeValue(Cursor& c);
+    [[gnu::always_inline]] inline bool ScanText(Cursor& c);
     inline bool TokenTooLong(const Cursor& c) const;
     inline void Capture(Cursor& c, CXmlToken& target);
     inline bool EndStartTag();
     bool StopTokenTooLong();
     void StoreAttribute(const char* data, std::size_t mark, std::size_t pos);
     void DetachTokens();
-    bool CheckStartTagSize();
+    // Stops the parse for a start tag with more than kMaxAttributes attributes or longer than
+    // twice a token, whichever it exceeds.
+    bool StopStartTagTooLarge();
     void ReleaseLargeBuffers();
     bool Stop(std::string error);
     bool ParseWholeFile(const std::string& path, bool gzip);
@@ -175,6 +186,7 @@ private:
     CXmlToken m_tagName;
     std::vector<Attribute> m_attrs; // reused between tags; m_attrCount are in use
     std::size_t m_attrCount = 0;
+    std::size_t m_attrBytes = 0; // names and values of the m_attrCount attributes together
     CXmlToken m_text;
     std::string m_carry;
     bool m_markPending = false; // a token continues at the start of the next chunk
