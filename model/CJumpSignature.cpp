@@ -38,7 +38,15 @@ bool CJumpSignature::OnOpenTag(CXmlParser& parser)
         m_strokes.emplace_back();
     } else if (name == "p") {
         CPoint point;
-        if (!parser.GetAttributeInt("x", point.x, true) || !parser.GetAttributeInt("y", point.y, true))
+        // Points are most of a logbook's tags, and the writer gives x then y: those two are
+        // read where they stand; anything else is looked up by name.
+        const bool asWritten = parser.GetAttributeCount() == 2 && parser.GetAttributeNameRaw(0) == "x" &&
+                               parser.GetAttributeNameRaw(1) == "y";
+        const bool read =
+            asWritten ? XmlIntFromBytes(parser.GetAttributeValueRaw(0), point.x, true) &&
+                            XmlIntFromBytes(parser.GetAttributeValueRaw(1), point.y, true)
+                      : parser.GetAttributeInt("x", point.x, true) && parser.GetAttributeInt("y", point.y, true);
+        if (!read)
             return false;
         // A point before any "line" starts a stroke of its own rather than being lost.
         if (m_strokes.empty())
