@@ -46,12 +46,50 @@ constexpr std::string_view JumpElementName(JumpElement element)
     return kJumpElementNames[static_cast<std::size_t>(element)];
 }
 
+namespace JumpElementLookup {
+
+// Every element of every jump is looked up by its name, so the look-up is one hash, one table
+// entry and one comparison: the hash of length, first and last letter is free of collisions
+// over the names above (the table's construction checks it at compile time).
+constexpr std::size_t Hash(std::string_view name)
+{
+    return (name.size() + 2u * static_cast<unsigned char>(name.front()) +
+            9u * static_cast<unsigned char>(name.back())) &
+           63u;
+}
+
+constexpr std::array<unsigned char, 64> MakeTable()
+{
+    std::array<unsigned char, 64> table{};
+    table.fill(static_cast<unsigned char>(JumpElement::Count));
+    for (std::size_t i = 0; i < kJumpElementNames.size(); ++i) {
+        unsigned char& slot = table[Hash(kJumpElementNames[i])];
+        if (slot != static_cast<unsigned char>(JumpElement::Count))
+            throw "two jump element names share a hash slot";
+        slot = static_cast<unsigned char>(i);
+    }
+    return table;
+}
+
+inline constexpr std::array<unsigned char, 64> kTable = MakeTable();
+
+} // namespace JumpElementLookup
+
 // The element of that name; Count for any other name.
 constexpr JumpElement JumpElementFromName(std::string_view name)
 {
-    for (std::size_t i = 0; i < kJumpElementNames.size(); ++i) {
-        if (kJumpElementNames[i] == name)
-            return static_cast<JumpElement>(i);
-    }
-    return JumpElement::Count;
+    if (name.empty())
+        return JumpElement::Count;
+    const unsigned char index = JumpElementLookup::kTable[JumpElementLookup::Hash(name)];
+    if (index == static_cast<unsigned char>(JumpElement::Count) || kJumpElementNames[index] != name)
+        return JumpElement::Count;
+    return static_cast<JumpElement>(index);
 }
+
+// Every name finds its own element.
+static_assert([] {
+    for (std::size_t i = 0; i < kJumpElementNames.size(); ++i)
+        if (JumpElementFromName(kJumpElementNames[i]) != static_cast<JumpElement>(i))
+            return false;
+    return JumpElementFromName("p") == JumpElement::Count;
+}());
