@@ -114,6 +114,13 @@ TEST(CLogbookDocSave, FailuresLeaveTheOldFileAndItsBackup)
              WriteBytes(f / "Jumps.tvl/inside", "x");
              return f / "Jumps.tvl";
          }},
+        // A name ending in "bak" has no backup, so the failure is the final rename's.
+        {"target is a folder without a backup", nullptr,
+         [](const CScratchFolder& f) {
+             std::filesystem::create_directories(f / "Jumps.bak");
+             WriteBytes(f / "Jumps.bak/inside", "x");
+             return f / "Jumps.bak";
+         }},
     };
     for (const Case& c : cases) {
         CScratchFolder folder("failure");
@@ -144,4 +151,20 @@ TEST(CLogbookDocSave, FailuresLeaveTheOldFileAndItsBackup)
         EXPECT_TRUE(doc.IsModified()) << c.name;
         EXPECT_EQ(store.GetString("General", "LastFile", ""), "before") << c.name;
     }
+}
+
+TEST(CLogbookDocSave, ABackupThatCannotBeCopiedStopsTheSave)
+{
+    CScratchFolder folder("nobackup");
+    const std::string path = folder / "Jumps.tvz";
+    WriteBytes(path, "the old logbook");
+    WriteBytes(folder / "Jumps.bak", "the old backup");
+    std::filesystem::create_directories(folder / "Jumps.bak.saving/in the way");
+    CLogbookDoc doc(nullptr, &kClock);
+    doc.AddJump(MakeJump(1, "A"));
+    EXPECT_FALSE(doc.Save(path));
+    EXPECT_EQ(ReadBytes(path), "the old logbook");
+    EXPECT_EQ(ReadBytes(folder / "Jumps.bak"), "the old backup");
+    EXPECT_FALSE(Exists(path + ".saving"));
+    EXPECT_TRUE(doc.IsModified());
 }

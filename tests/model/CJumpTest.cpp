@@ -199,6 +199,7 @@ TEST(CJumpFreefall, ComputedAgainstWorkedValues)
     // = 1.96166, s2 = 0.29427. So 0.05 m take one step, 0.2 m two.
     EXPECT_DOUBLE_EQ(CJump::ComputeFreefallTime(0.05, 52.5), 0.1);
     EXPECT_DOUBLE_EQ(CJump::ComputeFreefallTime(0.2, 52.5), 0.2);
+    EXPECT_DOUBLE_EQ(CJump::ComputeFreefallTime(0.0981, 52.5), 0.1); // reaching the distance ends the fall
     EXPECT_EQ(CJump::ComputeFreefallTime(0.0, 52.5), 0.0);
     EXPECT_EQ(CJump::ComputeFreefallTime(-100.0, 52.5), 0.0);
     EXPECT_EQ(CJump::ComputeFreefallTime(3000.0, 0.0), 0.0);
