@@ -5,6 +5,8 @@
 #include "xml/CXmlWriter.h"
 #include "xml/XmlValues.h"
 
+#include <algorithm>
+
 void CJumpSignature::Clear()
 {
     m_name.clear();
@@ -31,11 +33,23 @@ void CJumpSignature::Write(CXmlWriter& writer) const
     writer.EndElement();
 }
 
+namespace {
+
+// The most points a stroke's announced size reserves room for before they arrive.
+constexpr int kMaxReservedPoints = 256;
+
+} // namespace
+
 bool CJumpSignature::OnOpenTag(CXmlParser& parser)
 {
     const std::string_view name = parser.GetElementName();
     if (name == "line") {
         m_strokes.emplace_back();
+        // The stroke's announced size spares the vector its regrowth while the points arrive;
+        // it is only a hint, capped, and a stroke that got fewer points is trimmed at its end.
+        int announced = 0;
+        if (parser.GetAttributeInt("size", announced, false) && announced > 0)
+            m_strokes.back().reserve(static_cast<std::size_t>(std::min(announced, kMaxReservedPoints)));
     } else if (name == "p") {
         CPoint point;
         // Points are most of a logbook's tags, and the writer gives x then y: those two are
@@ -58,7 +72,13 @@ bool CJumpSignature::OnOpenTag(CXmlParser& parser)
 
 bool CJumpSignature::OnCloseTag(CXmlParser& parser)
 {
-    if (parser.GetElementName() == "id")
+    const std::string_view name = parser.GetElementName();
+    if (name == "id") {
         m_id = parser.GetElementText();
+    } else if (name == "line" && !m_strokes.empty()) {
+        Stroke& stroke = m_strokes.back();
+        if (stroke.capacity() > 2 * stroke.size() + 16)
+            stroke.shrink_to_fit();
+    }
     return true;
 }
