@@ -74,7 +74,7 @@ bool CEquipment::OnCloseTag(CXmlParser& parser)
         number = &m_reserveSize;
 
     if (text) {
-        *text = parser.GetElementText();
+        parser.GetElementText(*text);
     } else if (number) {
         if (!XmlIntFromBytes(parser.GetElementTextRaw(), *number, true))
             return false;

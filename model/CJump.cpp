@@ -496,7 +496,7 @@ bool CJump::OnCloseTag(CXmlParser& parser)
     }
 
     if (text)
-        *text = parser.GetElementText();
+        parser.GetElementText(*text);
     else if (number)
         return XmlIntFromBytes(raw, *number, true);
     else if (real)

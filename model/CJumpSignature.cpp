@@ -38,11 +38,18 @@ namespace {
 // The most points a stroke's announced size reserves room for before they arrive.
 constexpr int kMaxReservedPoints = 256;
 
+// Points are most of a logbook's tags, and a name that is the one byte "p" is its own decoded
+// form: they are told apart without asking the parser to decode the name.
+std::string_view ElementName(const CXmlParser& parser)
+{
+    return parser.GetElementNameRaw() == "p" ? std::string_view("p") : parser.GetElementName();
+}
+
 } // namespace
 
 bool CJumpSignature::OnOpenTag(CXmlParser& parser)
 {
-    const std::string_view name = parser.GetElementName();
+    const std::string_view name = ElementName(parser);
     if (name == "line") {
         m_strokes.emplace_back();
         // The stroke's announced size spares the vector its regrowth while the points arrive;
@@ -72,9 +79,9 @@ bool CJumpSignature::OnOpenTag(CXmlParser& parser)
 
 bool CJumpSignature::OnCloseTag(CXmlParser& parser)
 {
-    const std::string_view name = parser.GetElementName();
+    const std::string_view name = ElementName(parser);
     if (name == "id") {
-        m_id = parser.GetElementText();
+        parser.GetElementText(m_id);
     } else if (name == "line" && !m_strokes.empty()) {
         Stroke& stroke = m_strokes.back();
         if (stroke.capacity() > 2 * stroke.size() + 16)

@@ -143,7 +143,7 @@ bool CLogbookSettings::OnCloseTag(CXmlParser& parser)
 {
     const std::string_view name = parser.GetElementName();
     if (name == "owner") {
-        m_ownerName = parser.GetElementText();
+        parser.GetElementText(m_ownerName);
         return true;
     }
     if (name == "license" || name == "rating" || name == "award") {
@@ -158,7 +158,7 @@ bool CLogbookSettings::OnCloseTag(CXmlParser& parser)
         return XmlIntFromBytes(parser.GetElementTextRaw(), m_previousDelay, true);
     for (std::size_t i = 0; i < m_keywords.size(); ++i) {
         if (name == kKeywordElements[i]) {
-            m_keywords[i] = parser.GetElementText();
+            parser.GetElementText(m_keywords[i]);
             break;
         }
     }

@@ -124,7 +124,8 @@ public:
         else
             XmlUtf8::Append(m_out, unit);
     }
-    void PutAscii(const char* data, std::size_t size)
+    // Takes bytes that are already the UTF-8 of whole characters below U+D800.
+    void PutBytes(const char* data, std::size_t size)
     {
         FlushHigh();
         m_out.append(data, size);
@@ -177,39 +178,49 @@ void CXmlDecoder::DecodeAppend(std::string_view raw, XmlEncoding encoding, std::
     const auto* s = reinterpret_cast<const unsigned char*>(raw.data());
     const std::size_t n = raw.size();
     CodeUnitSink sink(out);
+    // Bytes that decode to themselves (ASCII but '&' and, in UTF-8, the characters U+0080 to
+    // U+00FF, which are written back with the very bytes they came in) are passed on in runs.
+    std::size_t run = 0;
+    const auto passRun = [&](std::size_t end) {
+        if (end > run)
+            sink.PutBytes(raw.data() + run, end - run);
+    };
     std::size_t i = 0;
     while (i < n) {
-        std::size_t j = i;
-        while (j < n && s[j] < 0x80 && s[j] != '&')
-            ++j;
-        if (j > i) {
-            sink.PutAscii(raw.data() + i, j - i);
-            i = j;
-            if (i == n)
-                break;
-        }
+        std::uint64_t w = 0;
+        while (i + 8 <= n && (std::memcpy(&w, s + i, 8), SpecialBytes(w) == 0))
+            i += 8;
+        while (i < n && s[i] < 0x80 && s[i] != '&')
+            ++i;
+        if (i == n)
+            break;
         const unsigned char b = s[i];
+        if (encoding == Utf8 && (b == 0xC2 || b == 0xC3) && i + 1 < n && (s[i + 1] & 0xC0) == 0x80) {
+            i += 2;
+            continue;
+        }
+        passRun(i);
         if (b == '&') {
             const std::size_t semi = raw.find(';', i + 1);
             if (semi == std::string_view::npos)
-                break; // no ';': the '&' and the rest are dropped
+                return; // no ';': the '&' and the rest are dropped
             const std::size_t code = EntityCode(raw.substr(i + 1, semi - i - 1));
             if (code != kNone)
                 sink.Put(static_cast<std::uint32_t>(code));
             i = semi + 1;
-            continue;
-        }
-        if (encoding == Latin1) {
+        } else if (encoding == Latin1) {
             sink.Put(b);
             ++i;
-            continue;
+        } else {
+            const unsigned length = kSequenceLength[b >> 2];
+            std::uint32_t code = b & kLeadMask[length];
+            const unsigned total = length == 0 ? 5 : length;
+            ++i;
+            for (unsigned k = 1; k < total && i < n && (s[i] & 0xC0) == 0x80; ++k, ++i)
+                code = (code << 6) | (s[i] & 0x3Fu);
+            sink.Put(code >= 256 ? '?' : code);
         }
-        const unsigned length = kSequenceLength[b >> 2];
-        std::uint32_t code = b & kLeadMask[length];
-        const unsigned total = length == 0 ? 5 : length;
-        ++i;
-        for (unsigned k = 1; k < total && i < n && (s[i] & 0xC0) == 0x80; ++k, ++i)
-            code = (code << 6) | (s[i] & 0x3Fu);
-        sink.Put(code >= 256 ? '?' : code);
+        run = i;
     }
+    passRun(n);
 }

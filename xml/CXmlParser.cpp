@@ -296,21 +296,34 @@ inline bool CXmlParser::EndStartTag()
 
 namespace {
 
-// Moves pos to the next byte b of the chunk, or to its end; true when b was found.
+// Moves pos to the next byte b of the chunk, or to its end; true when b was found. The scans
+// work on local copies, which the compiler keeps in registers however busy the caller is.
 inline bool SkipTo(const unsigned char* bytes, std::size_t size, std::size_t& pos, unsigned char b)
 {
     // The quotes and the '>' looked for are mostly a few bytes away, nearer than a call to
     // memchr pays off.
-    for (const std::size_t near = std::min(size, pos + 8); pos < near; ++pos)
-        if (bytes[pos] == b)
+    std::size_t p = pos;
+    for (const std::size_t near = std::min(size, p + 8); p < near; ++p)
+        if (bytes[p] == b) {
+            pos = p;
             return true;
-    const void* hit = std::memchr(bytes + pos, b, size - pos);
+        }
+    const void* hit = std::memchr(bytes + p, b, size - p);
     if (hit == nullptr) {
         pos = size;
         return false;
     }
     pos = static_cast<std::size_t>(static_cast<const unsigned char*>(hit) - bytes);
     return true;
+}
+
+// Moves pos to the next byte of the chunk that stop marks, or to its end.
+inline void SkipUntil(const unsigned char* bytes, std::size_t size, std::size_t& pos, const ByteTable& stop)
+{
+    std::size_t p = pos;
+    while (p < size && !stop[bytes[p]])
+        ++p;
+    pos = p;
 }
 
 } // namespace
@@ -345,8 +358,7 @@ inline bool CXmlParser::ScanBetweenTags(Cursor& c)
 
 inline bool CXmlParser::ScanTagName(Cursor& c)
 {
-    while (c.pos < c.size && !kTagNameStop[c.bytes[c.pos]])
-        ++c.pos;
+    SkipUntil(c.bytes, c.size, c.pos, kTagNameStop);
     if (c.pos == c.size)
         return true;
     const unsigned char b = c.bytes[c.pos];
@@ -385,27 +397,14 @@ inline bool CXmlParser::ScanEndTagName(Cursor& c)
     return ok;
 }
 
-// Only '>' may follow. A start tag without attributes closed at once is reported as its end
-// tag alone; one with attributes as its start tag, then its end tag.
+// Only '>' may follow.
 inline bool CXmlParser::ScanEmptyTagEnd(Cursor& c)
 {
     if (c.bytes[c.pos] != '>')
         return false;
     ++c.pos;
     c.state = State::BetweenTags;
-    bool ok = true;
-    bool pushed = false;
-    if (m_attrCount > 0) {
-        const std::size_t depth = m_stackSize;
-        ok = ReportStartTag(true);
-        pushed = m_stackSize > depth;
-        m_attrCount = 0;
-        m_attrBytes = 0;
-    }
-    if (ok)
-        ok = ReportEndTag(pushed);
-    m_tagName.Clear();
-    return ok;
+    return ReportEmptyTag();
 }
 
 // Bytes other than white space, '/' and '>' are skipped.
@@ -443,8 +442,7 @@ inline bool CXmlParser::ScanBetweenAttributes(Cursor& c)
 
 inline bool CXmlParser::ScanAttributeName(Cursor& c)
 {
-    while (c.pos < c.size && !kAttrNameStop[c.bytes[c.pos]])
-        ++c.pos;
+    SkipUntil(c.bytes, c.size, c.pos, kAttrNameStop);
     if (c.pos == c.size)
         return true;
     if (TokenTooLong(c))
@@ -494,8 +492,7 @@ inline bool CXmlParser::ScanAttributeValue(Cursor& c)
 // Text ends at a line break, which the reader drops, or at the next tag.
 inline bool CXmlParser::ScanText(Cursor& c)
 {
-    while (c.pos < c.size && !kTextStop[c.bytes[c.pos]])
-        ++c.pos;
+    SkipUntil(c.bytes, c.size, c.pos, kTextStop);
     if (c.pos == c.size)
         return true;
     if (TokenTooLong(c))
@@ -512,7 +509,7 @@ inline bool CXmlParser::ScanText(Cursor& c)
     return ScanTagName(c);
 }
 
-void CXmlParser::StoreAttribute(const char* data, std::size_t mark, std::size_t pos)
+inline void CXmlParser::StoreAttribute(const char* data, std::size_t mark, std::size_t pos)
 {
     // The name was captured into slot m_attrCount; a later duplicate overwrites the earlier value.
     Attribute* slot = &m_attrs[m_attrCount];
@@ -576,24 +573,65 @@ void CXmlParser::ReleaseLargeBuffers()
             std::string().swap(m_stack[i].name);
 }
 
-bool CXmlParser::ReportStartTag(bool closesAtOnce)
+// The declaration's encoding decides how the bytes of names, texts and values are read.
+void CXmlParser::ReadDeclaration()
+{
+    std::string encoding;
+    if (GetAttribute("encoding", encoding)) {
+        std::string upper = encoding;
+        for (char& c : upper)
+            if (c >= 'a' && c <= 'z')
+                c = static_cast<char>(c - 'a' + 'A');
+        if (upper == "UTF-8")
+            m_encoding = Utf8;
+        else if (encoding == "ISO-8859-1")
+            m_encoding = Latin1;
+    }
+}
+
+// A handler refused the tag without a message of its own: the tag and its attributes are named.
+void CXmlParser::DescribeFailedOpenTag()
+{
+    std::string detail = "Open Tag: ";
+    detail += GetElementName();
+    if (m_attrCount > 0) {
+        detail += ',';
+        // Listed in name order, as the attribute map keeps them.
+        std::vector<const Attribute*> sorted;
+        for (std::size_t i = 0; i < m_attrCount; ++i)
+            sorted.push_back(&m_attrs[i]);
+        std::sort(sorted.begin(), sorted.end(),
+                  [](const Attribute* a, const Attribute* b) { return a->name.View() < b->name.View(); });
+        for (const Attribute* attr : sorted) {
+            detail += ' ';
+            DecodeAppend(attr->name.View(), m_encoding, detail);
+            detail += "=\"";
+            AppendLatin1(detail, attr->value.View());
+            detail += '"';
+        }
+    }
+    m_error = ParserError(detail);
+}
+
+void CXmlParser::DescribeFailedCloseTag()
+{
+    std::string detail = "Close Tag: ";
+    detail += GetElementName();
+    if (!m_text.Empty()) {
+        detail += ", ";
+        detail += GetElementText();
+    }
+    m_error = ParserError(detail);
+}
+
+inline bool CXmlParser::OpenTag(bool closesAtOnce)
 {
     m_nameDecoded = false;
     m_textView = nullptr;
     if (m_firstTag) {
         m_firstTag = false;
         if (m_tagName.View() == "?xml") {
-            std::string encoding;
-            if (GetAttribute("encoding", encoding)) {
-                std::string upper = encoding;
-                for (char& c : upper)
-                    if (c >= 'a' && c <= 'z')
-                        c = static_cast<char>(c - 'a' + 'A');
-                if (upper == "UTF-8")
-                    m_encoding = Utf8;
-                else if (encoding == "ISO-8859-1")
-                    m_encoding = Latin1;
-            }
+            ReadDeclaration();
             return true;
         }
     }
@@ -614,31 +652,12 @@ bool CXmlParser::ReportStartTag(bool closesAtOnce)
     m_delegateAllowed = true;
     const bool ok = handler == nullptr || handler->OnOpenTag(*this);
     m_delegateAllowed = false;
-    if (!ok && m_error.empty()) {
-        std::string detail = "Open Tag: ";
-        detail += GetElementName();
-        if (m_attrCount > 0) {
-            detail += ',';
-            // Listed in name order, as the attribute map keeps them.
-            std::vector<const Attribute*> sorted;
-            for (std::size_t i = 0; i < m_attrCount; ++i)
-                sorted.push_back(&m_attrs[i]);
-            std::sort(sorted.begin(), sorted.end(),
-                      [](const Attribute* a, const Attribute* b) { return a->name.View() < b->name.View(); });
-            for (const Attribute* attr : sorted) {
-                detail += ' ';
-                DecodeAppend(attr->name.View(), m_encoding, detail);
-                detail += "=\"";
-                AppendLatin1(detail, attr->value.View());
-                detail += '"';
-            }
-        }
-        m_error = ParserError(detail);
-    }
+    if (!ok && m_error.empty())
+        DescribeFailedOpenTag();
     return ok;
 }
 
-bool CXmlParser::ReportEndTag(bool ownStart)
+inline bool CXmlParser::CloseTag(bool ownStart)
 {
     if (!ownStart)
         m_nameDecoded = false;
@@ -655,15 +674,38 @@ bool CXmlParser::ReportEndTag(bool ownStart)
         if (name.capacity() > kKeepBytes)
             std::string().swap(name);
     }
-    if (!ok && m_error.empty()) {
-        std::string detail = "Close Tag: ";
-        detail += GetElementName();
-        if (!m_text.Empty()) {
-            detail += ", ";
-            detail += GetElementText();
-        }
-        m_error = ParserError(detail);
+    if (!ok && m_error.empty())
+        DescribeFailedCloseTag();
+    return ok;
+}
+
+bool CXmlParser::ReportStartTag()
+{
+    return OpenTag(false);
+}
+
+bool CXmlParser::ReportEndTag()
+{
+    return CloseTag(false);
+}
+
+// A start tag without attributes closed at once is reported as its end tag alone; one with
+// attributes as its start tag, then its end tag. Points, most of a logbook's tags, come this
+// way, so both reports are made here in one call.
+bool CXmlParser::ReportEmptyTag()
+{
+    bool ok = true;
+    bool pushed = false;
+    if (m_attrCount > 0) {
+        const std::size_t depth = m_stackSize;
+        ok = OpenTag(true);
+        pushed = m_stackSize > depth;
+        m_attrCount = 0;
+        m_attrBytes = 0;
     }
+    if (ok)
+        ok = CloseTag(pushed);
+    m_tagName.Clear();
     return ok;
 }
 
@@ -697,6 +739,18 @@ const std::string& CXmlParser::GetElementText() const
         }
     }
     return *m_textView;
+}
+
+void CXmlParser::GetElementText(std::string& out) const
+{
+    if (m_textView != nullptr) {
+        out = *m_textView;
+    } else if (CXmlDecoder::IsPlain(m_text.View())) {
+        out.assign(m_text.View());
+    } else {
+        out.clear();
+        DecodeAppend(m_text.View(), m_encoding, out);
+    }
 }
 
 inline const CXmlParser::Attribute* CXmlParser::FindAttribute(std::string_view name) const

@@ -55,6 +55,8 @@ public:
     std::string_view GetElementNameRaw() const { return m_tagName.View(); }
     // The element's text, decoded (cut at line breaks as the reader does).
     const std::string& GetElementText() const;
+    // The same text put into out: a copy fewer for a reader that keeps it.
+    void GetElementText(std::string& out) const;
     // The element's text as raw bytes, for the 8-bit typed readers.
     std::string_view GetElementTextRaw() const { return m_text.View(); }
     // Decoded attribute value; false when absent.
@@ -138,10 +140,17 @@ private:
 
     // closesAtOnce: the tag ends with "/>", so its end is reported right after it and the
     // stack entry needs no copy of the name.
-    bool ReportStartTag(bool closesAtOnce = false);
+    [[gnu::always_inline]] inline bool OpenTag(bool closesAtOnce);
     // ownStart: the end of the empty tag whose start was just pushed, so the top entry is its
     // own and the name decoded for the start still holds.
-    bool ReportEndTag(bool ownStart = false);
+    [[gnu::always_inline]] inline bool CloseTag(bool ownStart);
+    bool ReportStartTag();
+    bool ReportEndTag();
+    bool ReportEmptyTag();
+    // Kept out of the report functions, which run for every tag.
+    [[gnu::cold]] void ReadDeclaration();
+    [[gnu::cold]] void DescribeFailedOpenTag();
+    [[gnu::cold]] void DescribeFailedCloseTag();
     std::string_view DecodeElementName() const;
     inline const Attribute* FindAttribute(std::string_view name) const;
     bool ParseChunk(const char* data, std::size_t size);
@@ -167,7 +176,7 @@ private:
     inline void Capture(Cursor& c, CXmlToken& target);
     inline bool EndStartTag();
     bool StopTokenTooLong();
-    void StoreAttribute(const char* data, std::size_t mark, std::size_t pos);
+    [[gnu::always_inline]] inline void StoreAttribute(const char* data, std::size_t mark, std::size_t pos);
     void DetachTokens();
     // Stops the parse for a start tag with more than kMaxAttributes attributes or longer than
     // twice a token, whichever it exceeds.

@@ -216,39 +216,12 @@ bool XmlIntFromString(std::string_view text, int& value, bool allowMinus)
     return true;
 }
 
-namespace {
-
-// XmlIntFromBytes for anything but a few plain digits; kept apart so that the plain case needs
-// no stack frame.
-[[gnu::noinline]] bool IntFromCheckedBytes(std::string_view raw, int& value, bool allowMinus)
+bool XmlIntFromCheckedBytes(std::string_view raw, int& value, bool allowMinus)
 {
     if (!CheckBytes(raw, allowMinus, false))
         return false;
     value = LeadingInt(raw);
     return true;
-}
-
-} // namespace
-
-bool XmlIntFromBytes(std::string_view raw, int& value, bool allowMinus)
-{
-    // Most values are a few plain digits: read them in one pass. Up to nine digits fit an int.
-    if (!raw.empty() && raw.size() <= 9) {
-        const char* p = raw.data();
-        const char* const end = p + raw.size();
-        unsigned digits = 0;
-        for (; p != end; ++p) {
-            const unsigned digit = static_cast<unsigned char>(*p) - unsigned{'0'};
-            if (digit > 9)
-                break;
-            digits = digits * 10 + digit;
-        }
-        if (p == end) {
-            value = static_cast<int>(digits);
-            return true;
-        }
-    }
-    return IntFromCheckedBytes(raw, value, allowMinus);
 }
 
 std::string_view XmlFormatDouble(double value, bool force, char (&buffer)[kXmlDoubleChars])

@@ -19,8 +19,26 @@ bool XmlBoolFromBytes(std::string_view raw, bool& value);
 std::string XmlIntToString(int value, bool force);
 // Wide integers: non-empty, digits, one '-' when allowMinus.
 bool XmlIntFromString(std::string_view text, int& value, bool allowMinus);
+// XmlIntFromBytes for anything but one to nine plain digits.
+bool XmlIntFromCheckedBytes(std::string_view raw, int& value, bool allowMinus);
+
 // 8-bit integers: empty is 0; digits and one '-' (first or last) when allowMinus; leading integer.
-bool XmlIntFromBytes(std::string_view raw, int& value, bool allowMinus);
+// Most values are a few plain digits, read here in one pass without a call; up to nine fit.
+inline bool XmlIntFromBytes(std::string_view raw, int& value, bool allowMinus)
+{
+    if (!raw.empty() && raw.size() <= 9) {
+        unsigned digits = 0;
+        for (const char c : raw) {
+            const unsigned digit = static_cast<unsigned char>(c) - unsigned{'0'};
+            if (digit > 9)
+                return XmlIntFromCheckedBytes(raw, value, allowMinus);
+            digits = digits * 10 + digit;
+        }
+        value = static_cast<int>(digits);
+        return true;
+    }
+    return XmlIntFromCheckedBytes(raw, value, allowMinus);
+}
 
 // "%0.14f" with trailing zeros trimmed (one decimal kept); |value| <= 1e-8 is empty unless forced.
 std::string XmlDoubleToString(double value, bool force);

@@ -113,6 +113,12 @@ TEST(ParserDecode, FollowsTheByteTables)
         {"&#xDE00;&#xD83D;", Utf8, "??"},
         {"&#xD83D;&#xD83D;&#xDE00;", Utf8, "?\xF0\x9F\x98\x80"},
         {"\xC3\xA9\xC2\xA0", Utf8, "\xC3\xA9\xC2\xA0"},
+        {"&#xD83D;\xC3\xA9", Utf8, "?\xC3\xA9"},
+        {"0123456789\xC3\xA9"
+         "Abcdefgh&amp;\xC3\xA9",
+         Utf8,
+         "0123456789\xC3\xA9"
+         "Abcdefgh&\xC3\xA9"},
         {"\xE2\x82\xAC|\xF0\x9F\x98\x80|", Utf8, "?|?|"},
         // Overlong forms are not rejected: only the resulting code counts.
         {"\xE0\x83\xA9", Utf8, "\xC3\xA9"},
