@@ -373,7 +373,7 @@ void CJump::Write(CXmlWriter& writer) const
 
 bool CJump::OnOpenTag(CXmlParser& parser)
 {
-    switch (JumpElementFromName(parser.GetElementName())) {
+    switch (JumpElementOfTag(parser)) {
     case JumpElement::Fallrate: {
         std::string kindName;
         FallrateKind kind = static_cast<FallrateKind>(m_fallrate.kind);
@@ -445,7 +445,7 @@ bool CJump::OnCloseTag(CXmlParser& parser)
     std::string* text = nullptr;
     int* number = nullptr;
     double* real = nullptr;
-    switch (JumpElementFromName(parser.GetElementName())) {
+    switch (JumpElementOfTag(parser)) {
     case JumpElement::Place:
         text = &m_place;
         break;

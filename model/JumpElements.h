@@ -1,5 +1,7 @@
 #pragma once
 
+#include "xml/CXmlParser.h"
+
 #include <array>
 #include <cstddef>
 #include <string_view>
@@ -84,6 +86,14 @@ constexpr JumpElement JumpElementFromName(std::string_view name)
     if (index == static_cast<unsigned char>(JumpElement::Count) || kJumpElementNames[index] != name)
         return JumpElement::Count;
     return static_cast<JumpElement>(index);
+}
+
+// The element a parsed tag names. The names are ASCII, so raw bytes that find one are their own
+// decoded form: only a name that is not found as it stands is decoded.
+inline JumpElement JumpElementOfTag(const CXmlParser& parser)
+{
+    const JumpElement element = JumpElementFromName(parser.GetElementNameRaw());
+    return element != JumpElement::Count ? element : JumpElementFromName(parser.GetElementName());
 }
 
 // Every name finds its own element.
