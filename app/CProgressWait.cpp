@@ -2,9 +2,13 @@
 
 #include "xml/CIoProgress.h"
 
+#include <algorithm>
+
 #include <QApplication>
 #include <QEvent>
+#include <QGuiApplication>
 #include <QProgressDialog>
+#include <QScreen>
 
 CProgressWait::CProgressWait(QWidget* window, QString label, const CIoProgress& progress)
     : m_window(window), m_label(std::move(label)), m_progress(progress)
@@ -47,6 +51,17 @@ void CProgressWait::Tick()
         m_dialog->setMinimumDuration(0);
         m_dialog->setAutoClose(false);
         m_dialog->setAutoReset(false);
+        const QScreen* screen = m_window ? m_window->screen() : QGuiApplication::primaryScreen();
+        if (screen) {
+            // Wide enough for its title where the screen allows.
+            m_dialog->setMinimumWidth(std::min(320, screen->availableGeometry().width() * 9 / 10));
+            if (!m_window || !m_window->isVisible()) {
+                // At start-up the window is not shown yet: the dialog goes to the middle of the
+                // screen rather than to the corner where the hidden window sits.
+                m_dialog->adjustSize();
+                m_dialog->move(screen->availableGeometry().center() - m_dialog->rect().center());
+            }
+        }
         m_dialog->show();
     }
     if (m_dialog)
