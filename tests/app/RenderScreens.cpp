@@ -1,11 +1,11 @@
-// Renders the main window in every mode at the handheld, phone and desktop sizes into
-// PNG files (folder "screens" beside this program, or the folder given as first argument; a
-// logbook given as second argument replaces the built-in demo),
-// and checks each picture's layout: every visible control lies inside the view, no two overlap,
-// and no summary text is cut. Exits with the number of problems found.
+// Renders the main window in every mode at the handheld, phone and desktop sizes into PNG files
+// (folder "screens" beside this program, or the folder given as first argument; a logbook given
+// as second argument replaces the built-in demo), and checks each picture's layout: every
+// visible control lies inside the view, no two overlap, and no summary text is cut. Exits with
+// the number of problems found.
 
 #include "CAppHarness.h"
-#include "CPictureLanguage.h"
+#include "CRenderCheck.h"
 
 #include "app/CJumpListCtrl.h"
 #include "app/CLogbookView.h"
@@ -13,20 +13,11 @@
 #include "app/CSummaryPane.h"
 
 #include <QApplication>
-#include <QDir>
 #include <QFileInfo>
-#include <QLabel>
-#include <QLocale>
 #include <QTextStream>
 #include <QToolButton>
 
 namespace {
-
-QTextStream& Out()
-{
-    static QTextStream out(stdout);
-    return out;
-}
 
 CTestLogbook DemoLogbook()
 {
@@ -44,48 +35,17 @@ CTestLogbook DemoLogbook()
     return logbook;
 }
 
-// The rectangle of a widget in the view's coordinates.
-QRect InView(const QWidget* widget, const QWidget* view)
+// The view's buttons, summary and list, each inside the view and apart; the summary's texts whole.
+QStringList CheckLayout(CLogbookView* view)
 {
-    return QRect(widget->mapTo(view, QPoint(0, 0)), widget->size());
-}
-
-int CheckLayout(CLogbookView* view, const QString& name)
-{
-    int problems = 0;
-    const auto report = [&](const QString& text) {
-        Out() << name << ": " << text << Qt::endl;
-        ++problems;
-    };
     QList<QWidget*> parts;
     for (QToolButton* button : view->findChildren<QToolButton*>())
-        if (button->isVisibleTo(view))
-            parts.append(button);
+        parts.append(button);
+    parts << view->GetSummary() << view->GetList();
+    parts.removeIf([view](const QWidget* part) { return !part->isVisibleTo(view); });
+    QStringList problems = RenderCheck::Layout(view, parts);
     if (view->GetSummary()->isVisibleTo(view))
-        parts.append(view->GetSummary());
-    if (view->GetList()->isVisibleTo(view))
-        parts.append(view->GetList());
-
-    for (QWidget* part : parts) {
-        const QRect area = InView(part, view);
-        if (!view->rect().contains(area))
-            report(QStringLiteral("%1 %2 leaves the view").arg(part->objectName()).arg(QDebug::toString(area)));
-        if (area.width() < part->minimumSizeHint().width() || area.height() < part->minimumSizeHint().height())
-            report(QStringLiteral("%1 squeezed below its minimum size").arg(part->objectName()));
-    }
-    for (int i = 0; i < parts.size(); ++i)
-        for (int j = i + 1; j < parts.size(); ++j)
-            if (InView(parts[i], view).intersects(InView(parts[j], view)))
-                report(QStringLiteral("%1 overlaps %2").arg(parts[i]->objectName(), parts[j]->objectName()));
-
-    CSummaryPane* summary = view->GetSummary();
-    if (summary->isVisibleTo(view))
-        for (QLabel* label : summary->findChildren<QLabel*>()) {
-            if (label->width() < label->sizeHint().width())
-                report(QStringLiteral("text '%1' is cut").arg(label->text()));
-            if (!summary->rect().contains(QRect(label->pos(), label->size())))
-                report(QStringLiteral("text '%1' leaves the summary").arg(label->text()));
-        }
+        problems += RenderCheck::Layout(view->GetSummary(), view->GetSummary()->findChildren<QWidget*>());
     return problems;
 }
 
@@ -94,18 +54,16 @@ int CheckLayout(CLogbookView* view, const QString& name)
 int main(int argc, char* argv[])
 {
     QApplication application(argc, argv);
-    PictureLanguage::Use(QLocale(QLocale::English, QLocale::UnitedStates));
+    RenderCheck::UseLanguage(QLocale(QLocale::English, QLocale::UnitedStates));
     const QString target = argc > 1 ? QString::fromLocal8Bit(argv[1])
                                     : QCoreApplication::applicationDirPath() + QStringLiteral("/screens");
     QDir().mkpath(target);
     const QString logbook = argc > 2 ? QFileInfo(QString::fromLocal8Bit(argv[2])).absoluteFilePath() : QString();
 
-    const QList<QSize> sizes = {{240, 320}, {320, 240}, {360, 640}, {1024, 768}};
-    const QStringList modes = {QStringLiteral("splash"), QStringLiteral("empty"), QStringLiteral("home"),
-                               QStringLiteral("jumplist"), QStringLiteral("signlist")};
+    QTextStream out(stdout);
     int problems = 0;
-    for (const QSize& size : sizes) {
-        for (const QString& mode : modes) {
+    for (const QSize& size : RenderCheck::kSizes) {
+        for (const QString mode : {"splash", "empty", "home", "jumplist", "signlist"}) {
             CAppHarness harness;
             harness.settings.SetInt("Preferences", "Units", 1);
             const bool splash = mode == QStringLiteral("splash");
@@ -124,21 +82,18 @@ int main(int argc, char* argv[])
             QApplication::processEvents();
 
             const QString name = QStringLiteral("%1_%2x%3").arg(mode).arg(size.width()).arg(size.height());
-            if (qEnvironmentVariableIsSet("TERVOLA_DEBUG_SIZES"))
-                for (QWidget* w : frame->findChildren<QWidget*>())
-                    if (w->isVisibleTo(frame))
-                        Out() << name << " " << w->metaObject()->className() << " " << w->objectName() << " min "
-                              << w->minimumSizeHint().width() << "x" << w->minimumSizeHint().height() << " size "
-                              << w->width() << "x" << w->height() << Qt::endl;
+            QStringList found;
             if (frame->size() != size)
-                Out() << name << ": window is " << frame->width() << "x" << frame->height() << Qt::endl, ++problems;
+                found.append(QStringLiteral("window is %1x%2").arg(frame->width()).arg(frame->height()));
             if (!splash)
-                problems += CheckLayout(harness.View(), name);
-            const QString file = target + QLatin1Char('/') + name + QStringLiteral(".png");
-            if (!frame->grab().save(file))
-                Out() << name << ": cannot write " << file << Qt::endl, ++problems;
+                found += CheckLayout(harness.View());
+            if (!frame->grab().save(target + QLatin1Char('/') + name + QStringLiteral(".png")))
+                found.append(QStringLiteral("cannot write the picture"));
+            for (const QString& problem : found)
+                out << name << ": " << problem << Qt::endl;
+            problems += found.size();
         }
     }
-    Out() << "screens in " << target << ", problems: " << problems << Qt::endl;
+    out << "screens in " << target << ", problems: " << problems << Qt::endl;
     return problems;
 }

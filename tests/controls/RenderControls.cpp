@@ -2,9 +2,10 @@
 // focused keys), at the handheld, phone and desktop sizes into PNG files (folder "screens"
 // beside this program, or the folder given as first argument), and checks each layout: the
 // pad fits the screen, every key and line lies inside the pad, no two overlap, and no key is
-// squeezed below its smallest size. Exits with the number of problems found.
+// squeezed below its smallest size. Also draws the key's looks side by side. Exits with the
+// number of problems found.
 
-#include "CPictureLanguage.h"
+#include "CRenderCheck.h"
 
 #include "controls/CDurationPadDlg.h"
 #include "controls/CKqButton.h"
@@ -12,9 +13,6 @@
 #include "controls/CTimePadDlg.h"
 
 #include <QApplication>
-#include <QDir>
-#include <QLabel>
-#include <QLocale>
 #include <QPainter>
 #include <QTextStream>
 
@@ -22,54 +20,6 @@
 #include <memory>
 
 namespace {
-
-QTextStream& Out()
-{
-    static QTextStream out(stdout);
-    return out;
-}
-
-QRect InDialog(const QWidget* widget, const QWidget* dialog)
-{
-    return QRect(widget->mapTo(dialog, QPoint(0, 0)), widget->size());
-}
-
-int CheckLayout(const CKqPadDlg& pad, const QSize& screen, const QString& name)
-{
-    int problems = 0;
-    const auto report = [&](const QString& text) {
-        Out() << name << ": " << text << Qt::endl;
-        ++problems;
-    };
-    if (pad.width() > screen.width() || pad.height() > screen.height())
-        report(QStringLiteral("pad %1x%2 is larger than the screen").arg(pad.width()).arg(pad.height()));
-    QList<QWidget*> parts;
-    for (QWidget* part : pad.findChildren<QWidget*>())
-        if (part->isVisibleTo(&pad) && (qobject_cast<CKqButton*>(part) || qobject_cast<QLabel*>(part)))
-            parts.append(part);
-    for (QWidget* part : parts) {
-        const QRect area = InDialog(part, &pad);
-        if (!pad.rect().contains(area))
-            report(QStringLiteral("%1 %2 leaves the pad").arg(part->objectName(), QDebug::toString(area)));
-        if (part->width() < part->minimumSizeHint().width() || part->height() < part->minimumSizeHint().height())
-            report(QStringLiteral("%1 squeezed below its smallest size").arg(part->objectName()));
-        if (auto* label = qobject_cast<QLabel*>(part); label && label->width() < label->sizeHint().width())
-            report(QStringLiteral("text '%1' is cut").arg(label->text()));
-    }
-    for (int i = 0; i < parts.size(); ++i)
-        for (int j = i + 1; j < parts.size(); ++j)
-            if (InDialog(parts[i], &pad).intersects(InDialog(parts[j], &pad)))
-                report(QStringLiteral("%1 overlaps %2").arg(parts[i]->objectName(), parts[j]->objectName()));
-    return problems;
-}
-
-// Clicks the named keys in turn.
-void Click(CKqPadDlg& pad, const QStringList& keys)
-{
-    for (const QString& key : keys)
-        if (auto* button = pad.findChild<CKqButton*>(QStringLiteral("key_") + key))
-            button->click();
-}
 
 struct Scene
 {
@@ -79,6 +29,34 @@ struct Scene
     // The keys clicked in turn (space-separated), a key shown held down and one shown with the focus.
     QString keys, down = {}, focus = {};
 };
+
+// The key's looks: plain, pressed, focused, disabled, with an icon, disabled with an icon.
+QWidget* ButtonStrip()
+{
+    auto* strip = new QWidget;
+    QPixmap mark(16, 16);
+    mark.fill(Qt::transparent);
+    QPainter painter(&mark);
+    painter.setBrush(QColor(40, 120, 40));
+    painter.drawEllipse(1, 1, 14, 14);
+    painter.end();
+    const QStringList looks = {"plain", "pressed", "focused", "disabled", "icon", "icon off"};
+    QList<CKqButton*> buttons;
+    for (int i = 0; i < looks.size(); ++i) {
+        buttons.append(new CKqButton(looks[i], QColor(188, 204, 239), strip));
+        buttons[i]->setGeometry(4 + i * 84, 4, 80, 40);
+        if (i >= 4)
+            buttons[i]->setIcon(QIcon(mark));
+    }
+    strip->resize(4 + looks.size() * 84, 48);
+    strip->show();
+    buttons[1]->setDown(true);
+    strip->activateWindow();
+    buttons[2]->setFocus(Qt::TabFocusReason);
+    buttons[3]->setEnabled(false);
+    buttons[5]->setEnabled(false);
+    return strip;
+}
 
 } // namespace
 
@@ -107,61 +85,49 @@ int main(int argc, char* argv[])
         {"time_fresh", english, [] { return std::make_unique<CTimePadDlg>(nullptr, QString(), 12, 0); }, ""},
         {"time_entry", english, [] { return std::make_unique<CTimePadDlg>(nullptr, QString(), 23, 50); }, "plus15",
          "h_24", "m_30"}};
-    const QList<QSize> sizes = {{240, 320}, {320, 240}, {360, 640}, {1024, 768}};
 
+    QTextStream out(stdout);
     int problems = 0;
+    const auto report = [&](const QString& name, const QStringList& found) {
+        for (const QString& problem : found)
+            out << name << ": " << problem << Qt::endl;
+        problems += found.size();
+    };
     for (const Scene& scene : scenes) {
-        PictureLanguage::Use(scene.locale);
-        for (const QSize& size : sizes) {
+        RenderCheck::UseLanguage(scene.locale);
+        for (const QSize& size : RenderCheck::kSizes) {
             const std::unique_ptr<CKqPadDlg> pad = scene.make();
             pad->FitTo(size);
             pad->show();
-            Click(*pad, scene.keys.split(QLatin1Char(' '), Qt::SkipEmptyParts));
-            if (auto* down = scene.down.isEmpty() ? nullptr : pad->findChild<CKqButton*>("key_" + scene.down))
-                down->setDown(true);
-            if (auto* focus = scene.focus.isEmpty() ? nullptr : pad->findChild<CKqButton*>("key_" + scene.focus)) {
+            const auto key = [&pad](const QString& name) { return pad->findChild<CKqButton*>("key_" + name); };
+            for (const QString& name : scene.keys.split(QLatin1Char(' '), Qt::SkipEmptyParts))
+                key(name)->click();
+            if (!scene.down.isEmpty())
+                key(scene.down)->setDown(true);
+            if (!scene.focus.isEmpty()) {
                 pad->activateWindow();
-                focus->setFocus(Qt::TabFocusReason);
+                key(scene.focus)->setFocus(Qt::TabFocusReason);
             }
             QApplication::processEvents();
             const QString name = QStringLiteral("%1_%2x%3").arg(scene.name).arg(size.width()).arg(size.height());
-            problems += CheckLayout(*pad, size, name);
-            const QString file = target + QLatin1Char('/') + name + QStringLiteral(".png");
-            if (!pad->grab().save(file))
-                Out() << name << ": cannot write " << file << Qt::endl, ++problems;
-            Out() << name << ": " << pad->width() << "x" << pad->height() << Qt::endl;
+            QList<QWidget*> parts;
+            for (QWidget* part : pad->findChildren<QWidget*>())
+                if (part->isVisibleTo(pad.get()) && (qobject_cast<CKqButton*>(part) || qobject_cast<QLabel*>(part)))
+                    parts.append(part);
+            QStringList found = RenderCheck::Layout(pad.get(), parts);
+            if (pad->width() > size.width() || pad->height() > size.height())
+                found.append(
+                    QStringLiteral("pad %1x%2 is larger than the screen").arg(pad->width()).arg(pad->height()));
+            if (!pad->grab().save(target + QLatin1Char('/') + name + QStringLiteral(".png")))
+                found.append(QStringLiteral("cannot write the picture"));
+            report(name, found);
+            out << name << ": " << pad->width() << "x" << pad->height() << Qt::endl;
         }
     }
-    // The key's looks side by side: plain, pressed, focused, disabled, with an icon, disabled icon.
-    QWidget strip;
-    strip.setObjectName(QStringLiteral("buttons"));
-    QPixmap mark(16, 16);
-    mark.fill(Qt::transparent);
-    {
-        QPainter painter(&mark);
-        painter.setBrush(QColor(40, 120, 40));
-        painter.drawEllipse(1, 1, 14, 14);
-    }
-    const QStringList looks = {QStringLiteral("plain"),    QStringLiteral("pressed"), QStringLiteral("focused"),
-                               QStringLiteral("disabled"), QStringLiteral("icon"),    QStringLiteral("icon off")};
-    for (int i = 0; i < looks.size(); ++i) {
-        auto* button = new CKqButton(looks[i], QColor(188, 204, 239), &strip);
-        button->setObjectName(looks[i]);
-        button->setGeometry(4 + i * 84, 4, 80, 40);
-        if (i >= 4)
-            button->setIcon(QIcon(mark));
-    }
-    strip.resize(4 + looks.size() * 84, 48);
-    strip.show();
-    strip.findChild<CKqButton*>(QStringLiteral("pressed"))->setDown(true);
-    strip.activateWindow();
-    strip.findChild<CKqButton*>(QStringLiteral("focused"))->setFocus(Qt::TabFocusReason);
-    strip.findChild<CKqButton*>(QStringLiteral("disabled"))->setEnabled(false);
-    strip.findChild<CKqButton*>(QStringLiteral("icon off"))->setEnabled(false);
+    const std::unique_ptr<QWidget> strip(ButtonStrip());
     QApplication::processEvents();
-    if (!strip.grab().save(target + QStringLiteral("/buttons.png")))
-        Out() << "buttons: cannot write the picture" << Qt::endl, ++problems;
-
-    Out() << "pictures in " << target << ", problems: " << problems << Qt::endl;
+    if (!strip->grab().save(target + QStringLiteral("/buttons.png")))
+        report(QStringLiteral("buttons"), {QStringLiteral("cannot write the picture")});
+    out << "pictures in " << target << ", problems: " << problems << Qt::endl;
     return problems;
 }

@@ -1,0 +1,190 @@
+// Pictures of every page of the jump editor (a new, a changed, a signed view-only jump with a
+// formatted note and a drawn signature, and the recording page of an imported jump), of the
+// profile, equipment and preferences dialogs, of the rig editor and of the owner editor at
+// 240x320, 320x240, 360x640 and 1024x768, written as PNG files into the folder named by
+// TERVOLA_RENDER_DIR (nothing is written without it). Each picture is checked: no text cut
+// short, no page that only fits by scrolling sideways.
+
+#include "CRecordingMessages.h"
+#include "CRenderCheck.h"
+#include "tests/controls/SyntheticJump.h"
+
+#include "controls/CRecordingPlot.h"
+#include "dialogs/CDlgEquipment.h"
+#include "dialogs/CDlgEquipments.h"
+#include "dialogs/CDlgJump.h"
+#include "dialogs/CDlgJumpPageRecording.h"
+#include "dialogs/CDlgPreferences.h"
+#include "dialogs/CDlgUser.h"
+#include "dialogs/CDlgUserOwner.h"
+#include "document/CLogbookDoc.h"
+#include "document/IClock.h"
+#include "units/CMemorySettingsStore.h"
+#include "units/CUnitSettings.h"
+
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QTabWidget>
+#include <QTest>
+
+#include <cmath>
+#include <functional>
+#include <memory>
+
+namespace {
+
+// A profile with a membership and licenses, two rigs, and jumps 41 and 42 with wind and a rig;
+// 42 is signed and has a formatted note.
+std::unique_ptr<CLogbookDoc> Logbook(std::vector<CJump*>& added)
+{
+    auto doc = std::make_unique<CLogbookDoc>();
+    CLogbookSettings& settings = doc->GetSettings();
+    settings.SetOwnerName("Aino Mäkelä");
+    settings.GetMembership().SetMemberNumber("SIL 20417");
+    settings.GetMembership().SetExpirationDate(CDateTime(2025, 3, 31));
+    settings.GetMembership().SetAlarmDays(14);
+    settings.SetLicenses({"A-License", "B-License"});
+    for (int number : {3, 4}) {
+        auto rig = std::make_unique<CEquipment>(number);
+        rig->SetHarness("Javelin Odyssey");
+        rig->SetMainCanopy("Sabre2 170");
+        rig->SetReserveCanopy("PD Reserve 160");
+        settings.GetEquipmentList().Add(std::move(rig));
+    }
+    for (int number : {41, 42}) {
+        auto jump = std::make_unique<CJump>(number, CZonedDateTime{CDateTime(2024, 7, number - 30, 15, 40, 0), 180},
+                                            CDateTime(2024, 7, 20));
+        jump->SetFallrate(Standard, 4000, 1000, 0, 0, 0);
+        jump->SetPlace("Jämijärvi");
+        jump->SetAircraft("Cessna 208 Caravan");
+        jump->SetType("4-way FS");
+        jump->SetLanding("OK");
+        jump->SetWind(250, 4.5);
+        jump->SetEquipmentByIndex(0);
+        added.push_back(doc->AddJump(std::move(jump)));
+    }
+    added[1]->SetNote("<p>Exit <b>on time</b>, <i>clean</i> break-off.</p><ul><li>track 10 s</li></ul>");
+    CJumpSignature::Stroke wave;
+    for (int x = 20; x <= 220; x += 4)
+        wave.push_back({x, 50 + static_cast<int>(25 * std::sin(x / 14.0))});
+    added[1]->SetSignature("Mikko Virtanen, D-1187", {wave, {{60, 80}, {180, 82}}});
+    return doc;
+}
+
+} // namespace
+
+class TestDialogRenders : public QObject
+{
+    Q_OBJECT
+
+private:
+    // Every page at every size: a handheld or phone full-screen, a desktop at the size desktop
+    // gives for the dialog (the screen's without it).
+    void Shoot(QDialog& dlg, const QString& name, const std::function<QSize(QSize)>& desktop = {})
+    {
+        auto* sheet = qobject_cast<CKqPropertySheet*>(&dlg);
+        dlg.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&dlg));
+        for (const QSize& size : RenderCheck::kSizes) {
+            dlg.resize(size.width() > 500 && desktop ? desktop(size) : size);
+            for (int page = 0; page < (sheet ? sheet->PageCount() : 1); ++page) {
+                if (sheet)
+                    sheet->StartOnPage(page);
+                QCoreApplication::processEvents();
+                const QString file =
+                    QStringLiteral("%1_%2_%3x%4.png").arg(name).arg(page).arg(size.width()).arg(size.height());
+                QVERIFY(RenderCheck::Save(&dlg, file));
+                QWidget* shown = sheet ? sheet->Tabs()->currentWidget() : &dlg;
+                const QStringList problems = RenderCheck::Clipped(shown) + RenderCheck::ScrollsSideways(shown);
+                QVERIFY2(problems.isEmpty(), qPrintable(file + ": " + problems.join(QStringLiteral("; "))));
+            }
+        }
+    }
+
+    std::vector<CJump*> m_jumps;
+    std::unique_ptr<CLogbookDoc> m_doc = Logbook(m_jumps);
+    CMemorySettingsStore m_store;
+    CFixedClock m_clock{CDateTime(2024, 7, 21, 11, 5, 0)};
+    CRecordingMessages m_messages;
+
+private slots:
+    void initTestCase() { RenderCheck::UseLanguage(QLocale()); }
+    void cleanupTestCase() { QVERIFY(m_messages.boxes.isEmpty()); }
+
+    void jumpEditor()
+    {
+        const struct
+        {
+            const char* name;
+            CJump* jump;
+            bool metric;
+        } modes[] = {{"new", nullptr, true}, {"change", m_jumps[0], false}, {"signed", m_jumps[1], true}};
+        for (const auto& mode : modes) {
+            const CUnitSettings units(mode.metric ? CUnitSettings::Metric : CUnitSettings::Imperial, 0, 0);
+            CDlgJump dialog(*m_doc, units, &m_store, m_clock, mode.jump, &m_messages);
+            Shoot(dialog, QStringLiteral("jump_") + mode.name,
+                  [&dialog](QSize) { return dialog.sizeHint().expandedTo(QSize(480, 420)); });
+        }
+    }
+
+    // The recording's page with the cursor on the plot: the plot fits the page, without
+    // scrolling up and down, and so does the cursor's box.
+    void jumpRecording()
+    {
+        const struct
+        {
+            const char* name;
+            int kind;
+            CUnitSettings units;
+        } recordings[] = {{"gps", CJumpRecording::Satellite, {CUnitSettings::Metric, CUnitSettings::PerHour, 0}},
+                          {"baro", CJumpRecording::Barometric, {CUnitSettings::Imperial, CUnitSettings::PerSecond, 0}}};
+        for (const auto& recording : recordings) {
+            m_jumps[0]->Recording() = SyntheticJump::Recording(recording.kind);
+            m_jumps[0]->SetFallrateValues(
+                {Import, 4000, 1000, static_cast<int>(std::lround(SyntheticJump::FreefallTime())), 200, 55.0, 47.0});
+            for (const QSize size : RenderCheck::kSizes) {
+                CDlgJump editor(*m_doc, recording.units, &m_store, m_clock, m_jumps[0], &m_messages);
+                editor.show();
+                QVERIFY(QTest::qWaitForWindowExposed(&editor));
+                editor.resize(size.width() > 500 ? editor.sizeHint().boundedTo(size) : size);
+                editor.StartOnPage(editor.RecordingPage());
+                QCoreApplication::processEvents();
+                CRecordingPlot* plot = editor.RecordingPage()->Plot();
+                QTest::mouseMove(plot, QPoint(qRound(plot->XOfTime(20.0)), qRound(plot->SpeedArea().center().y())));
+                QVERIFY(plot->HasCursor());
+                const QString file = QStringLiteral("jump_recording_%1_%2x%3.png")
+                                         .arg(recording.name)
+                                         .arg(size.width())
+                                         .arg(size.height());
+                editor.grab(); // the cursor's box is placed as it is painted
+                QVERIFY(RenderCheck::Save(&editor, file));
+                QWidget* shown = editor.Tabs()->currentWidget();
+                QStringList problems = RenderCheck::Clipped(&editor) + RenderCheck::ScrollsSideways(shown);
+                if (auto* scroller = qobject_cast<QScrollArea*>(shown);
+                    scroller && scroller->verticalScrollBar()->maximum() > 0)
+                    problems.append(QStringLiteral("scrolls up and down"));
+                if (!QRectF(plot->rect()).contains(plot->CursorBox()))
+                    problems.append(QStringLiteral("cursor box outside"));
+                QVERIFY2(problems.isEmpty(), qPrintable(file + QStringLiteral(": ") + problems.join("; ")));
+            }
+        }
+    }
+
+    void settingsDialogs()
+    {
+        CDlgUser user(m_doc->GetSettings(), &m_messages);
+        Shoot(user, QStringLiteral("user"));
+        CDlgEquipments equipments(*m_doc, &m_messages);
+        Shoot(equipments, QStringLiteral("equipments"));
+        CDlgEquipment rig(m_doc->GetSettings().GetEquipmentList().Get(0), &m_messages);
+        Shoot(rig, QStringLiteral("rig"));
+        CUnitSettings units;
+        CDlgPreferences preferences(units, &m_store, *m_doc, &m_messages);
+        Shoot(preferences, QStringLiteral("preferences"));
+        CDlgUserOwner owner(QStringLiteral("Aino Mäkelä"), QStringLiteral("SIL 20417"));
+        Shoot(owner, QStringLiteral("owner"));
+    }
+};
+
+QTEST_MAIN(TestDialogRenders)
+#include "DialogRendersTest.moc"
