@@ -9,7 +9,6 @@
 #include "app/CLogbookView.h"
 #include "app/CMainFrame.h"
 #include "app/CProgressWait.h"
-#include "document/CLogbookLock.h"
 #include "xml/CIoProgress.h"
 
 #include <QAction>
@@ -23,18 +22,6 @@
 using Kind = CRecordingMessages::Kind;
 using Answer = IMessageSink::Answer;
 
-namespace {
-
-CTestLogbook Jumps(int count)
-{
-    CTestLogbook logbook;
-    for (int n = 1; n <= count; ++n)
-        logbook.Jump(n, QStringLiteral("2024-05-%1T10:00:00Z").arg(n, 2, 10, QChar('0')), "Tervola", 4000, 1000, 60);
-    return logbook;
-}
-
-} // namespace
-
 class TestSave : public QObject
 {
     Q_OBJECT
@@ -43,7 +30,7 @@ private slots:
     void aSaveRunsWhileTheWindowGoesOnAndASecondRequestWaits()
     {
         CAppHarness harness;
-        const QString path = harness.StartWith(Jumps(4));
+        const QString path = harness.StartWith(CTestLogbook().Jumps(1, 4));
         CBackgroundSaver* saver = harness.Commands()->GetSaver();
         harness.DeleteFirstJump();
         harness.Commands()->OnFileSave();
@@ -72,8 +59,12 @@ private slots:
     void editsDuringASaveKeepTheLogbookModified()
     {
         CAppHarness harness;
-        const QString path = harness.StartWith(Jumps(4));
+        const QString path = harness.StartWith(CTestLogbook().Jumps(1, 4));
+        harness.Frame()->OnApplicationStateChanged(Qt::ApplicationInactive); // unmodified: nothing to save
+        QCOMPARE(harness.Commands()->GetSaver()->SavesStarted(), 0);
         harness.DeleteFirstJump();
+        harness.Frame()->OnApplicationStateChanged(Qt::ApplicationActive);
+        QCOMPARE(harness.Commands()->GetSaver()->SavesStarted(), 0);
         harness.Frame()->OnApplicationStateChanged(Qt::ApplicationInactive);
         harness.DeleteFirstJump();
         harness.Commands()->WaitForSaves();
@@ -94,7 +85,7 @@ private slots:
     {
         QFETCH(bool, automatic);
         CAppHarness harness;
-        const QString path = harness.StartWith(Jumps(3));
+        const QString path = harness.StartWith(CTestLogbook().Jumps(1, 3));
         QVERIFY(QDir().mkpath(path + ".saving")); // the temporary file cannot be made
         harness.DeleteFirstJump();
         if (automatic)
@@ -110,7 +101,7 @@ private slots:
     void closingWaitsForARunningSave()
     {
         CAppHarness harness;
-        const QString path = harness.StartWith(Jumps(3));
+        const QString path = harness.StartWith(CTestLogbook().Jumps(1, 3));
         harness.DeleteFirstJump();
         harness.Commands()->OnFileSave();
         harness.messages.yesNoCancelAnswer = Answer::Cancel;
@@ -148,9 +139,9 @@ private slots:
         QFETCH(bool, modified);
         QFETCH(int, jumpsInCopy);
         CAppHarness harness;
-        const QString path = harness.StartWith(Jumps(3));
+        const QString path = harness.StartWith(CTestLogbook().Jumps(1, 3));
         harness.DeleteFirstJump();
-        QVERIFY(!harness.Write(Jumps(5), "jumps.tvz").isEmpty()); // theirs
+        QVERIFY(!harness.Write(CTestLogbook().Jumps(1, 5), "jumps.tvz").isEmpty()); // theirs
         harness.messages.choiceAnswers = {choice};
         harness.files.saveAnswers = {harness.Path("mine.tvz")};
         if (automatic)
@@ -200,10 +191,8 @@ private slots:
     void aSecondInstanceIsWarned()
     {
         CAppHarness first;
-        const QString path = first.StartWith(Jumps(2));
+        const QString path = first.StartWith(CTestLogbook().Jumps(1, 2));
         QVERIFY(first.messages.Texts(Kind::Warning).isEmpty());
-        QVERIFY(
-            QFile::exists(QFile::decodeName(CLogbookLock::LockPathOf(QFile::encodeName(path).toStdString()).c_str())));
         {
             CAppHarness second;
             QVERIFY(second.StartWithoutSplash({path}));

@@ -4,7 +4,6 @@
 #include "CAppHarness.h"
 
 #include "app/CLogbookCommands.h"
-
 #include "app/CLogbookView.h"
 #include "app/CMainFrame.h"
 #include "app/CQSettingsStore.h"
@@ -21,11 +20,6 @@ Q_DECLARE_METATYPE(CTestLogbook)
 
 namespace {
 
-CTestLogbook OneJump(int number = 1)
-{
-    return CTestLogbook().Jump(number, "2024-05-01T10:00:00Z", "Tervola", 4000, 1000, 60);
-}
-
 // 10 June 2024, the harness's today, moved by days.
 QString Day(int offset)
 {
@@ -41,34 +35,24 @@ class TestStartup : public QObject
 private slots:
     void initTestCase() { QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates)); }
 
-    // lastFile: "" none, "good", "missing", "future" (version 2.0); argument likewise.
+    // lastFile and argument: none, "good", "other", "missing", "future" (version 2.0).
     void startLogbook_data()
     {
         QTest::addColumn<QString>("lastFile");
         QTest::addColumn<QString>("argument");
         QTest::addColumn<QString>("opened");
         QTest::addColumn<QStringList>("errors");
-        QTest::newRow("nothing used yet") << ""
-                                          << ""
-                                          << "" << QStringList();
-        QTest::newRow("last file") << "good.tvz"
-                                   << ""
-                                   << "good.tvz" << QStringList();
-        QTest::newRow("last file gone: silent") << "missing.tvz"
-                                                << ""
-                                                << "" << QStringList();
-        QTest::newRow("last file unreadable: its message only")
-            << "future.tvl"
-            << ""
-            << ""
-            << QStringList{"The file version (2.0) can not be processed. Please install an actual version of "
-                           "Tervola or contact support@tervola.example.org"};
-        QTest::newRow("command line before last file") << "good.tvz"
-                                                       << "other.tvl"
-                                                       << "other.tvl" << QStringList();
-        QTest::newRow("command line file missing: reported") << "good.tvz"
-                                                             << "missing.tvz"
-                                                             << "" << QStringList{"The file could not be opened."};
+        const auto row = [](const char* name, QString lastFile, QString argument, QString opened, QStringList errors) {
+            QTest::newRow(name) << lastFile << argument << opened << errors;
+        };
+        row("nothing used yet", {}, {}, {}, {});
+        row("last file", "good.tvz", {}, "good.tvz", {});
+        row("last file gone: silent", "missing.tvz", {}, {}, {});
+        row("last file unreadable: its message only", "future.tvl", {}, {},
+            {"The file version (2.0) can not be processed. Please install an actual version of Tervola or contact "
+             "support@tervola.example.org"});
+        row("command line before last file", "good.tvz", "other.tvl", "other.tvl", {});
+        row("command line file missing: reported", "good.tvz", "missing.tvz", {}, {"The file could not be opened."});
     }
 
     void startLogbook()
@@ -78,11 +62,11 @@ private slots:
         QFETCH(QString, opened);
         QFETCH(QStringList, errors);
         CAppHarness harness;
-        harness.Write(OneJump(), "good.tvz");
-        harness.Write(OneJump(9), "other.tvl");
+        harness.Write(CTestLogbook().Jumps(1, 1), "good.tvz");
+        harness.Write(CTestLogbook().Jumps(9, 9), "other.tvl");
         QFile future(harness.Path("future.tvl"));
         QVERIFY(future.open(QIODevice::WriteOnly));
-        future.write(OneJump().Xml().replace("version=\"1.2\"", "version=\"2.0\"").toUtf8());
+        future.write(CTestLogbook().Jumps(1, 1).Xml().replace("version=\"1.2\"", "version=\"2.0\"").toUtf8());
         future.close();
         if (!lastFile.isEmpty())
             harness.SetLastFile(harness.Path(lastFile));
@@ -104,7 +88,7 @@ private slots:
     void splashSwallowsTheFirstInput()
     {
         CAppHarness harness;
-        harness.SetLastFile(harness.Write(OneJump(), "last.tvz"));
+        harness.SetLastFile(harness.Write(CTestLogbook().Jumps(1, 1), "last.tvz"));
         QVERIFY(harness.Start());
         QVERIFY(CSplashWnd::Instance() && CSplashWnd::Instance()->isVisible());
         QCOMPARE(CSplashWnd::Instance()->geometry(), harness.View()->rect());
@@ -158,13 +142,8 @@ private slots:
         QTest::addColumn<QStringList>("expected");
         const QString member = "Your membership/license will expire %1.";
         const QString rig = "Equipment %1 needs to be inspected %2.";
-        QTest::newRow("expiry 30 days ahead") << CTestLogbook().Membership(Day(30), 10) << QStringList();
-        QTest::newRow("expiry on the alarm day")
-            << CTestLogbook().Membership(Day(10), 10) << QStringList{member.arg("6/20/24")};
-        QTest::newRow("expired") << CTestLogbook().Membership(Day(-3), 10) << QStringList{member.arg("6/7/24")};
-        QTest::newRow("inspection a day before the window")
-            << CTestLogbook().RigAlarm(10, 180).Rig(3, true, Day(-169)) << QStringList();
-        QTest::newRow("two rigs after the membership, in list order")
+        QTest::newRow("nothing due") << CTestLogbook().Membership(Day(30), 10) << QStringList();
+        QTest::newRow("membership, then the rigs in list order")
             << CTestLogbook().Membership(Day(2), 10).RigAlarm(10, 180).Rig(8, true, Day(-175)).Rig(2, true, Day(-300))
             << QStringList{member.arg("6/12/24"), rig.arg(8).arg("6/15/24"), rig.arg(2).arg("2/11/24")};
     }

@@ -8,17 +8,6 @@
 #include "bridge/CorePaths.h"
 #include "document/LogbookFormat.h"
 
-#include <QCoreApplication>
-
-CAppHarness::CAppHarness() : clock(CDateTime(2024, 6, 10, 9, 30, 0))
-{
-}
-
-CAppHarness::~CAppHarness()
-{
-    app.reset();
-}
-
 bool CAppHarness::Start(const QStringList& arguments)
 {
     app = std::make_unique<CLogbookApp>(CAppServices{&settings, &clock, &messages, &files, &viewer, &dialogs});
@@ -45,11 +34,6 @@ void CAppHarness::SelectRow(int row)
 {
     CJumpListCtrl* list = View()->GetList();
     list->setCurrentItem(list->topLevelItem(row));
-}
-
-CMainFrame* CAppHarness::Frame() const
-{
-    return app ? app->GetMainFrame() : nullptr;
 }
 
 CLogbookCommands* CAppHarness::Commands() const

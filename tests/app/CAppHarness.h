@@ -1,12 +1,12 @@
 #pragma once
 
 #include "CRecordingMessages.h"
-#include "CRecordingViewer.h"
 #include "CScriptedDialogs.h"
-#include "CScriptedFiles.h"
 #include "CTestLogbook.h"
 
 #include "app/CLogbookApp.h"
+#include "app/IFileChooser.h"
+#include "app/IPictureViewer.h"
 #include "document/IClock.h"
 #include "tests/common/CScratchFolder.h"
 #include "units/CMemorySettingsStore.h"
@@ -20,15 +20,47 @@ class CMainFrame;
 class CLogbookView;
 class CLogbookCommands;
 
+// Answers the file dialogs with prepared paths (the empty text, as a cancel, when none is left)
+// and records the folders they start in.
+class CScriptedFiles final : public IFileChooser
+{
+public:
+    QString ChooseOpen(const QString& startPath) override { return Take(openAnswers, startPath); }
+    QString ChooseSave(const QString& startPath) override { return Take(saveAnswers, startPath); }
+    QString ChooseTrack(const QString& startPath) override { return Take(trackAnswers, startPath); }
+
+    QStringList openAnswers;
+    QStringList saveAnswers;
+    QStringList trackAnswers;
+    QStringList asked;
+
+private:
+    QString Take(QStringList& answers, const QString& startPath)
+    {
+        asked.append(startPath);
+        return answers.isEmpty() ? QString() : answers.takeFirst();
+    }
+};
+
+// Records the pictures the program asks the desktop to show.
+class CRecordingViewer final : public IPictureViewer
+{
+public:
+    bool Open(const QString& path) override
+    {
+        opened.append(path);
+        return true;
+    }
+
+    QStringList opened;
+};
+
 // The real main window with recording services: settings in memory, a fixed day
 // (10 June 2024, 09:30), recorded message boxes and picture requests, scripted file dialogs,
 // and a temporary folder for logbooks.
 class CAppHarness
 {
 public:
-    CAppHarness();
-    ~CAppHarness();
-
     // Runs the program's start-up with the given command-line arguments after the program name.
     bool Start(const QStringList& arguments = {});
     // Start-up, then the splash is closed so that input reaches the window.
@@ -39,7 +71,7 @@ public:
     // Selects a row of the jump list.
     void SelectRow(int row);
 
-    CMainFrame* Frame() const;
+    CMainFrame* Frame() const { return app ? app->GetMainFrame() : nullptr; }
     CLogbookView* View() const;
     CLogbookCommands* Commands() const;
 
@@ -57,7 +89,7 @@ public:
     static int JumpsInFile(const QString& path);
 
     CMemorySettingsStore settings;
-    CFixedClock clock;
+    CFixedClock clock{CDateTime(2024, 6, 10, 9, 30, 0)};
     CRecordingMessages messages;
     CScriptedFiles files;
     CRecordingViewer viewer;

@@ -56,6 +56,13 @@ CTestLogbook& CTestLogbook::Jump(int number, const QString& timestamp, const QSt
     return *this;
 }
 
+CTestLogbook& CTestLogbook::Jumps(int first, int last)
+{
+    for (int n = first; n <= last; ++n)
+        Jump(n, Day(2024, 5, 1, n - 1).replace("T00", "T10"), "Tervola", 4000, 1000, 60);
+    return *this;
+}
+
 QString CTestLogbook::Xml() const
 {
     QString equipments;

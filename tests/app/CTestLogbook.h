@@ -19,6 +19,8 @@ public:
     // A jump with a manually entered freefall time; picture and signer are optional.
     CTestLogbook& Jump(int number, const QString& timestamp, const QString& place, int exitHeight, int openHeight,
                        int freefallSeconds, const QString& picture = {}, const QString& signer = {});
+    // Jumps first to last, one a day from 1 May 2024 on, at Tervola from 4000 m to 1000 m in 60 s.
+    CTestLogbook& Jumps(int first, int last);
 
     // The whole file's text.
     QString Xml() const;

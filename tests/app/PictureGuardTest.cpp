@@ -4,7 +4,6 @@
 #include "CAppHarness.h"
 
 #include "app/CLogbookCommands.h"
-
 #include "app/CLogbookView.h"
 #include "app/CPictureGuard.h"
 
@@ -66,40 +65,26 @@ private slots:
     {
         QTest::addColumn<QString>("name");
         QTest::addColumn<QString>("expected");
-        QTest::newRow("picture beside the logbook") << "photo.jpg"
-                                                    << "photo.jpg";
-        QTest::newRow("extension in capitals") << "Upper.JPEG"
-                                               << "Upper.JPEG";
-        QTest::newRow("picture in a subfolder") << "sub/deep.png"
-                                                << "sub/deep.png";
-        QTest::newRow("climbs out and back in") << "sub/../photo.jpg"
-                                                << "photo.jpg";
-        QTest::newRow("link to a picture inside") << "alias.jpg"
-                                                  << "photo.jpg";
-        QTest::newRow("missing file") << "missing.jpg"
-                                      << "";
-        QTest::newRow("climbs out of the folder") << "../outside/secret.jpg"
-                                                  << "";
-        QTest::newRow("link leading outside") << "escape.jpg"
-                                              << "";
-        QTest::newRow("linked folder leading outside") << "elsewhere/secret.jpg"
-                                                       << "";
-        QTest::newRow("script named like a picture") << "fake.jpg"
-                                                     << "";
-        QTest::newRow("picture of another kind than its name") << "png-as.jpg"
-                                                               << "";
-        QTest::newRow("link to a script") << "script-link.jpg"
-                                          << "";
-        QTest::newRow("script") << "script.sh"
-                                << "";
-        QTest::newRow("desktop launcher") << "launcher.desktop"
-                                          << "";
-        QTest::newRow("empty file") << "empty.png"
-                                    << "";
-        QTest::newRow("folder named like a picture") << "folder.jpg"
-                                                     << "";
-        QTest::newRow("the folder itself") << "."
-                                           << "";
+        const auto row = [](const char* name, QString stored, QString opened) {
+            QTest::newRow(name) << stored << opened;
+        };
+        row("picture beside the logbook", "photo.jpg", "photo.jpg");
+        row("extension in capitals", "Upper.JPEG", "Upper.JPEG");
+        row("picture in a subfolder", "sub/deep.png", "sub/deep.png");
+        row("climbs out and back in", "sub/../photo.jpg", "photo.jpg");
+        row("link to a picture inside", "alias.jpg", "photo.jpg");
+        row("missing file", "missing.jpg", {});
+        row("climbs out of the folder", "../outside/secret.jpg", {});
+        row("link leading outside", "escape.jpg", {});
+        row("linked folder leading outside", "elsewhere/secret.jpg", {});
+        row("script named like a picture", "fake.jpg", {});
+        row("picture of another kind than its name", "png-as.jpg", {});
+        row("link to a script", "script-link.jpg", {});
+        row("script", "script.sh", {});
+        row("desktop launcher", "launcher.desktop", {});
+        row("empty file", "empty.png", {});
+        row("folder named like a picture", "folder.jpg", {});
+        row("the folder itself", ".", {});
     }
 
     void check()
@@ -120,18 +105,14 @@ private slots:
         QVERIFY(CPictureGuard::Check(fs::path(), book / "photo.jpg").empty());
     }
 
-    // The command on the window: a logbook in book/ whose jumps name these pictures.
     // The command on the window: the jump's picture name as the logbook stores it.
     void showPicture_data()
     {
         QTest::addColumn<QString>("name");
         QTest::addColumn<QString>("opened");
-        QTest::newRow("backslash separators") << "sub\\deep.png"
-                                              << "sub/deep.png";
-        QTest::newRow("absolute name stays inside") << m_root.path() + "/outside/secret.jpg"
-                                                    << "";
-        QTest::newRow("climbs out") << "..\\outside\\secret.jpg"
-                                    << "";
+        QTest::newRow("backslash separators") << "sub\\deep.png" << QString("sub/deep.png");
+        QTest::newRow("absolute name stays inside") << m_root.path() + "/outside/secret.jpg" << QString();
+        QTest::newRow("climbs out") << "..\\outside\\secret.jpg" << QString();
     }
 
     void showPicture()
