@@ -88,39 +88,31 @@ private slots:
         const auto down = Phase::Press, move = Phase::Move, up = Phase::Release;
         const QSize small(240, 100), large(480, 200);
 
-        QTest::newRow("tap at the centre")
-            << small << false << QList<CStep>{m(down, 120, 50), m(up, 120, 50)} << Strokes{{{120, 50}}};
-        QTest::newRow("tap at the centre, twice the size")
-            << large << false << QList<CStep>{m(down, 240, 100), m(up, 240, 100)} << Strokes{{{120, 50}}};
-        QTest::newRow("drag") << large << false
-                              << QList<CStep>{m(down, 240, 100), m(move, 260, 100), m(move, 300, 150), m(up, 300, 150)}
-                              << Strokes{{{120, 50}, {130, 50}, {151, 76}}};
-        QTest::newRow("out on the right, back, then a new press")
-            << large << false
-            << QList<CStep>{m(down, 240, 100), m(move, 469, 100), m(move, 470, 100), m(move, 200, 100),
-                            m(up, 200, 100),   m(down, 100, 60),  m(up, 100, 60)}
-            << Strokes{{{120, 50}, {239, 50}}, {{47, 29}}};
-        QTest::newRow("out at the bottom")
-            << large << false
-            << QList<CStep>{m(down, 240, 100), m(move, 240, 195), m(move, 240, 196), m(move, 240, 100)}
-            << Strokes{{{120, 50}, {120, 99}}};
-        QTest::newRow("moves after the release")
-            << large << false << QList<CStep>{m(down, 240, 100), m(up, 240, 100), m(move, 260, 100)}
-            << Strokes{{{120, 50}}};
-        QTest::newRow("press beside the area")
-            << QSize(480, 100) << false << QList<CStep>{m(down, 20, 50), m(move, 240, 50), m(up, 240, 50)} << Strokes{};
-        QTest::newRow("read-only") << large << true
-                                   << QList<CStep>{m(down, 240, 100), m(move, 260, 100), m(up, 260, 100)} << Strokes{};
-        QTest::newRow("touch drag, one stroke only")
-            << large << false << QList<CStep>{t(down, 240, 100), t(move, 260, 100), t(up, 260, 100)}
-            << Strokes{{{120, 50}, {130, 50}}};
-        QTest::newRow("touch out and back")
-            << large << false << QList<CStep>{t(down, 240, 100), t(move, 475, 100), t(move, 260, 100), t(up, 260, 100)}
-            << Strokes{{{120, 50}}};
-        QTest::newRow("pen drag") << large << false
-                                  << QList<CStep>{p(down, 240, 100), p(move, 260, 100), p(up, 260, 100)}
-                                  << Strokes{{{120, 50}, {130, 50}}};
+        const auto row = [](const char* name, QSize size, bool readOnly, QList<CStep> steps, Strokes expected) {
+            QTest::newRow(name) << size << readOnly << steps << expected;
+        };
+        row("tap at the centre", small, false, {m(down, 120, 50), m(up, 120, 50)}, {{{120, 50}}});
+        row("tap at the centre, twice the size", large, false, {m(down, 240, 100), m(up, 240, 100)}, {{{120, 50}}});
+        row("drag", large, false, {m(down, 240, 100), m(move, 260, 100), m(move, 300, 150), m(up, 300, 150)},
+            {{{120, 50}, {130, 50}, {151, 76}}});
+        row("out on the right, back, then a new press", large, false,
+            {m(down, 240, 100), m(move, 469, 100), m(move, 470, 100), m(move, 200, 100), m(up, 200, 100),
+             m(down, 100, 60), m(up, 100, 60)},
+            {{{120, 50}, {239, 50}}, {{47, 29}}});
+        row("out at the bottom", large, false,
+            {m(down, 240, 100), m(move, 240, 195), m(move, 240, 196), m(move, 240, 100)}, {{{120, 50}, {120, 99}}});
+        row("moves after the release", large, false, {m(down, 240, 100), m(up, 240, 100), m(move, 260, 100)},
+            {{{120, 50}}});
+        row("press beside the area", QSize(480, 100), false, {m(down, 20, 50), m(move, 240, 50), m(up, 240, 50)}, {});
+        row("read-only", large, true, {m(down, 240, 100), m(move, 260, 100), m(up, 260, 100)}, {});
+        row("touch drag, one stroke only", large, false, {t(down, 240, 100), t(move, 260, 100), t(up, 260, 100)},
+            {{{120, 50}, {130, 50}}});
+        row("touch out and back", large, false,
+            {t(down, 240, 100), t(move, 475, 100), t(move, 260, 100), t(up, 260, 100)}, {{{120, 50}}});
+        row("pen drag", large, false, {p(down, 240, 100), p(move, 260, 100), p(up, 260, 100)},
+            {{{120, 50}, {130, 50}}});
     }
+
     void inputGivesLogicalStrokes()
     {
         QFETCH(QSize, size);
@@ -191,6 +183,7 @@ private slots:
         QSignalSpy changed(&ctrl, &CSignatureCtrl::strokesChanged);
         const Strokes three{{{1, 1}}, {{2, 2}, {3, 3}}, {{4, 4}}};
         const Strokes two(three.begin(), three.begin() + 2), one(three.begin(), three.begin() + 1);
+        const auto tap = [&] { Send(ctrl, {Device::Mouse, Phase::Press, {120, 50}}); };
         struct
         {
             const char* step;
@@ -205,13 +198,7 @@ private slots:
             {"undo", [&] { undo.click(); }, one, true, 1},
             {"undo", [&] { undo.click(); }, {}, false, 1},
             {"remove on empty", [&] { ctrl.RemoveLastStroke(); }, {}, false, 0},
-            {"tap",
-             [&] {
-                 Send(ctrl, {Device::Mouse, Phase::Press, {120, 50}});
-             },
-             {{{120, 50}}},
-             true,
-             1},
+            {"tap", tap, {{{120, 50}}}, true, 1},
             {"read-only", [&] { ctrl.SetReadOnly(true); }, {{{120, 50}}}, false, 0},
             {"writable", [&] { ctrl.SetReadOnly(false); }, {{{120, 50}}}, true, 0},
             {"clear", [&] { ctrl.Clear(); }, {}, false, 1},
