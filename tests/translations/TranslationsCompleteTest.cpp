@@ -38,7 +38,6 @@ struct Message
 {
     QString context;
     QString source;
-    QString comment;
     QString translation;
     QString type;
 };
@@ -59,11 +58,9 @@ QList<Message> ReadTs(const QString& path)
         if (name == QLatin1String("name"))
             context = xml.readElementText();
         else if (name == QLatin1String("message"))
-            messages.append(Message{context, {}, {}, {}, {}});
+            messages.append(Message{context, {}, {}, {}});
         else if (name == QLatin1String("source"))
             messages.last().source = xml.readElementText();
-        else if (name == QLatin1String("comment"))
-            messages.last().comment = xml.readElementText();
         else if (name == QLatin1String("translation")) {
             messages.last().type = xml.attributes().value(QLatin1String("type")).toString();
             messages.last().translation = xml.readElementText(QXmlStreamReader::IncludeChildElements);
