@@ -67,25 +67,22 @@ class TestAppLanguage : public QObject
 private:
     QString language = qEnvironmentVariable("TERVOLA_EXPECT_LANGUAGE");
     Expected expected = For(language);
-
-    // One jump, number 1,234, 2,000 m of freefall: extrapolated to 2,468 km.
-    static CTestLogbook OneJump()
-    {
-        return CTestLogbook().Jump(1234, "2024-03-14T16:20:00+02", "Jump", 3000, 1000, 50);
-    }
+    CAppHarness harness;
 
 private slots:
-    // The run's environment really chose the language the expectations are for.
+    // The run's environment really chose the language the expectations are for. The window
+    // shows one jump, number 1,234, of 2,000 m freefall: extrapolated to 2,468 km.
     void initTestCase()
     {
         QVERIFY2(language == QLatin1String("de") || language == QLatin1String("en"), "TERVOLA_EXPECT_LANGUAGE");
         QCOMPARE(QLocale::system().name().left(2), language);
+        harness.settings.SetInt("Preferences", "Units", 1);
+        const CTestLogbook logbook = CTestLogbook().Jump(1234, "2024-03-14T16:20:00+02", "Jump", 3000, 1000, 50);
+        QVERIFY(!harness.StartWith(logbook).isEmpty());
     }
 
     void menusAndQtsOwnButtons()
     {
-        CAppHarness harness;
-        QVERIFY(!harness.StartWith(OneJump()).isEmpty());
         QStringList menus;
         for (const char* name : {"fileMenu", "jumpMenu", "logbookMenu"})
             menus << harness.Frame()->findChild<QMenu*>(name)->title();
@@ -100,8 +97,6 @@ private slots:
 
     void failedOpen()
     {
-        CAppHarness harness;
-        QVERIFY(!harness.StartWith(OneJump()).isEmpty());
         const QString notALogbook = harness.Path(QStringLiteral("empty.tvl"));
         QFile file(notALogbook);
         QVERIFY(file.open(QIODevice::WriteOnly));
@@ -114,9 +109,6 @@ private slots:
     // Numbers and dates as the locale writes them; the place is the user's text and stays.
     void summaryAndList()
     {
-        CAppHarness harness;
-        harness.settings.SetInt("Preferences", "Units", 1);
-        QVERIFY(!harness.StartWith(OneJump()).isEmpty());
         const CSummaryPane* summary = harness.View()->GetSummary();
         QCOMPARE((QStringList{summary->LabelText(CSummaryPane::NumberOfJumps),
                               summary->ValueText(CSummaryPane::NumberOfJumps),
@@ -139,12 +131,9 @@ private slots:
         QCOMPARE(pad.findChild<QLabel*>("display")->text(), expected.padDisplay);
         QCOMPARE(pad.Value(), 52);
 
-        CAppHarness harness;
-        QVERIFY(!harness.StartWith(OneJump()).isEmpty());
-        CMainFrame* frame = harness.Frame();
-        frame->GetDocument().GetSettings().SetCustomFallrateSpeed(5.2);
+        harness.Doc().GetSettings().SetCustomFallrateSpeed(5.2);
         CUnitSettings units(1, 0, 1);
-        CDlgPreferences preferences(units, nullptr, frame->GetDocument(), &harness.messages);
+        CDlgPreferences preferences(units, nullptr, harness.Doc(), &harness.messages);
         QCOMPARE(preferences.FallrateLabel()->text(), expected.fallrate);
         QCOMPARE(preferences.FallrateButton()->text(), expected.fallrateField);
     }
