@@ -42,10 +42,6 @@ public:
             return typed->result();
         };
     }
-    static Step Cancel()
-    {
-        return [](QDialog&) { return int(QDialog::Rejected); };
-    }
 
     QList<Step> steps;
     QStringList ran;

@@ -134,11 +134,7 @@ private slots:
         QVERIFY(h->StartWithoutSplash());
         h->files.saveAnswers.append(h->Path(QStringLiteral("new.tvz")));
         for (int i = 0; i < oks; ++i)
-            h->dialogs.steps.append([](QDialog& dialog) {
-                dialog.setResult(QDialog::Rejected);
-                dialog.accept();
-                return dialog.result();
-            });
+            h->dialogs.steps.append(CScriptedDialogs::Ok<QDialog>([](QDialog&) {}));
         Action("fileNewAction")->trigger();
         QCOMPARE(h->dialogs.ran, ran);
     }
