@@ -8,7 +8,6 @@
 
 #include <gtest/gtest.h>
 
-#include <fstream>
 #include <zlib.h>
 
 namespace {
@@ -22,69 +21,26 @@ std::string Document(int jumps)
     return doc + "<end a=\"1\"/></log>";
 }
 
-std::string Gzip(const std::string& text)
-{
-    uLongf size = compressBound(static_cast<uLong>(text.size())) + 64;
-    std::string out(size, '\0');
-    z_stream stream{};
-    deflateInit2(&stream, 9, Z_DEFLATED, 15 + 16, 8, Z_DEFAULT_STRATEGY);
-    stream.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(text.data()));
-    stream.avail_in = static_cast<uInt>(text.size());
-    stream.next_out = reinterpret_cast<Bytef*>(out.data());
-    stream.avail_out = static_cast<uInt>(out.size());
-    deflate(&stream, Z_FINISH);
-    out.resize(stream.total_out);
-    deflateEnd(&stream);
-    return out;
-}
-
-// The parse as it was done on one thread: zlib's reader (or the C library's) feeding the parser
-// chunk by chunk, with the same end and error rules.
-ParseOutcome ParseOnOneThread(const std::string& path, bool gzip,
-                              const std::function<void(HandlerSet&, CXmlParser&)>& setup)
+// The parse as it was done on one thread: zlib's reader (which passes a plain file through)
+// feeding the parser chunk by chunk, with the same end and error rules. zlib drops the text of a
+// read that runs into damage, so the reads are as large as the reader's.
+ParseOutcome ParseOnOneThread(const std::string& path, const std::function<void(HandlerSet&, CXmlParser&)>& setup)
 {
     HandlerSet set;
     CXmlParser parser(&set.Root());
     setup(set, parser);
-    ParseOutcome outcome;
     parser.Reset();
-    // zlib drops the text of a read that runs into damage, so the reads are as large as the
-    // reader's (they were so before it had a thread).
-    std::vector<char> chunk(CFileReadAhead::kChunkBytes);
-    char* buffer = chunk.data();
-    const unsigned capacity = static_cast<unsigned>(chunk.size());
+    std::vector<char> buffer(CFileReadAhead::kChunkBytes);
+    gzFile file = gzopen(path.c_str(), "rb");
     bool ok = true;
-    if (gzip) {
-        gzFile file = gzopen(path.c_str(), "rb");
-        for (;;) {
-            if (gzeof(file))
-                break;
-            const int n = gzread(file, buffer, capacity);
-            if (n <= 0) {
-                ok = n == 0;
-                break;
-            }
-            if (!parser.Feed(buffer, static_cast<std::size_t>(n))) {
-                ok = false;
-                break;
-            }
-        }
-        int error = Z_OK;
-        gzerror(file, &error);
-        ok = ok && error == Z_OK;
-        gzclose(file);
-    } else {
-        std::FILE* file = std::fopen(path.c_str(), "rb");
-        std::size_t n = 0;
-        while (ok && (n = std::fread(buffer, 1, capacity, file)) > 0)
-            ok = parser.Feed(buffer, n);
-        std::fclose(file);
-    }
-    outcome.ok = ok && parser.Finish();
-    outcome.events = set.log;
-    outcome.error = parser.GetErrorMessage();
-    outcome.depth = parser.GetDepth();
-    return outcome;
+    int n = 0;
+    while (ok && !gzeof(file) && (n = gzread(file, buffer.data(), static_cast<unsigned>(buffer.size()))) > 0)
+        ok = parser.Feed(buffer.data(), static_cast<std::size_t>(n));
+    int error = Z_OK;
+    gzerror(file, &error);
+    ok = ok && n >= 0 && error == Z_OK;
+    gzclose(file);
+    return {ok && parser.Finish(), set.log, parser.GetErrorMessage(), parser.GetDepth(), parser.GetEncoding()};
 }
 
 ParseOutcome ParseWithReadAhead(const std::string& path, bool gzip,
@@ -95,14 +51,10 @@ ParseOutcome ParseWithReadAhead(const std::string& path, bool gzip,
     CXmlParser parser(&set.Root());
     setup(set, parser);
     parser.SetProgress(progress);
-    ParseOutcome outcome;
-    outcome.ok = gzip ? parser.ParseGzipFile(path) : parser.ParseFile(path);
-    outcome.events = set.log;
-    outcome.error = parser.GetErrorMessage();
-    outcome.depth = parser.GetDepth();
+    const bool ok = gzip ? parser.ParseGzipFile(path) : parser.ParseFile(path);
     if (identity)
         *identity = parser.GetFileIdentity();
-    return outcome;
+    return {ok, set.log, parser.GetErrorMessage(), parser.GetDepth(), parser.GetEncoding()};
 }
 
 TEST(FileChecksum, IsXxh64WhateverThePiecesTheBytesComeIn)
@@ -142,6 +94,11 @@ protected:
     {
         WriteBytes(m_dir / name, bytes);
         return m_dir / name;
+    }
+    std::string Gzip(const std::string& text)
+    {
+        WriteGzip(m_dir / "packing", text);
+        return ReadBytes(m_dir / "packing");
     }
     CScratchFolder m_dir{"xml"};
 };
@@ -191,7 +148,7 @@ TEST_F(ReadAhead, GivesTheEventsAndRefusalsOfTheParseOnOneThread)
     for (const Case& c : cases) {
         SCOPED_TRACE(c.name);
         const std::string path = Write("file", c.bytes);
-        const ParseOutcome expected = ParseOnOneThread(path, c.gzip, c.setup);
+        const ParseOutcome expected = ParseOnOneThread(path, c.setup);
         const ParseOutcome actual = ParseWithReadAhead(path, c.gzip, c.setup);
         EXPECT_EQ(actual.ok, expected.ok);
         EXPECT_EQ(actual.error, expected.error);
@@ -229,6 +186,22 @@ TEST_F(ReadAhead, RemembersTheIdentityOfTheBytesOnDiskAndCountsProgress)
         ASSERT_FALSE(ParseWithReadAhead(Write("cut", bytes.substr(0, bytes.size() / 2)), gzip, none, &identity).ok);
         EXPECT_FALSE(identity.known);
     }
+}
+
+TEST_F(ReadAhead, AMissingFileFailsWithoutATextAndEachFileStartsAsUtf8)
+{
+    HandlerSet set;
+    CXmlParser parser(&set.Root());
+    for (const bool gzip : {false, true}) {
+        parser.SetErrorMessage(std::string("left over"));
+        EXPECT_FALSE(gzip ? parser.ParseGzipFile(m_dir / "missing") : parser.ParseFile(m_dir / "missing"));
+        EXPECT_EQ(parser.GetErrorMessage(), "");
+    }
+    EXPECT_TRUE(parser.ParseFile(Write("latin.tvl", "<?xml version=\"1.0\" encoding=\"ISO-8859-1\" ?><a>\xE9</a>")));
+    EXPECT_EQ(parser.GetEncoding(), Latin1);
+    EXPECT_TRUE(parser.ParseFile(Write("utf.tvl", "<a>\xC3\xA9</a>")));
+    EXPECT_EQ(parser.GetEncoding(), Utf8);
+    EXPECT_EQ(Joined(set.log), "<a> | </a>'\xC3\xA9' | <a> | </a>'\xC3\xA9'");
 }
 
 } // namespace

@@ -22,13 +22,7 @@ ParseOutcome ParseInChunks(std::string_view input, std::size_t chunk, const std:
             break;
         buffer.assign(buffer.size(), '\xAA');
     }
-    ParseOutcome outcome;
-    outcome.ok = parser.Finish();
-    outcome.events = set.log;
-    outcome.error = parser.GetErrorMessage();
-    outcome.depth = parser.GetDepth();
-    outcome.encoding = parser.GetEncoding();
-    return outcome;
+    return {parser.Finish(), set.log, parser.GetErrorMessage(), parser.GetDepth(), parser.GetEncoding()};
 }
 
 ParseOutcome ParseEverySplit(std::string_view input, const std::function<void(HandlerSet&)>& setup,
