@@ -147,9 +147,8 @@ TEST(CLogbookDocFile, AFailedWriteAtAnyGzipBlockLeavesTheOldFile)
     const std::string old = ReadBytes(path);
     const CXmlGzipOutput::Options small{2048, 2, 9}; // many blocks
     std::size_t written = 0;
-    doc.SetOutputFactoryForTesting([&](const std::string& p, bool) {
-        return CXmlGzipOutput::Create(std::make_unique<CFailingFileOutput>(p, written, false), small);
-    });
+    doc.SetOutputFactoryForTesting(
+        [&](const std::string& p, bool) { return CXmlGzipOutput::Create(FailingFile(p, written), small); });
     const std::size_t whole = old.size();
     for (written = 0; written < whole; written += 97) {
         SCOPED_TRACE(written);

@@ -94,14 +94,9 @@ TEST(CLogbookDocSave, FailuresLeaveTheOldFileAndItsBackup)
     };
     const Case cases[] = {
         {"output cannot be created", [](const std::string&) { return std::unique_ptr<IXmlOutput>(); }, nullptr},
-        {"disk full at the start",
-         [](const std::string& p) { return std::make_unique<CFailingFileOutput>(p, 0, false); }, nullptr},
-        {"disk full in the middle",
-         [](const std::string& p) { return std::make_unique<CFailingFileOutput>(p, 300, false); }, nullptr},
-        {"last flush fails",
-         [](const std::string& p) {
-             return std::make_unique<CFailingFileOutput>(p, static_cast<std::size_t>(-1), true);
-         },
+        {"disk full at the start", [](const std::string& p) { return FailingFile(p, 0); }, nullptr},
+        {"disk full in the middle", [](const std::string& p) { return FailingFile(p, 300); }, nullptr},
+        {"last flush fails", [](const std::string& p) { return FailingFile(p, static_cast<std::size_t>(-1), true); },
          nullptr},
         {"folder is a regular file", nullptr,
          [](const CScratchFolder& f) {

@@ -3,9 +3,9 @@
 #include "document/IClock.h"
 #include "model/CJump.h"
 #include "tests/common/CScratchFolder.h"
-#include "xml/IXmlOutput.h"
+#include "tests/xml/FailingOutput.h"
+#include "xml/CXmlFileOutput.h"
 
-#include <cstdio>
 #include <memory>
 
 // The document tests' fixed "now" and a jump with a drop zone.
@@ -24,38 +24,10 @@ inline bool Exists(const std::string& path)
     return std::filesystem::exists(path);
 }
 
-// An output that writes the real temporary file but fails like a full disk after a byte
-// budget, or fails when it is closed (the last flush).
-class CFailingFileOutput final : public IXmlOutput
+// The real temporary file, failing like a full disk after a byte budget, or failing when it is
+// closed (the last flush).
+inline std::unique_ptr<IXmlOutput> FailingFile(const std::string& path, std::size_t budget, bool failClose = false)
 {
-public:
-    CFailingFileOutput(const std::string& path, std::size_t budget, bool failClose)
-        : m_file(std::fopen(path.c_str(), "wb")), m_budget(budget), m_failClose(failClose)
-    {
-    }
-    ~CFailingFileOutput() override
-    {
-        if (m_file)
-            std::fclose(m_file);
-    }
-    bool Write(const char* data, std::size_t size) override
-    {
-        if (!m_file)
-            return false;
-        const std::size_t take = size < m_budget ? size : m_budget;
-        std::fwrite(data, 1, take, m_file);
-        m_budget -= take;
-        return take == size;
-    }
-    bool Close() override
-    {
-        const bool ok = m_file && std::fclose(m_file) == 0;
-        m_file = nullptr;
-        return ok && !m_failClose;
-    }
-
-private:
-    std::FILE* m_file;
-    std::size_t m_budget;
-    bool m_failClose;
-};
+    return std::make_unique<CFailingOutput>(CXmlFileOutput::Create(path),
+                                            CFailingOutput::Budget{budget, 1 << 30, failClose});
+}

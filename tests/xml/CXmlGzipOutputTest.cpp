@@ -1,11 +1,10 @@
-#include "tests/common/CScratchFolder.h"
+#include "FailingOutput.h"
 
 #include "xml/CXmlGzipOutput.h"
 #include "xml/CXmlStringOutput.h"
 
 #include <gtest/gtest.h>
 
-#include <cstdio>
 #include <zlib.h>
 
 namespace {
@@ -27,7 +26,8 @@ std::string LogbookText(std::size_t bytes)
     return text;
 }
 
-// Inflates bytes as one gzip member; fails the test when they are not exactly one stream.
+// Inflates bytes as one gzip member, which checks the CRC-32 and the length in its trailer;
+// fails the test when they are not exactly one intact stream.
 std::string InflateOneStream(const std::string& gzip)
 {
     z_stream stream{};
@@ -60,25 +60,14 @@ std::string Compress(const std::string& text, const CXmlGzipOutput::Options& opt
     return *bytes;
 }
 
-// A sink that takes a number of writes, then fails every further one.
-class CFailingSink final : public IXmlOutput
+// A sink that counts its writes and fails every one after the first writesAllowed.
+std::unique_ptr<IXmlOutput> CountingSink(int writesAllowed, int* writes)
 {
-public:
-    explicit CFailingSink(int writesAllowed, int* writes) : m_allowed(writesAllowed), m_writes(writes) {}
-    bool Write(const char*, std::size_t) override { return (*m_writes)++ < m_allowed; }
-    bool Close() override { return true; }
+    return std::make_unique<CFailingOutput>(std::make_unique<CXmlStringOutput>(),
+                                            CFailingOutput::Budget{.writes = writesAllowed}, writes);
+}
 
-private:
-    int m_allowed;
-    int* m_writes;
-};
-
-struct GzipOutput : testing::Test
-{
-    CScratchFolder m_dir{"xml"};
-};
-
-TEST_F(GzipOutput, ZlibReadsOneStreamEqualToTheText)
+TEST(GzipOutput, ZlibReadsOneStreamEqualToTheText)
 {
     struct Case
     {
@@ -105,15 +94,10 @@ TEST_F(GzipOutput, ZlibReadsOneStreamEqualToTheText)
         ASSERT_GE(gzip.size(), 18u);
         EXPECT_EQ(gzip.substr(0, 3), "\x1F\x8B\x08");
         EXPECT_EQ(InflateOneStream(gzip), text);
-
-        // gzip itself checks the CRC-32 and the length of the whole stream.
-        const std::string path = m_dir / "text.gz";
-        WriteBytes(path, gzip);
-        EXPECT_EQ(std::system(("gzip -t " + path).c_str()), 0);
     }
 }
 
-TEST_F(GzipOutput, SizeStaysWithinHalfAPercentOfOneStream)
+TEST(GzipOutput, SizeStaysWithinHalfAPercentOfOneStream)
 {
     const std::string text = LogbookText(3000000);
     const std::string blocks = Compress(text, {}, 65536);
@@ -127,10 +111,10 @@ TEST_F(GzipOutput, SizeStaysWithinHalfAPercentOfOneStream)
     EXPECT_LE(ratio, 1.005) << blocks.size() << " against " << single + 12;
 }
 
-TEST_F(GzipOutput, StreamsBlocksWhileTheTextIsStillComing)
+TEST(GzipOutput, StreamsBlocksWhileTheTextIsStillComing)
 {
     int writes = 0;
-    auto output = CXmlGzipOutput::Create(std::make_unique<CFailingSink>(1 << 30, &writes), {4096, 2, 9});
+    auto output = CXmlGzipOutput::Create(CountingSink(1 << 30, &writes), {4096, 2, 9});
     const std::string text = LogbookText(4096 * 64);
     ASSERT_TRUE(output->Write(text.data(), text.size()));
     // Of 64 blocks only a few wait in memory (two per thread and two more, the last one
@@ -140,19 +124,19 @@ TEST_F(GzipOutput, StreamsBlocksWhileTheTextIsStillComing)
     EXPECT_TRUE(output->Close());
 }
 
-TEST_F(GzipOutput, AFailedWriteAtAnyBlockFailsTheStream)
+TEST(GzipOutput, AFailedWriteAtAnyBlockFailsTheStream)
 {
     const std::string text = LogbookText(200000);
     int total = 0;
     {
-        auto output = CXmlGzipOutput::Create(std::make_unique<CFailingSink>(1 << 30, &total), {8192, 2, 9});
+        auto output = CXmlGzipOutput::Create(CountingSink(1 << 30, &total), {8192, 2, 9});
         ASSERT_TRUE(output->Write(text.data(), text.size()));
         ASSERT_TRUE(output->Close());
     }
     ASSERT_GT(total, 20); // header, blocks, trailer
     for (int allowed = 0; allowed < total; ++allowed) {
         int writes = 0;
-        auto output = CXmlGzipOutput::Create(std::make_unique<CFailingSink>(allowed, &writes), {8192, 2, 9});
+        auto output = CXmlGzipOutput::Create(CountingSink(allowed, &writes), {8192, 2, 9});
         bool ok = true;
         for (std::size_t at = 0; at < text.size() && ok; at += 5000)
             ok = output->Write(text.data() + at, std::min<std::size_t>(5000, text.size() - at));

@@ -1,3 +1,4 @@
+#include "FailingOutput.h"
 #include "ParseEverySplit.h"
 #include "tests/common/CScratchFolder.h"
 
@@ -9,7 +10,6 @@
 
 #include <filesystem>
 #include <random>
-#include <zlib.h>
 
 namespace {
 
@@ -150,25 +150,6 @@ TEST(XmlWriter, CloseEndsOpenElementsInnermostFirst)
     EXPECT_FALSE(writer.Failed());
 }
 
-// An output that takes a limited number of bytes, or fails when it is closed.
-class FailingOutput : public IXmlOutput
-{
-public:
-    FailingOutput(std::size_t capacity, bool closeFails) : m_capacity(capacity), m_closeFails(closeFails) {}
-    bool Write(const char*, std::size_t size) override
-    {
-        if (size > m_capacity)
-            return false;
-        m_capacity -= size;
-        return true;
-    }
-    bool Close() override { return !m_closeFails; }
-
-private:
-    std::size_t m_capacity;
-    bool m_closeFails;
-};
-
 TEST(XmlWriter, FailedWritesAreStickyAndCloseReportsThem)
 {
     struct Case
@@ -182,7 +163,8 @@ TEST(XmlWriter, FailedWritesAreStickyAndCloseReportsThem)
          {Case{1u << 30, false, true}, Case{1u << 30, true, false}, Case{1000, false, false}, Case{0, false, false}}) {
         SCOPED_TRACE(c.capacity);
         CXmlWriter writer(Utf8, XmlPlainFile, Compact);
-        ASSERT_TRUE(writer.Open(std::make_unique<FailingOutput>(c.capacity, c.closeFails)));
+        ASSERT_TRUE(writer.Open(std::make_unique<CFailingOutput>(
+            std::make_unique<CXmlStringOutput>(), CFailingOutput::Budget{c.capacity, 1 << 30, c.closeFails})));
         writer.StartElement("log");
         for (int i = 0; i < 3; ++i)
             writer.WriteElement("note", longText);
