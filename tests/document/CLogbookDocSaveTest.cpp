@@ -67,23 +67,6 @@ TEST(CLogbookDocSave, SaveIfModified)
     EXPECT_EQ(reread.GetJumps()[0]->GetPlace(), "A");
 }
 
-TEST(CLogbookDocSave, OwnerNameAndMemberNumberSurviveLoadAndSave)
-{
-    CScratchFolder folder("owner");
-    const std::string path = folder / "Jumps.tvz";
-    CLogbookDoc doc(nullptr, &kClock);
-    doc.GetSettings().SetOwnerName("Aino Mäkelä");
-    doc.GetSettings().GetMembership().SetMemberNumber("FIN-1234");
-    ASSERT_TRUE(doc.Save(path));
-    for (int cycle = 0; cycle < 2; ++cycle) {
-        CLogbookDoc reread(nullptr, &kClock);
-        ASSERT_TRUE(reread.Load(path).ok);
-        EXPECT_EQ(reread.GetSettings().GetOwnerName(), "Aino Mäkelä");
-        EXPECT_EQ(reread.GetSettings().GetMembership().GetMemberNumber(), "FIN-1234");
-        ASSERT_TRUE(reread.Save(path));
-    }
-}
-
 TEST(CLogbookDocSave, FailuresLeaveTheOldFileAndItsBackup)
 {
     struct Case
