@@ -60,6 +60,15 @@ TEST(Reminders, DueFromTheAlarmDayOnMembershipFirstThenRigsInListOrder)
     const auto membership = [](int expiryOffset, int alarmDays) {
         return [=](CLogbookSettings& s) { SetMembership(s, Day(expiryOffset), alarmDays); };
     };
+    const auto lateTimes = [](CLogbookSettings& s) {
+        SetMembership(s, CDateTime(2024, 6, 20, 0, 0, 1), 10);
+        s.GetEquipmentList().SetAlarm(true, 10, 180);
+        AddRig(s, 1, true, CDateTime(2023, 12, 23, 18, 45, 0));
+    };
+    const auto leapCycle = [](CLogbookSettings& s) {
+        s.GetEquipmentList().SetAlarm(true, 0, 30);
+        AddRig(s, 1, true, CDateTime(2024, 2, 10));
+    };
     const Case cases[] = {
         {"membership far ahead", membership(30, 10), kToday, {}},
         {"membership a day before its window", membership(11, 10), kToday, {}},
@@ -102,35 +111,12 @@ TEST(Reminders, DueFromTheAlarmDayOnMembershipFirstThenRigsInListOrder)
          kToday,
          {}},
         {"times of day do not move the boundary",
-         [](CLogbookSettings& s) {
-             SetMembership(s, CDateTime(2024, 6, 20, 0, 0, 1), 10);
-             s.GetEquipmentList().SetAlarm(true, 10, 180);
-             AddRig(s, 1, true, CDateTime(2023, 12, 23, 18, 45, 0));
-         },
+         lateTimes,
          CDateTime(2024, 6, 10, 23, 59, 59),
          {Membership(CDateTime(2024, 6, 20)), Rig(1, CDateTime(2024, 6, 20))}},
-        {"a day earlier, however late",
-         [](CLogbookSettings& s) {
-             SetMembership(s, CDateTime(2024, 6, 20, 0, 0, 1), 10);
-             s.GetEquipmentList().SetAlarm(true, 10, 180);
-             AddRig(s, 1, true, CDateTime(2023, 12, 23, 18, 45, 0));
-         },
-         CDateTime(2024, 6, 9, 23, 59, 59),
-         {}},
-        {"cycle across the leap day",
-         [](CLogbookSettings& s) {
-             s.GetEquipmentList().SetAlarm(true, 0, 30);
-             AddRig(s, 1, true, CDateTime(2024, 2, 10));
-         },
-         CDateTime(2024, 3, 11),
-         {Rig(1, CDateTime(2024, 3, 11))}},
-        {"cycle across the leap day, the day before",
-         [](CLogbookSettings& s) {
-             s.GetEquipmentList().SetAlarm(true, 0, 30);
-             AddRig(s, 1, true, CDateTime(2024, 2, 10));
-         },
-         CDateTime(2024, 3, 10),
-         {}},
+        {"a day earlier, however late", lateTimes, CDateTime(2024, 6, 9, 23, 59, 59), {}},
+        {"cycle across the leap day", leapCycle, CDateTime(2024, 3, 11), {Rig(1, CDateTime(2024, 3, 11))}},
+        {"cycle across the leap day, the day before", leapCycle, CDateTime(2024, 3, 10), {}},
         {"extreme numbers from a file do not overflow; a due date beyond the calendar is none",
          [](CLogbookSettings& s) {
              SetMembership(s, CDateTime(9999, 12, 31), kMax);
