@@ -5,16 +5,8 @@
 #include "xml/CXmlParser.h"
 #include "xml/XmlValues.h"
 
-#include <cstring>
-
-namespace {
-
-bool SameBits(double a, double b)
-{
-    return std::memcmp(&a, &b, sizeof a) == 0;
-}
-
-} // namespace
+#include <bit>
+#include <cstdint>
 
 CFuzzHandler::CFuzzHandler(char label, CFuzzHandler* child, CFuzzTranscript& transcript, std::size_t maxToken,
                            std::size_t maxDepth)
@@ -115,7 +107,7 @@ void CFuzzHandler::CheckAttributes(const CXmlParser& parser)
             double real = 0, expectedReal = 0;
             const bool realOk = parser.GetAttributeDouble(name, real, allowMinus);
             if (realOk != XmlDoubleFromBytes(raw, expectedReal, allowMinus) ||
-                (realOk && !SameBits(real, expectedReal)))
+                (realOk && std::bit_cast<std::uint64_t>(real) != std::bit_cast<std::uint64_t>(expectedReal)))
                 m_transcript.Fail("GetAttributeDouble disagrees with the 8-bit reader");
         }
     }

@@ -5,6 +5,7 @@
 
 #include <zlib.h>
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -36,4 +37,13 @@ inline std::string GzipBytes(std::string_view bytes, int level)
     out.resize(result == Z_STREAM_END ? stream.total_out : 0);
     deflateEnd(&stream);
     return out;
+}
+
+// splitmix64: a small, well-mixed generator whose whole state is one number.
+inline std::uint64_t NextRandom(std::uint64_t& state)
+{
+    std::uint64_t z = (state += 0x9E3779B97F4A7C15ull);
+    z = (z ^ (z >> 30)) * 0xBF58476D1CE4E5B9ull;
+    z = (z ^ (z >> 27)) * 0x94D049BB133111EBull;
+    return z ^ (z >> 31);
 }

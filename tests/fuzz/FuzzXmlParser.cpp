@@ -1,5 +1,5 @@
 #include "CFuzzHandler.h"
-#include "CFuzzTranscript.h"
+#include "FuzzFiles.h"
 #include "FuzzTargets.h"
 #include "xml/CXmlParser.h"
 
@@ -7,27 +7,6 @@
 #include <vector>
 
 namespace {
-
-// What one parse of the input produced.
-struct Outcome
-{
-    bool ok = false;
-    std::string error;
-    std::uint64_t digest = 0;
-    std::size_t events = 0;
-    std::size_t depth = 0;
-    XmlEncoding encoding = Utf8;
-};
-
-// splitmix64: a small, well-mixed generator, seeded from the input so every run of an input
-// splits it the same way.
-std::uint64_t NextRandom(std::uint64_t& state)
-{
-    std::uint64_t z = (state += 0x9E3779B97F4A7C15ull);
-    z = (z ^ (z >> 30)) * 0xBF58476D1CE4E5B9ull;
-    z = (z ^ (z >> 27)) * 0x94D049BB133111EBull;
-    return z ^ (z >> 31);
-}
 
 std::uint64_t Hash(std::string_view bytes)
 {
@@ -41,25 +20,15 @@ std::uint64_t Hash(std::string_view bytes)
 // sometimes large ones.
 std::size_t NextChunk(std::uint64_t& state)
 {
+    static constexpr std::size_t kLargest[8] = {0, 4, 4, 4, 32, 32, 4096, 4096};
     const std::uint64_t r = NextRandom(state);
-    switch (r % 8) {
-    case 0:
-        return 0;
-    case 1:
-    case 2:
-    case 3:
-        return 1 + (r >> 8) % 4;
-    case 4:
-    case 5:
-        return 1 + (r >> 8) % 32;
-    default:
-        return 1 + (r >> 8) % 4096;
-    }
+    const std::size_t largest = kLargest[r % 8];
+    return largest == 0 ? 0 : 1 + (r >> 8) % largest;
 }
 
-// Feeds [begin, end) of input; each chunk lives in its own heap block that is freed right
-// after Feed, so a parser that kept a pointer into an earlier chunk is caught by the address
-// sanitizer. A seed of 0 feeds everything as one chunk.
+// Feeds input in chunks split by the seed (0: one chunk); each chunk lives in its own heap
+// block that is freed right after Feed, so a parser that kept a pointer into an earlier chunk
+// is caught by the address sanitizer.
 bool FeedPart(CXmlParser& parser, std::string_view input, std::uint64_t seed)
 {
     std::size_t pos = 0;
@@ -77,17 +46,17 @@ bool FeedPart(CXmlParser& parser, std::string_view input, std::uint64_t seed)
     return true;
 }
 
-Outcome Take(const CXmlParser& parser, bool ok, const CFuzzTranscript& transcript)
+// What one parse of the input produced; fed: every chunk was taken.
+struct Outcome
 {
-    Outcome outcome;
-    outcome.ok = ok;
-    outcome.error = parser.GetErrorMessage();
-    outcome.digest = transcript.Digest();
-    outcome.events = transcript.Events();
-    outcome.depth = parser.GetDepth();
-    outcome.encoding = parser.GetEncoding();
-    return outcome;
-}
+    bool ok = false;
+    bool fed = false;
+    std::string error;
+    std::uint64_t digest = 0;
+    std::size_t events = 0;
+    std::size_t depth = 0;
+    XmlEncoding encoding = Utf8;
+};
 
 std::string Compare(const Outcome& a, const Outcome& b, const std::string& what)
 {
@@ -104,14 +73,36 @@ std::string Compare(const Outcome& a, const Outcome& b, const std::string& what)
     return {};
 }
 
+// The reader's limits: small ones for half of the inputs, so that the limit paths are reached too.
+struct Limits
+{
+    std::size_t token;
+    std::size_t depth;
+    std::size_t input;
+};
+constexpr Limits kDefaultLimits{CXmlParser::kDefaultMaxTokenBytes, CXmlParser::kDefaultMaxDepth,
+                                CXmlParser::kDefaultMaxInputBytes};
+constexpr Limits kLimitsByHash[4] = {kDefaultLimits, kDefaultLimits, {64, 8, 1000}, {700, 40, 3000}};
+
 // One parser with three handlers (root, delegate, delegate's delegate) and their transcript.
 struct Rig
 {
-    Rig(std::size_t maxToken, std::size_t maxDepth, std::size_t maxInput)
-        : third('c', nullptr, transcript, maxToken, maxDepth), second('b', &third, transcript, maxToken, maxDepth),
-          root('a', &second, transcript, maxToken, maxDepth), parser(&root)
+    explicit Rig(const Limits& limits)
+        : third('c', nullptr, transcript, limits.token, limits.depth),
+          second('b', &third, transcript, limits.token, limits.depth),
+          root('a', &second, transcript, limits.token, limits.depth), parser(&root)
     {
-        parser.SetLimits(maxToken, maxDepth, maxInput);
+        parser.SetLimits(limits.token, limits.depth, limits.input);
+    }
+    // Parses input from a Reset on, split by seed.
+    Outcome Run(std::string_view input, std::uint64_t seed)
+    {
+        parser.Reset();
+        const bool fed = FeedPart(parser, input, seed);
+        return {parser.Finish(),          fed,
+                parser.GetErrorMessage(), transcript.Digest(),
+                transcript.Events(),      parser.GetDepth(),
+                parser.GetEncoding()};
     }
     CFuzzTranscript transcript;
     CFuzzHandler third;
@@ -127,36 +118,19 @@ std::string FuzzXmlParser(const std::uint8_t* data, std::size_t size)
     const std::string_view input(reinterpret_cast<const char*>(data), size);
     const std::uint64_t hash = Hash(input);
 
-    // Small limits for half of the inputs, so that the limit paths are reached as well.
-    std::size_t maxToken = CXmlParser::kDefaultMaxTokenBytes;
-    std::size_t maxDepth = CXmlParser::kDefaultMaxDepth;
-    std::size_t maxInput = CXmlParser::kDefaultMaxInputBytes;
-    if (hash % 4 == 2) {
-        maxToken = 64;
-        maxDepth = 8;
-        maxInput = 1000;
-    } else if (hash % 4 == 3) {
-        maxToken = 700;
-        maxDepth = 40;
-        maxInput = 3000;
-    }
-
-    Rig whole(maxToken, maxDepth, maxInput);
-    whole.parser.Reset();
-    const bool wholeFed = FeedPart(whole.parser, input, 0);
-    const Outcome wholeOutcome = Take(whole.parser, whole.parser.Finish(), whole.transcript);
+    const Limits& limits = kLimitsByHash[hash % 4];
+    Rig whole(limits);
+    const Outcome wholeOutcome = whole.Run(input, 0);
     if (!whole.transcript.Problem().empty())
         return whole.transcript.Problem();
     // Finish accepts exactly when every chunk was taken and every element closed.
-    if (wholeOutcome.ok != (wholeFed && wholeOutcome.depth == 0))
+    if (wholeOutcome.ok != (wholeOutcome.fed && wholeOutcome.depth == 0))
         return "Finish disagrees with the chunks taken and the elements left open";
 
     // The same input in pseudo-random chunks must give the same result, events and error.
     for (std::uint64_t round = 1; round <= 2; ++round) {
-        Rig split(maxToken, maxDepth, maxInput);
-        split.parser.Reset();
-        FeedPart(split.parser, input, hash ^ round);
-        const Outcome splitOutcome = Take(split.parser, split.parser.Finish(), split.transcript);
+        Rig split(limits);
+        const Outcome splitOutcome = split.Run(input, hash ^ round);
         if (!split.transcript.Problem().empty())
             return split.transcript.Problem();
         if (std::string problem = Compare(wholeOutcome, splitOutcome, "split parse"); !problem.empty())
@@ -164,20 +138,17 @@ std::string FuzzXmlParser(const std::uint8_t* data, std::size_t size)
     }
 
     // Reset must leave nothing behind: stop a parse half-way, reset, and parse again.
-    Rig reused(maxToken, maxDepth, maxInput);
-    reused.parser.Reset();
-    FeedPart(reused.parser, input.substr(0, size / 2), hash);
-    reused.parser.Reset();
+    Rig reused(limits);
+    reused.Run(input.substr(0, size / 2), hash);
     reused.transcript.Restart();
-    FeedPart(reused.parser, input, hash ^ 7);
-    const Outcome reusedOutcome = Take(reused.parser, reused.parser.Finish(), reused.transcript);
+    const Outcome reusedOutcome = reused.Run(input, hash ^ 7);
     if (!reused.transcript.Problem().empty())
         return reused.transcript.Problem();
     if (std::string problem = Compare(wholeOutcome, reusedOutcome, "parse after Reset"); !problem.empty())
         return problem;
 
     // The in-memory entry point takes the input as Unicode text; its handlers' checks apply.
-    Rig text(maxToken, maxDepth, maxInput);
+    Rig text(limits);
     const bool textOk = text.parser.ParseString(input);
     if (!text.transcript.Problem().empty())
         return "ParseString: " + text.transcript.Problem();

@@ -6,6 +6,7 @@
 #include <cmath>
 #include <cstdlib>
 #include <cstring>
+#include <type_traits>
 
 namespace {
 
@@ -25,14 +26,6 @@ bool ReadBoth(Reader read, T first, T second, T& value, std::string& problem, co
     return okA;
 }
 
-// True when the text is a candidate for both the wide and the 8-bit number readers: non-empty
-// and no '-' other than in front (the 8-bit readers also allow one at the end, the wide ones
-// anywhere).
-bool MinusOnlyInFront(std::string_view text)
-{
-    return !text.empty() && text.find('-', 1) == std::string_view::npos;
-}
-
 std::string CheckBool(std::string_view text)
 {
     std::string problem;
@@ -47,47 +40,37 @@ std::string CheckBool(std::string_view text)
     return problem;
 }
 
-std::string CheckInt(std::string_view text)
+// The wide and the 8-bit readers of a number: both agree on a text with no '-' but in front (the
+// 8-bit readers also allow one at the end, the wide ones anywhere), and without allowMinus
+// nothing reads as negative.
+template <typename T>
+std::string CheckNumber(std::string_view text, bool (*wideReader)(std::string_view, T&, bool),
+                        bool (*bytesReader)(std::string_view, T&, bool), T first, T second, const std::string& kind)
 {
+    const bool minusOnlyInFront = !text.empty() && text.find('-', 1) == std::string_view::npos;
     std::string problem;
     for (const bool allowMinus : {false, true}) {
-        int wide = 0, bytes = 0;
-        const bool wideOk = ReadBoth([&](int& v) { return XmlIntFromString(text, v, allowMinus); }, 11, -13, wide,
-                                     problem, "XmlIntFromString");
-        const bool bytesOk = ReadBoth([&](int& v) { return XmlIntFromBytes(text, v, allowMinus); }, 11, -13, bytes,
-                                      problem, "XmlIntFromBytes");
+        T wide{}, bytes{};
+        const bool wideOk = ReadBoth([&](T& v) { return wideReader(text, v, allowMinus); }, first, second, wide,
+                                     problem, "the wide reader");
+        const bool bytesOk = ReadBoth([&](T& v) { return bytesReader(text, v, allowMinus); }, first, second, bytes,
+                                      problem, "the 8-bit reader");
         if (!problem.empty())
-            return problem;
-        if (MinusOnlyInFront(text) && (wideOk != bytesOk || (wideOk && wide != bytes)))
-            return "the wide and the 8-bit integer readers disagree";
+            return kind + ": " + problem;
+        if (minusOnlyInFront && (wideOk != bytesOk || (wideOk && wide != bytes)))
+            return "the wide and the 8-bit " + kind + " readers disagree";
         if (bytesOk && !allowMinus && bytes < 0)
-            return "a negative integer was read without allowMinus";
-        // A value inside the int range writes back to a text that reads as the same value.
-        int again = 0;
-        if (bytesOk && bytes != INT_MAX && bytes != INT_MIN &&
-            (!XmlIntFromBytes(XmlIntToString(bytes, true), again, true) || again != bytes))
-            return "an integer read does not survive writing and reading";
-    }
-    return {};
-}
-
-std::string CheckDouble(std::string_view text)
-{
-    std::string problem;
-    for (const bool allowMinus : {false, true}) {
-        double wide = 0, bytes = 0;
-        const bool wideOk = ReadBoth([&](double& v) { return XmlDoubleFromString(text, v, allowMinus); }, 1.5, -2.5,
-                                     wide, problem, "XmlDoubleFromString");
-        const bool bytesOk = ReadBoth([&](double& v) { return XmlDoubleFromBytes(text, v, allowMinus); }, 1.5, -2.5,
-                                      bytes, problem, "XmlDoubleFromBytes");
-        if (!problem.empty())
-            return problem;
-        if (MinusOnlyInFront(text) && (wideOk != bytesOk || (wideOk && wide != bytes)))
-            return "the wide and the 8-bit double readers disagree";
-        if (bytesOk && std::isnan(bytes))
-            return "a double read as NaN";
-        if (bytesOk && !allowMinus && bytes < 0)
-            return "a negative double was read without allowMinus";
+            return "a negative " + kind + " was read without allowMinus";
+        if constexpr (std::is_same_v<T, double>) {
+            if (bytesOk && std::isnan(bytes))
+                return "a double read as NaN";
+        } else {
+            // A value inside the int range writes back to a text that reads as the same value.
+            int again = 0;
+            if (bytesOk && bytes != INT_MAX && bytes != INT_MIN &&
+                (!XmlIntFromBytes(XmlIntToString(bytes, true), again, true) || again != bytes))
+                return "an integer read does not survive writing and reading";
+        }
     }
     return {};
 }
@@ -207,8 +190,11 @@ std::string CheckWriters(const std::uint8_t* data, std::size_t size)
 std::string FuzzXmlValues(const std::uint8_t* data, std::size_t size)
 {
     const std::string_view text(reinterpret_cast<const char*>(data), size);
-    for (auto check : {&CheckBool, &CheckInt, &CheckDouble, &CheckDateTimes})
-        if (std::string problem = check(text); !problem.empty())
+    for (const std::string& problem :
+         {CheckBool(text), CheckNumber<int>(text, XmlIntFromString, XmlIntFromBytes, 11, -13, "integer"),
+          CheckNumber<double>(text, XmlDoubleFromString, XmlDoubleFromBytes, 1.5, -2.5, "double"), CheckDateTimes(text),
+          CheckWriters(data, size)})
+        if (!problem.empty())
             return problem;
-    return CheckWriters(data, size);
+    return {};
 }

@@ -13,14 +13,6 @@ namespace {
 // jumps with every field, media, notes, recordings and signatures.
 const std::string kGoldenPath = std::string(TERVOLA_TEST_DATA) + "/golden.tvl";
 
-std::uint64_t NextRandom(std::uint64_t& state)
-{
-    std::uint64_t z = (state += 0x9E3779B97F4A7C15ull);
-    z = (z ^ (z >> 30)) * 0xBF58476D1CE4E5B9ull;
-    z = (z ^ (z >> 27)) * 0x94D049BB133111EBull;
-    return z ^ (z >> 31);
-}
-
 class LoadSweep : public testing::Test
 {
 protected:
