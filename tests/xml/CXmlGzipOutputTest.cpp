@@ -1,9 +1,12 @@
 #include "FailingOutput.h"
+#include "tests/common/CScratchFolder.h"
 
 #include "xml/CXmlGzipOutput.h"
 #include "xml/CXmlStringOutput.h"
 
 #include <gtest/gtest.h>
+
+#include <cstdlib>
 
 #include <zlib.h>
 
@@ -87,6 +90,7 @@ TEST(GzipOutput, ZlibReadsOneStreamEqualToTheText)
         {"many blocks on one thread", 2000000, 64 * 1024, 1, 65536},
         {"many blocks on four threads", 2000000, 64 * 1024, 4, 65536},
     };
+    const CScratchFolder dir("xml");
     for (const Case& c : cases) {
         SCOPED_TRACE(c.name);
         const std::string text = LogbookText(c.textBytes);
@@ -94,6 +98,10 @@ TEST(GzipOutput, ZlibReadsOneStreamEqualToTheText)
         ASSERT_GE(gzip.size(), 18u);
         EXPECT_EQ(gzip.substr(0, 3), "\x1F\x8B\x08");
         EXPECT_EQ(InflateOneStream(gzip), text);
+        // The gzip tool, as another reader, accepts the stream too.
+        const std::string path = dir / "text.gz";
+        ASSERT_TRUE(WriteBytes(path, gzip));
+        EXPECT_EQ(std::system(("gzip -t " + path).c_str()), 0);
     }
 }
 
