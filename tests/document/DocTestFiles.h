@@ -2,8 +2,8 @@
 
 #include "document/IClock.h"
 #include "model/CJump.h"
+#include "tests/common/CFailingOutput.h"
 #include "tests/common/CScratchFolder.h"
-#include "tests/xml/FailingOutput.h"
 #include "xml/CXmlFileOutput.h"
 
 #include <memory>

@@ -1,4 +1,4 @@
-#include "FailingOutput.h"
+#include "tests/common/CFailingOutput.h"
 #include "tests/common/CScratchFolder.h"
 
 #include "xml/CXmlGzipOutput.h"

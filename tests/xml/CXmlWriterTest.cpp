@@ -1,5 +1,5 @@
-#include "FailingOutput.h"
 #include "ParseEverySplit.h"
+#include "tests/common/CFailingOutput.h"
 #include "tests/common/CScratchFolder.h"
 
 #include "xml/CXmlStringOutput.h"
