@@ -1,7 +1,4 @@
-#include "tests/cli/CScratchDir.h"
-#include "tests/cli/CToolRunner.h"
-
-#include <gtest/gtest.h>
+#include "tests/cli/ToolTest.h"
 
 #include <ostream>
 #include <string>
@@ -12,27 +9,24 @@ namespace {
 struct CommandHelp
 {
     const char* command;
-    std::vector<std::string> mentions; // options and arguments the help must explain
+    std::vector<std::string> mentions; // some of what the help must explain
 };
 
 void PrintTo(const CommandHelp& value, std::ostream* os)
 {
     *os << value.command;
-} // names the case in listings
+}
 
-class CommandHelpTest : public ::testing::TestWithParam<CommandHelp>
+class CommandHelpTest : public CToolTest, public ::testing::WithParamInterface<CommandHelp>
 {
-protected:
-    CScratchDir m_dir;
-    CToolRunner m_tool{m_dir.ConfigHome()};
 };
 
-TEST_P(CommandHelpTest, ExplainsEveryOption)
+TEST_P(CommandHelpTest, ShowsUsageAndDetails)
 {
     const CommandHelp& c = GetParam();
-    for (const QStringList& arguments : {QStringList{QString::fromLatin1(c.command), QStringLiteral("--help")},
-                                         QStringList{QStringLiteral("help"), QString::fromLatin1(c.command)}}) {
-        const CToolResult result = m_tool.Run(arguments);
+    for (const std::vector<std::string>& arguments :
+         {std::vector<std::string>{c.command, "--help"}, std::vector<std::string>{"help", c.command}}) {
+        const CToolResult result = Run(arguments);
         EXPECT_EQ(result.exitCode, 0);
         EXPECT_EQ(result.out.rfind("Usage: tervola " + std::string(c.command) + " [options]", 0), 0u) << result.out;
         for (const std::string& mention : c.mentions)
@@ -41,24 +35,21 @@ TEST_P(CommandHelpTest, ExplainsEveryOption)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Commands, CommandHelpTest,
-    ::testing::Values(CommandHelp{"check", {"FILE", "--help"}},
-                      CommandHelp{"info", {"FILE", "--units <metric|imperial>", "YYYY-MM-DD"}},
-                      CommandHelp{"export",
-                                  {"FILE", "--format <json|csv|gpx>", "--jump <N>", "--output <OUT>", "-o", "--units",
-                                   "--compact", "RFC 4180", "GPX"}},
-                      CommandHelp{"import", {"LOGBOOK", "TRACK", "--jump <N>", "--rate <HZ>", "--baro", "SENSOR.CSV"}},
-                      CommandHelp{"convert", {"IN", "OUT", "bak"}},
-                      CommandHelp{
-                          "generate",
-                          {"OUT", "--jumps <N>", "--recordings <R>", "--samples <S>", "--baro <B>", "--seed <K>"}}),
-    [](const ::testing::TestParamInfo<CommandHelp>& param) { return std::string(param.param.command); });
+INSTANTIATE_TEST_SUITE_P(Commands, CommandHelpTest,
+                         ::testing::Values(CommandHelp{"check", {"FILE"}},
+                                           CommandHelp{"info", {"--units <metric|imperial>", "YYYY-MM-DD"}},
+                                           CommandHelp{"export", {"--format <json|csv|gpx>", "RFC 4180", "GPX"}},
+                                           CommandHelp{"import", {"LOGBOOK", "TRACK", "SENSOR.CSV"}},
+                                           CommandHelp{"convert", {"IN", "OUT", "bak"}},
+                                           CommandHelp{"generate", {"--jumps <N>", "--seed <K>"}}),
+                         [](const ::testing::TestParamInfo<CommandHelp>& param) {
+                             return std::string(param.param.command);
+                         });
 
 struct ToolCall
 {
     const char* name;
-    QStringList arguments;
+    std::vector<std::string> arguments;
     int exitCode;
     std::string outContains;
     std::string errContains;
@@ -67,19 +58,16 @@ struct ToolCall
 void PrintTo(const ToolCall& value, std::ostream* os)
 {
     *os << value.name;
-} // names the case in listings
+}
 
-class ToolCallTest : public ::testing::TestWithParam<ToolCall>
+class ToolCallTest : public CToolTest, public ::testing::WithParamInterface<ToolCall>
 {
-protected:
-    CScratchDir m_dir;
-    CToolRunner m_tool{m_dir.ConfigHome()};
 };
 
 TEST_P(ToolCallTest, AnswersAsDocumented)
 {
     const ToolCall& c = GetParam();
-    const CToolResult result = m_tool.Run(c.arguments);
+    const CToolResult result = Run(c.arguments);
     EXPECT_FALSE(result.crashed);
     EXPECT_EQ(result.exitCode, c.exitCode);
     EXPECT_NE(result.out.find(c.outContains), std::string::npos) << result.out;

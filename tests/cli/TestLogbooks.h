@@ -35,32 +35,28 @@ inline std::string Jump(int number, std::string_view timestamp, std::string_view
     return text;
 }
 
-// The settings of the reference logbook: a profile, one rig, a Standard speed of 50 in the file
-// (the program keeps its fixed 52.5), a Custom speed of 30.5, 100 previous jumps and 600 s of
-// previous freefall.
-inline std::string ReferenceSettings()
-{
-    return "<settings><owner>Jörg Ödegaard</owner>"
-           "<membership name=\"M-77\"><expirationDate>2026-03-31T00:00:00Z</expirationDate>"
-           "<alarmDays>20</alarmDays></membership>"
-           "<licenses><license>D-1234</license><license></license></licenses>"
-           "<ratings><rating>AFF-I</rating></ratings>"
-           "<equipments><inspectionCycle>180</inspectionCycle><alarmDays>10</alarmDays>"
-           "<equipment n=\"1\" active=\"true\"><previousJumps>5</previousJumps><harness>Javelin</harness>"
-           "<mainCanopy>Sabre2</mainCanopy><mainSize>170</mainSize><reserveCanopy>PD</reserveCanopy>"
-           "<inspectionDate>2025-01-15T00:00:00Z</inspectionDate></equipment></equipments>"
-           "<fallrates><fallrate name=\"Standard\" speed=\"50\"/><fallrate name=\"Vertical\" speed=\"76\"/>"
-           "<fallrate name=\"Custom\" speed=\"30.5\"/></fallrates>"
-           "<previousJumps>100</previousJumps><previousDelay>600</previousDelay></settings>";
-}
-
-// The reference logbook: three jumps written out of order (500, 498, 499).
+// The reference logbook: a profile, one rig, a Standard speed of 50 in the file (the program keeps
+// its fixed 52.5), a Custom speed of 30.5, 100 previous jumps and 600 s of previous freefall, and
+// three jumps written out of order (500, 498, 499).
 //  500 Manual, 4000 -> 1000 m, 61 s typed, wind, rig by position, formation, picture, video,
 //      a two-line note with a comma and quotes, a signature with one stroke;
 //  498 Standard, 3000 -> 1000 m, rig by text, a GPS recording of two waypoints;
 //  499 Custom, 2000 -> 1200 m, no time of day, place with a comma, a two-line note.
 inline std::string Reference()
 {
+    const std::string settings =
+        "<settings><owner>Jörg Ödegaard</owner>"
+        "<membership name=\"M-77\"><expirationDate>2026-03-31T00:00:00Z</expirationDate>"
+        "<alarmDays>20</alarmDays></membership>"
+        "<licenses><license>D-1234</license><license></license></licenses>"
+        "<ratings><rating>AFF-I</rating></ratings>"
+        "<equipments><inspectionCycle>180</inspectionCycle><alarmDays>10</alarmDays>"
+        "<equipment n=\"1\" active=\"true\"><previousJumps>5</previousJumps><harness>Javelin</harness>"
+        "<mainCanopy>Sabre2</mainCanopy><mainSize>170</mainSize><reserveCanopy>PD</reserveCanopy>"
+        "<inspectionDate>2025-01-15T00:00:00Z</inspectionDate></equipment></equipments>"
+        "<fallrates><fallrate name=\"Standard\" speed=\"50\"/><fallrate name=\"Vertical\" speed=\"76\"/>"
+        "<fallrate name=\"Custom\" speed=\"30.5\"/></fallrates>"
+        "<previousJumps>100</previousJumps><previousDelay>600</previousDelay></settings>";
     const std::string note = "&lt;p style=\"margin: 0\"&gt;Line one, with comma&lt;/p&gt;"
                              "&lt;p style=\"margin: 0\"&gt;Say \"hi\" über Tervola&lt;/p&gt;";
     const std::string log =
@@ -90,7 +86,7 @@ inline std::string Reference()
              "<note>&lt;p style=\"margin: 0\"&gt;Zwei Zeilen&lt;/p&gt;&lt;p style=\"margin: 0\"&gt;ohne "
              "Komma&lt;/p&gt;</note>") +
         "</log>";
-    return File(ReferenceSettings() + log, "1.1");
+    return File(settings + log, "1.1");
 }
 
 } // namespace TestLogbooks
