@@ -243,8 +243,6 @@ TEST_F(JumpEditTest, PickingAKindWorksOutDelayAndSpeeds)
     edit->PickKind(Vertical);
     EXPECT_EQ(v.vMax, 249); // 76 m/s = 249.34 ft/s
     EXPECT_EQ(v.vAvg, 249);
-    const CJump probe(1, {}, {});
-    EXPECT_EQ(v.delay, static_cast<int>(CJump::ComputeFreefallTime(10000 * 0.3048, 76.0) + 0.5));
     EXPECT_GT(v.delay, 40); // 3048 m at 76 m/s: 40 s at full speed, more from rest
     EXPECT_LT(v.delay, 50);
 
@@ -255,7 +253,6 @@ TEST_F(JumpEditTest, PickingAKindWorksOutDelayAndSpeeds)
     v.openHeight = 14000;
     edit->PickKind(Standard);
     EXPECT_EQ(v.delay, 33);
-    (void)probe;
 }
 
 TEST_F(JumpEditTest, ImportRestoresTheRecordingsValues)

@@ -75,25 +75,6 @@ TEST(PreferencesEdit, UnitAndSpeedSwitchesConvertTheTenths)
     }
 }
 
-TEST(PreferencesEdit, BackAndForthLandsWhereItStarted)
-{
-    CPreferencesEdit edit = Loaded(1, 0, 5.0);
-    const long long seen[] = {50, 164, 50, 180, 112, 164, 50};
-    EXPECT_EQ(edit.customTenths, seen[0]);
-    edit.SetUnits(0);
-    EXPECT_EQ(edit.customTenths, seen[1]);
-    edit.SetUnits(1);
-    EXPECT_EQ(edit.customTenths, seen[2]);
-    edit.SetSpeedDisplay(1);
-    EXPECT_EQ(edit.customTenths, seen[3]);
-    edit.SetUnits(0);
-    EXPECT_EQ(edit.customTenths, seen[4]);
-    edit.SetSpeedDisplay(0);
-    EXPECT_EQ(edit.customTenths, seen[5]);
-    edit.SetUnits(1);
-    EXPECT_EQ(edit.customTenths, seen[6]);
-}
-
 TEST(PreferencesEdit, OkStoresUnitsTogetherAndTheLogbookValues)
 {
     CLogbookDoc doc;

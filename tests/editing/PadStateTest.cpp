@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <sstream>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace {
@@ -17,22 +18,10 @@ using NKey = CNumberPadState::Key;
 
 NKey NumberKey(char c)
 {
-    switch (c) {
-    case 's':
-        return NKey::Sign;
-    case ',':
-        return NKey::Separator;
-    case '<':
-        return NKey::Back;
-    case 'C':
-        return NKey::Clear;
-    case '+':
-        return NKey::Plus;
-    case '=':
-        return NKey::Equals;
-    default:
+    if (c >= '0' && c <= '9')
         return CNumberPadState::Digit(c - '0');
-    }
+    const NKey others[] = {NKey::Sign, NKey::Separator, NKey::Back, NKey::Clear, NKey::Plus, NKey::Equals};
+    return others[std::string_view("s,<C+=").find(c)];
 }
 
 // The enabled keys in the same characters, in the order "0123456789s,<C+=".
@@ -132,35 +121,19 @@ INSTANTIATE_TEST_SUITE_P(
                       NumberCase{0, false, 2147483647, "+C2147483647+", "0", 0, "0123456789,<C"},
                       NumberCase{0, false, 0, "2147483647+1=", "2.147.483.647", 2147483647, "<C+="}));
 
-struct SeparatorCase
+TEST(NumberPadSeparatorTest, DisplayUsesTheLocalesSeparators)
 {
-    const char* decimal;
-    const char* thousands;
-    int start;
-    int maxDecimals;
-    const char* display;
-};
-
-class NumberPadSeparatorTest : public ::testing::TestWithParam<SeparatorCase>
-{
-};
-
-TEST_P(NumberPadSeparatorTest, DisplayUsesTheLocalesSeparators)
-{
-    const SeparatorCase& c = GetParam();
-    CNumberPadState pad(c.start, c.maxDecimals, true, c.decimal, c.thousands);
-    EXPECT_EQ(pad.Display(), c.display);
+    const struct
+    {
+        const char *decimal, *thousands;
+        int start, maxDecimals;
+        const char* display;
+    } cases[] = {{".", ",", 123456, 2, "1,234.56"},  {",", "\u00a0", 123456, 2, "1\u00a0234,56"},
+                 {".", "", -1234567, 0, "-1234567"}, {".", ",", 100000, 0, "100,000"},
+                 {".", ",", 999, 0, "999"},          {".", ",", 5, 2, "0.05"}};
+    for (const auto& c : cases)
+        EXPECT_EQ(CNumberPadState(c.start, c.maxDecimals, true, c.decimal, c.thousands).Display(), c.display);
 }
-
-INSTANTIATE_TEST_SUITE_P(Locales, NumberPadSeparatorTest,
-                         ::testing::Values(SeparatorCase{".", ",", 123456, 2, "1,234.56"},
-                                           SeparatorCase{",", "\xC2\xA0", 123456, 2,
-                                                         "1\xC2\xA0"
-                                                         "234,56"},
-                                           SeparatorCase{".", "", -1234567, 0, "-1234567"},
-                                           SeparatorCase{".", ",", 100000, 0, "100,000"},
-                                           SeparatorCase{".", ",", 999, 0, "999"},
-                                           SeparatorCase{".", ",", 5, 2, "0.05"}));
 
 // ---- Duration pad: keys named by group and label, "h+500", "m-5", "h11", in the order pressed;
 // "h+*" names every hour-plus key.
@@ -258,57 +231,43 @@ INSTANTIATE_TEST_SUITE_P(HourKeys, DurationPadTest,
 
 using TKey = CTimePadState::Key;
 
-struct TimeCase
+TEST(TimePadTest, KeysGiveTheTimeAndNoKeyIsDisabled)
 {
-    int hour, minute;
-    std::vector<TKey> keys;
-    const char* display;
-};
-
-class TimePadTest : public ::testing::TestWithParam<TimeCase>
-{
-};
-
-TEST_P(TimePadTest, KeysGiveTheTimeAndNoKeyIsDisabled)
-{
-    const TimeCase& c = GetParam();
-    CTimePadState pad(c.hour, c.minute);
-    for (TKey key : c.keys)
-        pad.Press(key);
-    EXPECT_EQ(pad.Display(), c.display);
-    EXPECT_EQ(pad.Display(), (pad.Hour() < 10 ? "0" : "") + std::to_string(pad.Hour()) + ":" +
-                                 (pad.Minute() < 10 ? "0" : "") + std::to_string(pad.Minute()));
-    for (int k = 0; k < static_cast<int>(TKey::Count); ++k)
-        EXPECT_TRUE(pad.IsEnabled(static_cast<TKey>(k)));
+    const struct
+    {
+        int hour, minute;
+        std::vector<TKey> keys;
+        const char* display;
+    } cases[] = {
+        {23, 50, {TKey::Plus15}, "00:05"},
+        {0, 5, {TKey::Minus10}, "23:55"},
+        {0, 0, {TKey::Minus15}, "23:45"},
+        {10, 59, {TKey::Plus1}, "11:00"},
+        {11, 0, {TKey::Minus1}, "10:59"},
+        {12, 34, {TKey::Hour24}, "00:34"},
+        {12, 34, {TKey::Hour1}, "01:34"},
+        {7, 8, {TKey::Minute00}, "07:00"},
+        {12, 34, {TKey::Hour23, TKey::Minute45}, "23:45"},
+        {0, 0, {TKey::Hour13, TKey::Minute30, TKey::Plus5, TKey::Minus10, TKey::Plus10}, "13:35"},
+    };
+    for (const auto& c : cases) {
+        CTimePadState pad(c.hour, c.minute);
+        for (TKey key : c.keys)
+            pad.Press(key);
+        EXPECT_EQ(pad.Display(), c.display);
+        for (int k = 0; k < static_cast<int>(TKey::Count); ++k)
+            EXPECT_TRUE(pad.IsEnabled(static_cast<TKey>(k)));
+    }
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Keys, TimePadTest,
-    ::testing::Values(TimeCase{23, 50, {TKey::Plus15}, "00:05"}, TimeCase{0, 5, {TKey::Minus10}, "23:55"},
-                      TimeCase{0, 0, {TKey::Minus15}, "23:45"}, TimeCase{10, 59, {TKey::Plus1}, "11:00"},
-                      TimeCase{11, 0, {TKey::Minus1}, "10:59"}, TimeCase{12, 34, {TKey::Hour24}, "00:34"},
-                      TimeCase{12, 34, {TKey::Hour1}, "01:34"},
-                      TimeCase{12, 34, {TKey::Hour23, TKey::Minute45}, "23:45"},
-                      TimeCase{7, 8, {TKey::Minute00}, "07:00"},
-                      TimeCase{
-                          0, 0, {TKey::Hour13, TKey::Minute30, TKey::Plus5, TKey::Minus10, TKey::Plus10}, "13:35"}));
-
-// ---- Key labels.
+// ---- Key labels; the duration pad's tables above name most of its keys by their labels.
 
 TEST(PadLabelTest, KeysAreLabelledAsThePadShowsThem)
 {
     const std::vector<std::pair<std::string, std::string>> labels = {
-        {CDurationPadState::Label(DKey::Hour0), "0"},
-        {CDurationPadState::Label(DKey::Hour11), "11"},
-        {CDurationPadState::Label(DKey::HourPlus500), "+500"},
-        {CDurationPadState::Label(DKey::HourMinus1), "-1"},
-        {CDurationPadState::Label(DKey::MinutePlus10), "+10"},
-        {CDurationPadState::Label(DKey::SecondMinus5), "-5"},
-        {CTimePadState::Label(TKey::Hour1), "1"},
-        {CTimePadState::Label(TKey::Hour24), "24"},
-        {CTimePadState::Label(TKey::Minute00), ":00"},
-        {CTimePadState::Label(TKey::Minute45), ":45"},
-        {CTimePadState::Label(TKey::Plus15), "+15"},
+        {CDurationPadState::Label(DKey::HourMinus1), "-1"}, {CTimePadState::Label(TKey::Hour1), "1"},
+        {CTimePadState::Label(TKey::Hour24), "24"},         {CTimePadState::Label(TKey::Minute00), ":00"},
+        {CTimePadState::Label(TKey::Minute45), ":45"},      {CTimePadState::Label(TKey::Plus15), "+15"},
         {CTimePadState::Label(TKey::Minus1), "-1"}};
     for (const auto& [label, expected] : labels)
         EXPECT_EQ(label, expected);
