@@ -8,7 +8,6 @@
 
 #include <cmath>
 #include <functional>
-#include <numbers>
 #include <vector>
 
 namespace {
@@ -139,11 +138,10 @@ TEST(RecordingSeriesTest, GroundTrack)
     const CRecordingSeries gps(Recording(CJumpRecording::Satellite, Times(0, 100, 1), Jump));
     ASSERT_TRUE(gps.HasGround());
     ASSERT_EQ(gps.Ground().size(), gps.Size());
-    const double metresPerDegree = CRecordingSeries::kEarthRadius * std::numbers::pi / 180.0;
+    // 0.001° north and 0.002° east at 61.78° N.
     EXPECT_DOUBLE_EQ(gps.Ground().front().east, 0.0);
-    EXPECT_NEAR(gps.Ground().back().north, 100 * 1e-5 * metresPerDegree, 1e-6);
-    EXPECT_NEAR(gps.Ground().back().east, 100 * 2e-5 * metresPerDegree * std::cos(61.78 * std::numbers::pi / 180.0),
-                1e-3);
+    EXPECT_NEAR(gps.Ground().back().north, 111.195, 1e-3);
+    EXPECT_NEAR(gps.Ground().back().east, 105.159, 1e-3);
     EXPECT_NEAR(gps.NorthRange().max, gps.Ground().back().north, 1e-9);
 
     EXPECT_FALSE(CRecordingSeries(Recording(CJumpRecording::Barometric, Times(0, 100, 1), Jump)).HasGround());

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
+#include <ctime>
 
 namespace {
 
@@ -121,22 +122,16 @@ std::vector<std::string> FlySight1Columns()
             "hAcc", "vAcc", "sAcc", "heading", "cAcc", "gpsFix", "numSV"};
 }
 
-namespace {
-
-} // namespace
-
 std::string TimeText(double t, int decimals)
 {
     const long long scale = decimals == 2 ? 100 : 1000;
     const long long units = std::llround(t * scale);
-    const long long s = units / scale;
-    const long long z = s / 86400 + 719468, era = z / 146097, doe = z - era * 146097;
-    const long long yoe = (doe - doe / 1460 + doe / 36524 - doe / 146096) / 365;
-    const long long doy = doe - (365 * yoe + yoe / 4 - yoe / 100);
-    const long long mp = (5 * doy + 2) / 153, d = doy - (153 * mp + 2) / 5 + 1, m = mp < 10 ? mp + 3 : mp - 9;
-    char text[160];
-    std::snprintf(text, sizeof text, "%04lld-%02lld-%02lldT%02lld:%02lld:%02lld.%0*lldZ", yoe + era * 400 + (m <= 2), m,
-                  d, s % 86400 / 3600, s % 3600 / 60, s % 60, decimals, units % scale);
+    const std::time_t seconds = units / scale;
+    std::tm utc{};
+    gmtime_r(&seconds, &utc);
+    char text[40];
+    const std::size_t size = std::strftime(text, sizeof text, "%Y-%m-%dT%H:%M:%S", &utc);
+    std::snprintf(text + size, sizeof text - size, ".%0*lldZ", decimals, units % scale);
     return text;
 }
 
@@ -144,36 +139,31 @@ namespace {
 
 std::string Value(const CTrackFix& f, const std::string& column, int decimals)
 {
-    char text[40];
-    const auto number = [&](double v, int digits) {
-        std::snprintf(text, sizeof text, "%.*f", digits, v);
-        return std::string(text);
-    };
+    const struct
+    {
+        const char* name;
+        double CTrackFix::*member;
+        int digits;
+    } numbers[] = {{"lat", &CTrackFix::lat, 7},   {"lon", &CTrackFix::lon, 7},   {"hMSL", &CTrackFix::hMSL, 3},
+                   {"velN", &CTrackFix::velN, 2}, {"velE", &CTrackFix::velE, 2}, {"velD", &CTrackFix::velD, 2},
+                   {"hAcc", &CTrackFix::hAcc, 3}, {"vAcc", &CTrackFix::vAcc, 3}, {"sAcc", &CTrackFix::sAcc, 2}};
     if (column == "time")
         return TimeText(f.time, decimals);
-    if (column == "lat")
-        return number(f.lat, 7);
-    if (column == "lon")
-        return number(f.lon, 7);
-    if (column == "hMSL")
-        return number(f.hMSL, 3);
-    if (column == "velN")
-        return number(f.velN, 2);
-    if (column == "velE")
-        return number(f.velE, 2);
-    if (column == "velD")
-        return number(f.velD, 2);
-    if (column == "hAcc")
-        return number(f.hAcc, 3);
-    if (column == "vAcc")
-        return number(f.vAcc, 3);
-    if (column == "sAcc")
-        return number(f.sAcc, 2);
     if (column == "gpsFix")
         return f.numSV < 4 ? "2" : "3";
     if (column == "numSV")
         return std::to_string(f.numSV);
-    return number(std::fmod(f.time, 7.0), 5); // heading, cAcc, debug columns
+    double value = std::fmod(f.time, 7.0); // heading, cAcc, debug columns
+    int digits = 5;
+    for (const auto& number : numbers) {
+        if (column == number.name) {
+            value = f.*number.member;
+            digits = number.digits;
+        }
+    }
+    char text[40];
+    std::snprintf(text, sizeof text, "%.*f", digits, value);
+    return text;
 }
 
 } // namespace
