@@ -2,7 +2,6 @@
 #include "tests/cli/ToolTest.h"
 
 #include <filesystem>
-#include <ostream>
 #include <string>
 #include <vector>
 
@@ -17,49 +16,37 @@ const std::string kRefused13 = "The file version (1.3) can not be processed. Ple
 const std::string kNoJumps = "<settings></settings><log size=\"0\"></log>";
 const std::string kOneJump = "<log>" + Jump(7, "2024-05-01T10:00:00Z", "<dz>Utti</dz>") + "</log>";
 
+using CheckCommand = CToolTest;
+
 // Which logbook a file holds and what the tool makes of it is the document's business; these
 // cases check how "check" reports it.
-struct LoadCase
+TEST_F(CheckCommand, PrintsCountsOrTheProgramsMessages)
 {
-    const char* name;
-    std::string content; // empty: no file
-    bool gzip;
-    int exitCode;
-    std::vector<std::string> out;
-    std::vector<std::string> err; // the message-box texts, in order
-};
-
-void PrintTo(const LoadCase& value, std::ostream* os)
-{
-    *os << value.name;
+    const struct
+    {
+        const char* name;
+        std::string content; // empty: no file
+        bool gzip;
+        int exitCode;
+        std::vector<std::string> out;
+        std::vector<std::string> err; // the message-box texts, in order
+    } cases[] = {{"one jump", File(kOneJump), true, 0, {"1 jump, last jump number 7"}, {}},
+                 {"three jumps", TestLogbooks::Reference(), false, 0, {"3 jumps, last jump number 500"}, {}},
+                 {"no jumps", File(kNoJumps), true, 0, {"0 jumps, last jump number 0"}, {}},
+                 {"missing file", "", false, 1, {}, {kOpenFailed}},
+                 {"newer version", File(kOneJump, "1.3"), true, 1, {}, {kRefused13, kOpenFailed}},
+                 // A file that simply ends early has no text of its own.
+                 {"truncated", "<?xml version=\"1.0\" ?><tvl version=\"1.2\"><log>", false, 1, {}, {kOpenFailed}}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        const std::string path = c.content.empty() ? m_dir / "missing.tvz" : Write("a.tvz", c.content, c.gzip);
+        const CToolResult result = Run({"check", path});
+        EXPECT_FALSE(result.crashed);
+        EXPECT_EQ(result.exitCode, c.exitCode);
+        EXPECT_EQ(result.OutLines(), c.out);
+        EXPECT_EQ(result.ErrLines(), c.err);
+    }
 }
-
-class CheckCommand : public CToolTest, public ::testing::WithParamInterface<LoadCase>
-{
-};
-
-TEST_P(CheckCommand, PrintsCountsOrTheProgramsMessages)
-{
-    const LoadCase& c = GetParam();
-    const std::string path = c.content.empty() ? m_dir / "missing.tvz" : Write("a.tvz", c.content, c.gzip);
-    const CToolResult result = Run({"check", path});
-    EXPECT_FALSE(result.crashed);
-    EXPECT_EQ(result.exitCode, c.exitCode);
-    EXPECT_EQ(result.OutLines(), c.out);
-    EXPECT_EQ(result.ErrLines(), c.err);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Files, CheckCommand,
-    ::testing::Values(
-        LoadCase{"OneJump", File(kOneJump), true, 0, {"1 jump, last jump number 7"}, {}},
-        LoadCase{"ThreeJumps", TestLogbooks::Reference(), false, 0, {"3 jumps, last jump number 500"}, {}},
-        LoadCase{"NoJumps", File(kNoJumps), true, 0, {"0 jumps, last jump number 0"}, {}},
-        LoadCase{"MissingFile", "", false, 1, {}, {kOpenFailed}},
-        LoadCase{"NewerVersion", File(kOneJump, "1.3"), true, 1, {}, {kRefused13, kOpenFailed}},
-        // A file that simply ends early has no text of its own.
-        LoadCase{"Truncated", "<?xml version=\"1.0\" ?><tvl version=\"1.2\"><log>", false, 1, {}, {kOpenFailed}}),
-    [](const ::testing::TestParamInfo<LoadCase>& param) { return std::string(param.param.name); });
 
 using LoadingCommands = CToolTest;
 
