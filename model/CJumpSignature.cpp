@@ -39,17 +39,19 @@ namespace {
 constexpr int kMaxReservedPoints = 256;
 
 // Points are most of a logbook's tags, and a name that is the one byte "p" is its own decoded
-// form: they are told apart without asking the parser to decode the name.
-std::string_view ElementName(const CXmlParser& parser)
+// form: a point is told apart without asking the parser to decode its name.
+bool IsPlainPoint(const CXmlParser& parser)
 {
-    return parser.GetElementNameRaw() == "p" ? std::string_view("p") : parser.GetElementName();
+    return parser.GetElementNameRaw() == "p";
 }
 
 } // namespace
 
 bool CJumpSignature::OnOpenTag(CXmlParser& parser)
 {
-    const std::string_view name = ElementName(parser);
+    if (IsPlainPoint(parser))
+        return AddPoint(parser);
+    const std::string_view name = parser.GetElementName();
     if (name == "line") {
         m_strokes.emplace_back();
         // The stroke's announced size spares the vector its regrowth while the points arrive;
@@ -58,28 +60,36 @@ bool CJumpSignature::OnOpenTag(CXmlParser& parser)
         if (parser.GetAttributeInt("size", announced, false) && announced > 0)
             m_strokes.back().reserve(static_cast<std::size_t>(std::min(announced, kMaxReservedPoints)));
     } else if (name == "p") {
-        CPoint point;
-        // Points are most of a logbook's tags, and the writer gives x then y: those two are
-        // read where they stand; anything else is looked up by name.
-        const bool asWritten = parser.GetAttributeCount() == 2 && parser.GetAttributeNameRaw(0) == "x" &&
-                               parser.GetAttributeNameRaw(1) == "y";
-        const bool read =
-            asWritten ? XmlIntFromBytes(parser.GetAttributeValueRaw(0), point.x, true) &&
-                            XmlIntFromBytes(parser.GetAttributeValueRaw(1), point.y, true)
-                      : parser.GetAttributeInt("x", point.x, true) && parser.GetAttributeInt("y", point.y, true);
-        if (!read)
-            return false;
-        // A point before any "line" starts a stroke of its own rather than being lost.
-        if (m_strokes.empty())
-            m_strokes.emplace_back();
-        m_strokes.back().push_back(point);
+        return AddPoint(parser);
     }
+    return true;
+}
+
+bool CJumpSignature::AddPoint(const CXmlParser& parser)
+{
+    CPoint point;
+    // The writer gives x then y: those two are read where they stand; anything else is looked
+    // up by name.
+    const bool asWritten =
+        parser.GetAttributeCount() == 2 && parser.GetAttributeNameRaw(0) == "x" && parser.GetAttributeNameRaw(1) == "y";
+    const bool read = asWritten
+                          ? XmlIntFromBytes(parser.GetAttributeValueRaw(0), point.x, true) &&
+                                XmlIntFromBytes(parser.GetAttributeValueRaw(1), point.y, true)
+                          : parser.GetAttributeInt("x", point.x, true) && parser.GetAttributeInt("y", point.y, true);
+    if (!read)
+        return false;
+    // A point before any "line" starts a stroke of its own rather than being lost.
+    if (m_strokes.empty())
+        m_strokes.emplace_back();
+    m_strokes.back().push_back(point);
     return true;
 }
 
 bool CJumpSignature::OnCloseTag(CXmlParser& parser)
 {
-    const std::string_view name = ElementName(parser);
+    if (IsPlainPoint(parser))
+        return true;
+    const std::string_view name = parser.GetElementName();
     if (name == "id") {
         parser.GetElementText(m_id);
     } else if (name == "line" && !m_strokes.empty()) {

@@ -40,6 +40,9 @@ public:
     }
 
 private:
+    // Reads a point's x and y and adds it to the last stroke.
+    bool AddPoint(const CXmlParser& parser);
+
     std::string m_name;
     std::string m_id;
     std::vector<Stroke> m_strokes;
