@@ -117,12 +117,13 @@ TEST(CJumpRead, EveryChildInAnyOrder)
     CJump jump = MakeJump();
     ASSERT_TRUE(ReadXml(jump, R"(<jump n="7"><points>3</points><note>&lt;b&gt;</note><exit>4000</exit>)"
                               R"(<dz>Jämijärvi</dz><fallrate name="Manual"/><open>1000</open><ffTime>50</ffTime>)"
-                              R"(<cpTime>200</cpTime><vMax>60.5</vMax><vAvg>-50.0</vAvg><ac>Otter</ac>)"
+                              R"(<cpTime>200</cpTime><vMax>60.5</vMax><vAvg>-50.0</vAvg><a&#x63;>Otter</a&#x63;>)"
                               R"(<type>RW</type><landing>OK</landing><team>X</team><malfunction>M</malfunction>)"
                               R"(<size>4</size><wind direction="-90" speed="3.5"/><unknown a="1"><dz>Y</dz></unknown>)"
                               R"(<image name="" thumbnail="t.jpg"/><image name="" thumbnail=""/>)"
                               R"(<video name="v.avi"/></jump>)"));
-    // Children of an unknown element still reach the jump; the later "dz" wins.
+    // Children of an unknown element still reach the jump; the later "dz" wins. A name may hold
+    // character references like any text.
     EXPECT_EQ(jump.GetPlace(), "Y");
     EXPECT_EQ(jump.GetAircraft(), "Otter");
     EXPECT_EQ(jump.GetType(), "RW");

@@ -112,6 +112,7 @@ TEST(ParserDecode, FollowsTheByteTables)
         {"&#xD83D;&#xD83D;&#xDE00;", Utf8, "?\xF0\x9F\x98\x80"},
         {"\xC3\xA9\xC2\xA0", Utf8, "\xC3\xA9\xC2\xA0"},
         {"&#xD83D;\xC3\xA9", Utf8, "?\xC3\xA9"},
+        {"\xC4\x80\xDF\xBF", Utf8, "??"},
         {"0123456789\xC3\xA9"
          "Abcdefgh&amp;\xC3\xA9",
          Utf8,
