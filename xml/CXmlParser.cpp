@@ -299,8 +299,7 @@ inline bool CXmlParser::EndStartTag()
 
 namespace {
 
-// Moves pos to the next byte b of the chunk, or to its end; true when b was found. The scans
-// work on local copies, which the compiler keeps in registers however busy the caller is.
+// Moves pos to the next byte b of the chunk, or to its end; true when b was found.
 inline bool SkipTo(const unsigned char* bytes, std::size_t size, std::size_t& pos, unsigned char b)
 {
     // The quotes and the '>' looked for are mostly a few bytes away, nearer than a call to
