@@ -1,9 +1,9 @@
 #include "CTestLogbook.h"
 
+#include "bridge/CorePaths.h"
 #include "tests/common/CScratchFolder.h"
 
 #include <QDate>
-#include <QFile>
 
 CTestLogbook& CTestLogbook::Membership(const QString& expires, int alarmDays)
 {
@@ -79,12 +79,12 @@ QString CTestLogbook::Xml() const
 
 bool CTestLogbook::WritePlain(const QString& path) const
 {
-    return WriteBytes(QFile::encodeName(path).toStdString(), Xml().toStdString());
+    return WriteBytes(CorePaths::LocalPath(path), Xml().toStdString());
 }
 
 bool CTestLogbook::WriteGzip(const QString& path) const
 {
-    return ::WriteGzip(QFile::encodeName(path).toStdString(), Xml().toStdString());
+    return ::WriteGzip(CorePaths::LocalPath(path), Xml().toStdString());
 }
 
 QString CTestLogbook::Day(int year, int month, int day, int offsetDays)
