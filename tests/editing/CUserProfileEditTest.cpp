@@ -27,13 +27,6 @@ TEST(UserProfileEdit, SplitsListsIntoTrimmedNonEmptyEntries)
         EXPECT_EQ(CUserProfileEdit::SplitList(c.text), c.entries) << c.text;
 }
 
-TEST(UserProfileEdit, JoinsListsWithAFinalLineBreakOnlyWhenNotEmpty)
-{
-    EXPECT_EQ(CUserProfileEdit::JoinList({}), "");
-    EXPECT_EQ(CUserProfileEdit::JoinList({"A"}), "A\r\n");
-    EXPECT_EQ(CUserProfileEdit::JoinList({"A", "B"}), "A\r\nB\r\n");
-}
-
 // Each page allows four entries and refuses a fifth with its own message as it stands.
 TEST(UserProfileEdit, ListLimitsUseEachPagesMessage)
 {
@@ -71,7 +64,8 @@ TEST(UserProfileEdit, ListLimitsUseEachPagesMessage)
         }
 }
 
-TEST(UserProfileEdit, DaysPriorMustLieBetweenZeroAnd365)
+// Days prior lie between 0 and 365; the alarm is only on while the membership expires.
+TEST(UserProfileEdit, MembershipDaysPriorAndAlarm)
 {
     const int refused = CUserProfileEdit::DaysPrior;
     const std::pair<int, int> cases[] = {{-1, refused}, {0, -1}, {365, -1}, {366, refused}};
@@ -82,10 +76,6 @@ TEST(UserProfileEdit, DaysPriorMustLieBetweenZeroAnd365)
         edit.daysPrior = days;
         EXPECT_EQ(edit.ValidateMembership().field, field) << days;
     }
-}
-
-TEST(UserProfileEdit, ClearingExpiresClearsTheAlarm)
-{
     CUserProfileEdit edit;
     edit.SetExpires(true);
     edit.SetAlarm(true);
