@@ -12,28 +12,20 @@ namespace {
 // ±1.5 s, landing ±3 s, ground ±3 m.
 TEST(JumpDetector, FindsExitOpeningAndLandingOfSyntheticJumps)
 {
-    const auto jump = [](std::uint32_t seed, double noise, double rate) {
-        CSyntheticJump j;
-        j.seed = seed;
-        j.noise = noise;
-        j.rateHz = rate;
-        return j;
-    };
-    CSyntheticJump hopAndPop = jump(7, 1, 5);
-    hopAndPop.exitHeight = 1200;
-    hopAndPop.pullAfter = 3; // the canopy takes the load after 4 s
-    CSyntheticJump inTheAir = jump(8, 1, 5);
-    inTheAir.endAfterLoad = 30;
     const struct
     {
         const char* name;
         CSyntheticJump jump;
         bool landed;
     } cases[] = {
-        {"4000 m, no noise", jump(1, 0, 5), true},    {"4000 m, seed 1", jump(1, 1, 5), true},
-        {"4000 m, seed 2", jump(2, 1, 5), true},      {"4000 m, seed 3, double noise", jump(3, 2, 5), true},
-        {"4000 m, 10 Hz", jump(4, 1, 10), true},      {"4000 m, 1 Hz", jump(5, 1, 1), true},
-        {"hop-and-pop 1200 m, 4 s", hopAndPop, true}, {"ends under canopy", inTheAir, false},
+        {"4000 m, no noise", {.noise = 0}, true},
+        {"4000 m, seed 1", {}, true},
+        {"4000 m, seed 2", {.seed = 2}, true},
+        {"4000 m, seed 3, double noise", {.noise = 2, .seed = 3}, true},
+        {"4000 m, 10 Hz", {.rateHz = 10, .seed = 4}, true},
+        {"4000 m, 1 Hz", {.rateHz = 1, .seed = 5}, true},
+        {"hop-and-pop 1200 m, 4 s", {.exitHeight = 1200, .pullAfter = 3, .seed = 7}, true},
+        {"ends under canopy", {.endAfterLoad = 30, .seed = 8}, false},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.name);
