@@ -121,8 +121,7 @@ TEST(EquipmentsEdit, ApplyKeepsWhatEveryJumpNamesAndMergesTheAlarm)
     edit.RemoveRig(0);
     ASSERT_TRUE(edit.Apply(doc));
     EXPECT_EQ(texts(), before);
-    EXPECT_EQ(jumps[0]->GetEquipmentRef().mode, CJumpEquipmentRef::ByDescription);
-    EXPECT_EQ(jumps[0]->GetEquipmentRef().description, "[1] H1 / Main");
+    EXPECT_EQ(jumps[0]->GetEquipmentRef(), (CJumpEquipmentRef{CJumpEquipmentRef::ByDescription, 0, "[1] H1 / Main"}));
     EXPECT_EQ(jumps[2]->GetEquipmentRef(), (CJumpEquipmentRef{CJumpEquipmentRef::ByIndex, 0, {}}));
     EXPECT_EQ(jumps[4]->GetEquipmentRef().index, 9);
     EXPECT_EQ(list.GetCount(), 2u);
