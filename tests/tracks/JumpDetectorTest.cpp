@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 
 namespace {
@@ -61,11 +62,8 @@ TEST(JumpDetector, TracksWithoutACompleteJump)
     CSyntheticTruth truth;
     const CTrack jump = MakeJumpTrack(CSyntheticJump(), truth);
     const auto until = [&](double time) {
-        std::vector<CTrackFix> fixes;
-        for (const CTrackFix& fix : jump.fixes)
-            if (fix.time <= time)
-                fixes.push_back(fix);
-        return fixes;
+        const auto end = std::find_if(jump.fixes.begin(), jump.fixes.end(), [&](auto& f) { return f.time > time; });
+        return std::vector<CTrackFix>(jump.fixes.begin(), end);
     };
     // A rise through the exit speed is only an exit on fixes whose speed is known within 1 m/s.
     std::vector<CTrackFix> unsure = jump.fixes;

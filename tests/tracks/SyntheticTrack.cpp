@@ -116,12 +116,9 @@ CTrack MakeCarRide(std::uint32_t seed)
     return std::move(s.track);
 }
 
-std::vector<std::string> FlySight1Columns()
-{
-    return {"time", "lat",  "lon",  "hMSL",    "velN", "velE",   "velD",
-            "hAcc", "vAcc", "sAcc", "heading", "cAcc", "gpsFix", "numSV"};
-}
+namespace {
 
+// "2024-04-20T04:20:00.00Z" of UTC seconds with 2 or 3 decimals.
 std::string TimeText(double t, int decimals)
 {
     const long long scale = decimals == 2 ? 100 : 1000;
@@ -134,8 +131,6 @@ std::string TimeText(double t, int decimals)
     std::snprintf(text + size, sizeof text - size, ".%0*lldZ", decimals, units % scale);
     return text;
 }
-
-namespace {
 
 std::string Value(const CTrackFix& f, const std::string& column, int decimals)
 {
@@ -167,6 +162,12 @@ std::string Value(const CTrackFix& f, const std::string& column, int decimals)
 }
 
 } // namespace
+
+std::vector<std::string> FlySight1Columns()
+{
+    return {"time", "lat",  "lon",  "hMSL",    "velN", "velE",   "velD",
+            "hAcc", "vAcc", "sAcc", "heading", "cAcc", "gpsFix", "numSV"};
+}
 
 std::string WriteFlySight1(const CTrack& track, const std::vector<std::string>& columns, const char* lineEnd)
 {

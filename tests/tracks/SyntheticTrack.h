@@ -33,8 +33,6 @@ CTrack MakeJumpTrack(const CSyntheticJump& jump, CSyntheticTruth& truth);
 // Twenty minutes by car over hills and a walk: no jump in it.
 CTrack MakeCarRide(std::uint32_t seed);
 
-// "2024-04-20T04:20:00.00Z" of UTC seconds with 2 or 3 decimals.
-std::string TimeText(double utcSeconds, int decimals);
 // FlySight 1 text with these column names in this order ("heading", "cAcc" and unknown names
 // are filled with made-up values; gpsFix is 2 for a fix with fewer than 4 satellites) and the
 // given line end.
