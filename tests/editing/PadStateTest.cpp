@@ -102,6 +102,20 @@ TEST(NumberPadTest, KeysGiveDisplayValueAndEnabledKeys)
     }
 }
 
+TEST(NumberPadSeparatorTest, DisplayUsesTheLocalesSeparators)
+{
+    const struct
+    {
+        const char *decimal, *thousands;
+        int start, maxDecimals;
+        const char* display;
+    } cases[] = {{".", ",", 123456, 2, "1,234.56"},  {",", "\u00a0", 123456, 2, "1\u00a0234,56"},
+                 {".", "", -1234567, 0, "-1234567"}, {".", ",", 100000, 0, "100,000"},
+                 {".", ",", 999, 0, "999"},          {".", ",", 5, 2, "0.05"}};
+    for (const auto& c : cases)
+        EXPECT_EQ(CNumberPadState(c.start, c.maxDecimals, true, c.decimal, c.thousands).Display(), c.display);
+}
+
 // ---- Duration pad: keys named by group and label, "h+500", "m-5", "h11", in the order pressed;
 // "h+*" names every hour-plus key.
 
@@ -178,11 +192,9 @@ TEST(DurationPadTest, KeysGiveFieldsDisplayAndDisabledKeys)
     }
 }
 
-// ---- Time pad.
-
 using TKey = CTimePadState::Key;
 
-TEST(TimePadTest, KeysGiveTheTimeAndNoKeyIsDisabled)
+TEST(TimePadTest, KeysGiveTheTimeAreLabelledAndNeverDisabled)
 {
     const struct
     {
@@ -209,19 +221,13 @@ TEST(TimePadTest, KeysGiveTheTimeAndNoKeyIsDisabled)
         for (int k = 0; k < static_cast<int>(TKey::Count); ++k)
             EXPECT_TRUE(pad.IsEnabled(static_cast<TKey>(k)));
     }
-}
-
-// ---- Key labels; the duration pad's table above names most of its keys by their labels.
-
-TEST(PadLabelTest, KeysAreLabelledAsThePadShowsThem)
-{
-    const std::vector<std::pair<std::string, std::string>> labels = {
-        {CDurationPadState::Label(DKey::HourMinus1), "-1"}, {CTimePadState::Label(TKey::Hour1), "1"},
-        {CTimePadState::Label(TKey::Hour24), "24"},         {CTimePadState::Label(TKey::Minute00), ":00"},
-        {CTimePadState::Label(TKey::Minute45), ":45"},      {CTimePadState::Label(TKey::Plus15), "+15"},
-        {CTimePadState::Label(TKey::Minus1), "-1"}};
-    for (const auto& [label, expected] : labels)
-        EXPECT_EQ(label, expected);
+    // Labels as the pads show them; the duration pad's table above names most of its keys by them.
+    EXPECT_EQ(CDurationPadState::Label(DKey::HourMinus1), "-1");
+    const std::pair<TKey, const char*> labels[] = {{TKey::Hour1, "1"},      {TKey::Hour24, "24"},
+                                                   {TKey::Minute00, ":00"}, {TKey::Minute45, ":45"},
+                                                   {TKey::Plus15, "+15"},   {TKey::Minus1, "-1"}};
+    for (const auto& [key, label] : labels)
+        EXPECT_EQ(CTimePadState::Label(key), label);
 }
 
 } // namespace
