@@ -63,21 +63,16 @@ TEST_F(JumpEditTest, NewJumpDefaults)
 {
     CLogbookDoc empty;
     const CJumpValues first = CJumpEdit(empty, units, &store, clock, nullptr).Values();
-    EXPECT_EQ(first.number, 1);
-    EXPECT_EQ(first.exitHeight, 0);
-    EXPECT_EQ(first.kind, Standard);
-    EXPECT_EQ(first.landing, "OK");
+    EXPECT_EQ(std::tie(first.number, first.exitHeight, first.kind, first.landing),
+              std::make_tuple(1, 0, Standard, "OK"));
     EXPECT_EQ(first.date, kNow.DateOnly());
     EXPECT_FALSE(first.noTime || first.noWind);
 
     last->SetFallrateValues(CJumpFallrate{Import, 3900, 900, 61, 0, 55.5, 48.0});
     last->SetNoteText("From the logger");
     CJumpValues v = Edit(nullptr)->Values();
-    EXPECT_EQ(v.number, 12);
-    EXPECT_EQ(v.kind, Standard);
-    EXPECT_EQ(v.note, "");
-    EXPECT_EQ(v.place, "Kemi");
-    EXPECT_EQ(v.landing, "OK");
+    EXPECT_EQ(std::tie(v.number, v.kind, v.note), std::make_tuple(12, Standard, ""));
+    EXPECT_EQ(std::tie(v.place, v.landing), std::make_tuple("Kemi", "OK"));
 
     last->SetFallrate(Manual, 4000, 1000, 47, 60.4, 50.6);
     last->SetWind(270, 5.0);
@@ -93,9 +88,7 @@ TEST_F(JumpEditTest, NewJumpDefaults)
     store.SetInt("Jump", "HasTime", 0);
     store.SetInt("Jump", "HasWind", 2);
     v = Edit(nullptr)->Values();
-    EXPECT_TRUE(v.noTime);
-    EXPECT_TRUE(v.noWind);
-    EXPECT_EQ(v.windSpeed, 0);
+    EXPECT_EQ(std::tie(v.noTime, v.noWind, v.windSpeed), std::make_tuple(true, true, 0));
 }
 
 // Each case breaks one value of a new jump that passes every page; a failure names its message,
