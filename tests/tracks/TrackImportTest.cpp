@@ -126,9 +126,9 @@ TEST(GpxWriter, WritesEachSampleAtTheJumpsUtcTime)
         jump.Recording().AddSample(std::make_unique<CGpsSample>(0.0, c.t + 0.2, 61.12346, 24.5));
         std::string gpx, message;
         ASSERT_TRUE(CGpxWriter::Write(jump, gpx, message)) << message;
-        for (const char* part : {"creator=\"Tervola Pocket\"", "<name>Jump 42</name>", "<desc>Utti</desc>",
-                                 "<trkpt lat=\"61.1234567\" lon=\"24.5\">", "<ele>3012.3</ele>", "lat=\"61.12346\""})
-            EXPECT_NE(gpx.find(part), std::string::npos) << part << " in " << gpx;
+        for (const char* element : {"creator=\"Tervola Pocket\"", "<name>Jump 42</name>", "<desc>Utti</desc>",
+                                    "<trkpt lat=\"61.1234567\" lon=\"24.5\">", "<ele>3012.3</ele>", "lat=\"61.12346\""})
+            EXPECT_NE(gpx.find(element), std::string::npos) << element << " in " << gpx;
         EXPECT_NE(gpx.find(std::string("<time>") + c.utc + "</time>"), std::string::npos) << gpx;
     }
     CJump none(7, cases[0].ts, CDateTime());
