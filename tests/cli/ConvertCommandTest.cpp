@@ -1,38 +1,60 @@
 #include "tests/cli/TestLogbooks.h"
 #include "tests/cli/ToolTest.h"
 
-#include <filesystem>
+#include <QProcess>
+
 #include <string>
 #include <vector>
+
+#include <fcntl.h>
+#include <poll.h>
+#include <sys/file.h>
+#include <sys/inotify.h>
+#include <unistd.h>
 
 namespace {
 
 using ConvertCommand = CToolTest;
 
-// The container a name gets, the backup and that every value survives a save are the document's
-// business (GenerateCommand compares the values across a conversion); the tool saves silently.
-TEST_F(ConvertCommand, SavesTheLogbookSilentlyUnderTheNewName)
+// How the logbook is saved (container, backup, temporary file) is the document's business; the
+// tool saves silently and prints the message the save failed with.
+TEST_F(ConvertCommand, SavesSilentlyOrPrintsTheSaveMessage)
 {
+    const std::string in = Write("in.tvl", TestLogbooks::Reference());
     const std::string out = m_dir / "out.tvz";
-    const CToolResult result = Run({"convert", Write("in.tvl", TestLogbooks::Reference()), out});
-    ASSERT_EQ(result.exitCode, 0) << result.err;
-    EXPECT_TRUE(result.out.empty());
-    EXPECT_TRUE(result.err.empty());
-    const std::string xml = ReadGzip(out);
-    EXPECT_EQ(xml.rfind("<?xml version=\"1.0\" encoding=\"UTF-8\" ?><tvl version=\"1.2\" creator=\"Tervola Pocket ", 0),
-              0u)
-        << xml.substr(0, 100);
-    EXPECT_NE(xml.find("<log size=\"3\">"), std::string::npos);
+    const CToolResult saved = Run({"convert", in, out});
+    ASSERT_EQ(saved.exitCode, 0) << saved.err;
+    EXPECT_EQ(saved.out + saved.err, "");
+    EXPECT_NE(ReadGzip(out).find("<log size=\"3\">"), std::string::npos);
+
+    const CToolResult failed = Run({"convert", in, m_dir / "none/out.tvz"});
+    EXPECT_EQ(failed.exitCode, 1);
+    EXPECT_EQ(failed.out, "");
+    EXPECT_EQ(failed.ErrLines(), std::vector<std::string>{"The file could not be saved."});
 }
 
-TEST_F(ConvertCommand, UnwritableTargetReportsTheSaveMessage)
+// Another saver holds the save lock, so the tool waits after its load; the moment it has read the
+// file (closed it) the file is replaced, then the lock is given back.
+TEST_F(ConvertCommand, RefusesToOverwriteAFileChangedSinceItWasRead)
 {
-    const std::string out = m_dir / "no-such-folder/out.tvz";
-    const CToolResult result = Run({"convert", Write("in.tvz", TestLogbooks::Reference(), true), out});
-    EXPECT_EQ(result.exitCode, 1);
-    EXPECT_TRUE(result.out.empty());
-    EXPECT_EQ(result.ErrLines(), std::vector<std::string>{"The file could not be saved."});
-    EXPECT_FALSE(std::filesystem::exists(out));
+    const std::string path = Write("jumps.tvz", TestLogbooks::Reference(), true);
+    const int lock = ::open((path + ".saving").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0666);
+    ASSERT_EQ(::flock(lock, LOCK_EX), 0);
+    const int watch = ::inotify_init1(IN_CLOEXEC);
+    ASSERT_GE(::inotify_add_watch(watch, path.c_str(), IN_CLOSE_NOWRITE), 0);
+
+    QProcess tool;
+    Start(tool, {"convert", path, path});
+    pollfd ready{watch, POLLIN, 0};
+    ASSERT_EQ(::poll(&ready, 1, 30000), 1) << "the tool did not read the logbook";
+    ASSERT_TRUE(WriteBytes(path, "their logbook"));
+    ::close(lock);
+    ::close(watch);
+    ASSERT_TRUE(tool.waitForFinished(60000));
+    EXPECT_EQ(tool.exitCode(), 1);
+    EXPECT_EQ(tool.readAllStandardError().trimmed().toStdString(),
+              "The file was changed by another program after it was opened here. It was not overwritten.");
+    EXPECT_EQ(ReadBytes(path), "their logbook");
 }
 
 } // namespace
