@@ -22,36 +22,32 @@ protected:
         arguments.insert(arguments.end(), options.begin(), options.end());
         const CToolResult result = Run(arguments);
         EXPECT_EQ(result.exitCode, 0) << result.err;
-        EXPECT_TRUE(result.out.empty() && result.err.empty()) << result.out << result.err;
+        EXPECT_EQ(result.out + result.err, "");
         return arguments[1];
-    }
-    QJsonObject ExportJson(const std::string& path)
-    {
-        const CToolResult result = Run({"export", path, "--format", "json"});
-        EXPECT_EQ(result.exitCode, 0) << result.err;
-        return QJsonDocument::fromJson(QByteArray::fromStdString(result.out)).object();
     }
 };
 
 TEST_F(GenerateCommand, SameSeedGivesTheSameFileApartFromTheSaveTime)
 {
+    // What follows the root element's start tag, which holds the save time.
+    const auto body = [](const std::string& xml) { return xml.substr(xml.find("<settings>")); };
     const std::vector<std::string> options{"--jumps", "120", "--recordings", "2", "--samples", "15", "--seed", "42"};
     const std::string first = ReadBytes(Generate("a.tvl", options));
-    const std::string second = ReadBytes(Generate("b.tvl", options));
     ASSERT_GT(first.size(), 10000u);
-    EXPECT_EQ(TestLogbooks::WithoutRootMod(first), TestLogbooks::WithoutRootMod(second));
+    EXPECT_EQ(body(first), body(ReadBytes(Generate("b.tvl", options))));
 
     std::vector<std::string> otherSeed = options;
     otherSeed.back() = "43";
-    const std::string third = ReadBytes(Generate("c.tvl", otherSeed));
-    EXPECT_NE(TestLogbooks::WithoutRootMod(first), TestLogbooks::WithoutRootMod(third));
+    EXPECT_NE(body(first), body(ReadBytes(Generate("c.tvl", otherSeed))));
 }
 
 // The generated logbook uses every part of the format, so that demos and benchmarks exercise it all.
 TEST_F(GenerateCommand, LogbookIsVariedAndComplete)
 {
-    const QJsonObject root = ExportJson(
-        Generate("v.tvz", {"--jumps", "400", "--recordings", "5", "--samples", "30", "--baro", "3", "--seed", "11"}));
+    const std::string path =
+        Generate("v.tvz", {"--jumps", "400", "--recordings", "5", "--samples", "30", "--baro", "3", "--seed", "11"});
+    const CToolResult exported = Run({"export", path, "--format", "json"});
+    const QJsonObject root = QJsonDocument::fromJson(QByteArray::fromStdString(exported.out)).object();
     const QJsonArray jumps = root.value("jumps").toArray();
     ASSERT_EQ(jumps.size(), 400);
 
@@ -81,16 +77,14 @@ TEST_F(GenerateCommand, LogbookIsVariedAndComplete)
             EXPECT_FALSE(waypoints.at(0).toObject().contains("lat"));
         }
         const QJsonObject equipment = jump.value("equipment").toObject();
-        byIndex += equipment.value("n").isDouble() ? 1 : 0;
-        byText += equipment.value("description").toString().isEmpty() ? 0 : 1;
-        pictures += jump.value("image").toArray().isEmpty() ? 0 : 1;
-        videos += jump.value("video").toObject().value("name").toString().isEmpty() ? 0 : 1;
+        byIndex += equipment.value("n").isDouble();
+        byText += !equipment.value("description").toString().isEmpty();
+        pictures += !jump.value("image").toArray().isEmpty();
+        videos += !jump.value("video").toObject().value("name").toString().isEmpty();
         const QString note = jump.value("noteText").toString();
-        notes += note.contains(QStringLiteral("\r\n")) && note.contains(QRegularExpression(QStringLiteral("[äöüÄÖÜ]")))
-                     ? 1
-                     : 0;
-        strokes += jump.value("signature").toObject().value("lines").toArray().isEmpty() ? 0 : 1;
-        winds += jump.value("wind").toObject().value("speed").toDouble() > 0 ? 1 : 0;
+        notes += note.contains(QStringLiteral("\r\n")) && note.contains(QRegularExpression(QStringLiteral("[äöüÄÖÜ]")));
+        strokes += !jump.value("signature").toObject().value("lines").toArray().isEmpty();
+        winds += jump.value("wind").toObject().value("speed").toDouble() > 0;
         if (i >= jumps.size() - 6) {
             EXPECT_EQ(jump.value("signature").toObject().value("name").toString(), "") << "newest jumps are unsigned";
         }
@@ -113,15 +107,7 @@ TEST_F(GenerateCommand, LogbookIsVariedAndComplete)
     EXPECT_EQ(root.value("summary").toObject().value("lastJump").toString(), "2025-09-27");
 }
 
-TEST_F(GenerateCommand, ConvertingAGeneratedLogbookKeepsEveryValue)
-{
-    const std::string generated = Generate("g.tvz", {"--jumps", "150", "--recordings", "3", "--samples", "40"});
-    const std::string converted = m_dir / "g.tvl";
-    ASSERT_EQ(Run({"convert", generated, converted}).exitCode, 0);
-    EXPECT_EQ(ExportJson(generated), ExportJson(converted));
-}
-
-TEST_F(GenerateCommand, WrongOptionsAreRefusedAndNothingIsWritten)
+TEST_F(GenerateCommand, WrongOptionsAndAnUnwritableTargetWriteNothing)
 {
     const std::vector<std::vector<std::string>> cases = {{},
                                                          {"--jumps", "-3"},
@@ -140,10 +126,7 @@ TEST_F(GenerateCommand, WrongOptionsAreRefusedAndNothingIsWritten)
         EXPECT_NE(result.err.find("tervola generate"), std::string::npos) << result.err;
         EXPECT_FALSE(std::filesystem::exists(path));
     }
-}
-
-TEST_F(GenerateCommand, UnwritableTargetReportsTheSaveMessage)
-{
+    // A target that cannot be written is the save's failure, not a wrong command line.
     const CToolResult result = Run({"generate", m_dir / "none/x.tvz", "--jumps", "3"});
     EXPECT_EQ(result.exitCode, 1);
     EXPECT_EQ(result.ErrLines(), std::vector<std::string>{"The file could not be saved."});

@@ -38,23 +38,18 @@ TEST_F(InfoCommand, ShowsTheHomeScreenSummaryInTheChosenUnits)
             arguments.insert(arguments.end(), {"--units", c.option});
         const CToolResult result = Run(arguments);
         ASSERT_EQ(result.exitCode, 0) << result.err;
-        const std::vector<std::string> expected = {
-            "Number of Jumps: 500",
-            "Freefall Time: 0:12:11",
-            c.metric ? "Freefall Dist. [km]: 967" : "Freefall Dist. [mi]: 601",
-            c.metric ? "Canopy Dist. [km]: 533" : "Canopy Dist. [mi]: 331",
-            "Last Jump: 2024-06-02",
-        };
+        const std::vector<std::string> expected = {"Number of Jumps: 500", "Freefall Time: 0:12:11",
+                                                   c.metric ? "Freefall Dist. [km]: 967" : "Freefall Dist. [mi]: 601",
+                                                   c.metric ? "Canopy Dist. [km]: 533" : "Canopy Dist. [mi]: 331",
+                                                   "Last Jump: 2024-06-02"};
         EXPECT_EQ(result.OutLines(), expected);
         EXPECT_TRUE(result.err.empty()) << result.err;
     }
-}
 
-TEST_F(InfoCommand, EmptyLogbookShowsZerosAndThePreviousDelay)
-{
-    const std::string body = "<settings><previousJumps>40</previousJumps><previousDelay>3725</previousDelay>"
-                             "</settings><log size=\"0\"></log>";
-    const CToolResult result = Run({"info", Write("e.tvl", TestLogbooks::File(body)), "--units", "metric"});
+    // An empty logbook: zeros, no date, and the freefall time from before the logbook.
+    const std::string empty =
+        Write("e.tvl", TestLogbooks::File("<settings><previousDelay>3725</previousDelay></settings>"));
+    const CToolResult result = Run({"info", empty, "--units", "metric"});
     ASSERT_EQ(result.exitCode, 0) << result.err;
     EXPECT_EQ(result.OutLines(),
               (std::vector<std::string>{"Number of Jumps: 0", "Freefall Time: 1:02:05", "Freefall Dist. [km]: 0",
