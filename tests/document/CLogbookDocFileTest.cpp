@@ -1,6 +1,6 @@
 // The document against other programs: files changed on disk after a load or a save, two
-// savers of one logbook, a second instance, leftovers of an interrupted save, failing writes
-// of the parallel gzip writer, and a save running on a snapshot while the document is edited.
+// savers of one logbook, a second instance, failing writes of the parallel gzip writer, and a
+// save running on a snapshot while the document is edited.
 #include "document/CFileLock.h"
 #include "document/CLogbookDoc.h"
 #include "document/CLogbookLock.h"
@@ -115,25 +115,6 @@ TEST(CLogbookDocFile, ASaveWaitsForAnotherSaverAndSeesItsChange)
     finisher.join();
     EXPECT_EQ(result.status, SaveStatus::ChangedOnDisk);
     EXPECT_EQ(ReadBytes(path), "their logbook");
-}
-
-TEST(CLogbookDocFile, TheNextSaveCleansUpWhatAKilledSaveLeft)
-{
-    CScratchFolder folder("leftovers");
-    const std::string path = folder / "Jumps.tvz";
-    CLogbookDoc doc(nullptr, &kClock);
-    doc.AddJump(MakeJump(1, "Tervola"));
-    ASSERT_TRUE(doc.Save(path));
-    const std::string first = ReadBytes(path);
-    WriteBytes(path + ".saving", "half a logbook");
-    WriteBytes(folder / "Jumps.bak.saving", "half a backup");
-
-    doc.AddJump(MakeJump(2, "Kemijärvi"));
-    ASSERT_TRUE(doc.Save(path));
-    EXPECT_FALSE(Exists(path + ".saving"));
-    EXPECT_FALSE(Exists(folder / "Jumps.bak.saving"));
-    EXPECT_EQ(ReadBytes(folder / "Jumps.bak"), first);
-    EXPECT_EQ(JumpsIn(path), 2u);
 }
 
 TEST(CLogbookDocFile, AFailedWriteAtAnyGzipBlockLeavesTheOldFile)

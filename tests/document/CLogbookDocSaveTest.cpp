@@ -7,7 +7,7 @@
 
 #include <functional>
 
-TEST(CLogbookDocSave, EmptyLogbookAndTheBackupOfThePreviousSave)
+TEST(CLogbookDocSave, EmptyLogbookTheBackupOfThePreviousSaveAndWhatAKilledSaveLeft)
 {
     CScratchFolder folder("backup");
     const std::string path = folder / "Jumps.tvl";
@@ -31,6 +31,9 @@ TEST(CLogbookDocSave, EmptyLogbookAndTheBackupOfThePreviousSave)
     ASSERT_TRUE(doc.Save(path));
     const std::string second = ReadBytes(path);
     EXPECT_EQ(ReadBytes(backup), first);
+    // The temporary files of a save that was killed are reused or removed.
+    WriteBytes(path + ".saving", "half a logbook");
+    WriteBytes(backup + ".saving", "half a backup");
     doc.AddJump(MakeJump(2, "B"));
     ASSERT_TRUE(doc.Save(path));
     EXPECT_EQ(ReadBytes(backup), second);
@@ -69,40 +72,30 @@ TEST(CLogbookDocSave, SaveIfModified)
 
 TEST(CLogbookDocSave, FailuresLeaveTheOldFileAndItsBackup)
 {
+    // The output replaces the real file (none: real files); the blocker is a file written first,
+    // with its folders, that is in the way.
     struct Case
     {
         const char* name;
-        std::function<std::unique_ptr<IXmlOutput>(const std::string&)> output; // null: real files
-        std::function<std::string(const CScratchFolder&)> target;              // null: Jumps.tvz
+        std::function<std::unique_ptr<IXmlOutput>(const std::string&)> output;
+        const char* blocker;
+        const char* target;
     };
-    const Case cases[] = {
-        {"output cannot be created", [](const std::string&) { return std::unique_ptr<IXmlOutput>(); }, nullptr},
-        {"disk full at the start", [](const std::string& p) { return FailingFile(p, 0); }, nullptr},
-        {"disk full in the middle", [](const std::string& p) { return FailingFile(p, 300); }, nullptr},
-        {"last flush fails", [](const std::string& p) { return FailingFile(p, static_cast<std::size_t>(-1), true); },
-         nullptr},
-        {"folder is a regular file", nullptr,
-         [](const CScratchFolder& f) {
-             WriteBytes(f / "file", "x");
-             return f / "file/Jumps.tvz";
-         }},
-        {"target is a folder", nullptr,
-         [](const CScratchFolder& f) {
-             std::filesystem::create_directories(f / "Jumps.tvl");
-             WriteBytes(f / "Jumps.tvl/inside", "x");
-             return f / "Jumps.tvl";
-         }},
-        // A name ending in "bak" has no backup, so the failure is the final rename's.
-        {"target is a folder without a backup", nullptr,
-         [](const CScratchFolder& f) {
-             std::filesystem::create_directories(f / "Jumps.bak");
-             WriteBytes(f / "Jumps.bak/inside", "x");
-             return f / "Jumps.bak";
-         }},
-    };
+    const auto cannotCreate = [](const std::string&) { return std::unique_ptr<IXmlOutput>(); };
+    const auto flushFails = [](const std::string& p) { return FailingFile(p, static_cast<std::size_t>(-1), true); };
+    const Case cases[] = {{"output cannot be created", cannotCreate, nullptr, "Jumps.tvz"},
+                          {"last flush fails", flushFails, nullptr, "Jumps.tvz"},
+                          {"folder is a regular file", nullptr, "file", "file/Jumps.tvz"},
+                          {"target is a folder", nullptr, "Jumps.tvl/inside", "Jumps.tvl"},
+                          // A name ending in "bak" has no backup, so the failure is the final rename's.
+                          {"target is a folder without a backup", nullptr, "Jumps.bak/inside", "Jumps.bak"}};
     for (const Case& c : cases) {
         CScratchFolder folder("failure");
-        const std::string path = c.target ? c.target(folder) : folder / "Jumps.tvz";
+        if (c.blocker) {
+            std::filesystem::create_directories(std::filesystem::path(folder / c.blocker).parent_path());
+            WriteBytes(folder / c.blocker, "x");
+        }
+        const std::string path = folder / c.target;
         const bool fileTarget = !std::filesystem::is_directory(path);
         const std::string backup = path.substr(0, path.size() - 3) + "bak";
         if (fileTarget && std::filesystem::is_directory(std::filesystem::path(path).parent_path())) {

@@ -21,28 +21,45 @@ CDateTime Day(int offset)
     return kToday.AddDays(offset);
 }
 
-void SetMembership(CLogbookSettings& settings, const CDateTime& expires, int alarmDays)
+using Fill = std::function<void(CLogbookSettings&)>;
+
+Fill Membership(const CDateTime& expires, int alarmDays)
 {
-    settings.GetMembership().SetExpirationDate(expires);
-    settings.GetMembership().SetAlarmDays(alarmDays);
+    return [=](CLogbookSettings& s) {
+        s.GetMembership().SetExpirationDate(expires);
+        s.GetMembership().SetAlarmDays(alarmDays);
+    };
 }
 
-void AddRig(CLogbookSettings& settings, int number, bool active, const CDateTime& inspected)
+struct Rig
 {
-    auto rig = std::make_unique<CEquipment>(number);
-    rig->SetActive(active);
-    rig->SetInspectionDate(inspected);
-    settings.GetEquipmentList().Add(std::move(rig));
+    int number;
+    bool active;
+    CDateTime inspected;
+};
+
+// The rig alarm and the rigs, with the membership setup first when there is one.
+Fill Rigs(bool alarm, int alarmDays, int cycle, const std::vector<Rig>& rigs, const Fill& membership = nullptr)
+{
+    return [=](CLogbookSettings& s) {
+        if (membership)
+            membership(s);
+        s.GetEquipmentList().SetAlarm(alarm, alarmDays, cycle);
+        for (const Rig& rig : rigs) {
+            auto equipment = std::make_unique<CEquipment>(rig.number);
+            equipment->SetActive(rig.active);
+            equipment->SetInspectionDate(rig.inspected);
+            s.GetEquipmentList().Add(std::move(equipment));
+        }
+    };
 }
 
-using Item = CReminders::Item;
-
-Item Membership(const CDateTime& date)
+CReminders::Item MembershipDue(const CDateTime& date)
 {
     return {StringTable::IDS_MEMBERSHIP_EXPIRES, 0, date};
 }
 
-Item Rig(int number, const CDateTime& date)
+CReminders::Item RigDue(int number, const CDateTime& date)
 {
     return {StringTable::IDS_INSPECTION_DUE, number, date};
 }
@@ -53,79 +70,42 @@ TEST(Reminders, DueFromTheAlarmDayOnMembershipFirstThenRigsInListOrder)
     struct Case
     {
         const char* name;
-        std::function<void(CLogbookSettings&)> setup;
-        CDateTime today;
-        std::vector<Item> due;
+        Fill setup;
+        std::vector<CReminders::Item> due;
+        CDateTime today = kToday;
     };
-    const auto membership = [](int expiryOffset, int alarmDays) {
-        return [=](CLogbookSettings& s) { SetMembership(s, Day(expiryOffset), alarmDays); };
-    };
-    const auto lateTimes = [](CLogbookSettings& s) {
-        SetMembership(s, CDateTime(2024, 6, 20, 0, 0, 1), 10);
-        s.GetEquipmentList().SetAlarm(true, 10, 180);
-        AddRig(s, 1, true, CDateTime(2023, 12, 23, 18, 45, 0));
-    };
-    const auto leapCycle = [](CLogbookSettings& s) {
-        s.GetEquipmentList().SetAlarm(true, 0, 30);
-        AddRig(s, 1, true, CDateTime(2024, 2, 10));
-    };
+    const Fill lateTimes = Rigs(true, 10, 180, {{1, true, CDateTime(2023, 12, 23, 18, 45, 0)}},
+                                Membership(CDateTime(2024, 6, 20, 0, 0, 1), 10));
+    const Fill leapCycle = Rigs(true, 0, 30, {{1, true, CDateTime(2024, 2, 10)}});
+    const CDateTime due(2024, 6, 20); // whatever the times of day
+    const CDateTime lateToday(2024, 6, 10, 23, 59, 59);
     const Case cases[] = {
-        {"membership far ahead", membership(30, 10), kToday, {}},
-        {"membership a day before its window", membership(11, 10), kToday, {}},
-        {"membership on the boundary day", membership(10, 10), kToday, {Membership(Day(10))}},
-        {"membership inside its window", membership(5, 10), kToday, {Membership(Day(5))}},
-        {"expires today without warning days", membership(0, 0), kToday, {Membership(Day(0))}},
-        {"expires tomorrow without warning days", membership(1, 0), kToday, {}},
-        {"membership already expired", membership(-40, 10), kToday, {Membership(Day(-40))}},
-        {"membership alarm off", membership(5, -1), kToday, {}},
-        {"membership without a date", [](CLogbookSettings& s) { SetMembership(s, CDateTime(), 10); }, kToday, {}},
-        {"membership with an invalid date",
-         [](CLogbookSettings& s) { SetMembership(s, CDateTime(2023, 2, 31), 10); },
-         kToday,
-         {}},
-        {"invalid today", membership(1, 10), CDateTime(), {}},
-        {"rig due at inspection plus cycle, from the boundary day on",
-         [](CLogbookSettings& s) {
-             s.GetEquipmentList().SetAlarm(true, 10, 180);
-             AddRig(s, 4, true, Day(-170));
-             AddRig(s, 5, true, Day(-169));
-         },
-         kToday,
-         {Rig(4, Day(10))}},
-        {"membership first, then rigs in list order",
-         [](CLogbookSettings& s) {
-             SetMembership(s, Day(3), 10);
-             s.GetEquipmentList().SetAlarm(true, 0, 180);
-             AddRig(s, 7, true, Day(-200));
-             AddRig(s, 2, false, Day(-200));  // not tracked
-             AddRig(s, 3, true, CDateTime()); // never inspected
-             AddRig(s, 1, true, Day(-180));
-         },
-         kToday,
-         {Membership(Day(3)), Rig(7, Day(-20)), Rig(1, Day(0))}},
-        {"rig alarm off",
-         [](CLogbookSettings& s) {
-             s.GetEquipmentList().SetAlarm(false, 10, 180);
-             AddRig(s, 1, true, Day(-400));
-         },
-         kToday,
-         {}},
-        {"times of day do not move the boundary",
-         lateTimes,
-         CDateTime(2024, 6, 10, 23, 59, 59),
-         {Membership(CDateTime(2024, 6, 20)), Rig(1, CDateTime(2024, 6, 20))}},
-        {"a day earlier, however late", lateTimes, CDateTime(2024, 6, 9, 23, 59, 59), {}},
-        {"cycle across the leap day", leapCycle, CDateTime(2024, 3, 11), {Rig(1, CDateTime(2024, 3, 11))}},
-        {"cycle across the leap day, the day before", leapCycle, CDateTime(2024, 3, 10), {}},
+        {"membership far ahead", Membership(Day(30), 10), {}},
+        {"membership a day before its window", Membership(Day(11), 10), {}},
+        {"membership on the boundary day", Membership(Day(10), 10), {MembershipDue(Day(10))}},
+        {"membership inside its window", Membership(Day(5), 10), {MembershipDue(Day(5))}},
+        {"expires today without warning days", Membership(Day(0), 0), {MembershipDue(Day(0))}},
+        {"expires tomorrow without warning days", Membership(Day(1), 0), {}},
+        {"membership already expired", Membership(Day(-40), 10), {MembershipDue(Day(-40))}},
+        {"membership alarm off", Membership(Day(5), -1), {}},
+        {"membership without a date", Membership(CDateTime(), 10), {}},
+        {"membership with an invalid date", Membership(CDateTime(2023, 2, 31), 10), {}},
+        {"invalid today", Membership(Day(1), 10), {}, CDateTime()},
+        {"rig due from inspection + cycle - alarm days",
+         Rigs(true, 10, 180, {{4, true, Day(-170)}, {5, true, Day(-169)}}),
+         {RigDue(4, Day(10))}},
+        {"membership first, then the active, inspected rigs in list order",
+         Rigs(true, 0, 180, {{7, true, Day(-200)}, {2, false, Day(-200)}, {3, true, CDateTime()}, {1, true, Day(-180)}},
+              Membership(Day(3), 10)),
+         {MembershipDue(Day(3)), RigDue(7, Day(-20)), RigDue(1, Day(0))}},
+        {"rig alarm off", Rigs(false, 10, 180, {{1, true, Day(-400)}}), {}},
+        {"late on the boundary day", lateTimes, {MembershipDue(due), RigDue(1, due)}, lateToday},
+        {"late on the day before", lateTimes, {}, lateToday.AddDays(-1)},
+        {"cycle across the leap day", leapCycle, {RigDue(1, CDateTime(2024, 3, 11))}, CDateTime(2024, 3, 11)},
+        {"cycle across the leap day, the day before", leapCycle, {}, CDateTime(2024, 3, 10)},
         {"extreme numbers from a file do not overflow; a due date beyond the calendar is none",
-         [](CLogbookSettings& s) {
-             SetMembership(s, CDateTime(9999, 12, 31), kMax);
-             s.GetEquipmentList().SetAlarm(true, kMax, kMax);
-             AddRig(s, 1, true, CDateTime(2024, 1, 1));
-         },
-         kToday,
-         {Membership(CDateTime(9999, 12, 31))}},
-    };
+         Rigs(true, kMax, kMax, {{1, true, CDateTime(2024, 1, 1)}}, Membership(CDateTime(9999, 12, 31), kMax)),
+         {MembershipDue(CDateTime(9999, 12, 31))}}};
     for (const Case& c : cases) {
         CLogbookSettings settings;
         c.setup(settings);
