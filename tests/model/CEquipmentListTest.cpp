@@ -18,24 +18,14 @@ std::unique_ptr<CEquipment> MakeRig(int number)
 
 } // namespace
 
-TEST(CEquipmentListWrite, ElementOnlyWithAlarmOrRigs)
+// Without the alarm only the rigs are written; a rig writes its three numbers even when they are
+// 0. The golden round trip pins the rest.
+TEST(CEquipmentListWrite, WithoutAlarmOnlyTheRigs)
 {
     CEquipmentList list;
-    EXPECT_EQ(WriteXml([&](CXmlWriter& w) { list.Write(w); }), "");
-
-    list.Add(MakeRig(3)).SetActive(false);
+    list.Add(std::make_unique<CEquipment>(0));
     EXPECT_EQ(WriteXml([&](CXmlWriter& w) { list.Write(w); }),
-              R"(<equipments><equipment n="3" active="false"><previousJumps>0</previousJumps>)"
-              R"(<harness>Javelin</harness><mainCanopy>Sabre2</mainCanopy><mainSize>170</mainSize>)"
-              R"(<reserveCanopy>PD</reserveCanopy><reserveSize>0</reserveSize>)"
-              R"(<inspectionDate>2008-11-15T10:30:00Z</inspectionDate></equipment></equipments>)");
-
-    CEquipmentList alarm;
-    alarm.SetAlarm(true, 14, 180);
-    alarm.Add(std::make_unique<CEquipment>(0));
-    EXPECT_EQ(WriteXml([&](CXmlWriter& w) { alarm.Write(w); }),
-              R"(<equipments><inspectionCycle>180</inspectionCycle><alarmDays>14</alarmDays>)"
-              R"(<equipment n="0" active="true"><previousJumps>0</previousJumps><mainSize>0</mainSize>)"
+              R"(<equipments><equipment n="0" active="true"><previousJumps>0</previousJumps><mainSize>0</mainSize>)"
               R"(<reserveSize>0</reserveSize></equipment></equipments>)");
 }
 

@@ -44,14 +44,11 @@ private:
 };
 
 // Parses UTF-8 xml whose single element is read by record; false when the parse fails.
-inline bool ReadXml(CXmlHandler& record, std::string_view xml, std::string* error = nullptr)
+inline bool ReadXml(CXmlHandler& record, std::string_view xml)
 {
     CRecordRoot root(record);
     CXmlParser parser(&root);
     parser.Reset();
     parser.Feed(xml.data(), xml.size());
-    const bool ok = parser.Finish();
-    if (error)
-        *error = parser.GetErrorMessage();
-    return ok;
+    return parser.Finish();
 }
