@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 namespace {
 
 std::unique_ptr<CEquipment> MakeRig(int number)
@@ -96,23 +98,14 @@ TEST(CEquipmentCompare, InspectionDateByDayOnly)
 
 TEST(CEquipmentDisplay, NumberInBracketsThenNames)
 {
-    struct Case
-    {
-        const char* harness;
-        const char* main;
-        const char* reserve;
-        const char* text;
-    };
-    const Case cases[] = {
-        {"Javelin", "Sabre2", "PD", "[2] Javelin / Sabre2 / PD"},
-        {"Javelin", "", "PD", "[2] Javelin / PD"},
-        {"", "", "", "[2]"},
-    };
-    for (const Case& c : cases) {
+    using Row = std::tuple<const char*, const char*, const char*, const char*>; // harness, main, reserve, text
+    for (const auto& [harness, main, reserve, text] :
+         {Row{"Javelin", "Sabre2", "PD", "[2] Javelin / Sabre2 / PD"}, Row{"Javelin", "", "PD", "[2] Javelin / PD"},
+          Row{"", "", "", "[2]"}}) {
         CEquipment rig(2);
-        rig.SetHarness(c.harness);
-        rig.SetMainCanopy(c.main);
-        rig.SetReserveCanopy(c.reserve);
-        EXPECT_EQ(rig.GetDisplayText(), c.text);
+        rig.SetHarness(harness);
+        rig.SetMainCanopy(main);
+        rig.SetReserveCanopy(reserve);
+        EXPECT_EQ(rig.GetDisplayText(), text);
     }
 }

@@ -43,7 +43,8 @@ void AddMixed(CSampleList& list, std::size_t count)
 
 } // namespace
 
-// Samples keep their type, values and order through every way the block is moved or copied.
+// Samples keep their type, values and order through every way the block is moved, copied,
+// emptied and filled again; a moved-from list is empty.
 TEST(CSampleList, SamplesSurviveGrowthCopiesMovesAndShrinking)
 {
     struct Case
@@ -67,7 +68,14 @@ TEST(CSampleList, SamplesSurviveGrowthCopiesMovesAndShrinking)
         {"move construction", 300,
          [](CSampleList& list) {
              CSampleList moved(std::move(list));
+             EXPECT_TRUE(list.empty()); // NOLINT(bugprone-use-after-move): a moved-from list is empty
              list = std::move(moved);
+         }},
+        {"cleared and filled again", 20,
+         [](CSampleList& list) {
+             list.Clear();
+             EXPECT_EQ(list.Last(), nullptr);
+             AddMixed(list, 20);
          }},
         {"empty list shrunk", 0, [](CSampleList& list) { list.ShrinkToFit(); }},
     };
@@ -77,22 +85,6 @@ TEST(CSampleList, SamplesSurviveGrowthCopiesMovesAndShrinking)
         AddMixed(list, c.count);
         c.change(list);
         EXPECT_TRUE(HoldsMixed(list, c.count));
+        EXPECT_EQ(list.Last() ? list.Last()->GetAltitude() : -1.0, static_cast<double>(c.count) - 1);
     }
-}
-
-TEST(CSampleList, ClearKeepsTheListUsableAndMovedFromListsAreEmpty)
-{
-    CSampleList list;
-    AddMixed(list, 50);
-    list.Clear();
-    EXPECT_TRUE(list.empty());
-    EXPECT_EQ(list.Last(), nullptr);
-    AddMixed(list, 20);
-    EXPECT_TRUE(HoldsMixed(list, 20));
-
-    CSampleList moved(std::move(list));
-    EXPECT_TRUE(list.empty()); // NOLINT(bugprone-use-after-move): a moved-from list is empty
-    EXPECT_TRUE(HoldsMixed(moved, 20));
-    ASSERT_NE(moved.Last(), nullptr);
-    EXPECT_EQ(moved.Last()->GetAltitude(), 19.0);
 }
