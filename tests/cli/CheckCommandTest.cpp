@@ -46,13 +46,8 @@ TEST_F(CheckCommand, PrintsCountsOrTheProgramsMessages)
         EXPECT_EQ(result.OutLines(), c.out);
         EXPECT_EQ(result.ErrLines(), c.err);
     }
-}
 
-using LoadingCommands = CToolTest;
-
-// Every command that reads a logbook reports a refused file the same way.
-TEST_F(LoadingCommands, ReportTheSameMessagesAsCheck)
-{
+    // Every other command that reads a logbook reports a refused file the same way.
     const std::string path = Write("new.tvl", File(kOneJump, "1.3"));
     const std::string out = m_dir / "out.tvz";
     const std::vector<std::vector<std::string>> runs = {
@@ -60,7 +55,7 @@ TEST_F(LoadingCommands, ReportTheSameMessagesAsCheck)
         {"convert", path, out}, {"import", path, m_dir / "track.csv"},
     };
     for (const std::vector<std::string>& arguments : runs) {
-        SCOPED_TRACE(arguments[0]);
+        SCOPED_TRACE(arguments[0] + " " + arguments.back());
         const CToolResult result = Run(arguments);
         EXPECT_EQ(result.exitCode, 1);
         EXPECT_TRUE(result.out.empty()) << result.out;
