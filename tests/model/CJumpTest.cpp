@@ -38,8 +38,8 @@ struct WriteCase
 TEST(CJumpWrite, ChildrenFollowTheWriterRules)
 {
     const std::string standard = R"(<fallrate name="Standard"/>)";
-    // What the golden round trip already pins (texts, Import's children, rigs, images, notes) is
-    // not repeated here.
+    // The golden round trip pins the texts, Import's children, rigs, images and notes; these rows
+    // are what a logbook read from a file cannot show.
     const auto fallrate = [](CJumpFallrate f) { return [=](CJump& j) { j.SetFallrateValues(f); }; };
     const std::vector<CJumpSignature::Stroke> dotAndEmpty{{{0, 0}}, {}};
     const WriteCase cases[] = {

@@ -32,16 +32,18 @@ TEST(CLogbookSettingsWrite, EmptyOnesLeftOut)
     };
     const CDateTime expiry(2009, 12, 31);
     const std::string date = "<expirationDate>2009-12-31T00:00:00Z</expirationDate>";
-    const Case cases[] = {{"defaults", [](Settings&) {}, ""},
-                          {"number only", [](Settings& s) { s.GetMembership().SetMemberNumber("F-1"); },
-                           R"(<membership name="F-1"></membership>)"},
-                          {"date without alarm", [&](Settings& s) { s.GetMembership().Set(true, expiry, false, 30); },
-                           R"(<membership name="">)" + date + "</membership>"},
-                          {"alarm of 0 days", [&](Settings& s) { s.GetMembership().Set(true, expiry, true, 0); },
-                           R"(<membership name="">)" + date + "<alarmDays>0</alarmDays></membership>"},
-                          {"alarm days without date", [](Settings& s) { s.GetMembership().SetAlarmDays(10); }, ""},
-                          {"rig alarm without rigs", [](Settings& s) { s.GetEquipmentList().SetAlarm(true, 0, 0); },
-                           "<equipments><inspectionCycle>0</inspectionCycle><alarmDays>0</alarmDays></equipments>"}};
+    const Case cases[] = {
+        {"defaults", [](Settings&) {}, ""},
+        {"number and alarm days without a date",
+         [](Settings& s) { s.GetMembership().SetMemberNumber("F-1"), s.GetMembership().SetAlarmDays(10); },
+         R"(<membership name="F-1"></membership>)"},
+        {"date without alarm", [&](Settings& s) { s.GetMembership().Set(true, expiry, false, 30); },
+         R"(<membership name="">)" + date + "</membership>"},
+        {"alarm of 0 days", [&](Settings& s) { s.GetMembership().Set(true, expiry, true, 0); },
+         R"(<membership name="">)" + date + "<alarmDays>0</alarmDays></membership>"},
+        {"alarm days alone", [](Settings& s) { s.GetMembership().SetAlarmDays(10); }, ""},
+        {"rig alarm without rigs", [](Settings& s) { s.GetEquipmentList().SetAlarm(true, 0, 0); },
+         "<equipments><inspectionCycle>0</inspectionCycle><alarmDays>0</alarmDays></equipments>"}};
     for (const Case& c : cases) {
         CLogbookSettings settings;
         c.setup(settings);
