@@ -3,8 +3,6 @@
 #include "tests/common/CScratchFolder.h"
 #include "xml/XmlUtf8.h"
 
-#include <zlib.h>
-
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -20,23 +18,11 @@ inline bool IsValidUtf8(std::string_view text)
     return true;
 }
 
-// One gzip member holding bytes, compressed at level (1 fast .. 9 best).
-inline std::string GzipBytes(std::string_view bytes, int level)
+// One gzip member holding bytes, made through a file in folder.
+inline std::string GzipBytes(const CScratchFolder& folder, std::string_view bytes)
 {
-    z_stream stream{};
-    std::string out;
-    // 15 window bits plus 16 asks zlib for the gzip wrapper instead of the zlib one.
-    if (deflateInit2(&stream, level, Z_DEFLATED, 15 + 16, 8, Z_DEFAULT_STRATEGY) != Z_OK)
-        return out;
-    out.resize(deflateBound(&stream, static_cast<uLong>(bytes.size())) + 32);
-    stream.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(bytes.data()));
-    stream.avail_in = static_cast<uInt>(bytes.size());
-    stream.next_out = reinterpret_cast<Bytef*>(out.data());
-    stream.avail_out = static_cast<uInt>(out.size());
-    const int result = deflate(&stream, Z_FINISH);
-    out.resize(result == Z_STREAM_END ? stream.total_out : 0);
-    deflateEnd(&stream);
-    return out;
+    WriteGzip(folder / "packing.gz", bytes);
+    return ReadBytes(folder / "packing.gz");
 }
 
 // splitmix64: a small, well-mixed generator whose whole state is one number.

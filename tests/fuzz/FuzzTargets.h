@@ -15,7 +15,7 @@
 std::string FuzzXmlParser(const std::uint8_t* data, std::size_t size);
 // A whole logbook load from the bytes: plain, gzip, and gzip container read transparently.
 std::string FuzzDocumentLoad(const std::uint8_t* data, std::size_t size);
-// Every typed value reader and writer on the bytes.
+// Every typed value reader on the bytes, and the writers on what they read.
 std::string FuzzXmlValues(const std::uint8_t* data, std::size_t size);
 
 // One fuzz target by name, as the scripts and the folders of checked-in inputs name them.

@@ -1,6 +1,4 @@
 #include "CLoadChecker.h"
-#include "FuzzFiles.h"
-#include "tests/common/CScratchFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -20,7 +18,7 @@ protected:
     {
         golden = ReadBytes(kGoldenPath);
         ASSERT_GT(golden.size(), 2048u);
-        packed = GzipBytes(golden, 9);
+        packed = GzipBytes(folder, golden);
         ASSERT_FALSE(packed.empty());
         // What the intact logbook saves as: a damaged file that loads must save the same.
         WriteBytes(folder / "intact.tvl", golden);
