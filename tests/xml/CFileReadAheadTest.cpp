@@ -73,18 +73,12 @@ TEST(FileChecksum, IsXxh64WhateverThePiecesTheBytesComeIn)
     const std::string text = Document(40);
     CFileChecksum whole;
     whole.Add(text.data(), text.size());
-    for (const std::size_t piece :
-         {std::size_t{1}, std::size_t{7}, std::size_t{31}, std::size_t{32}, std::size_t{33}}) {
+    for (const std::size_t piece : {1u, 7u, 31u, 32u, 33u}) {
         CFileChecksum pieces;
         for (std::size_t at = 0; at < text.size(); at += piece)
             pieces.Add(text.data() + at, std::min(piece, text.size() - at));
         EXPECT_EQ(pieces.Value(), whole.Value()) << piece;
     }
-    std::string changed = text;
-    changed[text.size() / 2] ^= 1;
-    CFileChecksum other;
-    other.Add(changed.data(), changed.size());
-    EXPECT_NE(other.Value(), whole.Value());
 }
 
 class ReadAhead : public testing::Test
@@ -124,9 +118,8 @@ TEST_F(ReadAhead, GivesTheEventsAndRefusalsOfTheParseOnOneThread)
         {"garbage after the gzip stream", packed + "garbage", true, none},
         {"empty gzip file", "", true, none},
         {"a lone gzip magic byte", "\x1F", true, none},
-        {"refusal at the end", packed, true, [](HandlerSet& s, CXmlParser&) { s.Root().RefuseOpen("end"); }},
-        {"refusal of a late element", packed, true,
-         [](HandlerSet& s, CXmlParser&) { s.Root().RefuseClose("jump", "no more"); }},
+        {"refusal at the end", packed, true, [](HandlerSet& s, CXmlParser&) { s.Root().refuse = "<end"; }},
+        {"refusal of a late element", packed, true, [](HandlerSet& s, CXmlParser&) { s.Root().refuse = "</jump"; }},
         {"token limit", packed, true, [](HandlerSet&, CXmlParser& p) { p.SetLimits(200, 256); }},
         {"input limit", packed, true,
          [](HandlerSet&, CXmlParser& p) { p.SetLimits(CXmlParser::kDefaultMaxTokenBytes, 256, 500000); }},
@@ -153,8 +146,7 @@ TEST_F(ReadAhead, GivesTheEventsAndRefusalsOfTheParseOnOneThread)
         EXPECT_EQ(actual.ok, expected.ok);
         EXPECT_EQ(actual.error, expected.error);
         EXPECT_EQ(actual.depth, expected.depth);
-        EXPECT_EQ(actual.events.size(), expected.events.size());
-        EXPECT_TRUE(actual.events == expected.events);
+        EXPECT_TRUE(actual.events == expected.events) << actual.events.size() << " / " << expected.events.size();
         loaded += actual.ok ? 1 : 0;
     }
     // Whole, plain twice, two members, garbage after the end load; the refusals and damage do not.
@@ -201,7 +193,7 @@ TEST_F(ReadAhead, AMissingFileFailsWithoutATextAndEachFileStartsAsUtf8)
     EXPECT_EQ(parser.GetEncoding(), Latin1);
     EXPECT_TRUE(parser.ParseFile(Write("utf.tvl", "<a>\xC3\xA9</a>")));
     EXPECT_EQ(parser.GetEncoding(), Utf8);
-    EXPECT_EQ(Joined(set.log), "<a> | </a>'\xC3\xA9' | <a> | </a>'\xC3\xA9'");
+    EXPECT_EQ(set.log, "<a> | </a>'\xC3\xA9' | <a> | </a>'\xC3\xA9'");
 }
 
 } // namespace

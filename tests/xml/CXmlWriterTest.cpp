@@ -90,9 +90,7 @@ TEST(XmlWriter, EscapesAndEncodesText)
         {"\xF0\x9F\x98\x80", "&#xD83D;&#xDE00;", "&#xD83D;&#xDE00;"},
         {"\xF4\x8F\xBF\xBF", "&#xDBFF;&#xDFFF;", "&#xDBFF;&#xDFFF;"},
         // Malformed UTF-8 input: one '?' per byte that cannot start a character.
-        {"a\xFF"
-         "b\xC3(\xED\xA0\x80\xC0\xAF",
-         "a?b?(?????", "a?b?(?????"},
+        {"a\xFFz\xC3(\xED\xA0\x80\xC0\xAF", "a?z?(?????", "a?z?(?????"},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.text);
@@ -125,10 +123,8 @@ TEST(XmlWriter, TextRoundTripsThroughTheReader)
             const std::string bytes = WriteToString(
                 encoding, Compact, [&](CXmlWriter& w) { w.WriteElement("e", "[" + text + "]", "v", text); });
             const ParseOutcome outcome = ParseEverySplit(bytes);
-            ASSERT_TRUE(outcome.ok);
-            ASSERT_EQ(outcome.events.size(), 2u);
-            EXPECT_EQ(outcome.events[0], "<e v='" + text + "'>");
-            EXPECT_EQ(outcome.events[1], "</e>'[" + text + "]'");
+            EXPECT_TRUE(outcome.ok);
+            EXPECT_EQ(outcome.events, "<e v='" + text + "'> | </e>'[" + text + "]'");
         }
     }
 }
@@ -176,11 +172,6 @@ TEST(XmlWriter, FailedWritesAreStickyAndCloseReportsThem)
     }
 }
 
-struct WriterFiles : testing::Test
-{
-    CScratchFolder m_dir{"xml"};
-};
-
 void WriteLarge(CXmlWriter& writer)
 {
     writer.StartElement("log", "size", "5000");
@@ -189,13 +180,14 @@ void WriteLarge(CXmlWriter& writer)
     writer.EndElement();
 }
 
-TEST_F(WriterFiles, PlainAndGzipFilesHoldTheWrittenBytes)
+TEST(XmlWriter, PlainAndGzipFilesHoldTheWrittenBytes)
 {
+    const CScratchFolder dir("xml");
     const std::string expected = WriteToString(Utf8, Compact | SkipEmpty, WriteLarge);
     ASSERT_GT(expected.size(), 150000u); // several 64 KiB blocks
     for (XmlOutputKind kind : {XmlPlainFile, XmlGzipFile}) {
         SCOPED_TRACE(kind);
-        const std::string path = m_dir / (kind == XmlGzipFile ? "log.tvz" : "log.tvl");
+        const std::string path = dir / (kind == XmlGzipFile ? "log.tvz" : "log.tvl");
         CXmlWriter writer(Utf8, kind, Compact | SkipEmpty);
         ASSERT_TRUE(writer.Open(path));
         WriteLarge(writer);
@@ -205,26 +197,22 @@ TEST_F(WriterFiles, PlainAndGzipFilesHoldTheWrittenBytes)
         EXPECT_EQ(raw.substr(0, 2) == "\x1F\x8B", kind == XmlGzipFile);
         EXPECT_EQ(kind == XmlGzipFile ? ReadGzip(path) : raw, expected);
         EXPECT_EQ(raw.size() < expected.size() / 4, kind == XmlGzipFile);
+
+        // Open fails on an unwritable path, and writing then does nothing.
+        CXmlWriter unwritable(Utf8, kind, 0);
+        EXPECT_FALSE(unwritable.Open(dir / "missing/log.tvz"));
+        EXPECT_FALSE(unwritable.IsOpen());
+        unwritable.WriteElement("a", "b");
+        EXPECT_FALSE(std::filesystem::exists(dir / "missing"));
     }
     // The destructor closes the output without ending the open elements.
     {
         CXmlWriter writer(Latin1, XmlPlainFile, 0);
-        ASSERT_TRUE(writer.Open(m_dir / "cut.tvl"));
+        ASSERT_TRUE(writer.Open(dir / "cut.tvl"));
         writer.StartElement("tvl");
         writer.WriteElement("dz", "\xC3\xA9");
     }
-    EXPECT_EQ(ReadBytes(m_dir / "cut.tvl"), kLatin1Declaration + "\r\n<tvl>\r\n  <dz>\xE9</dz>");
-}
-
-TEST_F(WriterFiles, OpenFailsOnAnUnwritablePath)
-{
-    for (XmlOutputKind kind : {XmlPlainFile, XmlGzipFile}) {
-        CXmlWriter writer(Utf8, kind, 0);
-        EXPECT_FALSE(writer.Open(m_dir / "missing/log.tvz"));
-        EXPECT_FALSE(writer.IsOpen());
-        writer.WriteElement("a", "b");
-        EXPECT_FALSE(std::filesystem::exists(m_dir / "missing"));
-    }
+    EXPECT_EQ(ReadBytes(dir / "cut.tvl"), kLatin1Declaration + "\r\n<tvl>\r\n  <dz>\xE9</dz>");
 }
 
 } // namespace
