@@ -43,7 +43,7 @@ TEST(StringTable, SubstitutionIsPlainText)
         int id;
         const char* a1;
         const char* a2;
-        const char* expected;
+        std::string expected;
     };
     const Case cases[] = {
         {IDS_VALUE_RANGE, "1", "99999", "Please enter a value between 1 and 99999."},
@@ -52,19 +52,12 @@ TEST(StringTable, SubstitutionIsPlainText)
         // Arguments are inserted as they are: a "%2" inside the first argument is not expanded again.
         {IDS_VALUE_RANGE, "%2", "x", "Please enter a value between %2 and x."},
         {IDS_DELETE_JUMP, "12", "", "Do you want to delete jump number 12?"},
+        {IDS_BAD_VERSION, "1.3", "",
+         "The file version (1.3) can not be processed. Please install an actual version of Tervola or contact " +
+             std::string(kSupportAddress)},
     };
     for (const Case& c : cases)
         EXPECT_EQ(Format(c.id, c.a1, c.a2), c.expected);
-}
-
-TEST(StringTable, VersionMessageEndsWithTheSupportAddress)
-{
-    const std::string text = Format(IDS_BAD_VERSION, "1.3");
-    EXPECT_EQ(
-        text.rfind(
-            "The file version (1.3) can not be processed. Please install an actual version of Tervola or contact ", 0),
-        0u);
-    EXPECT_TRUE(text.ends_with(kSupportAddress));
 }
 
 } // namespace

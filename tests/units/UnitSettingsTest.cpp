@@ -6,44 +6,36 @@
 
 namespace {
 
-TEST(UnitSettings, DefaultsToImperialPerSecondWhenNothingIsStored)
+TEST(UnitSettings, LoadsAndSavesTheThreeValues)
 {
     CMemorySettingsStore store;
     CUnitSettings units(1, 1, 1);
-    units.Load(store);
+    units.Load(store); // nothing stored: imperial, per second
     EXPECT_FALSE(units.IsMetric());
     EXPECT_FALSE(units.IsPerHour());
     EXPECT_EQ(units.HeightLabel(), "ft");
     EXPECT_EQ(units.SpeedLabel(), "ft/s");
     EXPECT_EQ(units.WindLabel(), "mph");
     EXPECT_EQ(units.DistanceLabel(), " [mi]");
-}
 
-TEST(UnitSettings, SavesAllThreeValuesAndReadsThemBack)
-{
-    CMemorySettingsStore store;
-    CUnitSettings(1, 1, 1).Save(store);
-    EXPECT_EQ(store.GetInt("Preferences", "Units", -1), 1);
-    EXPECT_EQ(store.GetInt("Preferences", "DisplaySpeedAs", -1), 1);
-    EXPECT_EQ(store.GetInt("Preferences", "DisplayGlideAs", -1), 1);
-    CUnitSettings units;
-    units.Load(store);
-    EXPECT_EQ(units.GetGlideDisplay(), 1);
-    EXPECT_EQ(units.SpeedLabel(), "km/h");
-}
-
-TEST(UnitSettings, AnyNonZeroUnitValueIsMetric)
-{
-    CMemorySettingsStore store;
+    // Any non-zero value is metric, or per hour.
     store.SetInt("Preferences", "Units", 7);
     store.SetInt("Preferences", "DisplaySpeedAs", -2);
-    CUnitSettings units;
     units.Load(store);
     EXPECT_TRUE(units.IsMetric());
     EXPECT_TRUE(units.IsPerHour());
     EXPECT_EQ(units.GetUnits(), 7); // kept as stored, written back unchanged
     EXPECT_EQ(units.HeightLabel(), "m");
     EXPECT_EQ(units.WindLabel(), "kn");
+
+    CUnitSettings(1, 1, 1).Save(store);
+    EXPECT_EQ(store.GetInt("Preferences", "Units", -1), 1);
+    EXPECT_EQ(store.GetInt("Preferences", "DisplaySpeedAs", -1), 1);
+    EXPECT_EQ(store.GetInt("Preferences", "DisplayGlideAs", -1), 1);
+    CUnitSettings back;
+    back.Load(store);
+    EXPECT_EQ(back.GetGlideDisplay(), 1);
+    EXPECT_EQ(back.SpeedLabel(), "km/h");
 }
 
 // Every conversion of every unit system on a worked value.
