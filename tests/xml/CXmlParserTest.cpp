@@ -147,7 +147,7 @@ TEST(ParserErrors, ComposeTheParserErrorMessage)
     }
 }
 
-TEST(ParserRouting, DelegatedElementsReachTheChildUntilTheirEndTag)
+TEST(ParserRouting, AStartTagDelegatesItsElementUntilItsEndTagAnEndTagNothing)
 {
     const std::string input = "<log><jump n=\"1\"><dz>X</dz><sig><p x=\"1\"/></sig></jump><jump n=\"2\"/><end/></log>";
     const ParseOutcome outcome = ParseEverySplit(input, [](HandlerSet& s) {
