@@ -4,21 +4,26 @@
 #include "CScriptedDialogs.h"
 #include "CTestLogbook.h"
 
+#include "app/CJumpListCtrl.h"
 #include "app/CLogbookApp.h"
+#include "app/CLogbookCommands.h"
+#include "app/CLogbookView.h"
+#include "app/CMainFrame.h"
+#include "app/CSplashWnd.h"
 #include "app/IFileChooser.h"
 #include "app/IPictureViewer.h"
+#include "bridge/CorePaths.h"
 #include "document/IClock.h"
+#include "document/LogbookFormat.h"
 #include "tests/common/CScratchFolder.h"
 #include "units/CMemorySettingsStore.h"
 
+#include <QDir>
+#include <QFileInfo>
 #include <QStringList>
+#include <QTest>
 
 #include <memory>
-
-class CLogbookDoc;
-class CMainFrame;
-class CLogbookView;
-class CLogbookCommands;
 
 // Answers the file dialogs with prepared paths (the empty text, as a cancel, when none is left)
 // and records the folders they start in.
@@ -29,9 +34,7 @@ public:
     QString ChooseSave(const QString& startPath) override { return Take(saveAnswers, startPath); }
     QString ChooseTrack(const QString& startPath) override { return Take(trackAnswers, startPath); }
 
-    QStringList openAnswers;
-    QStringList saveAnswers;
-    QStringList trackAnswers;
+    QStringList openAnswers, saveAnswers, trackAnswers;
     QStringList asked;
 
 private:
@@ -55,6 +58,18 @@ public:
     QStringList opened;
 };
 
+// Names the row of a table that a failed check is in, as QCOMPARE prints only the values:
+// declared first in the loop's body, it speaks when the check leaves the loop.
+struct CRow
+{
+    QString name;
+    ~CRow()
+    {
+        if (QTest::currentTestFailed())
+            qWarning("in row: %s", qPrintable(name));
+    }
+};
+
 // The real main window with recording services: settings in memory, a fixed day
 // (10 June 2024, 09:30), recorded message boxes and picture requests, scripted file dialogs,
 // and a temporary folder for logbooks.
@@ -62,31 +77,75 @@ class CAppHarness
 {
 public:
     // Runs the program's start-up with the given command-line arguments after the program name.
-    bool Start(const QStringList& arguments = {});
+    bool Start(const QStringList& arguments = {})
+    {
+        app = std::make_unique<CLogbookApp>(CAppServices{&settings, &clock, &messages, &files, &viewer, &dialogs});
+        return app->InitInstance(QStringList{QStringLiteral("tervola-pocket")} + arguments);
+    }
     // Start-up, then the splash is closed so that input reaches the window.
-    bool StartWithoutSplash(const QStringList& arguments = {});
+    bool StartWithoutSplash(const QStringList& arguments = {})
+    {
+        if (!Start(arguments))
+            return false;
+        delete CSplashWnd::Instance();
+        return CSplashWnd::Instance() == nullptr;
+    }
     // Writes the logbook as "jumps.tvz", makes it the last file and starts without splash;
     // returns the logbook's path (empty on failure).
-    QString StartWith(const CTestLogbook& logbook);
+    QString StartWith(const CTestLogbook& logbook)
+    {
+        const QString path = Write(logbook, QStringLiteral("jumps.tvz"));
+        SetLastFile(path);
+        return StartWithoutSplash() ? path : QString();
+    }
     // Selects a row of the jump list.
-    void SelectRow(int row);
+    void SelectRow(int row) { View()->GetList()->setCurrentItem(View()->GetList()->topLevelItem(row)); }
 
     CMainFrame* Frame() const { return app ? app->GetMainFrame() : nullptr; }
-    CLogbookView* View() const;
-    CLogbookCommands* Commands() const;
+    CLogbookView* View() const { return Frame() ? Frame()->GetView() : nullptr; }
+    CLogbookCommands* Commands() const { return Frame()->GetCommands(); }
+    CLogbookDoc& Doc() const { return Frame()->GetDocument(); }
 
     // A path inside the scratch folder.
-    QString Path(const QString& name) const;
+    QString Path(const QString& name) const { return CorePaths::DisplayPath(folder / CorePaths::LocalPath(name)); }
+    // Writes the bytes into the scratch folder, making the folders on the way, and returns the path.
+    QString WriteFile(const QString& name, const QByteArray& bytes) const
+    {
+        QDir().mkpath(QFileInfo(Path(name)).absolutePath());
+        return WriteBytes(CorePaths::LocalPath(Path(name)), bytes.toStdString()) ? Path(name) : QString();
+    }
     // Writes the logbook (gzip unless the name ends in ".tvl") and returns its path.
-    QString Write(const CTestLogbook& logbook, const QString& name) const;
+    QString Write(const CTestLogbook& logbook, const QString& name) const
+    {
+        const std::string xml = logbook.Xml().toStdString();
+        if (name.endsWith(QStringLiteral(".tvl")))
+            return WriteFile(name, QByteArray::fromStdString(xml));
+        return WriteGzip(CorePaths::LocalPath(Path(name)), xml) ? Path(name) : QString();
+    }
     // Makes the logbook the one used last.
-    void SetLastFile(const QString& path);
-    QString LastFile() const;
-    CLogbookDoc& Doc() const;
+    void SetLastFile(const QString& path)
+    {
+        settings.SetString(LogbookFormat::kLastFileSection, LogbookFormat::kLastFileValue, CorePaths::LocalPath(path));
+    }
+    QString LastFile() const
+    {
+        return CorePaths::DisplayPath(
+            settings.GetString(LogbookFormat::kLastFileSection, LogbookFormat::kLastFileValue, ""));
+    }
     // Deletes the first jump through the list, so that the logbook is modified.
-    void DeleteFirstJump();
+    void DeleteFirstJump()
+    {
+        View()->OnViewJumpList();
+        SelectRow(0);
+        Commands()->OnJumpDelete();
+        messages.boxes.clear();
+    }
     // The number of jumps a saved file holds, read back with a fresh document; -1 if it is refused.
-    static int JumpsInFile(const QString& path);
+    static int JumpsInFile(const QString& path)
+    {
+        CLogbookDoc doc;
+        return doc.Load(CorePaths::LocalPath(path)) ? int(doc.GetJumpCount()) : -1;
+    }
 
     CMemorySettingsStore settings;
     CFixedClock clock{CDateTime(2024, 6, 10, 9, 30, 0)};

@@ -3,8 +3,6 @@
 
 #include "CAppHarness.h"
 
-#include "app/CLogbookCommands.h"
-#include "app/CLogbookView.h"
 #include "app/CPictureGuard.h"
 
 #include <QDir>
@@ -59,78 +57,63 @@ private slots:
         MakeFolders(m_root.path());
     }
 
-    // name: as the logbook stores it, relative to the logbook's folder; expected: the file
-    // that is opened, relative to book/, or empty for a refusal.
-    void check_data()
-    {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QString>("expected");
-        const auto row = [](const char* name, QString stored, QString opened) {
-            QTest::newRow(name) << stored << opened;
-        };
-        row("picture beside the logbook", "photo.jpg", "photo.jpg");
-        row("extension in capitals", "Upper.JPEG", "Upper.JPEG");
-        row("picture in a subfolder", "sub/deep.png", "sub/deep.png");
-        row("climbs out and back in", "sub/../photo.jpg", "photo.jpg");
-        row("link to a picture inside", "alias.jpg", "photo.jpg");
-        row("missing file", "missing.jpg", {});
-        row("climbs out of the folder", "../outside/secret.jpg", {});
-        row("link leading outside", "escape.jpg", {});
-        row("linked folder leading outside", "elsewhere/secret.jpg", {});
-        row("script named like a picture", "fake.jpg", {});
-        row("picture of another kind than its name", "png-as.jpg", {});
-        row("link to a script", "script-link.jpg", {});
-        row("script", "script.sh", {});
-        row("desktop launcher", "launcher.desktop", {});
-        row("empty file", "empty.png", {});
-        row("folder named like a picture", "folder.jpg", {});
-        row("the folder itself", ".", {});
-    }
-
+    // The name as the logbook stores it, relative to the logbook's folder, and the file that is
+    // opened, relative to book/, or empty for a refusal.
     void check()
     {
-        QFETCH(QString, name);
-        QFETCH(QString, expected);
         const fs::path book = fs::path(m_root.path().toStdString()) / "book";
-        const fs::path result = CPictureGuard::Check(book, book / name.toStdString());
-        const fs::path want = expected.isEmpty() ? fs::path() : fs::canonical(book / expected.toStdString());
-        QCOMPARE(QString::fromStdString(result.string()), QString::fromStdString(want.string()));
+        using Row = std::tuple<const char*, QString, QString>;
+        const Row rows[] = {{"picture beside the logbook", "photo.jpg", "photo.jpg"},
+                            {"extension in capitals", "Upper.JPEG", "Upper.JPEG"},
+                            {"picture in a subfolder", "sub/deep.png", "sub/deep.png"},
+                            {"climbs out and back in", "sub/../photo.jpg", "photo.jpg"},
+                            {"link to a picture inside", "alias.jpg", "photo.jpg"},
+                            {"missing file", "missing.jpg", {}},
+                            {"climbs out of the folder", "../outside/secret.jpg", {}},
+                            {"absolute name outside", m_root.path() + "/outside/secret.jpg", {}},
+                            {"link leading outside", "escape.jpg", {}},
+                            {"linked folder leading outside", "elsewhere/secret.jpg", {}},
+                            {"script named like a picture", "fake.jpg", {}},
+                            {"picture of another kind than its name", "png-as.jpg", {}},
+                            {"link to a script", "script-link.jpg", {}},
+                            {"script", "script.sh", {}},
+                            {"desktop launcher", "launcher.desktop", {}},
+                            {"empty file", "empty.png", {}},
+                            {"folder named like a picture", "folder.jpg", {}},
+                            {"the folder itself", ".", {}}};
+        for (const auto& [name, stored, opened] : rows) {
+            const fs::path result = CPictureGuard::Check(book, book / stored.toStdString());
+            const fs::path want = opened.isEmpty() ? fs::path() : fs::canonical(book / opened.toStdString());
+            QVERIFY2(result == want, name);
+        }
+        QVERIFY(CPictureGuard::Check(fs::path(), book / "photo.jpg").empty()); // no logbook folder
     }
 
-    void absoluteNameOutsideIsRefused()
-    {
-        const fs::path book = fs::path(m_root.path().toStdString()) / "book";
-        const fs::path outside = fs::path(m_root.path().toStdString()) / "outside" / "secret.jpg";
-        QVERIFY(CPictureGuard::Check(book, outside).empty());
-        QVERIFY(CPictureGuard::Check(fs::path(), book / "photo.jpg").empty());
-    }
-
-    // The command on the window: the jump's picture name as the logbook stores it.
-    void showPicture_data()
-    {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QString>("opened");
-        QTest::newRow("backslash separators") << "sub\\deep.png" << QString("sub/deep.png");
-        QTest::newRow("absolute name stays inside") << m_root.path() + "/outside/secret.jpg" << QString();
-        QTest::newRow("climbs out") << "..\\outside\\secret.jpg" << QString();
-    }
-
+    // The command on the window with the jump's picture name as the logbook stores it; on the
+    // Home page nothing is selected and nothing shown.
     void showPicture()
     {
-        QFETCH(QString, name);
-        QFETCH(QString, opened);
-        CAppHarness harness;
-        const QString path = m_root.path() + "/book/pictures.tvz";
-        QVERIFY(CTestLogbook().Jump(1, "2024-05-01T10:00:00Z", "Tervola", 4000, 1000, 60, name).WriteGzip(path));
-        harness.SetLastFile(path);
-        QVERIFY(harness.StartWithoutSplash());
-        harness.Commands()->OnJumpShowPicture(); // Home page: nothing selected, nothing shown
-        harness.View()->OnViewJumpList();
-        harness.SelectRow(0);
-        harness.Commands()->OnJumpShowPicture();
-        const QString file = QFileInfo(m_root.path() + "/book/" + opened).canonicalFilePath();
-        QCOMPARE(harness.viewer.opened, opened.isEmpty() ? QStringList() : QStringList{file});
-        QVERIFY(harness.messages.boxes.isEmpty());
+        using Row = std::tuple<QString, QString>; // stored, opened
+        const Row rows[] = {{"sub\\deep.png", "sub/deep.png"},
+                            {m_root.path() + "/outside/secret.jpg", {}},
+                            {"..\\outside\\secret.jpg", {}}};
+        for (const auto& [name, opened] : rows) {
+            const CRow trace{name};
+            CAppHarness harness;
+            const QString path = m_root.path() + "/book/pictures.tvz";
+            const CTestLogbook logbook =
+                CTestLogbook().Jump(1, "2024-05-01T10:00:00Z", "Tervola", 4000, 1000, 60, name);
+            QVERIFY(WriteGzip(CorePaths::LocalPath(path), logbook.Xml().toStdString()));
+            harness.SetLastFile(path);
+            QVERIFY(harness.StartWithoutSplash());
+            harness.Commands()->OnJumpShowPicture();
+            harness.View()->OnViewJumpList();
+            harness.SelectRow(0);
+            harness.Commands()->OnJumpShowPicture();
+            const QString file = QFileInfo(m_root.path() + "/book/" + opened).canonicalFilePath();
+            QCOMPARE(harness.viewer.opened, opened.isEmpty() ? QStringList() : QStringList{file});
+            QVERIFY(harness.messages.boxes.isEmpty());
+        }
     }
 
 private:
