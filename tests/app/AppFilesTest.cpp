@@ -3,12 +3,7 @@
 
 #include "CAppHarness.h"
 
-#include "app/CLogbookCommands.h"
-#include "app/CLogbookView.h"
-#include "app/CMainFrame.h"
-
 #include <QAction>
-#include <QFile>
 #include <QtTest>
 
 using Kind = CRecordingMessages::Kind;
@@ -34,12 +29,16 @@ class TestFiles : public QObject
     Q_OBJECT
 
 private slots:
+    // Save is offered while there are changes; Open with changes asks first and Cancel keeps them.
     void commandsEnabledByState()
     {
         CAppHarness harness;
         QVERIFY(!harness.StartWith(CTestLogbook().Jumps(1, 3)).isEmpty());
         QCOMPARE(CommandStates(harness), QString("110111"));
         harness.DeleteFirstJump();
+        harness.messages.yesNoCancelAnswer = Answer::Cancel;
+        harness.Commands()->OnFileOpen();
+        QVERIFY(harness.files.asked.isEmpty()); // cancelled before the dialog
         QCOMPARE(CommandStates(harness), QString("111111"));
         harness.Commands()->OnFileSave();
         harness.Commands()->WaitForSaves(); // saves run in the background
@@ -51,31 +50,23 @@ private slots:
     }
 
     // New saves an empty logbook at once; when that fails: 4000, no file, no logbook.
-    void newLogbook_data()
-    {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<bool>("saved");
-        QTest::newRow("saved") << "fresh.tvz" << true;
-        QTest::newRow("folder missing") << "no-such-folder/fresh.tvz" << false;
-    }
-
     void newLogbook()
     {
-        QFETCH(QString, name);
-        QFETCH(bool, saved);
-        CAppHarness harness;
-        const QString old = harness.StartWith(CTestLogbook().Jumps(1, 3));
-        harness.files.saveAnswers = {harness.Path(name)};
-        harness.Commands()->OnFileNew();
-        QCOMPARE(harness.files.asked,
-                 QStringList{QString::fromStdString(harness.folder.Path().string())}); // starts in the logbook's folder
-        QCOMPARE(QFile::exists(harness.Path(name)), saved);
-        QCOMPARE(harness.View()->GetViewMode(), saved ? Mode::Home : Mode::Empty);
-        QCOMPARE(harness.LastFile(), saved ? harness.Path(name) : old);
-        QCOMPARE(harness.messages.Texts(Kind::Error),
-                 saved ? QStringList() : QStringList{"An error occured while writing the tervola file."});
-        if (saved)
-            QCOMPARE(CAppHarness::JumpsInFile(harness.Path(name)), 0);
+        for (const bool saved : {true, false}) {
+            const CRow trace{saved ? "saved" : "folder missing"};
+            CAppHarness harness;
+            const QString old = harness.StartWith(CTestLogbook().Jumps(1, 3));
+            const QString fresh = harness.Path(saved ? "fresh.tvz" : "no-such-folder/fresh.tvz");
+            harness.files.saveAnswers = {fresh};
+            harness.Commands()->OnFileNew();
+            QCOMPARE(harness.files.asked,
+                     QStringList{QString::fromStdString(harness.folder.Path().string())}); // the logbook's folder
+            QCOMPARE(CAppHarness::JumpsInFile(fresh), saved ? 0 : -1);
+            QCOMPARE(harness.View()->GetViewMode(), saved ? Mode::Home : Mode::Empty);
+            QCOMPARE(harness.LastFile(), saved ? fresh : old);
+            QCOMPARE(harness.messages.Texts(Kind::Error),
+                     saved ? QStringList() : QStringList{"An error occured while writing the tervola file."});
+        }
     }
 
     // A bad file: its own message, then 4001; the open logbook, its page and "LastFile" stay.
@@ -84,10 +75,7 @@ private slots:
         CAppHarness harness;
         const QString good = harness.StartWith(CTestLogbook().Jumps(1, 3));
         harness.View()->OnViewJumpList();
-        QFile bad(harness.Path("bad.tvl"));
-        QVERIFY(bad.open(QIODevice::WriteOnly) && bad.write("<?xml version=\"1.0\" ?><html></html>") > 0);
-        bad.close();
-        harness.files.openAnswers = {bad.fileName()};
+        harness.files.openAnswers = {harness.WriteFile("bad.tvl", "<?xml version=\"1.0\" ?><html></html>")};
         harness.Commands()->OnFileOpen();
         QCOMPARE(harness.messages.Texts(Kind::Error),
                  (QStringList{"The file is no valid tervola file.", "The file could not be opened."}));
@@ -98,72 +86,47 @@ private slots:
         QCOMPARE(harness.LastFile(), good);
     }
 
-    void saveAs_data()
-    {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<bool>("saved");
-        QTest::newRow("saved") << "copy.tvz" << true;
-        QTest::newRow("folder missing") << "missing/copy.tvz" << false;
-    }
-
     void saveAs()
     {
-        QFETCH(QString, name);
-        QFETCH(bool, saved);
-        CAppHarness harness;
-        const QString original = harness.StartWith(CTestLogbook().Jumps(1, 3));
-        harness.DeleteFirstJump();
-        harness.files.saveAnswers = {harness.Path(name)};
-        harness.Commands()->OnFileSaveAs();
-        harness.Commands()->WaitForSaves();
-        QCOMPARE(harness.messages.Texts(Kind::Error),
-                 saved ? QStringList() : QStringList{"The file could not be saved."});
-        QCOMPARE(CAppHarness::JumpsInFile(harness.Path(name)), saved ? 2 : -1);
-        QCOMPARE(CAppHarness::JumpsInFile(original), 3);
-        QCOMPARE(harness.LastFile(), saved ? harness.Path(name) : original);
-        QCOMPARE(CommandStates(harness), saved ? QString("110111") : QString("111111"));
+        for (const bool saved : {true, false}) {
+            const CRow trace{saved ? "saved" : "folder missing"};
+            CAppHarness harness;
+            const QString original = harness.StartWith(CTestLogbook().Jumps(1, 3));
+            const QString copy = harness.Path(saved ? "copy.tvz" : "missing/copy.tvz");
+            harness.DeleteFirstJump();
+            harness.files.saveAnswers = {copy};
+            harness.Commands()->OnFileSaveAs();
+            harness.Commands()->WaitForSaves();
+            QCOMPARE(harness.messages.Texts(Kind::Error),
+                     saved ? QStringList() : QStringList{"The file could not be saved."});
+            QCOMPARE(CAppHarness::JumpsInFile(copy), saved ? 2 : -1);
+            QCOMPARE(CAppHarness::JumpsInFile(original), 3);
+            QCOMPARE(harness.LastFile(), saved ? copy : original);
+            QCOMPARE(CommandStates(harness), saved ? QString("110111") : QString("111111"));
+        }
     }
 
     // Closing with changes asks Yes/No/Cancel; without changes it just closes.
-    void closing_data()
-    {
-        QTest::addColumn<bool>("modified");
-        QTest::addColumn<int>("answer");
-        QTest::addColumn<bool>("closed");
-        QTest::addColumn<int>("jumpsInFile");
-        QTest::newRow("yes saves and closes") << true << int(Answer::Yes) << true << 2;
-        QTest::newRow("no closes without saving") << true << int(Answer::No) << true << 3;
-        QTest::newRow("cancel stays open") << true << int(Answer::Cancel) << false << 3;
-        QTest::newRow("nothing to save") << false << int(Answer::Cancel) << true << 3;
-    }
-
     void closing()
     {
-        QFETCH(bool, modified);
-        QFETCH(int, answer);
-        QFETCH(bool, closed);
-        QFETCH(int, jumpsInFile);
-        CAppHarness harness;
-        const QString path = harness.StartWith(CTestLogbook().Jumps(1, 3));
-        if (modified)
-            harness.DeleteFirstJump();
-        harness.messages.yesNoCancelAnswer = Answer(answer);
-        harness.Frame()->findChild<QAction*>("exitAction")->trigger();
-        QCOMPARE(harness.messages.Texts(Kind::YesNoCancel),
-                 modified ? QStringList{"Save changes to jumps.tvz?"} : QStringList());
-        QCOMPARE(harness.Frame()->isVisible(), !closed);
-        QCOMPARE(CAppHarness::JumpsInFile(path), jumpsInFile);
-    }
-
-    void openWithChangesAsksFirst()
-    {
-        CAppHarness harness;
-        QVERIFY(!harness.StartWith(CTestLogbook().Jumps(1, 3)).isEmpty());
-        harness.DeleteFirstJump();
-        harness.messages.yesNoCancelAnswer = Answer::Cancel;
-        harness.Commands()->OnFileOpen();
-        QVERIFY(harness.files.asked.isEmpty()); // cancelled before the dialog
-        QVERIFY(harness.Doc().IsModified());
+        using Row = std::tuple<const char*, bool, Answer, bool, int>; // modified, answer, closed, jumps in file
+        const Row rows[] = {{"yes saves and closes", true, Answer::Yes, true, 2},
+                            {"no closes without saving", true, Answer::No, true, 3},
+                            {"cancel stays open", true, Answer::Cancel, false, 3},
+                            {"nothing to save", false, Answer::Cancel, true, 3}};
+        for (const auto& [name, modified, answer, closed, jumpsInFile] : rows) {
+            const CRow trace{name};
+            CAppHarness harness;
+            const QString path = harness.StartWith(CTestLogbook().Jumps(1, 3));
+            if (modified)
+                harness.DeleteFirstJump();
+            harness.messages.yesNoCancelAnswer = answer;
+            harness.Frame()->findChild<QAction*>("exitAction")->trigger();
+            QCOMPARE(harness.messages.Texts(Kind::YesNoCancel),
+                     modified ? QStringList{"Save changes to jumps.tvz?"} : QStringList());
+            QCOMPARE(harness.Frame()->isVisible(), !closed);
+            QCOMPARE(CAppHarness::JumpsInFile(path), jumpsInFile);
+        }
     }
 };
 
