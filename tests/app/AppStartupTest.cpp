@@ -3,11 +3,7 @@
 
 #include "CAppHarness.h"
 
-#include "app/CLogbookCommands.h"
-#include "app/CLogbookView.h"
-#include "app/CMainFrame.h"
 #include "app/CQSettingsStore.h"
-#include "app/CSplashWnd.h"
 
 #include <QSignalSpy>
 #include <QToolButton>
@@ -15,8 +11,6 @@
 
 using Kind = CRecordingMessages::Kind;
 using Mode = CLogbookView::ViewMode;
-
-Q_DECLARE_METATYPE(CTestLogbook)
 
 namespace {
 
@@ -35,52 +29,40 @@ class TestStartup : public QObject
 private slots:
     void initTestCase() { QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates)); }
 
-    // lastFile and argument: none, "good", "other", "missing", "future" (version 2.0).
-    void startLogbook_data()
-    {
-        QTest::addColumn<QString>("lastFile");
-        QTest::addColumn<QString>("argument");
-        QTest::addColumn<QString>("opened");
-        QTest::addColumn<QStringList>("errors");
-        const auto row = [](const char* name, QString lastFile, QString argument, QString opened, QStringList errors) {
-            QTest::newRow(name) << lastFile << argument << opened << errors;
-        };
-        row("nothing used yet", {}, {}, {}, {});
-        row("last file", "good.tvz", {}, "good.tvz", {});
-        row("last file gone: silent", "missing.tvz", {}, {}, {});
-        row("last file unreadable: its message only", "future.tvl", {}, {},
-            {"The file version (2.0) can not be processed. Please install an actual version of Tervola or contact "
-             "support@tervola.example.org"});
-        row("command line before last file", "good.tvz", "other.tvl", "other.tvl", {});
-        row("command line file missing: reported", "good.tvz", "missing.tvz", {}, {"The file could not be opened."});
-    }
-
+    // The logbook opened at start: the one used last or the one on the command line ("good",
+    // "other", "missing", "future" of version 2.0), and the error boxes on the way.
     void startLogbook()
     {
-        QFETCH(QString, lastFile);
-        QFETCH(QString, argument);
-        QFETCH(QString, opened);
-        QFETCH(QStringList, errors);
-        CAppHarness harness;
-        harness.Write(CTestLogbook().Jumps(1, 1), "good.tvz");
-        harness.Write(CTestLogbook().Jumps(9, 9), "other.tvl");
-        QFile future(harness.Path("future.tvl"));
-        QVERIFY(future.open(QIODevice::WriteOnly));
-        future.write(CTestLogbook().Jumps(1, 1).Xml().replace("version=\"1.2\"", "version=\"2.0\"").toUtf8());
-        future.close();
-        if (!lastFile.isEmpty())
-            harness.SetLastFile(harness.Path(lastFile));
-        QVERIFY(harness.Start(argument.isEmpty() ? QStringList() : QStringList{harness.Path(argument)}));
+        const QString future = "The file version (2.0) can not be processed. Please install an actual version of "
+                               "Tervola or contact support@tervola.example.org";
+        using Row = std::tuple<const char*, QString, QString, QString, QStringList>; // last, argument, opened, errors
+        const Row rows[] = {
+            {"nothing used yet", {}, {}, {}, {}},
+            {"last file", "good.tvz", {}, "good.tvz", {}},
+            {"last file gone: silent", "missing.tvz", {}, {}, {}},
+            {"last file unreadable: its message only", "future.tvl", {}, {}, {future}},
+            {"command line before last file", "good.tvz", "other.tvl", "other.tvl", {}},
+            {"command line file missing", "good.tvz", "missing.tvz", {}, {"The file could not be opened."}}};
+        for (const auto& [name, lastFile, argument, opened, errors] : rows) {
+            const CRow trace{name};
+            CAppHarness harness;
+            harness.Write(CTestLogbook().Jumps(1, 1), "good.tvz");
+            harness.Write(CTestLogbook().Jumps(9, 9), "other.tvl");
+            harness.WriteFile("future.tvl", CTestLogbook().Jumps(1, 1).Xml().replace("\"1.2\"", "\"2.0\"").toUtf8());
+            if (!lastFile.isEmpty())
+                harness.SetLastFile(harness.Path(lastFile));
+            QVERIFY(harness.Start(argument.isEmpty() ? QStringList() : QStringList{harness.Path(argument)}));
 
-        QVERIFY(harness.Frame()->isVisible());
-        QCOMPARE(harness.messages.Texts(Kind::Error), errors);
-        QCOMPARE(harness.messages.boxes.size(), errors.size());
-        const CLogbookDoc& doc = harness.Frame()->GetDocument();
-        QCOMPARE(QString::fromStdString(doc.GetPath()), opened.isEmpty() ? QString() : harness.Path(opened));
-        QCOMPARE(harness.View()->GetViewMode(), opened.isEmpty() ? Mode::Empty : Mode::Home);
-        if (!opened.isEmpty()) {
-            QCOMPARE(harness.LastFile(), harness.Path(opened));
-            QVERIFY(harness.Frame()->windowTitle().startsWith(opened));
+            QVERIFY(harness.Frame()->isVisible());
+            QCOMPARE(harness.messages.Texts(Kind::Error), errors);
+            QCOMPARE(harness.messages.boxes.size(), errors.size());
+            QCOMPARE(QString::fromStdString(harness.Doc().GetPath()),
+                     opened.isEmpty() ? QString() : harness.Path(opened));
+            QCOMPARE(harness.View()->GetViewMode(), opened.isEmpty() ? Mode::Empty : Mode::Home);
+            if (!opened.isEmpty()) {
+                QCOMPARE(harness.LastFile(), harness.Path(opened));
+                QVERIFY(harness.Frame()->windowTitle().startsWith(opened));
+            }
         }
     }
 
@@ -105,13 +87,10 @@ private slots:
         QTest::keyClick(second.Frame(), Qt::Key_O, Qt::ControlModifier);
         QVERIFY(!CSplashWnd::Instance());
         QVERIFY(second.files.asked.isEmpty()); // the shortcut did not reach Open
-    }
 
-    void splashClosesAfterItsTime()
-    {
-        CAppHarness harness;
-        QVERIFY(harness.Start());
-        QVERIFY(CSplashWnd::Instance());
+        // Left alone, the splash closes after its time.
+        CAppHarness third;
+        QVERIFY(third.Start() && CSplashWnd::Instance());
         QTRY_VERIFY_WITH_TIMEOUT(!CSplashWnd::Instance(), 3000);
     }
 
@@ -135,42 +114,31 @@ private slots:
     }
 
     // Expiry or inspection relative to today with 10 alarm days; which days are due is tested
-    // in the core, here the boxes: their kind, order and date text.
-    void reminders_data()
-    {
-        QTest::addColumn<CTestLogbook>("logbook");
-        QTest::addColumn<QStringList>("expected");
-        const QString member = "Your membership/license will expire %1.";
-        const QString rig = "Equipment %1 needs to be inspected %2.";
-        QTest::newRow("nothing due") << CTestLogbook().Membership(Day(30), 10) << QStringList();
-        QTest::newRow("membership, then the rigs in list order")
-            << CTestLogbook().Membership(Day(2), 10).RigAlarm(10, 180).Rig(8, true, Day(-175)).Rig(2, true, Day(-300))
-            << QStringList{member.arg("6/12/24"), rig.arg(8).arg("6/15/24"), rig.arg(2).arg("2/11/24")};
-    }
-
+    // in the core, here the boxes: their kind, order and date text, at start and after every
+    // Open, but none without a logbook.
     void reminders()
     {
-        QFETCH(CTestLogbook, logbook);
-        QFETCH(QStringList, expected);
-        CAppHarness harness;
-        harness.SetLastFile(harness.Write(logbook, "reminders.tvz"));
-        QVERIFY(harness.Start());
-        QCOMPARE(harness.messages.Texts(Kind::Information), expected);
-        QCOMPARE(harness.messages.boxes.size(), expected.size());
-    }
+        const QString member = "Your membership/license will expire %1.";
+        const QString rig = "Equipment %1 needs to be inspected %2.";
+        const QStringList due = {member.arg("6/12/24"), rig.arg(8).arg("6/15/24"), rig.arg(2).arg("2/11/24")};
+        const CTestLogbook logbook =
+            CTestLogbook().Membership(Day(2), 10).RigAlarm(10, 180).Rig(8, true, Day(-175)).Rig(2, true, Day(-300));
+        CAppHarness atStart;
+        atStart.SetLastFile(atStart.Write(logbook, "due.tvz"));
+        QVERIFY(atStart.Start());
+        QCOMPARE(atStart.messages.Texts(Kind::Information), due);
+        QCOMPARE(atStart.messages.boxes.size(), 3);
 
-    void remindersAfterEveryOpenButNotWithoutLogbook()
-    {
         CAppHarness harness;
-        const QString path = harness.Write(CTestLogbook().Membership(Day(1), 10), "member.tvz");
         QVERIFY(harness.Start());
         harness.Frame()->CheckReminders();
         QVERIFY(harness.messages.boxes.isEmpty());
-        harness.files.openAnswers = {path, path};
+        harness.files.openAnswers = {harness.Write(CTestLogbook().Membership(Day(30), 10), "later.tvz"),
+                                     harness.Write(logbook, "due.tvz")};
+        harness.Commands()->OnFileOpen(); // nothing due
         harness.Commands()->OnFileOpen();
-        harness.Commands()->OnFileOpen();
-        QCOMPARE(harness.messages.Texts(Kind::Information).size(), 2);
-        QCOMPARE(harness.messages.boxes.size(), 2);
+        QCOMPARE(harness.messages.Texts(Kind::Information), due);
+        QCOMPARE(harness.messages.boxes.size(), 3);
     }
 };
 
