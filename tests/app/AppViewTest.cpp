@@ -3,10 +3,6 @@
 
 #include "CAppHarness.h"
 
-#include "app/CJumpListCtrl.h"
-#include "app/CLogbookCommands.h"
-#include "app/CLogbookView.h"
-#include "app/CMainFrame.h"
 #include "app/CSummaryPane.h"
 
 #include <QAction>
@@ -30,11 +26,6 @@ CTestLogbook FourKinds()
         .Jump(13, "2024-01-08T10:00:00Z", "Rovaniemi", 4000, 1000, 60, "b.jpg", "Instructor");
 }
 
-QToolButton* Button(CAppHarness& harness, const char* name)
-{
-    return harness.View()->findChild<QToolButton*>(name);
-}
-
 QStringList Rows(const CJumpListCtrl* list)
 {
     QStringList rows;
@@ -55,74 +46,61 @@ class TestView : public QObject
 private slots:
     void initTestCase() { QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates)); }
 
-    // Which controls each mode shows, and the rows a list mode fills in (number|date|place|icon).
-    void modes_data()
-    {
-        QTest::addColumn<int>("mode");
-        QTest::addColumn<QString>("visible");
-        QTest::addColumn<QStringList>("rows");
-        QTest::newRow("Empty") << int(Mode::Empty) << "startNewButton startOpenButton" << QStringList();
-        QTest::newRow("Home") << int(Mode::Home) << "signListButton jumpListButton pageOpenButton summary"
-                              << QStringList();
-        QTest::newRow("JumpList") << int(Mode::JumpList) << "homeButton pageOpenButton jumpList1188"
-                                  << QStringList{"10|1/5/24|Utti|0", "11|1/6/24|Kemi|1", "12|1/7/24|Tervola|2",
-                                                 "13|1/8/24|Rovaniemi|3"};
-        QTest::newRow("SignList") << int(Mode::SignList) << "homeButton pageOpenButton jumpList1188"
-                                  << QStringList{"10|1/5/24|Utti|0", "11|1/6/24|Kemi|1"};
-    }
-
+    // Which controls each mode shows, the rows a list mode fills in (number|date|place|icon), and
+    // that leaving a list empties it.
     void modes()
     {
-        QFETCH(int, mode);
-        QFETCH(QString, visible);
-        QFETCH(QStringList, rows);
+        const QStringList all = {"10|1/5/24|Utti|0", "11|1/6/24|Kemi|1", "12|1/7/24|Tervola|2",
+                                 "13|1/8/24|Rovaniemi|3"};
+        const QString lists = "homeButton pageOpenButton jumpList1188";
+        using Row = std::tuple<Mode, QString, QStringList>; // mode, the controls shown, the rows
+        const Row rows[] = {{Mode::Home, "signListButton jumpListButton pageOpenButton summary", {}},
+                            {Mode::JumpList, lists, all},
+                            {Mode::SignList, lists, all.mid(0, 2)},
+                            {Mode::Empty, "startNewButton startOpenButton", {}}};
         CAppHarness harness;
         QVERIFY(!harness.StartWith(FourKinds()).isEmpty());
         CLogbookView* view = harness.View();
-        if (mode == int(Mode::Empty)) {
-            harness.Frame()->GetDocument().Clear();
-            view->Refresh();
+        for (const auto& [mode, visible, listed] : rows) {
+            const CRow trace{visible};
+            if (mode == Mode::JumpList)
+                view->OnViewJumpList();
+            if (mode == Mode::SignList)
+                view->OnViewSignList();
+            if (mode == Mode::Empty) {
+                harness.Doc().Clear();
+                view->Refresh();
+            }
+            QCOMPARE(view->GetViewMode(), mode);
+            for (const char* name : {"startNewButton", "startOpenButton", "homeButton", "signListButton",
+                                     "jumpListButton", "pageOpenButton", "summary", "jumpList1188"}) {
+                QWidget* widget = view->findChild<QWidget*>(name);
+                QVERIFY2((widget && widget->isVisibleTo(view)) == visible.split(' ').contains(name), name);
+            }
+            QCOMPARE(Rows(view->GetList()), listed);
+            view->OnViewHome();
+            QCOMPARE(view->GetList()->topLevelItemCount(), 0);
         }
-        if (mode == int(Mode::JumpList))
-            view->OnViewJumpList();
-        if (mode == int(Mode::SignList))
-            view->OnViewSignList();
-        QCOMPARE(int(view->GetViewMode()), mode);
-        for (const char* name : {"startNewButton", "startOpenButton", "homeButton", "signListButton", "jumpListButton",
-                                 "pageOpenButton", "summary", "jumpList1188"}) {
-            QWidget* widget = view->findChild<QWidget*>(name);
-            QVERIFY2((widget && widget->isVisibleTo(view)) == visible.split(' ').contains(name), name);
-        }
-        QCOMPARE(Rows(view->GetList()), rows);
-        // Leaving a list empties it.
-        view->OnViewHome();
-        QCOMPARE(view->GetList()->topLevelItemCount(), 0);
     }
 
-    void landscapeOnlyAtExactly320_data()
-    {
-        QTest::addColumn<int>("width");
-        QTest::addColumn<bool>("landscape");
-        for (int width : {240, 319, 320, 321, 1024})
-            QTest::addRow("%d", width) << width << (width == 320);
-    }
-
+    // Landscape: buttons in a column with the summary beside them; portrait: a row above it.
     void landscapeOnlyAtExactly320()
     {
-        QFETCH(int, width);
-        QFETCH(bool, landscape);
         CAppHarness harness;
         QVERIFY(!harness.StartWith(FourKinds()).isEmpty());
-        harness.Frame()->resize(width, 240);
-        QCoreApplication::processEvents();
-        QCOMPARE(harness.View()->width(), width);
-        QCOMPARE(harness.View()->IsLandscape(), landscape);
-        // Landscape: buttons in a column with the summary beside them; portrait: a row above it.
-        const QWidget* signList = Button(harness, "signListButton");
-        const QWidget* jumpList = Button(harness, "jumpListButton");
-        QCOMPARE(jumpList->y() > signList->y(), landscape);
-        const int buttonsBottom = signList->mapTo(harness.View(), QPoint(0, signList->height())).y();
-        QCOMPARE(harness.View()->GetSummary()->mapTo(harness.View(), QPoint(0, 0)).y() < buttonsBottom, landscape);
+        const QWidget* signList = harness.View()->findChild<QToolButton*>("signListButton");
+        const QWidget* jumpList = harness.View()->findChild<QToolButton*>("jumpListButton");
+        for (int width : {240, 319, 320, 321, 1024}) {
+            const CRow trace{QString::number(width)};
+            harness.Frame()->resize(width, 240);
+            QCoreApplication::processEvents();
+            QCOMPARE(harness.View()->width(), width);
+            QCOMPARE(harness.View()->IsLandscape(), width == 320);
+            QCOMPARE(jumpList->y() > signList->y(), width == 320);
+            const int buttonsBottom = signList->mapTo(harness.View(), QPoint(0, signList->height())).y();
+            QCOMPARE(harness.View()->GetSummary()->mapTo(harness.View(), QPoint(0, 0)).y() < buttonsBottom,
+                     width == 320);
+        }
     }
 
     // The rows the document sums up, with their units and the locale's date; jumps 499 and 500
@@ -175,19 +153,30 @@ private slots:
     }
 
     // Delete asks with the jump's number; Yes removes the row and the jump; an empty list
-    // returns to Home with the list buttons disabled. Only the jump list deletes.
+    // returns to Home with the list buttons disabled. Only the jump list deletes. The list's
+    // menu offers the editor, a track, the picture when there is one, and Delete.
     void deleteJumps()
     {
         CAppHarness harness;
         QVERIFY(!harness.StartWith(FourKinds().Jump(7, "2024-01-01T10:00:00Z", "X", 4000, 1000, 60)).isEmpty());
         CLogbookView* view = harness.View();
-        QVERIFY(Button(harness, "signListButton")->isEnabled()); // an unsigned jump is left
+        QVERIFY(view->findChild<QToolButton*>("signListButton")->isEnabled()); // an unsigned jump is left
         view->OnViewSignList();
         harness.SelectRow(0);
         harness.Commands()->OnJumpDelete();
         QVERIFY(harness.messages.boxes.isEmpty());
 
         view->OnViewJumpList();
+        for (int row : {1, 2}) { // jumps 10 and 11: unsigned and without a recording, 11 with a picture
+            harness.SelectRow(row);
+            std::unique_ptr<QMenu> menu(harness.Commands()->CreateContextMenu(nullptr));
+            QStringList texts;
+            for (const QAction* action : menu->actions())
+                if (!action->isSeparator())
+                    texts.append(action->text() + (action->isEnabled() ? "" : " (off)"));
+            QCOMPARE(texts, (QStringList{"View...", "Change...", "Add track...",
+                                         row == 2 ? "Show picture..." : "Show picture... (off)", "Delete"}));
+        }
         harness.messages.yesNoAnswer = false;
         harness.SelectRow(1);
         harness.Commands()->OnJumpDelete();
@@ -206,29 +195,10 @@ private slots:
                               "Do you want to delete jump number 7?", "Do you want to delete jump number 11?",
                               "Do you want to delete jump number 12?", "Do you want to delete jump number 13?"}));
         QCOMPARE(view->GetViewMode(), Mode::Home);
-        QVERIFY(!Button(harness, "jumpListButton")->isEnabled());
-        QVERIFY(!Button(harness, "signListButton")->isEnabled());
+        QVERIFY(!view->findChild<QToolButton*>("jumpListButton")->isEnabled());
+        QVERIFY(!view->findChild<QToolButton*>("signListButton")->isEnabled());
         QCOMPARE(view->GetSummary()->ValueText(CSummaryPane::NumberOfJumps), QString("0"));
         QVERIFY(harness.Frame()->findChild<QAction*>("fileSaveAction")->isEnabled());
-    }
-
-    void contextMenuOffersEditorPictureAndDelete()
-    {
-        CAppHarness harness;
-        QVERIFY(!harness.StartWith(FourKinds()).isEmpty());
-        harness.View()->OnViewJumpList();
-        for (int row : {0, 1}) {
-            harness.SelectRow(row);
-            std::unique_ptr<QMenu> menu(harness.Commands()->CreateContextMenu(nullptr));
-            QStringList texts;
-            for (const QAction* action : menu->actions())
-                if (!action->isSeparator())
-                    texts.append(action->text() + (action->isEnabled() ? "" : " (off)"));
-            // Only row 1 has a picture.
-            // Neither jump is signed or has a recording: both can take a track.
-            QCOMPARE(texts, (QStringList{"View...", "Change...", "Add track...",
-                                         row == 1 ? "Show picture..." : "Show picture... (off)", "Delete"}));
-        }
     }
 };
 
