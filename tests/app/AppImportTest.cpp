@@ -5,17 +5,12 @@
 #include "CAppHarness.h"
 #include "tests/tracks/SyntheticTrack.h"
 
-#include "app/CJumpListCtrl.h"
-#include "app/CLogbookCommands.h"
-#include "app/CLogbookView.h"
-#include "app/CMainFrame.h"
 #include "controls/CKqSpinBox.h"
 #include "dialogs/CDlgJump.h"
 #include "translations/CTranslations.h"
 
 #include <QAction>
 #include <QComboBox>
-#include <QFile>
 #include <QMenu>
 #include <QtTest>
 
@@ -33,17 +28,7 @@ QString WriteTrack(CAppHarness& harness)
 {
     CSyntheticTruth truth;
     const std::string text = WriteFlySight1(MakeJumpTrack(CSyntheticJump{}, truth), FlySight1Columns(), "\r\n");
-    const QString path = harness.Path(QStringLiteral("21-04-20/07-00-00.CSV"));
-    QDir().mkpath(QFileInfo(path).absolutePath());
-    QFile file(path);
-    file.open(QIODevice::WriteOnly);
-    file.write(text.data(), static_cast<qint64>(text.size()));
-    return path;
-}
-
-QAction* Action(CAppHarness& harness, const char* name)
-{
-    return harness.Frame()->findChild<QAction*>(QString::fromLatin1(name));
+    return harness.WriteFile("21-04-20/07-00-00.CSV", QByteArray::fromStdString(text));
 }
 
 } // namespace
@@ -71,7 +56,7 @@ private slots:
                 editor.accept();
                 return editor.result();
             });
-            QAction* action = Action(harness, "jumpImportTrackAction");
+            QAction* action = harness.Frame()->findChild<QAction*>("jumpImportTrackAction");
             QCOMPARE(action->shortcut(), QKeySequence(Qt::CTRL | Qt::Key_I));
             action->trigger();
 
@@ -99,39 +84,29 @@ private slots:
 
     // The reader's refusal in the user's language; the file's name, the line and the file's own
     // words stay as they are.
-    void badTrackIsRefusedWithItsLine_data()
-    {
-        QTest::addColumn<QByteArray>("content");
-        QTest::addColumn<QString>("error");
-        QTest::newRow("bad height") << QByteArray(
-                                           "time,lat,lon,hMSL,velN,velE,velD\r\n,(deg),(deg),(m),(m/s),(m/s),(m/s)\r\n"
-                                           "2021-04-20T04:20:00.00Z,61.5,24.0,abc,0,0,0\r\n"
-                                           "2021-04-20T04:20:00.20Z,61.5,24.0,100,0,0,0\r\n")
-                                    << "notes.csv: Zeile 3: der Wert \"abc\" in der Spalte hMSL ist keine Zahl.";
-        QTest::newRow("no line") << QByteArray() << "notes.csv: Die Datei ist leer.";
-    }
-
     void badTrackIsRefusedWithItsLine()
     {
-        QFETCH(QByteArray, content);
-        QFETCH(QString, error);
-        // The program takes its language from the default locale when it starts.
-        QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
-        CAppHarness harness;
-        harness.StartWith(Logbook());
-        const QString path = harness.Path(QStringLiteral("notes.csv"));
-        QFile file(path);
-        file.open(QIODevice::WriteOnly);
-        file.write(content);
-        file.close();
-        harness.files.trackAnswers = {path};
-        Action(harness, "jumpImportTrackAction")->trigger();
-        QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
-        CTranslations::Install(QLocale());
-        QVERIFY(harness.dialogs.ran.isEmpty());
-        QCOMPARE(harness.messages.Texts(CRecordingMessages::Kind::Error), QStringList{error});
-        QCOMPARE(int(harness.Doc().GetJumpCount()), 2);
-        QVERIFY(!harness.Doc().IsModified());
+        const QByteArray badHeight = "time,lat,lon,hMSL,velN,velE,velD\r\n,(deg),(deg),(m),(m/s),(m/s),(m/s)\r\n"
+                                     "2021-04-20T04:20:00.00Z,61.5,24.0,abc,0,0,0\r\n"
+                                     "2021-04-20T04:20:00.20Z,61.5,24.0,100,0,0,0\r\n";
+        using Row = std::tuple<QByteArray, QString>; // the file, the error
+        const Row rows[] = {{badHeight, "notes.csv: Zeile 3: der Wert \"abc\" in der Spalte hMSL ist keine Zahl."},
+                            {QByteArray(), "notes.csv: Die Datei ist leer."}};
+        for (const auto& [content, error] : rows) {
+            const CRow trace{error};
+            // The program takes its language from the default locale when it starts.
+            QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
+            CAppHarness harness;
+            harness.StartWith(Logbook());
+            harness.files.trackAnswers = {harness.WriteFile("notes.csv", content)};
+            harness.Frame()->findChild<QAction*>("jumpImportTrackAction")->trigger();
+            QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
+            CTranslations::Install(QLocale());
+            QVERIFY(harness.dialogs.ran.isEmpty());
+            QCOMPARE(harness.messages.Texts(CRecordingMessages::Kind::Error), QStringList{error});
+            QCOMPARE(int(harness.Doc().GetJumpCount()), 2);
+            QVERIFY(!harness.Doc().IsModified());
+        }
     }
 
     void trackGoesIntoAListedJumpWithoutRecording()
@@ -140,7 +115,7 @@ private slots:
         harness.StartWith(Logbook());
         harness.View()->OnViewJumpList();
         CJumpListCtrl* list = harness.View()->GetList();
-        QAction* add = Action(harness, "jumpAddTrackAction");
+        QAction* add = harness.Frame()->findChild<QAction*>("jumpAddTrackAction");
         // The list shows the newest jump first: row 1 is the signed jump 1.
         harness.SelectRow(list->RowOf(harness.Doc().GetJumps().front().get()));
         harness.Frame()->UpdateCommands();

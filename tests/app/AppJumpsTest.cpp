@@ -3,17 +3,12 @@
 
 #include "CAppHarness.h"
 
-#include "app/CJumpListCtrl.h"
-#include "app/CLogbookCommands.h"
-#include "app/CLogbookView.h"
-#include "app/CMainFrame.h"
 #include "controls/CKqSpinBox.h"
 #include "controls/CSignatureCtrl.h"
 #include "dialogs/CDlgJump.h"
 
 #include <QAction>
 #include <QComboBox>
-#include <QFile>
 #include <QToolButton>
 #include <QtTest>
 
@@ -28,15 +23,6 @@ CTestLogbook Logbook()
         .Jump(1, "2024-05-01T10:00:00Z", "Tervola", 4000, 1000, 60, {}, "Anna")
         .Jump(2, "2024-05-02T10:00:00Z", "Kemi", 4000, 1000, 60, {}, "Anna")
         .Jump(3, "2024-05-03T10:00:00Z", "Utti", 3000, 1000, 50);
-}
-
-template <typename T>
-T* Find(QDialog& dialog, const char* name)
-{
-    T* control = dialog.findChild<T*>(QString::fromLatin1(name));
-    if (!control)
-        qFatal("no control %s", name);
-    return control;
 }
 
 } // namespace
@@ -54,9 +40,9 @@ private slots:
         QAction* action = harness.Frame()->findChild<QAction*>(QStringLiteral("jumpNewAction"));
         QCOMPARE(action->shortcut(), QKeySequence(Qt::CTRL | Qt::Key_J));
         harness.dialogs.steps.append(CScriptedDialogs::Ok<CDlgJump>([](CDlgJump& dialog) {
-            Find<QComboBox>(dialog, "jumpPlace")->setEditText(QStringLiteral("Rovaniemi"));
-            Find<CKqSpinBox>(dialog, "jumpExit")->setValue(3500);
-            Find<CKqSpinBox>(dialog, "jumpWind")->setValue(8);
+            dialog.findChild<QComboBox*>("jumpPlace")->setEditText(QStringLiteral("Rovaniemi"));
+            dialog.findChild<CKqSpinBox*>("jumpExit")->setValue(3500);
+            dialog.findChild<CKqSpinBox*>("jumpWind")->setValue(8);
         }));
         action->trigger();
 
@@ -80,33 +66,29 @@ private slots:
 
     // Cancel after typing and OK without a change leave the logbook alone; OK after a change
     // rewrites the jump and its row.
-    void editingAListedJump_data()
-    {
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<bool>("ok");
-        QTest::newRow("cancel after typing") << "Elsewhere" << false;
-        QTest::newRow("OK without a change") << QString() << true;
-        QTest::newRow("OK after a change") << "Jämijärvi" << true;
-    }
-
     void editingAListedJump()
     {
-        QFETCH(QString, typed);
-        QFETCH(bool, ok);
-        CAppHarness harness;
-        harness.StartWith(Logbook());
-        harness.View()->OnViewJumpList();
-        harness.dialogs.steps.append([&](QDialog& dialog) {
-            if (!typed.isEmpty())
-                Find<QComboBox>(dialog, "jumpPlace")->setEditText(typed);
-            return ok ? CScriptedDialogs::Ok<CDlgJump>([](CDlgJump&) {})(dialog) : int(QDialog::Rejected);
-        });
-        emit harness.View()->rowActivated(2);
-        const bool changed = ok && !typed.isEmpty();
-        const QString place = changed ? typed : QStringLiteral("Utti");
-        QCOMPARE(QString::fromStdString(harness.Doc().GetJumps()[2]->GetPlace()), place);
-        QCOMPARE(harness.View()->GetList()->topLevelItem(2)->text(2), place);
-        QCOMPARE(harness.Doc().IsModified(), changed);
+        using Row = std::tuple<const char*, QString, bool>; // typed, OK
+        const Row rows[] = {{"cancel after typing", "Elsewhere", false},
+                            {"OK without a change", {}, true},
+                            {"OK after a change", "Jämijärvi", true}};
+        for (const auto& [name, typed, ok] : rows) {
+            const CRow trace{name};
+            CAppHarness harness;
+            harness.StartWith(Logbook());
+            harness.View()->OnViewJumpList();
+            harness.dialogs.steps.append([typed, ok](QDialog& dialog) {
+                if (!typed.isEmpty())
+                    dialog.findChild<QComboBox*>("jumpPlace")->setEditText(typed);
+                return ok ? CScriptedDialogs::Ok<CDlgJump>([](CDlgJump&) {})(dialog) : int(QDialog::Rejected);
+            });
+            emit harness.View()->rowActivated(2);
+            const bool changed = ok && !typed.isEmpty();
+            const QString place = changed ? typed : QStringLiteral("Utti");
+            QCOMPARE(QString::fromStdString(harness.Doc().GetJumps()[2]->GetPlace()), place);
+            QCOMPARE(harness.View()->GetList()->topLevelItem(2)->text(2), place);
+            QCOMPARE(harness.Doc().IsModified(), changed);
+        }
     }
 
     void signingTheLastUnsignedJumpReturnsHome()
@@ -118,8 +100,8 @@ private slots:
         int startPage = -1;
         harness.dialogs.steps.append(CScriptedDialogs::Ok<CDlgJump>([&startPage](CDlgJump& dialog) {
             startPage = dialog.ActiveIndex();
-            Find<QComboBox>(dialog, "jumpSigner")->setEditText(QStringLiteral("Anna"));
-            Find<CSignatureCtrl>(dialog, "signatureCtrl")->SetStrokes({{{10, 10}, {40, 30}}});
+            dialog.findChild<QComboBox*>("jumpSigner")->setEditText(QStringLiteral("Anna"));
+            dialog.findChild<CSignatureCtrl*>("signatureCtrl")->SetStrokes({{{10, 10}, {40, 30}}});
         }));
         emit harness.View()->rowActivated(0);
         QCOMPARE(startPage, int(CJumpEdit::PageSignature));
