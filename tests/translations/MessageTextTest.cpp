@@ -12,49 +12,34 @@ class TestMessageText : public QObject
     Q_OBJECT
 
 private slots:
-    void composedMessages_data()
-    {
-        QTest::addColumn<QString>("composed");
-        QTest::addColumn<int>("id");
-        QTest::addColumn<QString>("german");
-
-        using namespace StringTable;
-        QTest::newRow("range") << "Please enter a value between 1 and 99999." << int(IDS_VALUE_RANGE)
-                               << "Bitte einen Wert zwischen 1 und 99999 eingeben.";
-        QTest::newRow("range, any id") << "Please enter a value between -50 and 50." << 0
-                                       << "Bitte einen Wert zwischen -50 und 50 eingeben.";
-        QTest::newRow("argument looks like a placeholder")
-            << "Please enter a value between %2 and x." << int(IDS_VALUE_RANGE)
-            << "Bitte einen Wert zwischen %2 und x eingeben.";
-        QTest::newRow("parser detail stays")
-            << "Parser error: Open Tag: jump" << 0 << "Fehler beim Lesen der Datei: Open Tag: jump";
-        QTest::newRow("file version")
-            << "The file version (9.0) can not be processed. Please install an actual version of Tervola or "
-               "contact support@tervola.example.org"
-            << 0
-            << "Die Dateiversion (9.0) kann nicht verarbeitet werden. Bitte eine aktuelle Version von Tervola "
-               "installieren oder an support@tervola.example.org wenden.";
-        QTest::newRow("no placeholder") << "The file is no valid tervola file." << 0
-                                        << "Die Datei ist keine gültige Tervola-Datei.";
-        QTest::newRow("unit after the message")
-            << "Custom Fallrate [km/h]" << int(IDS_CUSTOM_FALLRATE) << "Eigene Fallrate [km/h]";
-        QTest::newRow("no tail without an id") << "Custom Fallrate [km/h]" << 0 << "Custom Fallrate [km/h]";
-        QTest::newRow("no message") << "disk full" << 0 << "disk full";
-        QTest::newRow("other message than the id")
-            << "The file is no valid tervola file." << int(IDS_PARSER_ERROR) << "The file is no valid tervola file.";
-        QTest::newRow("unknown id") << "Jump" << 4011 << "Jump";
-    }
-
     void composedMessages()
     {
-        QFETCH(QString, composed);
-        QFETCH(int, id);
-        QFETCH(QString, german);
-        const std::string text = composed.toStdString();
+        using namespace StringTable;
+        const char* const version = "The file version (9.0) can not be processed. Please install an actual version of "
+                                    "Tervola or contact support@tervola.example.org";
+        const char* const unit = "Custom Fallrate [km/h]";
+        const char* const invalid = "The file is no valid tervola file.";
+        using Row = std::tuple<const char*, int, QString>; // composed, message id (0: any), German
+        const Row rows[] = {
+            {"Please enter a value between 1 and 9.", IDS_VALUE_RANGE, "Bitte einen Wert zwischen 1 und 9 eingeben."},
+            {"Please enter a value between -50 and 50.", 0, "Bitte einen Wert zwischen -50 und 50 eingeben."},
+            {"Please enter a value between %2 and x.", IDS_VALUE_RANGE, "Bitte einen Wert zwischen %2 und x eingeben."},
+            {"Parser error: Open Tag: jump", 0, "Fehler beim Lesen der Datei: Open Tag: jump"},
+            {version, 0,
+             "Die Dateiversion (9.0) kann nicht verarbeitet werden. Bitte eine aktuelle Version von "
+             "Tervola installieren oder an support@tervola.example.org wenden."},
+            {invalid, 0, "Die Datei ist keine gültige Tervola-Datei."},
+            {unit, IDS_CUSTOM_FALLRATE, "Eigene Fallrate [km/h]"},
+            {unit, 0, unit},                      // no tail without an id
+            {"disk full", 0, "disk full"},        // no message
+            {invalid, IDS_PARSER_ERROR, invalid}, // another message than the id's
+            {"Jump", 4011, "Jump"}};              // unknown id
         QCOMPARE(CTranslations::Install(QLocale(QLocale::German, QLocale::Germany)), QStringLiteral("de"));
-        QCOMPARE(MessageText::Translate(text, id), german);
+        for (const auto& [composed, id, german] : rows)
+            QCOMPARE(MessageText::Translate(composed, id), german);
         QCOMPARE(CTranslations::Install(QLocale(QLocale::English, QLocale::UnitedStates)), QString());
-        QCOMPARE(MessageText::Translate(text, id), composed);
+        for (const auto& [composed, id, german] : rows)
+            QCOMPARE(MessageText::Translate(composed, id), QString::fromUtf8(composed));
     }
 
     // Any German locale finds the German messages by number; French has no translation and stays
