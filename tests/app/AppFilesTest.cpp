@@ -49,23 +49,38 @@ private slots:
         QCOMPARE(CommandStates(harness), QString("110001"));
     }
 
-    // New saves an empty logbook at once; when that fails: 4000, no file, no logbook.
-    void newLogbook()
+    // New saves an empty logbook at once, starting in the logbook's folder; Save as saves the
+    // changed one, starting at the logbook. When the file cannot be written: its message, no
+    // file, and the last file stays.
+    void newAndSaveAs()
     {
-        for (const bool saved : {true, false}) {
-            const CRow trace{saved ? "saved" : "folder missing"};
+        const QString newFailed = "An error occured while writing the tervola file.";
+        // Save as, the name chosen, the error, the jumps the file holds, the File commands, the mode
+        using Row = std::tuple<bool, QString, QString, int, QString, Mode>;
+        const Row rows[] = {{false, "fresh.tvz", {}, 0, "110111", Mode::Home},
+                            {false, "no-such-folder/fresh.tvz", newFailed, -1, "110001", Mode::Empty},
+                            {true, "copy.tvz", {}, 2, "110111", Mode::JumpList},
+                            {true, "missing/copy.tvz", "The file could not be saved.", -1, "111111", Mode::JumpList}};
+        for (const auto& [saveAs, name, error, jumps, states, mode] : rows) {
+            const CRow trace{name};
             CAppHarness harness;
             const QString old = harness.StartWith(CTestLogbook().Jumps(1, 3));
-            const QString fresh = harness.Path(saved ? "fresh.tvz" : "no-such-folder/fresh.tvz");
-            harness.files.saveAnswers = {fresh};
-            harness.Commands()->OnFileNew();
-            QCOMPARE(harness.files.asked,
-                     QStringList{QString::fromStdString(harness.folder.Path().string())}); // the logbook's folder
-            QCOMPARE(CAppHarness::JumpsInFile(fresh), saved ? 0 : -1);
-            QCOMPARE(harness.View()->GetViewMode(), saved ? Mode::Home : Mode::Empty);
-            QCOMPARE(harness.LastFile(), saved ? fresh : old);
-            QCOMPARE(harness.messages.Texts(Kind::Error),
-                     saved ? QStringList() : QStringList{"An error occured while writing the tervola file."});
+            const QString folder = QString::fromStdString(harness.folder.Path().string());
+            harness.files.saveAnswers = {harness.Path(name)};
+            if (saveAs) {
+                harness.DeleteFirstJump();
+                harness.Commands()->OnFileSaveAs();
+            } else {
+                harness.Commands()->OnFileNew();
+            }
+            harness.Commands()->WaitForSaves();
+            QCOMPARE(harness.files.asked, QStringList{saveAs ? old : folder});
+            QCOMPARE(harness.messages.Texts(Kind::Error), error.isEmpty() ? QStringList() : QStringList{error});
+            QCOMPARE(CAppHarness::JumpsInFile(harness.Path(name)), jumps);
+            QCOMPARE(CAppHarness::JumpsInFile(old), 3);
+            QCOMPARE(harness.LastFile(), jumps < 0 ? old : harness.Path(name));
+            QCOMPARE(CommandStates(harness), states);
+            QCOMPARE(harness.View()->GetViewMode(), mode);
         }
     }
 
@@ -84,26 +99,6 @@ private slots:
         QCOMPARE(harness.Doc().GetJumpCount(), std::size_t(3));
         QCOMPARE(harness.View()->GetViewMode(), Mode::JumpList);
         QCOMPARE(harness.LastFile(), good);
-    }
-
-    void saveAs()
-    {
-        for (const bool saved : {true, false}) {
-            const CRow trace{saved ? "saved" : "folder missing"};
-            CAppHarness harness;
-            const QString original = harness.StartWith(CTestLogbook().Jumps(1, 3));
-            const QString copy = harness.Path(saved ? "copy.tvz" : "missing/copy.tvz");
-            harness.DeleteFirstJump();
-            harness.files.saveAnswers = {copy};
-            harness.Commands()->OnFileSaveAs();
-            harness.Commands()->WaitForSaves();
-            QCOMPARE(harness.messages.Texts(Kind::Error),
-                     saved ? QStringList() : QStringList{"The file could not be saved."});
-            QCOMPARE(CAppHarness::JumpsInFile(copy), saved ? 2 : -1);
-            QCOMPARE(CAppHarness::JumpsInFile(original), 3);
-            QCOMPARE(harness.LastFile(), saved ? copy : original);
-            QCOMPARE(CommandStates(harness), saved ? QString("110111") : QString("111111"));
-        }
     }
 
     // Closing with changes asks Yes/No/Cancel; without changes it just closes.
