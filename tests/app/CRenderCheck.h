@@ -48,14 +48,11 @@ inline QStringList Clipped(QWidget* root)
         if ((!label || label->text().isEmpty()) && (!button || button->text().isEmpty()))
             continue;
         const QSize need = child->minimumSizeHint();
+        const auto size = [](QSize s) { return QStringLiteral("%1x%2").arg(s.width()).arg(s.height()); };
         if (child->width() + 1 < need.width() || child->height() + 1 < need.height())
-            clipped.append(
-                QStringLiteral("%1 '%2' %3x%4 < %5x%6")
-                    .arg(QString::fromLatin1(child->metaObject()->className()), label ? label->text() : button->text())
-                    .arg(child->width())
-                    .arg(child->height())
-                    .arg(need.width())
-                    .arg(need.height()));
+            clipped.append(QStringLiteral("%1 '%2' %3 < %4")
+                               .arg(QString::fromLatin1(child->metaObject()->className()),
+                                    label ? label->text() : button->text(), size(child->size()), size(need)));
     }
     return clipped;
 }

@@ -7,9 +7,6 @@
 #include "CAppHarness.h"
 #include "CRenderCheck.h"
 
-#include "app/CJumpListCtrl.h"
-#include "app/CLogbookView.h"
-#include "app/CMainFrame.h"
 #include "app/CSummaryPane.h"
 
 #include <QApplication>
@@ -19,18 +16,16 @@
 
 namespace {
 
+// Two dozen jumps at five places, every fourth with a picture, all but the last six signed.
 CTestLogbook DemoLogbook()
 {
     CTestLogbook logbook;
     logbook.PreviousDelay(5400);
-    const QStringList places = {QStringLiteral("Tervola"), QStringLiteral("Rovaniemi"), QStringLiteral("Kemi"),
-                                QStringLiteral("Utti"), QStringLiteral("Jämijärvi")};
-    for (int i = 0; i < 24; ++i) {
-        const int number = 120 + i;
-        const QString day = CTestLogbook::Day(2024, 4, 2, i * 3).replace(QStringLiteral("T00"), QStringLiteral("T11"));
+    const QStringList places = {"Tervola", "Rovaniemi", "Kemi", "Utti", "Jämijärvi"};
+    for (int i = 0, number = 120; i < 24; ++i, ++number) {
+        const QString day = CTestLogbook::Day(2024, 4, 2, i * 3).replace("T00", "T11");
         const QString picture = i % 4 == 1 ? QStringLiteral("jump%1.jpg").arg(number) : QString();
-        const QString signer = i < 18 ? QStringLiteral("Instructor") : QString();
-        logbook.Jump(number, day, places[i % places.size()], 4000, 1000 + 10 * i, 60, picture, signer);
+        logbook.Jump(number, day, places[i % 5], 4000, 1000 + 10 * i, 60, picture, i < 18 ? "Instructor" : "");
     }
     return logbook;
 }
