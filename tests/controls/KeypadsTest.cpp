@@ -12,7 +12,7 @@
 #include <QSignalSpy>
 #include <QtTest>
 
-#include <map>
+#include <string_view>
 
 namespace {
 
@@ -23,20 +23,19 @@ using NKey = CNumberPadState::Key;
 std::pair<NKey, Qt::Key> Lookup(char c)
 {
     if (c >= '0' && c <= '9')
-        return {CNumberPadState::Digit(c - '0'), static_cast<Qt::Key>(Qt::Key_0 + (c - '0'))};
-    const std::map<char, std::pair<NKey, Qt::Key>> others = {
-        {'s', {NKey::Sign, Qt::Key_Minus}},       {',', {NKey::Separator, Qt::Key_Comma}},
-        {'.', {NKey::Separator, Qt::Key_Period}}, {'<', {NKey::Back, Qt::Key_Backspace}},
-        {'C', {NKey::Clear, Qt::Key_Delete}},     {'+', {NKey::Plus, Qt::Key_Plus}},
-        {'=', {NKey::Equals, Qt::Key_Equal}}};
-    return others.at(c);
+        return {CNumberPadState::Digit(c - '0'), Qt::Key(Qt::Key_0 + c - '0')};
+    const std::pair<NKey, Qt::Key> others[] = {{NKey::Sign, Qt::Key_Minus},       {NKey::Separator, Qt::Key_Comma},
+                                               {NKey::Separator, Qt::Key_Period}, {NKey::Back, Qt::Key_Backspace},
+                                               {NKey::Clear, Qt::Key_Delete},     {NKey::Plus, Qt::Key_Plus},
+                                               {NKey::Equals, Qt::Key_Equal}};
+    return others[std::string_view("s,.<C+=").find(c)];
 }
 
-CKqButton* KeyNamed(QWidget& pad, const QString& name)
+CKqButton* KeyNamed(QWidget& pad, const char* name)
 {
-    auto* key = pad.findChild<CKqButton*>(QStringLiteral("key_") + name);
+    auto* key = pad.findChild<CKqButton*>(QStringLiteral("key_") + QLatin1String(name));
     if (!key)
-        qFatal("no key %s", qPrintable(name));
+        qFatal("no key %s", name);
     return key;
 }
 
@@ -50,8 +49,27 @@ void Show(QDialog& pad)
 // Types on the keyboard: the event goes to the focused key when there is one.
 void Type(QDialog& pad, Qt::Key key)
 {
-    QWidget* target = pad.focusWidget() ? pad.focusWidget() : &pad;
-    QTest::keyClick(target, key);
+    QTest::keyClick(pad.focusWidget() ? pad.focusWidget() : &pad, key);
+}
+
+// A pad of each kind (number 12,50, duration 1:02:03, time 8:15).
+std::unique_ptr<CKqPadDlg> MakePad(int kind, const QString& title = {})
+{
+    if (kind == 0)
+        return std::make_unique<CNumberPadDlg>(nullptr, title, 1250, 2, false);
+    if (kind == 1)
+        return std::make_unique<CDurationPadDlg>(nullptr, title, 1, 2, 3, 99);
+    return std::make_unique<CTimePadDlg>(nullptr, title, 8, 15);
+}
+
+QList<int> ValueOf(CKqPadDlg& pad)
+{
+    if (auto* number = dynamic_cast<CNumberPadDlg*>(&pad))
+        return {number->Value()};
+    if (auto* duration = dynamic_cast<CDurationPadDlg*>(&pad))
+        return {duration->Hours(), duration->Minutes(), duration->Seconds()};
+    auto& time = dynamic_cast<CTimePadDlg&>(pad);
+    return {time.Hour(), time.Minute()};
 }
 
 } // namespace
@@ -63,50 +81,36 @@ class TestKeypads : public QObject
 private slots:
     void initTestCase() { QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany)); }
 
-    void numberPadClicksAndTypingFollowTheRules_data()
-    {
-        QTest::addColumn<int>("maxDecimals");
-        QTest::addColumn<bool>("allowNegative");
-        QTest::addColumn<int>("start");
-        QTest::addColumn<QString>("keys");
-        QTest::addColumn<QString>("display");
-        const auto row = [](const char* name, int decimals, bool negative, int start, QString keys, QString display) {
-            QTest::newRow(name) << decimals << negative << start << keys << display;
-        };
-        row("decimals", 2, false, 0, "1234,5", "1.234,5");
-        row("point is the separator too", 2, false, 0, "12.3", "12,3");
-        row("back over separator", 2, false, 0, "12,3<<4", "124");
-        row("repeated equals", 0, false, 0, "2+3==", "8");
-        row("clear", 0, false, 0, "2+3C4", "4");
-        row("negative", 1, true, 0, "7s", "-7");
-        row("start value", 2, true, -150, "<", "-1,5");
-    }
-
+    // Each key clicked on one pad and typed on another: both show the locale's display and
+    // value and enable the keys the rules enable.
     void numberPadClicksAndTypingFollowTheRules()
     {
-        QFETCH(int, maxDecimals);
-        QFETCH(bool, allowNegative);
-        QFETCH(int, start);
-        QFETCH(QString, keys);
-        QFETCH(QString, display);
-
-        CNumberPadState rules(start, maxDecimals, allowNegative, ",", ".");
-        CNumberPadDlg clicked(nullptr, QString(), start, maxDecimals, allowNegative);
-        CNumberPadDlg typed(nullptr, QString(), start, maxDecimals, allowNegative);
-        Show(clicked);
-        Show(typed);
-        for (QChar c : keys) {
-            const auto [padKey, keyboardKey] = Lookup(c.toLatin1());
-            rules.Press(padKey);
-            QTest::mouseClick(clicked.KeyButton(padKey), Qt::LeftButton);
-            Type(typed, keyboardKey);
-        }
-        QCOMPARE(QString::fromStdString(rules.Display()), display);
-        for (CNumberPadDlg* pad : {&clicked, &typed}) {
-            QCOMPARE(pad->Display()->text(), display);
-            QCOMPARE(pad->Value(), rules.ScaledValue());
-            for (int k = 0; k < static_cast<int>(NKey::Count); ++k)
-                QCOMPARE(pad->KeyButton(static_cast<NKey>(k))->isEnabled(), rules.IsEnabled(static_cast<NKey>(k)));
+        const struct
+        {
+            int decimals;
+            bool negative;
+            int start;
+            const char *keys, *display;
+        } cases[] = {{2, false, 0, "1234,5", "1.234,5"}, {2, false, 0, "12.3<<4", "124"}, {0, false, 0, "2+3==", "8"},
+                     {0, false, 0, "2+3C4", "4"},        {1, true, 0, "7s", "-7"},        {2, true, -150, "<", "-1,5"}};
+        for (const auto& c : cases) {
+            CNumberPadState rules(c.start, c.decimals, c.negative, ",", ".");
+            CNumberPadDlg clicked(nullptr, QString(), c.start, c.decimals, c.negative);
+            CNumberPadDlg typed(nullptr, QString(), c.start, c.decimals, c.negative);
+            Show(clicked);
+            Show(typed);
+            for (const char* k = c.keys; *k; ++k) {
+                const auto [padKey, keyboardKey] = Lookup(*k);
+                rules.Press(padKey);
+                QTest::mouseClick(clicked.KeyButton(padKey), Qt::LeftButton);
+                Type(typed, keyboardKey);
+            }
+            for (CNumberPadDlg* pad : {&clicked, &typed}) {
+                QVERIFY2(pad->Display()->text() == QLatin1String(c.display), c.keys);
+                QVERIFY2(pad->Value() == rules.ScaledValue(), c.keys);
+                for (int k = 0; k < int(NKey::Count); ++k)
+                    QVERIFY2(pad->KeyButton(NKey(k))->isEnabled() == rules.IsEnabled(NKey(k)), c.keys);
+            }
         }
     }
 
@@ -114,9 +118,9 @@ private slots:
     {
         CNumberPadDlg number(nullptr, QString(), 52, 1, false);
         Show(number);
-        QSignalSpy sevenClicked(KeyNamed(number, QStringLiteral("7")), &CKqButton::clicked);
-        QTest::mouseClick(KeyNamed(number, QStringLiteral("7")), Qt::LeftButton);
-        QTest::mouseClick(KeyNamed(number, QStringLiteral("sign")), Qt::LeftButton);
+        QSignalSpy sevenClicked(KeyNamed(number, "7"), &CKqButton::clicked);
+        QTest::mouseClick(KeyNamed(number, "7"), Qt::LeftButton);
+        QTest::mouseClick(KeyNamed(number, "sign"), Qt::LeftButton);
         for (Qt::Key key : {Qt::Key_7, Qt::Key_Minus, Qt::Key_Comma, Qt::Key_Equal})
             Type(number, key);
         QCOMPARE(number.Display()->text(), QStringLiteral("5,2"));
@@ -126,8 +130,8 @@ private slots:
         CDurationPadDlg duration(nullptr, QString(), 999, 59, 59, 999);
         Show(duration);
         for (const char* name : {"h_plus1", "m_plus1", "s_plus10"}) {
-            QVERIFY(!KeyNamed(duration, QLatin1String(name))->isEnabled());
-            QTest::mouseClick(KeyNamed(duration, QLatin1String(name)), Qt::LeftButton);
+            QVERIFY(!KeyNamed(duration, name)->isEnabled());
+            QTest::mouseClick(KeyNamed(duration, name), Qt::LeftButton);
         }
         QCOMPARE(duration.Display()->text(), QStringLiteral("999:59:59"));
     }
@@ -136,24 +140,23 @@ private slots:
     {
         CDurationPadDlg duration(nullptr, QString(), 998, 59, 50, 999);
         Show(duration);
-        QTest::mouseClick(KeyNamed(duration, QStringLiteral("s_plus10")), Qt::LeftButton);
+        QTest::mouseClick(KeyNamed(duration, "s_plus10"), Qt::LeftButton);
         QCOMPARE(duration.Display()->text(), QStringLiteral("999:00:00"));
         CDurationPadState rules(999, 0, 0, 999);
-        for (int k = 0; k < static_cast<int>(CDurationPadState::Key::Count); ++k) {
-            const auto key = static_cast<CDurationPadState::Key>(k);
-            QCOMPARE(duration.KeyButton(key)->isEnabled(), rules.IsEnabled(key));
-        }
+        for (int k = 0; k < int(CDurationPadState::Key::Count); ++k)
+            QVERIFY(duration.KeyButton(CDurationPadState::Key(k))->isEnabled() ==
+                    rules.IsEnabled(CDurationPadState::Key(k)));
         Type(duration, Qt::Key_7);
         QCOMPARE(duration.Hours(), 7);
 
         CTimePadDlg time(nullptr, QString(), 23, 50);
         Show(time);
-        QTest::mouseClick(KeyNamed(time, QStringLiteral("plus15")), Qt::LeftButton);
+        QTest::mouseClick(KeyNamed(time, "plus15"), Qt::LeftButton);
         QCOMPARE(time.Display()->text(), QStringLiteral("00:05"));
-        QTest::mouseClick(KeyNamed(time, QStringLiteral("minus10")), Qt::LeftButton);
+        QTest::mouseClick(KeyNamed(time, "minus10"), Qt::LeftButton);
         QCOMPARE(time.Display()->text(), QStringLiteral("23:55"));
-        QTest::mouseClick(KeyNamed(time, QStringLiteral("h_24")), Qt::LeftButton);
-        QTest::mouseClick(KeyNamed(time, QStringLiteral("m_30")), Qt::LeftButton);
+        QTest::mouseClick(KeyNamed(time, "h_24"), Qt::LeftButton);
+        QTest::mouseClick(KeyNamed(time, "m_30"), Qt::LeftButton);
         Type(time, Qt::Key_Plus);
         QCOMPARE(time.Hour(), 0);
         QCOMPARE(time.Minute(), 31);
@@ -161,80 +164,34 @@ private slots:
         QCOMPARE(time.Display()->text(), QStringLiteral("09:31"));
     }
 
-    void okHandsBackAndCancelRestores_data()
-    {
-        QTest::addColumn<QString>("pad");
-        QTest::addColumn<QString>("close");
-        QTest::addColumn<int>("result");
-        QTest::addColumn<QList<int>>("values");
-        const QList<int> numberStart{1250}, numberTyped{700};
-        const QList<int> durationStart{1, 2, 3}, durationTyped{6, 2, 3};
-        const QList<int> timeStart{8, 15}, timeTyped{6, 45};
-        const struct
-        {
-            const char* pad;
-            QList<int> start, typed;
-        } pads[] = {{"number", numberStart, numberTyped},
-                    {"duration", durationStart, durationTyped},
-                    {"time", timeStart, timeTyped}};
-        for (const auto& pad : pads) {
-            const QString name = QLatin1String(pad.pad);
-            QTest::addRow("%s ok", pad.pad) << name << "ok" << int(QDialog::Accepted) << pad.typed;
-            QTest::addRow("%s enter", pad.pad) << name << "enter" << int(QDialog::Accepted) << pad.typed;
-            QTest::addRow("%s cancel", pad.pad) << name << "cancel" << int(QDialog::Rejected) << pad.start;
-            QTest::addRow("%s escape", pad.pad) << name << "escape" << int(QDialog::Rejected) << pad.start;
-        }
-    }
-
+    // Every pad, with an empty or a given title, changed ("C" 7 on the number pad, hour 6,
+    // minutes :45) and closed with OK, Enter, Cancel or Escape.
     void okHandsBackAndCancelRestores()
     {
-        QFETCH(QString, pad);
-        QFETCH(QString, close);
-        QFETCH(int, result);
-        QFETCH(QList<int>, values);
-
-        std::unique_ptr<CKqPadDlg> dialog;
-        if (pad == QLatin1String("number"))
-            dialog = std::make_unique<CNumberPadDlg>(nullptr, QString(), 1250, 2, false);
-        else if (pad == QLatin1String("duration"))
-            dialog = std::make_unique<CDurationPadDlg>(nullptr, QString(), 1, 2, 3, 99);
-        else
-            dialog = std::make_unique<CTimePadDlg>(nullptr, QString(), 8, 15);
-        QSignalSpy finished(dialog.get(), &QDialog::finished);
-        Show(*dialog);
-        // Change the value: "C" 7 on the number pad, hour 6, minutes :45.
-        for (const char* name : {"clear", "7", "h_6", "m_45"})
-            if (auto* key = dialog->findChild<CKqButton*>(QStringLiteral("key_") + QLatin1String(name)))
-                QTest::mouseClick(key, Qt::LeftButton);
-
-        if (close == QLatin1String("ok") || close == QLatin1String("cancel"))
-            QTest::mouseClick(dialog->findChild<CKqButton*>(close), Qt::LeftButton);
-        else
-            Type(*dialog, close == QLatin1String("enter") ? Qt::Key_Return : Qt::Key_Escape);
-
-        QCOMPARE(dialog->result(), result);
-        QCOMPARE(finished.count(), 1);
-        QCOMPARE(finished.first().first().toInt(), result);
-        QVERIFY(!dialog->isVisible());
-        QList<int> got;
-        if (auto* number = dynamic_cast<CNumberPadDlg*>(dialog.get()))
-            got = {number->Value()};
-        else if (auto* duration = dynamic_cast<CDurationPadDlg*>(dialog.get()))
-            got = {duration->Hours(), duration->Minutes(), duration->Seconds()};
-        else if (auto* time = dynamic_cast<CTimePadDlg*>(dialog.get()))
-            got = {time->Hour(), time->Minute()};
-        QCOMPARE(got, values);
-    }
-
-    void emptyTitlesFallBack()
-    {
-        const QString given = QStringLiteral("Exit height");
-        QCOMPARE(CNumberPadDlg(nullptr, QString(), 0, 0, false).windowTitle(), QStringLiteral("Zahl"));
-        QCOMPARE(CDurationPadDlg(nullptr, QString(), 0, 0, 0, 99).windowTitle(), QStringLiteral("Flugdauer"));
-        QCOMPARE(CTimePadDlg(nullptr, QString(), 0, 0).windowTitle(), QStringLiteral("Zeit"));
-        QCOMPARE(CNumberPadDlg(nullptr, given, 0, 0, false).windowTitle(), given);
-        QCOMPARE(CDurationPadDlg(nullptr, given, 0, 0, 0, 99).windowTitle(), given);
-        QCOMPARE(CTimePadDlg(nullptr, given, 0, 0).windowTitle(), given);
+        const QList<int> start[] = {{1250}, {1, 2, 3}, {8, 15}}, typed[] = {{700}, {6, 2, 3}, {6, 45}};
+        const char* const titles[] = {"Zahl", "Flugdauer", "Zeit"};
+        for (int kind = 0; kind < 3; ++kind) {
+            QCOMPARE(MakePad(kind)->windowTitle(), QLatin1String(titles[kind]));
+            QCOMPARE(MakePad(kind, QStringLiteral("Exit height"))->windowTitle(), QStringLiteral("Exit height"));
+            for (const QString close : {"ok", "enter", "cancel", "escape"}) {
+                const QByteArray row = QByteArray(titles[kind]) + ' ' + close.toLatin1();
+                const std::unique_ptr<CKqPadDlg> pad = MakePad(kind);
+                QSignalSpy finished(pad.get(), &QDialog::finished);
+                Show(*pad);
+                for (const char* name : {"clear", "7", "h_6", "m_45"})
+                    if (auto* key = pad->findChild<CKqButton*>(QStringLiteral("key_") + QLatin1String(name)))
+                        QTest::mouseClick(key, Qt::LeftButton);
+                if (close == QLatin1String("ok") || close == QLatin1String("cancel"))
+                    QTest::mouseClick(pad->findChild<CKqButton*>(close), Qt::LeftButton);
+                else
+                    Type(*pad, close == QLatin1String("enter") ? Qt::Key_Return : Qt::Key_Escape);
+                const bool ok = close == QLatin1String("ok") || close == QLatin1String("enter");
+                QVERIFY2(pad->result() == (ok ? QDialog::Accepted : QDialog::Rejected), row);
+                QVERIFY2(finished.count() == 1 && finished[0][0].toInt() == pad->result(), row);
+                QVERIFY2(!pad->isVisible(), row);
+                QVERIFY2(ValueOf(*pad) == (ok ? typed[kind] : start[kind]), row);
+            }
+        }
     }
 };
 
