@@ -13,47 +13,25 @@
 #include <cmath>
 #include <memory>
 #include <numbers>
-#include <tuple>
 
 namespace SyntheticJump {
 
-constexpr double kExitAltitude = 4000.0;
-constexpr double kOpenAltitude = 1000.0;
-constexpr double kTerminal = 55.0;
-constexpr double kCanopy = 5.0;
-constexpr double kClimb = 7.0;
-constexpr double kGravity = 9.81;
-constexpr double kClimbStart = -100.0;
+constexpr double kExitAltitude = 4000.0, kOpenAltitude = 1000.0;
+constexpr double kTerminal = 55.0, kCanopy = 5.0, kClimb = 7.0, kGravity = 9.81;
 
-// Freefall altitude lost after t seconds, with drag reaching terminal speed.
-inline double FreefallDrop(double t)
-{
-    return kTerminal * kTerminal / kGravity * std::log(std::cosh(kGravity * t / kTerminal));
-}
-
-// The freefall time down to the opening altitude.
+// The freefall time down to the opening altitude, with drag reaching terminal speed.
 inline double FreefallTime()
 {
-    double lo = 0.0, hi = 200.0;
-    for (int i = 0; i < 60; ++i) {
-        const double mid = (lo + hi) / 2;
-        (FreefallDrop(mid) < kExitAltitude - kOpenAltitude ? lo : hi) = mid;
-    }
-    return lo;
+    const double drop = kExitAltitude - kOpenAltitude;
+    return kTerminal / kGravity * std::acosh(std::exp(drop * kGravity / (kTerminal * kTerminal)));
 }
 
-inline double LandingTime()
-{
-    return FreefallTime() + kOpenAltitude / kCanopy;
-}
-
-// The altitude at t.
 inline double Altitude(double t)
 {
     if (t < 0)
         return kExitAltitude + kClimb * t;
     if (t < FreefallTime())
-        return kExitAltitude - FreefallDrop(t);
+        return kExitAltitude - kTerminal * kTerminal / kGravity * std::log(std::cosh(kGravity * t / kTerminal));
     return std::max(0.0, kOpenAltitude - kCanopy * (t - FreefallTime()));
 }
 
@@ -64,46 +42,41 @@ inline double VerticalSpeed(double t)
         return -kClimb;
     if (t < FreefallTime())
         return kTerminal * std::tanh(kGravity * t / kTerminal);
-    return t < LandingTime() ? kCanopy : 0.0;
+    return Altitude(t) > 0 ? kCanopy : 0.0;
 }
 
-// A recording of the jump: satellite samples twice a second with positions, or barometric ones
-// every second in the climb and the freefall and every three seconds under canopy. Ten seconds
-// on the ground follow the landing.
+// A recording of the jump from 100 s before the exit to ten seconds on the ground: satellite
+// samples twice a second, or barometric ones every second in the climb and the freefall and
+// every three seconds under canopy. The aircraft flies north-east at 40 m/s, freefall drifts
+// east at 8 m/s, the canopy flies at 8 m/s while turning once a minute and drifting with a
+// 3 m/s wind. Five wind layers from the ground up to 4000 m.
 inline CJumpRecording Recording(int kind)
 {
     CJumpRecording recording;
     recording.SetKind(kind);
     const bool gps = kind == CJumpRecording::Satellite;
-    // Positions: the aircraft flies north-east at 40 m/s, freefall drifts east at 8 m/s, the
-    // canopy flies at 8 m/s while turning once a minute and drifting with a 3 m/s wind.
-    double east = 0.0, north = 0.0, t = kClimbStart;
-    const double end = LandingTime() + 10.0;
-    while (t <= end) {
-        const double step = gps ? 0.5 : (t < FreefallTime() ? 1.0 : 3.0);
-        if (gps) {
-            const double lat = 61.78 + north / 111195.0;
-            const double lon = 22.72 + east / (111195.0 * std::cos(61.78 * std::numbers::pi / 180.0));
-            recording.AddSample(std::make_unique<CGpsSample>(Altitude(t), t, lat, lon));
-        } else
+    const double open = FreefallTime(), end = open + kOpenAltitude / kCanopy + 10.0;
+    const double metresPerDegree = 111195.0, eastPerDegree = metresPerDegree * std::cos(61.78 * std::numbers::pi / 180);
+    double east = 0.0, north = 0.0;
+    for (double t = -100.0, step = 0.0; t <= end; t += step) {
+        step = gps ? 0.5 : (t < open ? 1.0 : 3.0);
+        if (gps)
+            recording.AddSample(std::make_unique<CGpsSample>(Altitude(t), t, 61.78 + north / metresPerDegree,
+                                                             22.72 + east / eastPerDegree));
+        else
             recording.AddSample(std::make_unique<CBaroSample>(Altitude(t), t));
+        const double heading = (t - open) * 2 * std::numbers::pi / 60.0;
         if (t < 0)
             east += 28.0 * step, north += 28.0 * step;
-        else if (t < FreefallTime())
+        else if (t < open)
             east += 8.0 * step;
-        else if (t < LandingTime()) {
-            const double heading = (t - FreefallTime()) * 2 * std::numbers::pi / 60.0;
-            east += (8.0 * std::sin(heading) - 3.0) * step;
-            north += 8.0 * std::cos(heading) * step;
-        }
-        t += step;
+        else if (Altitude(t) > 0)
+            east += (8.0 * std::sin(heading) - 3.0) * step, north += 8.0 * std::cos(heading) * step;
     }
     recording.AddAnnotation({kExitAltitude - 100, -14.0, "Door open"});
-    recording.AddAnnotation({Altitude(FreefallTime() - 2), FreefallTime() - 2, "Wave off"});
-    for (const auto& [direction, speed, altitude] :
-         {std::tuple{200, 3.0, 0}, std::tuple{220, 5.0, 1000}, std::tuple{235, 7.5, 2000}, std::tuple{245, 10.0, 3000},
-          std::tuple{250, 12.5, 4000}})
-        recording.AddWind({direction, speed, altitude});
+    recording.AddAnnotation({Altitude(open - 2), open - 2, "Wave off"});
+    for (int layer = 0; layer < 5; ++layer)
+        recording.AddWind({210 + 10 * layer, 2.5 * (layer + 1), 1000 * layer});
     return recording;
 }
 
