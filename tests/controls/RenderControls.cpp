@@ -13,10 +13,8 @@
 #include "controls/CTimePadDlg.h"
 
 #include <QApplication>
-#include <QPainter>
 #include <QTextStream>
 
-#include <functional>
 #include <memory>
 
 namespace {
@@ -24,22 +22,30 @@ namespace {
 struct Scene
 {
     QString name;
-    QLocale locale;
-    std::function<std::unique_ptr<CKqPadDlg>()> make;
+    bool german;
+    // The pad ('n' number, 'd' duration, 't' time) and the values it opens with.
+    char pad;
+    QList<int> values;
     // The keys clicked in turn (space-separated), a key shown held down and one shown with the focus.
     QString keys, down = {}, focus = {};
 };
+
+std::unique_ptr<CKqPadDlg> MakePad(const Scene& scene)
+{
+    const QList<int>& v = scene.values;
+    if (scene.pad == 'n')
+        return std::make_unique<CNumberPadDlg>(nullptr, QString(), v[0], v[1], v[2] != 0);
+    if (scene.pad == 'd')
+        return std::make_unique<CDurationPadDlg>(nullptr, QString(), v[0], v[1], v[2], v[3]);
+    return std::make_unique<CTimePadDlg>(nullptr, QString(), v[0], v[1]);
+}
 
 // The key's looks: plain, pressed, focused, disabled, with an icon, disabled with an icon.
 QWidget* ButtonStrip()
 {
     auto* strip = new QWidget;
     QPixmap mark(16, 16);
-    mark.fill(Qt::transparent);
-    QPainter painter(&mark);
-    painter.setBrush(QColor(40, 120, 40));
-    painter.drawEllipse(1, 1, 14, 14);
-    painter.end();
+    mark.fill(QColor(40, 120, 40));
     const QStringList looks = {"plain", "pressed", "focused", "disabled", "icon", "icon off"};
     QList<CKqButton*> buttons;
     for (int i = 0; i < looks.size(); ++i) {
@@ -67,24 +73,14 @@ int main(int argc, char* argv[])
                                     : QCoreApplication::applicationDirPath() + QStringLiteral("/screens");
     QDir().mkpath(target);
 
-    const QLocale english(QLocale::English, QLocale::UnitedStates);
-    const QLocale german(QLocale::German, QLocale::Germany);
-    const QList<Scene> scenes = {
-        {"number_fresh", english, [] { return std::make_unique<CNumberPadDlg>(nullptr, QString(), 0, 2, false); }, ""},
-        {"number_entry", german, [] { return std::make_unique<CNumberPadDlg>(nullptr, "Fall rate", 0, 2, true); },
-         "1 2 3 4 separator 5", "7", "back"},
-        {"number_sum", german, [] { return std::make_unique<CNumberPadDlg>(nullptr, QString(), 0, 0, false); },
-         "2 plus 3 equals"},
-        {"duration_fresh", english, [] { return std::make_unique<CDurationPadDlg>(nullptr, QString(), 0, 0, 0, 999); },
-         ""},
-        {"duration_entry", english,
-         [] { return std::make_unique<CDurationPadDlg>(nullptr, QString(), 998, 59, 50, 999); }, "s_plus10", "h_minus5",
-         "m_plus1"},
-        {"duration_short", english, [] { return std::make_unique<CDurationPadDlg>(nullptr, QString(), 1, 20, 0, 50); },
-         "m_plus10"},
-        {"time_fresh", english, [] { return std::make_unique<CTimePadDlg>(nullptr, QString(), 12, 0); }, ""},
-        {"time_entry", english, [] { return std::make_unique<CTimePadDlg>(nullptr, QString(), 23, 50); }, "plus15",
-         "h_24", "m_30"}};
+    const QList<Scene> scenes = {{"number_fresh", false, 'n', {0, 2, 0}, ""},
+                                 {"number_entry", true, 'n', {0, 2, 1}, "1 2 3 4 separator 5", "7", "back"},
+                                 {"number_sum", true, 'n', {0, 0, 0}, "2 plus 3 equals"},
+                                 {"duration_fresh", false, 'd', {0, 0, 0, 999}, ""},
+                                 {"duration_entry", false, 'd', {998, 59, 50, 999}, "s_plus10", "h_minus5", "m_plus1"},
+                                 {"duration_short", false, 'd', {1, 20, 0, 50}, "m_plus10"},
+                                 {"time_fresh", false, 't', {12, 0}, ""},
+                                 {"time_entry", false, 't', {23, 50}, "plus15", "h_24", "m_30"}};
 
     QTextStream out(stdout);
     int problems = 0;
@@ -94,9 +90,10 @@ int main(int argc, char* argv[])
         problems += found.size();
     };
     for (const Scene& scene : scenes) {
-        RenderCheck::UseLanguage(scene.locale);
+        RenderCheck::UseLanguage(scene.german ? QLocale(QLocale::German, QLocale::Germany)
+                                              : QLocale(QLocale::English, QLocale::UnitedStates));
         for (const QSize& size : RenderCheck::kSizes) {
-            const std::unique_ptr<CKqPadDlg> pad = scene.make();
+            const std::unique_ptr<CKqPadDlg> pad = MakePad(scene);
             pad->FitTo(size);
             pad->show();
             const auto key = [&pad](const QString& name) { return pad->findChild<CKqButton*>("key_" + name); };
