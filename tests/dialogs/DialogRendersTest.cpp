@@ -1,9 +1,10 @@
-// Pictures of every page of the jump editor (a new, a changed, a signed view-only jump with a
-// formatted note and a drawn signature, and the recording page of an imported jump), of the
-// profile, equipment and preferences dialogs, of the rig editor and of the owner editor at
-// 240x320, 320x240, 360x640 and 1024x768, written as PNG files into the folder named by
-// TERVOLA_RENDER_DIR (nothing is written without it). Each picture is checked: no text cut
-// short, no page that only fits by scrolling sideways.
+// Pictures of every page of the jump editor (a new jump, a changed one with an imported
+// barometric recording, a signed view-only one with a formatted note, a drawn signature and a
+// satellite recording), of the profile, equipment and preferences dialogs, of the rig editor and
+// of the owner editor at 240x320, 320x240, 360x640 and 1024x768, written as PNG files into the
+// folder named by TERVOLA_RENDER_DIR (nothing is written without it). Each picture is checked:
+// no text cut short, no page that only fits by scrolling sideways, and a recording's plot with
+// its cursor's box fits its page without scrolling up and down.
 
 #include "CRecordingMessages.h"
 #include "CRenderCheck.h"
@@ -34,7 +35,8 @@
 namespace {
 
 // A profile with a membership and licenses, two rigs, and jumps 41 and 42 with wind and a rig;
-// 42 is signed and has a formatted note.
+// 41 has a barometric recording imported with its fall rate, 42 a satellite recording, a
+// signature and a formatted note.
 std::unique_ptr<CLogbookDoc> Logbook(std::vector<CJump*>& added)
 {
     auto doc = std::make_unique<CLogbookDoc>();
@@ -61,8 +63,12 @@ std::unique_ptr<CLogbookDoc> Logbook(std::vector<CJump*>& added)
         jump->SetLanding("OK");
         jump->SetWind(250, 4.5);
         jump->SetEquipmentByIndex(0);
+        jump->Recording() =
+            SyntheticJump::Recording(number == 41 ? CJumpRecording::Barometric : CJumpRecording::Satellite);
         added.push_back(doc->AddJump(std::move(jump)));
     }
+    added[0]->SetFallrateValues(
+        {Import, 4000, 1000, static_cast<int>(std::lround(SyntheticJump::FreefallTime())), 200, 55.0, 47.0});
     added[1]->SetNote("<p>Exit <b>on time</b>, <i>clean</i> break-off.</p><ul><li>track 10 s</li></ul>");
     CJumpSignature::Stroke wave;
     for (int x = 20; x <= 220; x += 4)
@@ -93,9 +99,18 @@ private:
                 QCoreApplication::processEvents();
                 const QString file =
                     QStringLiteral("%1_%2_%3x%4.png").arg(name).arg(page).arg(size.width()).arg(size.height());
-                QVERIFY(RenderCheck::Save(&dlg, file));
                 QWidget* shown = sheet ? sheet->Tabs()->currentWidget() : &dlg;
-                const QStringList problems = RenderCheck::Clipped(shown) + RenderCheck::ScrollsSideways(shown);
+                QStringList problems = RenderCheck::Clipped(&dlg) + RenderCheck::ScrollsSideways(shown);
+                if (auto* recording = qobject_cast<CDlgJumpPageRecording*>(sheet ? sheet->Page(page) : nullptr)) {
+                    CRecordingPlot* plot = recording->Plot();
+                    QTest::mouseMove(plot, QPoint(qRound(plot->XOfTime(20.0)), qRound(plot->SpeedArea().center().y())));
+                    dlg.grab(); // the cursor's box is placed as it is painted
+                    if (!plot->HasCursor() || !QRectF(plot->rect()).contains(plot->CursorBox()))
+                        problems.append(QStringLiteral("cursor box outside"));
+                    if (qobject_cast<QScrollArea*>(shown)->verticalScrollBar()->maximum() > 0)
+                        problems.append(QStringLiteral("scrolls up and down"));
+                }
+                QVERIFY(RenderCheck::Save(&dlg, file));
                 QVERIFY2(problems.isEmpty(), qPrintable(file + ": " + problems.join(QStringLiteral("; "))));
             }
         }
@@ -117,56 +132,14 @@ private slots:
         {
             const char* name;
             CJump* jump;
-            bool metric;
-        } modes[] = {{"new", nullptr, true}, {"change", m_jumps[0], false}, {"signed", m_jumps[1], true}};
+            CUnitSettings units;
+        } modes[] = {{"new", nullptr, {CUnitSettings::Metric, 0, 0}},
+                     {"change", m_jumps[0], {CUnitSettings::Imperial, CUnitSettings::PerSecond, 0}},
+                     {"signed", m_jumps[1], {CUnitSettings::Metric, CUnitSettings::PerHour, 0}}};
         for (const auto& mode : modes) {
-            const CUnitSettings units(mode.metric ? CUnitSettings::Metric : CUnitSettings::Imperial, 0, 0);
-            CDlgJump dialog(*m_doc, units, &m_store, m_clock, mode.jump, &m_messages);
+            CDlgJump dialog(*m_doc, mode.units, &m_store, m_clock, mode.jump, &m_messages);
             Shoot(dialog, QStringLiteral("jump_") + mode.name,
                   [&dialog](QSize) { return dialog.sizeHint().expandedTo(QSize(480, 420)); });
-        }
-    }
-
-    // The recording's page with the cursor on the plot: the plot fits the page, without
-    // scrolling up and down, and so does the cursor's box.
-    void jumpRecording()
-    {
-        const struct
-        {
-            const char* name;
-            int kind;
-            CUnitSettings units;
-        } recordings[] = {{"gps", CJumpRecording::Satellite, {CUnitSettings::Metric, CUnitSettings::PerHour, 0}},
-                          {"baro", CJumpRecording::Barometric, {CUnitSettings::Imperial, CUnitSettings::PerSecond, 0}}};
-        for (const auto& recording : recordings) {
-            m_jumps[0]->Recording() = SyntheticJump::Recording(recording.kind);
-            m_jumps[0]->SetFallrateValues(
-                {Import, 4000, 1000, static_cast<int>(std::lround(SyntheticJump::FreefallTime())), 200, 55.0, 47.0});
-            for (const QSize size : RenderCheck::kSizes) {
-                CDlgJump editor(*m_doc, recording.units, &m_store, m_clock, m_jumps[0], &m_messages);
-                editor.show();
-                QVERIFY(QTest::qWaitForWindowExposed(&editor));
-                editor.resize(size.width() > 500 ? editor.sizeHint().boundedTo(size) : size);
-                editor.StartOnPage(editor.RecordingPage());
-                QCoreApplication::processEvents();
-                CRecordingPlot* plot = editor.RecordingPage()->Plot();
-                QTest::mouseMove(plot, QPoint(qRound(plot->XOfTime(20.0)), qRound(plot->SpeedArea().center().y())));
-                QVERIFY(plot->HasCursor());
-                const QString file = QStringLiteral("jump_recording_%1_%2x%3.png")
-                                         .arg(recording.name)
-                                         .arg(size.width())
-                                         .arg(size.height());
-                editor.grab(); // the cursor's box is placed as it is painted
-                QVERIFY(RenderCheck::Save(&editor, file));
-                QWidget* shown = editor.Tabs()->currentWidget();
-                QStringList problems = RenderCheck::Clipped(&editor) + RenderCheck::ScrollsSideways(shown);
-                if (auto* scroller = qobject_cast<QScrollArea*>(shown);
-                    scroller && scroller->verticalScrollBar()->maximum() > 0)
-                    problems.append(QStringLiteral("scrolls up and down"));
-                if (!QRectF(plot->rect()).contains(plot->CursorBox()))
-                    problems.append(QStringLiteral("cursor box outside"));
-                QVERIFY2(problems.isEmpty(), qPrintable(file + QStringLiteral(": ") + problems.join("; ")));
-            }
         }
     }
 
