@@ -48,22 +48,18 @@ private slots:
         runner = CScriptedDialogs();
     }
 
-    void alarmBoxEnablesItsFieldsAndTheValuesAreKept()
+    void alarmBoxEnablesItsFieldsAndOkTakesTheValues()
     {
         CDlgEquipments dlg(*doc, &messages);
         dlg.InitialisePages();
         CDlgEquipmentsPageAlarm* page = dlg.AlarmPage();
         QVERIFY(!page->AlarmBox()->isChecked());
-        QVERIFY(!page->DaysPriorSpin()->isEnabled());
-        QVERIFY(!page->CycleSpin()->isEnabled());
+        QVERIFY(!page->DaysPriorSpin()->isEnabled() && !page->CycleSpin()->isEnabled());
         QCOMPARE(page->DaysPriorSpin()->value(), 30);
         QCOMPARE(page->CycleSpin()->value(), 180);
         page->AlarmBox()->setChecked(true);
         QVERIFY(page->DaysPriorSpin()->isEnabled() && page->CycleSpin()->isEnabled());
         page->CycleSpin()->setValue(730);
-        page->AlarmBox()->setChecked(false);
-        QCOMPARE(page->CycleSpin()->value(), 730);
-        page->AlarmBox()->setChecked(true);
         dlg.accept();
         QVERIFY(dlg.Changed());
         QCOMPARE(doc->GetSettings().GetEquipmentList().GetInspectionCycle(), 730);
@@ -129,33 +125,26 @@ private slots:
     }
 
     // Each refused value shows one message and puts the focus on its field; the editor stays open.
-    void rigEditorFocusesTheRefusedField_data()
-    {
-        QTest::addColumn<QStringList>("texts"); // harness, main canopy, main size
-        QTest::addColumn<QString>("focus");
-        QTest::addColumn<QString>("message");
-        QTest::newRow("blank harness") << QStringList{"   ", "Sabre2", "170"} << "harnessEdit"
-                                       << "Please enter a harness.";
-        QTest::newRow("blank main") << QStringList{"Javelin", " ", "170"} << "mainEdit"
-                                    << "Please enter a main canopy.";
-        QTest::newRow("main size") << QStringList{"Javelin", "Sabre2", "1000"} << "mainSizeEdit"
-                                   << "Please enter a value between 0 and 999.";
-    }
     void rigEditorFocusesTheRefusedField()
     {
-        QFETCH(QStringList, texts);
-        QFETCH(QString, focus);
-        QFETCH(QString, message);
         CDlgEquipment dlg(doc->GetSettings().GetEquipmentList().Get(0), &messages);
         dlg.show();
         QVERIFY(QTest::qWaitForWindowExposed(&dlg));
-        dlg.HarnessEdit()->setText(texts[0]);
-        dlg.MainEdit()->setText(texts[1]);
-        dlg.MainSizeEdit()->setText(texts[2]);
-        dlg.accept();
-        QCOMPARE(messages.boxes.size(), qsizetype(1));
-        QCOMPARE(messages.boxes[0].text, message);
-        QCOMPARE(dlg.focusWidget()->objectName(), focus);
+        const struct
+        {
+            const char *harness, *main, *size, *focus, *message;
+        } cases[] = {{"   ", "Sabre2", "170", "harnessEdit", "Please enter a harness."},
+                     {"Javelin", " ", "170", "mainEdit", "Please enter a main canopy."},
+                     {"Javelin", "Sabre2", "1000", "mainSizeEdit", "Please enter a value between 0 and 999."}};
+        for (const auto& c : cases) {
+            dlg.HarnessEdit()->setText(QLatin1String(c.harness));
+            dlg.MainEdit()->setText(QLatin1String(c.main));
+            dlg.MainSizeEdit()->setText(QLatin1String(c.size));
+            dlg.accept();
+            QCOMPARE(messages.boxes.last().text, QLatin1String(c.message));
+            QCOMPARE(dlg.focusWidget()->objectName(), QLatin1String(c.focus));
+        }
+        QCOMPARE(messages.boxes.size(), qsizetype(3));
         QVERIFY(dlg.isVisible());
     }
 

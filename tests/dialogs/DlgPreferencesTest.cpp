@@ -10,6 +10,7 @@
 
 #include <QComboBox>
 #include <QLabel>
+#include <QLocale>
 #include <QPushButton>
 #include <QSpinBox>
 #include <QTest>
@@ -37,11 +38,10 @@ private slots:
         dlg.UnitsCombo()->setCurrentIndex(0);
         QCOMPARE(dlg.SpeedCombo()->itemText(0), QStringLiteral("ft/s"));
         QCOMPARE(dlg.SpeedCombo()->itemText(1), QStringLiteral("mph"));
-        QCOMPARE(dlg.Edit().customTenths, 164);
+        QCOMPARE(dlg.FallrateButton()->text(), QLocale().toString(16.4, 'f', 1));
         QCOMPARE(dlg.FallrateLabel()->text(), QStringLiteral("Custom Fallrate [ft/s]"));
         dlg.UnitsCombo()->setCurrentIndex(1);
         dlg.SpeedCombo()->setCurrentIndex(1);
-        QCOMPARE(dlg.Edit().customTenths, 180);
         QCOMPARE(dlg.FallrateLabel()->text(), QStringLiteral("Custom Fallrate [km/h]"));
         dlg.UnitsCombo()->setCurrentIndex(0);
         QCOMPARE(dlg.SpeedCombo()->currentIndex(), 1);
@@ -68,7 +68,7 @@ private slots:
         CDlgPreferences dlg(units, &store, *doc, nullptr);
         dlg.SetDialogRunner(&runner);
         dlg.FallrateButton()->click();
-        QCOMPARE(dlg.Edit().customTenths, 555);
+        QCOMPARE(dlg.FallrateButton()->text(), QLocale().toString(55.5, 'f', 1));
         dlg.FreefallButton()->click();
         QVERIFY(padSeconds > 0);
         QCOMPARE(dlg.Edit().previousDelay, padSeconds);
@@ -81,11 +81,9 @@ private slots:
 
     void okStoresTheUnitsTogetherAndCancelStoresNothing()
     {
-        {
-            CDlgPreferences dlg(units, &store, *doc, nullptr);
-            dlg.UnitsCombo()->setCurrentIndex(0);
-            dlg.reject();
-        }
+        CDlgPreferences cancelled(units, &store, *doc, nullptr);
+        cancelled.UnitsCombo()->setCurrentIndex(0);
+        cancelled.reject();
         QVERIFY(units.IsMetric());
         QVERIFY(!store.Contains("Preferences", "Units"));
 
