@@ -60,9 +60,21 @@ private slots:
         QVERIFY(Action("userProfileAction")->isEnabled());
     }
 
-    void preferencesToMetricChangeTheSummary()
+    // Each command applies its dialog only on OK: Cancel leaves the logbook untouched, the units
+    // change the summary but not the logbook, a logbook value marks it modified, and removing a
+    // rig keeps what every jump shows as its rig.
+    void commandsApplyTheirDialogsOnOk()
     {
         QVERIFY(!h->StartWith(Logbook()).isEmpty());
+        CLogbookDoc& doc = h->Frame()->GetDocument();
+        h->dialogs.steps.append([](QDialog& dialog) {
+            qobject_cast<CDlgUser*>(&dialog)->InitialisePages();
+            return int(QDialog::Rejected);
+        });
+        Action("userProfileAction")->trigger();
+        QCOMPARE(h->dialogs.ran, QStringList{"dlgUser"});
+        QVERIFY(!doc.IsModified());
+
         CSummaryPane* summary = h->View()->GetSummary();
         QCOMPARE(summary->LabelText(2), QStringLiteral("Freefall Dist. [mi]"));
         QCOMPARE(summary->ValueText(2), QStringLiteral("6"));
@@ -73,26 +85,16 @@ private slots:
         QCOMPARE(summary->ValueText(2), QStringLiteral("9"));
         QVERIFY(h->Frame()->GetUnits().IsMetric());
         QCOMPARE(h->settings.GetInt("Preferences", "Units", -1), 1);
-        // Only the units changed: the logbook is not modified.
-        QVERIFY(!h->Frame()->GetDocument().IsModified());
-    }
+        QVERIFY(!doc.IsModified());
 
-    void changedLogbookValuesMarkTheLogbookModified()
-    {
-        QVERIFY(!h->StartWith(Logbook()).isEmpty());
         h->dialogs.steps.append(CScriptedDialogs::Ok<CDlgPreferences>(
             [](CDlgPreferences& dlg) { dlg.findChild<QSpinBox*>("previousJumpsSpin")->setValue(12); }));
         h->Frame()->GetSettingsCommands()->OnPreferences();
-        QVERIFY(h->Frame()->GetDocument().IsModified());
-    }
+        QVERIFY(doc.IsModified());
 
-    void removingARigKeepsEveryJumpsRig()
-    {
-        QVERIFY(!h->StartWith(Logbook()).isEmpty());
-        CLogbookDoc& doc = h->Frame()->GetDocument();
-        doc.GetJumps()[0]->SetEquipmentByIndex(0);
-        doc.GetJumps()[1]->SetEquipmentByIndex(1);
-        doc.GetJumps()[2]->SetEquipmentByIndex(2);
+        doc.SetModified(false);
+        for (int i = 0; i < 3; ++i)
+            doc.GetJumps()[i]->SetEquipmentByIndex(i);
         const QStringList before = RigTexts();
         h->dialogs.steps.append(CScriptedDialogs::Ok<CDlgEquipments>([](CDlgEquipments& dlg) {
             dlg.InitialisePages();
@@ -105,38 +107,19 @@ private slots:
         QVERIFY(doc.IsModified());
     }
 
-    void cancelLeavesTheLogbookUntouched()
-    {
-        QVERIFY(!h->StartWith(Logbook()).isEmpty());
-        h->dialogs.steps.append([](QDialog& dialog) {
-            auto* dlg = qobject_cast<CDlgUser*>(&dialog);
-            dlg->InitialisePages();
-            return int(QDialog::Rejected);
-        });
-        Action("userProfileAction")->trigger();
-        QCOMPARE(h->dialogs.ran, QStringList{"dlgUser"});
-        QVERIFY(!h->Frame()->GetDocument().IsModified());
-    }
-
     // New: the three dialogs follow one another while each ends with OK.
-    void newLogbookChainStopsAtTheFirstCancel_data()
-    {
-        QTest::addColumn<int>("oks");
-        QTest::addColumn<QStringList>("ran");
-        QTest::newRow("profile cancelled") << 0 << QStringList{"dlgUser"};
-        QTest::newRow("equipment cancelled") << 1 << QStringList{"dlgUser", "dlgEquipments"};
-        QTest::newRow("all three") << 3 << QStringList{"dlgUser", "dlgEquipments", "dlgPreferences"};
-    }
     void newLogbookChainStopsAtTheFirstCancel()
     {
-        QFETCH(int, oks);
-        QFETCH(QStringList, ran);
-        QVERIFY(h->StartWithoutSplash());
-        h->files.saveAnswers.append(h->Path(QStringLiteral("new.tvz")));
-        for (int i = 0; i < oks; ++i)
-            h->dialogs.steps.append(CScriptedDialogs::Ok<QDialog>([](QDialog&) {}));
-        Action("fileNewAction")->trigger();
-        QCOMPARE(h->dialogs.ran, ran);
+        const QStringList all = {"dlgUser", "dlgEquipments", "dlgPreferences"};
+        for (const int oks : {0, 1, 3}) {
+            h = std::make_unique<CAppHarness>();
+            QVERIFY(h->StartWithoutSplash());
+            h->files.saveAnswers.append(h->Path(QStringLiteral("new.tvz")));
+            for (int i = 0; i < oks; ++i)
+                h->dialogs.steps.append(CScriptedDialogs::Ok<QDialog>([](QDialog&) {}));
+            Action("fileNewAction")->trigger();
+            QCOMPARE(h->dialogs.ran, all.mid(0, std::min(oks + 1, 3)));
+        }
     }
 };
 
