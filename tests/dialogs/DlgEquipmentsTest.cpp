@@ -17,119 +17,103 @@
 
 #include <memory>
 
+namespace {
+
+QStringList Rows(const QListWidget* list)
+{
+    QStringList rows;
+    for (int i = 0; i < list->count(); ++i)
+        rows.append(list->item(i)->text());
+    return rows;
+}
+
+} // namespace
+
 class TestDlgEquipments : public QObject
 {
     Q_OBJECT
 
-private:
-    static void AddRig(CLogbookDoc& doc, int number, const char* harness)
-    {
-        auto rig = std::make_unique<CEquipment>(number);
-        rig->SetHarness(harness);
-        rig->SetMainCanopy("Sabre2");
-        doc.GetSettings().GetEquipmentList().Add(std::move(rig));
-    }
-
-    static QStringList Rows(const QListWidget* list)
-    {
-        QStringList rows;
-        for (int i = 0; i < list->count(); ++i)
-            rows.append(list->item(i)->text());
-        return rows;
-    }
-
 private slots:
-    void init()
+    // One shown dialog on rigs 1 and 4: the alarm box enables its fields; a tap and Enter open
+    // a rig, New adds an active one numbered above the highest (a cancelled editor adds
+    // nothing), Remove asks and drops the rig only on Yes; the logbook takes it all on OK.
+    void alarmAndRigListTakeEffectOnOk()
     {
-        doc = std::make_unique<CLogbookDoc>();
-        AddRig(*doc, 1, "Javelin");
-        AddRig(*doc, 4, "Vector");
-        messages = CRecordingMessages();
-        runner = CScriptedDialogs();
-    }
-
-    void alarmBoxEnablesItsFieldsAndOkTakesTheValues()
-    {
-        CDlgEquipments dlg(*doc, &messages);
-        dlg.InitialisePages();
-        CDlgEquipmentsPageAlarm* page = dlg.AlarmPage();
-        QVERIFY(!page->AlarmBox()->isChecked());
-        QVERIFY(!page->DaysPriorSpin()->isEnabled() && !page->CycleSpin()->isEnabled());
-        QCOMPARE(page->DaysPriorSpin()->value(), 30);
-        QCOMPARE(page->CycleSpin()->value(), 180);
-        page->AlarmBox()->setChecked(true);
-        QVERIFY(page->DaysPriorSpin()->isEnabled() && page->CycleSpin()->isEnabled());
-        page->CycleSpin()->setValue(730);
-        dlg.accept();
-        QVERIFY(dlg.Changed());
-        QCOMPARE(doc->GetSettings().GetEquipmentList().GetInspectionCycle(), 730);
-        QCOMPARE(doc->GetSettings().GetEquipmentList().GetAlarmDays(), 30);
-    }
-
-    void newAddsAnActiveRigNumberedAboveTheHighest()
-    {
+        CLogbookDoc doc;
+        CEquipmentList& rigs = doc.GetSettings().GetEquipmentList();
+        for (const auto& [number, harness] : {std::pair{1, "Javelin"}, std::pair{4, "Vector"}}) {
+            auto rig = std::make_unique<CEquipment>(number);
+            rig->SetHarness(harness);
+            rig->SetMainCanopy("Sabre2");
+            rigs.Add(std::move(rig));
+        }
+        CRecordingMessages messages;
+        CScriptedDialogs runner;
+        runner.steps.append(CScriptedDialogs::Ok<CDlgEquipment>(
+            [](CDlgEquipment& rig) { rig.HarnessEdit()->setText(QStringLiteral("Infinity")); }));
+        runner.steps.append(CScriptedDialogs::Ok<CDlgEquipment>(
+            [](CDlgEquipment& rig) { rig.MainEdit()->setText(QStringLiteral("Pilot")); }));
         runner.steps.append(CScriptedDialogs::Ok<CDlgEquipment>([](CDlgEquipment& rig) {
             QVERIFY(rig.ActiveBox()->isChecked());
             rig.HarnessEdit()->setText(QStringLiteral(" Mirage "));
             rig.MainEdit()->setText(QStringLiteral("Stiletto"));
         }));
-        CDlgEquipments dlg(*doc, &messages);
-        dlg.SetDialogRunner(&runner);
-        dlg.InitialisePages();
-        dlg.EquipmentsPage()->NewButton()->click();
-        QCOMPARE(Rows(dlg.EquipmentsPage()->List()).last(), QStringLiteral("[5] Mirage / Stiletto"));
-        // A cancelled editor adds nothing.
-        dlg.EquipmentsPage()->NewButton()->click();
-        QCOMPARE(dlg.EquipmentsPage()->List()->count(), 3);
-        QCOMPARE(doc->GetSettings().GetEquipmentList().GetCount(), std::size_t(2));
-        dlg.accept();
-        QCOMPARE(doc->GetSettings().GetEquipmentList().GetCount(), std::size_t(3));
-    }
-
-    void tapAndEnterOpenTheRig()
-    {
-        runner.steps.append(CScriptedDialogs::Ok<CDlgEquipment>(
-            [](CDlgEquipment& rig) { rig.HarnessEdit()->setText(QStringLiteral("Infinity")); }));
-        runner.steps.append(CScriptedDialogs::Ok<CDlgEquipment>(
-            [](CDlgEquipment& rig) { rig.MainEdit()->setText(QStringLiteral("Pilot")); }));
-        CDlgEquipments dlg(*doc, &messages);
+        CDlgEquipments dlg(doc, &messages);
         dlg.SetDialogRunner(&runner);
         dlg.show();
         QVERIFY(QTest::qWaitForWindowExposed(&dlg));
-        QListWidget* list = dlg.EquipmentsPage()->List();
+
+        CDlgEquipmentsPageAlarm* alarm = dlg.AlarmPage();
+        QVERIFY(!alarm->AlarmBox()->isChecked());
+        QVERIFY(!alarm->DaysPriorSpin()->isEnabled() && !alarm->CycleSpin()->isEnabled());
+        QCOMPARE(alarm->DaysPriorSpin()->value(), 30);
+        QCOMPARE(alarm->CycleSpin()->value(), 180);
+        alarm->AlarmBox()->setChecked(true);
+        QVERIFY(alarm->DaysPriorSpin()->isEnabled() && alarm->CycleSpin()->isEnabled());
+        alarm->CycleSpin()->setValue(730);
+
+        CDlgEquipmentsPageEquipments* page = dlg.EquipmentsPage();
+        QListWidget* list = page->List();
         QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(list->item(1)).center());
-        QCOMPARE(Rows(list), (QStringList{"[1] Javelin / Sabre2", "[4] Infinity / Sabre2"}));
         list->setCurrentRow(0);
         list->setFocus();
         QTest::keyClick(list, Qt::Key_Return);
         QCOMPARE(Rows(list), (QStringList{"[1] Javelin / Pilot", "[4] Infinity / Sabre2"}));
-        QCOMPARE(runner.ran.size(), 2);
-    }
-
-    void removeAsksAndDropsTheRigOnlyOnYes()
-    {
-        CDlgEquipments dlg(*doc, &messages);
-        dlg.InitialisePages();
-        CDlgEquipmentsPageEquipments* page = dlg.EquipmentsPage();
-        page->List()->setCurrentRow(0);
+        page->NewButton()->click();
+        page->NewButton()->click();
+        QCOMPARE(Rows(list).mid(2), QStringList{"[5] Mirage / Stiletto"});
+        list->setCurrentRow(0);
         messages.yesNoAnswer = false;
         page->RemoveButton()->click();
-        QCOMPARE(page->List()->count(), 2);
+        QCOMPARE(list->count(), 3);
         messages.yesNoAnswer = true;
         page->RemoveButton()->click();
         QCOMPARE(messages.Texts(CRecordingMessages::Kind::YesNo).last(),
-                 QStringLiteral("Do you want to remove the equipment [1] Javelin / Sabre2?"));
-        QCOMPARE(Rows(page->List()), QStringList{"[4] Vector / Sabre2"});
-        dlg.reject();
-        QCOMPARE(doc->GetSettings().GetEquipmentList().GetCount(), std::size_t(2));
+                 QStringLiteral("Do you want to remove the equipment [1] Javelin / Pilot?"));
+        QCOMPARE(Rows(list), (QStringList{"[4] Infinity / Sabre2", "[5] Mirage / Stiletto"}));
+        QCOMPARE(runner.ran.size(), 4);
+        QCOMPARE(rigs.GetCount(), std::size_t(2));
+        QCOMPARE(rigs.Get(0).GetNumber(), 1);
+
+        dlg.accept();
+        QVERIFY(dlg.Changed());
+        QCOMPARE(rigs.GetInspectionCycle(), 730);
+        QCOMPARE(rigs.GetAlarmDays(), 30);
+        QCOMPARE(rigs.GetCount(), std::size_t(2));
+        QCOMPARE(rigs.Get(1).GetNumber(), 5);
     }
 
-    // Each refused value shows one message and puts the focus on its field; the editor stays open.
-    void rigEditorFocusesTheRefusedField()
+    // Each refused value shows one message and puts the focus on its field, the editor staying
+    // open; mended, OK hands every value back.
+    void rigEditorFocusesTheRefusedFieldAndKeepsEveryValueOnOk()
     {
-        CDlgEquipment dlg(doc->GetSettings().GetEquipmentList().Get(0), &messages);
+        CEquipment rig(3);
+        rig.SetInspectionDate(CDateTime(2024, 2, 29));
+        CRecordingMessages messages;
+        CDlgEquipment dlg(rig, &messages);
         dlg.show();
         QVERIFY(QTest::qWaitForWindowExposed(&dlg));
+        QCOMPARE(dlg.DateEdit()->date(), QDate(2024, 2, 29));
         const struct
         {
             const char *harness, *main, *size, *focus, *message;
@@ -146,16 +130,7 @@ private slots:
         }
         QCOMPARE(messages.boxes.size(), qsizetype(3));
         QVERIFY(dlg.isVisible());
-    }
 
-    void rigEditorKeepsEveryValueOnOk()
-    {
-        CEquipment rig(3);
-        rig.SetInspectionDate(CDateTime(2024, 2, 29));
-        CDlgEquipment dlg(rig, &messages);
-        QCOMPARE(dlg.DateEdit()->date(), QDate(2024, 2, 29));
-        dlg.HarnessEdit()->setText(QStringLiteral("Javelin"));
-        dlg.MainEdit()->setText(QStringLiteral("Sabre2"));
         dlg.MainSizeEdit()->setText(QStringLiteral("0"));
         dlg.ReserveSizeEdit()->setText(QStringLiteral("143"));
         dlg.PreviousJumpsSpin()->setValue(32767);
@@ -169,11 +144,6 @@ private slots:
         QVERIFY(!result->IsActive());
         QVERIFY(result->GetInspectionDate().SameDay(CDateTime(2024, 2, 29)));
     }
-
-private:
-    std::unique_ptr<CLogbookDoc> doc;
-    CRecordingMessages messages;
-    CScriptedDialogs runner;
 };
 
 QTEST_MAIN(TestDlgEquipments)
