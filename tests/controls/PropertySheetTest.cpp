@@ -70,9 +70,10 @@ class PropertySheetTest : public QObject
     Q_OBJECT
 
 private slots:
-    // A refused page keeps the user on it with one message and the focus on its field, without
-    // checking the page it was leaving for; mended, it lets the user go. Cancel checks nothing.
-    void tabChangeRunsTheCheckOfThePageLeft()
+    // Leaving a refused page keeps the user on it with one message and the focus on its field,
+    // without checking the page it was leaving for; mended, it lets the user go. OK stops at
+    // each failing page in tab order until all pass; Cancel checks and applies nothing.
+    void pagesAreCheckedOnLeavingAndOnOk()
     {
         CRecordingMessages messages;
         CTestSheet sheet(&messages);
@@ -84,8 +85,6 @@ private slots:
         QCOMPARE(messages.Texts(CRecordingMessages::Kind::Warning),
                  QStringList{QStringLiteral("Please enter a value between 1 and 10.")});
         QCOMPARE(sheet.focusWidget(), sheet.pages[0]->edit);
-        QCOMPARE(sheet.pages[2]->validated, 0);
-
         sheet.pages[0]->edit->setText(QStringLiteral("10"));
         sheet.Tabs()->setCurrentIndex(2);
         QCOMPARE(sheet.ActiveIndex(), 2);
@@ -93,41 +92,30 @@ private slots:
         QCOMPARE(sheet.pages[0]->initialised, 1);
         QCOMPARE(messages.boxes.size(), 1);
 
-        sheet.pages[1]->edit->setText(QStringLiteral("99"));
-        sheet.Buttons()->button(QDialogButtonBox::Cancel)->click();
-        QVERIFY(!sheet.isVisible());
-        QCOMPARE(sheet.applied, 0);
-        QCOMPARE(messages.boxes.size(), 1);
-    }
-
-    void okStopsAtTheFirstFailingPageInTabOrder()
-    {
-        CRecordingMessages messages;
-        CTestSheet sheet(&messages);
-        sheet.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&sheet));
         sheet.pages[1]->edit->setText(QStringLiteral("12"));
         sheet.pages[2]->edit->setText(QStringLiteral("-3"));
-
         sheet.Buttons()->button(QDialogButtonBox::Ok)->click();
         QCOMPARE(sheet.ActiveIndex(), 1);
-        QCOMPARE(messages.boxes.size(), 1);
+        QCOMPARE(messages.boxes.size(), 2);
         QCOMPARE(sheet.focusWidget(), sheet.pages[1]->edit);
         QCOMPARE(sheet.pages[2]->validated, 0);
         QCOMPARE(sheet.applied, 0);
         QVERIFY(sheet.isVisible());
-
-        // Mended, the next failure is the third page's.
         sheet.pages[1]->edit->setText(QStringLiteral("3"));
         sheet.Buttons()->button(QDialogButtonBox::Ok)->click();
         QCOMPARE(sheet.ActiveIndex(), 2);
-        QCOMPARE(messages.boxes.size(), 2);
-
+        QCOMPARE(messages.boxes.size(), 3);
         sheet.pages[2]->edit->setText(QStringLiteral("4"));
         sheet.Buttons()->button(QDialogButtonBox::Ok)->click();
         QCOMPARE(sheet.applied, 1);
         QCOMPARE(sheet.result(), int(QDialog::Accepted));
         QCOMPARE(sheet.pages[2]->value, 4);
+
+        CTestSheet cancelled(&messages);
+        cancelled.pages[0]->edit->setText(QStringLiteral("99"));
+        cancelled.Buttons()->button(QDialogButtonBox::Cancel)->click();
+        QCOMPARE(cancelled.applied, 0);
+        QCOMPARE(messages.boxes.size(), 3);
     }
 };
 

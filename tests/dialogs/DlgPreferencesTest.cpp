@@ -29,9 +29,17 @@ private slots:
         units = CUnitSettings(1, 0, 1);
     }
 
-    void switchesRefillTheSpeedListAndConvertTheFallrate()
+    // Cancel stores nothing. The units switch refills the speed list and relabels and converts
+    // the fallrate, keeping the speed choice; OK stores the units and the speed choice together.
+    void switchesRefillTheSpeedListAndOkStoresThem()
     {
         doc->GetSettings().SetCustomFallrateSpeed(5.0);
+        CDlgPreferences cancelled(units, &store, *doc, nullptr);
+        cancelled.UnitsCombo()->setCurrentIndex(0);
+        cancelled.reject();
+        QVERIFY(units.IsMetric());
+        QVERIFY(!store.Contains("Preferences", "Units"));
+
         CDlgPreferences dlg(units, &store, *doc, nullptr);
         QCOMPARE(dlg.FallrateLabel()->text(), QStringLiteral("Custom Fallrate [m/s]"));
         QVERIFY(dlg.GlideCombo()->isHidden());
@@ -46,6 +54,9 @@ private slots:
         dlg.UnitsCombo()->setCurrentIndex(0);
         QCOMPARE(dlg.SpeedCombo()->currentIndex(), 1);
         QCOMPARE(dlg.FallrateLabel()->text(), QStringLiteral("Custom Fallrate [mph]"));
+        dlg.accept();
+        QVERIFY(!units.IsMetric());
+        QCOMPARE(store.GetInt("Preferences", "DisplaySpeedAs", -1), 1);
     }
 
     void padsTypeTheFallrateAndTheFreefallTime()
@@ -77,23 +88,6 @@ private slots:
         QVERIFY(dlg.Changed());
         QCOMPARE(doc->GetSettings().FallrateSpeed(2), 55.5);
         QCOMPARE(doc->GetSettings().GetPreviousDelay(), padSeconds);
-    }
-
-    void okStoresTheUnitsTogetherAndCancelStoresNothing()
-    {
-        CDlgPreferences cancelled(units, &store, *doc, nullptr);
-        cancelled.UnitsCombo()->setCurrentIndex(0);
-        cancelled.reject();
-        QVERIFY(units.IsMetric());
-        QVERIFY(!store.Contains("Preferences", "Units"));
-
-        CDlgPreferences dlg(units, &store, *doc, nullptr);
-        dlg.UnitsCombo()->setCurrentIndex(0);
-        dlg.SpeedCombo()->setCurrentIndex(1);
-        dlg.accept();
-        QVERIFY(!dlg.Changed());
-        QVERIFY(!units.IsMetric());
-        QCOMPARE(store.GetInt("Preferences", "DisplaySpeedAs", -1), 1);
     }
 
 private:

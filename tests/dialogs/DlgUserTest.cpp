@@ -33,12 +33,19 @@ private:
     }
 
 private slots:
-    // The membership page shows the profile read-only; clearing "Expires" clears and disables
-    // the alarm and its fields, and OK then takes the expiry away.
-    void membershipShowsTheProfileAndFollowsExpires()
+    // The membership page shows the profile read-only and takes the owner edited through Edit;
+    // clearing "Expires" clears and disables the alarm and its fields. OK saves the trimmed
+    // entries, the owner and the cleared expiry.
+    void membershipAndListsAreSavedOnOk()
     {
         CLogbookSettings settings = Profile();
+        CScriptedDialogs runner;
+        runner.steps.append(CScriptedDialogs::Ok<CDlgUserOwner>([](CDlgUserOwner& owner) {
+            owner.NameEdit()->setText(QStringLiteral(" Aino Mäkelä "));
+            owner.NumberEdit()->setText(QStringLiteral("SIL 20417"));
+        }));
         CDlgUser dlg(settings, nullptr);
+        dlg.SetDialogRunner(&runner);
         dlg.InitialisePages();
         CDlgUserPageMembership* page = dlg.MembershipPage();
         QCOMPARE(page->NameEdit()->text(), QStringLiteral("Aino"));
@@ -47,6 +54,9 @@ private slots:
         QCOMPARE(page->DaysSpin()->value(), 14);
         QCOMPARE(dlg.ListPage(1)->Editor()->toPlainText(), QStringLiteral("Coach\nPacker\n"));
         QCOMPARE(dlg.Tabs()->count(), 4);
+        page->EditButton()->click();
+        QCOMPARE(page->NameEdit()->text(), QStringLiteral("Aino Mäkelä"));
+
         QVERIFY(page->DaysSpin()->isEnabled());
         page->ExpiresBox()->setChecked(false);
         QVERIFY(!page->AlarmBox()->isChecked() && !page->AlarmBox()->isEnabled());
@@ -54,9 +64,14 @@ private slots:
         page->ExpiresBox()->setChecked(true);
         QVERIFY(page->AlarmBox()->isEnabled() && !page->DaysSpin()->isEnabled());
         page->ExpiresBox()->setChecked(false);
+        dlg.ListPage(0)->Editor()->setPlainText(QStringLiteral("\n  A-License \n\n   B\n  \n"));
         dlg.accept();
+        QCOMPARE(dlg.result(), int(QDialog::Accepted));
         QVERIFY(dlg.Changed());
         QVERIFY(!settings.GetMembership().HasExpirationDate());
+        QCOMPARE(settings.GetLicenses(), (std::vector<std::string>{"A-License", "B"}));
+        QCOMPARE(settings.GetOwnerName(), std::string("Aino Mäkelä"));
+        QCOMPARE(settings.GetMembership().GetMemberNumber(), std::string("SIL 20417"));
     }
 
     // Five entries on any list page: one warning with the page's text, the page on top and the
@@ -81,28 +96,6 @@ private slots:
         }
         dlg.reject();
         QVERIFY(settings == Profile());
-    }
-
-    void okSavesTrimmedEntriesAndTheOwnerEditedThroughEdit()
-    {
-        CLogbookSettings settings = Profile();
-        CScriptedDialogs runner;
-        runner.steps.append(CScriptedDialogs::Ok<CDlgUserOwner>([](CDlgUserOwner& owner) {
-            owner.NameEdit()->setText(QStringLiteral(" Aino Mäkelä "));
-            owner.NumberEdit()->setText(QStringLiteral("SIL 20417"));
-        }));
-        CDlgUser dlg(settings, nullptr);
-        dlg.SetDialogRunner(&runner);
-        dlg.InitialisePages();
-        dlg.MembershipPage()->EditButton()->click();
-        QCOMPARE(dlg.MembershipPage()->NameEdit()->text(), QStringLiteral("Aino Mäkelä"));
-        dlg.ListPage(0)->Editor()->setPlainText(QStringLiteral("\n  A-License \n\n   B\n  \n"));
-        dlg.accept();
-        QCOMPARE(dlg.result(), int(QDialog::Accepted));
-        QVERIFY(dlg.Changed());
-        QCOMPARE(settings.GetLicenses(), (std::vector<std::string>{"A-License", "B"}));
-        QCOMPARE(settings.GetOwnerName(), std::string("Aino Mäkelä"));
-        QCOMPARE(settings.GetMembership().GetMemberNumber(), std::string("SIL 20417"));
     }
 
     // Focus on a list puts the caret at the end; OK without a change reports none.
