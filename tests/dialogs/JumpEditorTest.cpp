@@ -91,10 +91,13 @@ class TestJumpEditor : public QObject
     Q_OBJECT
 
 private slots:
-    void failingPageHoldsTheUserOnItsField()
+    // Leaving a page with a refused number holds the user on its field, though a number the
+    // spinner never reaches passes when typed. OK checks the pages in tab order, past the
+    // recording's page, which has nothing to check.
+    void failingPagesHoldTheUserOnTheirField()
     {
-        CEditorHarness h;
-        CDlgJump& editor = h.Open(nullptr);
+        CEditorHarness h(CJumpRecording::Satellite);
+        CDlgJump& editor = h.Open(h.jumps[1]);
         CKqSpinBox* number = h.Find<CKqSpinBox>("jumpNumber");
         number->selectAll();
         QTest::keyClicks(number, QStringLiteral("100000"));
@@ -102,26 +105,18 @@ private slots:
         QCOMPARE(editor.ActiveIndex(), 0);
         QCOMPARE(h.messages.boxes.size(), 1);
         QCOMPARE(editor.focusWidget(), static_cast<QWidget*>(number));
-
-        // A number the spinner never reaches passes when typed.
         number->selectAll();
         QTest::keyClicks(number, QStringLiteral("32768"));
         editor.Tabs()->setCurrentIndex(2);
         QCOMPARE(editor.ActiveIndex(), 2);
-    }
 
-    // OK checks the pages in tab order, past the recording's page, which has nothing to check.
-    void okGoesToTheFirstFailingPage()
-    {
-        CEditorHarness h(CJumpRecording::Satellite);
-        CDlgJump& editor = h.Open(h.jumps[1]);
         editor.SetActivePage(editor.IndexOf(editor.RecordingPage()));
         QVERIFY(editor.SetActivePage(editor.IndexOf(editor.Note())));
         h.Find<QComboBox>("jumpSigner")->setEditText(QStringLiteral("Anna"));
         h.Find<CKqSpinBox>("jumpSize")->setValue(1000);
         h.PressOk();
         QCOMPARE(editor.ActiveIndex(), int(CJumpEdit::PageInfo));
-        QCOMPARE(h.messages.boxes.size(), 1);
+        QCOMPARE(h.messages.boxes.size(), 2);
         QCOMPARE(editor.focusWidget(), static_cast<QWidget*>(h.Find<CKqSpinBox>("jumpSize")));
         QVERIFY(editor.isVisible());
         QVERIFY(!h.doc.IsModified());
@@ -174,14 +169,13 @@ private slots:
     {
         const struct
         {
-            const char* name;
             int kind;
             bool takenLater;
             QString title;
-        } cases[] = {{"none", CJumpRecording::None, false, {}},
-                     {"baro", CJumpRecording::Barometric, false, QStringLiteral("Profile")},
-                     {"gps", CJumpRecording::Satellite, false, QStringLiteral("Track")},
-                     {"imported", CJumpRecording::None, true, QStringLiteral("Track")}};
+        } cases[] = {{CJumpRecording::None, false, {}},
+                     {CJumpRecording::Barometric, false, QStringLiteral("Profile")},
+                     {CJumpRecording::Satellite, false, QStringLiteral("Track")},
+                     {CJumpRecording::None, true, QStringLiteral("Track")}};
         for (const auto& c : cases) {
             CEditorHarness h(c.kind);
             CDlgJump* editor = &h.Open(h.jumps[1], false);
@@ -190,7 +184,6 @@ private slots:
                                           {Import, 4000, 1000, 57, 200, 55.0, 47.0},
                                           {CDateTime(2024, 7, 20, 15, 41, 0), 180});
             editor->InitialisePages();
-            QVERIFY2((editor->RecordingPage() != nullptr) == !c.title.isEmpty(), c.name);
             QCOMPARE(editor->PageCount(), c.title.isEmpty() ? 5 : 6);
             if (c.title.isEmpty())
                 continue;
