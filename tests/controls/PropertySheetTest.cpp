@@ -112,8 +112,10 @@ private slots:
         QCOMPARE(sheet.pages[2]->value, 4);
 
         CTestSheet cancelled(&messages);
+        cancelled.show();
         cancelled.pages[0]->edit->setText(QStringLiteral("99"));
         cancelled.Buttons()->button(QDialogButtonBox::Cancel)->click();
+        QVERIFY(!cancelled.isVisible());
         QCOMPARE(cancelled.applied, 0);
         QCOMPARE(messages.boxes.size(), 3);
     }

@@ -73,6 +73,7 @@ private slots:
             if (!pad || pad->windowTitle() != QStringLiteral("Freefall Time"))
                 return int(QDialog::Rejected);
             QTest::keyClick(pad, Qt::Key_2);
+            pad->KeyButton(CDurationPadState::Key::SecondPlus5)->click();
             padSeconds = pad->Hours() * 3600 + pad->Minutes() * 60 + pad->Seconds();
             return int(QDialog::Accepted);
         });
