@@ -112,6 +112,7 @@ private slots:
     {
         const QStringList all = {"dlgUser", "dlgEquipments", "dlgPreferences"};
         for (const int oks : {0, 1, 3}) {
+            h.reset(); // one window at a time, as the program has
             h = std::make_unique<CAppHarness>();
             QVERIFY(h->StartWithoutSplash());
             h->files.saveAnswers.append(h->Path(QStringLiteral("new.tvz")));
