@@ -1,3 +1,16 @@
+# ccache, when installed, caches every compile: a second build of the same sources (another
+# build folder, a fresh clone, the sanitizer build after a clean) takes its objects from the
+# cache. The settings make precompiled headers cacheable and paths inside the checkout relative,
+# so that clones in other folders share the cache. TERVOLA_CCACHE=OFF turns it off.
+option(TERVOLA_CCACHE "Compile through ccache when it is installed" ON)
+find_program(TERVOLA_CCACHE_PROGRAM ccache)
+if(TERVOLA_CCACHE AND TERVOLA_CCACHE_PROGRAM AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+  set(launcher env CCACHE_BASEDIR=${PROJECT_SOURCE_DIR} CCACHE_NOHASHDIR=1
+      CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime ${TERVOLA_CCACHE_PROGRAM})
+  set(CMAKE_C_COMPILER_LAUNCHER ${launcher})
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${launcher})
+endif()
+
 # Compile options shared by every target of the project, core and UI alike.
 add_library(tervola_options INTERFACE)
 target_compile_features(tervola_options INTERFACE cxx_std_20)
