@@ -139,6 +139,13 @@ private slots:
         harness.Commands()->OnFileOpen();
         QCOMPARE(harness.messages.Texts(Kind::Information), due);
         QCOMPARE(harness.messages.boxes.size(), 3);
+
+        // An expiry date already passed is told as passed.
+        harness.messages.boxes.clear();
+        harness.files.openAnswers = {harness.Write(CTestLogbook().Membership(Day(-3), 10), "expired.tvz")};
+        harness.Commands()->OnFileOpen();
+        QCOMPARE(harness.messages.Texts(Kind::Information),
+                 QStringList{"Your membership/license expired on 6/7/24."});
     }
 };
 
