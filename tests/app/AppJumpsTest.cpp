@@ -110,6 +110,7 @@ private slots:
         CAppHarness harness;
         const QString path = harness.StartWith(CTestLogbook());
         harness.Frame()->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(harness.Frame()));
         harness.dialogs.steps.append(CScriptedDialogs::Ok<CDlgJump>([](CDlgJump&) {}));
         QTest::keyClick(harness.Frame(), Qt::Key_J, Qt::ControlModifier);
         QCOMPARE(harness.dialogs.ran, QStringList{QStringLiteral("jumpEditor")});
