@@ -20,8 +20,8 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QStandardPaths>
 #include <QMenu>
+#include <QStandardPaths>
 
 #include <algorithm>
 #include <filesystem>

@@ -35,8 +35,7 @@ CUnitSettings LoadUnits(const CAppServices& services)
 } // namespace
 
 CMainFrame::CMainFrame(const CAppServices& services, QWidget* parent)
-    : QMainWindow(parent), m_services(services), m_units(LoadUnits(services)),
-      m_doc(services.settings, services.clock)
+    : QMainWindow(parent), m_services(services), m_units(LoadUnits(services)), m_doc(services.settings, services.clock)
 {
     setObjectName(QStringLiteral("mainFrame"));
     setWindowIcon(CArtwork::Icon(QStringLiteral("canopy.svg")));

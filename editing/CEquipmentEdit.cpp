@@ -29,7 +29,9 @@ CCheckResult CEquipmentEdit::Validate()
          {&harness, &harnessSerial, &mainCanopy, &mainSerial, &reserveCanopy, &reserveSerial, &aad, &aadSerial})
         *text = TrimBlanks(*text);
 
-    if (CCheckResult result = CheckChangedRange(previousJumps, m_loaded.previousJumps, 0, kMaxPreviousJumps, PreviousJumps); !result)
+    if (CCheckResult result =
+            CheckChangedRange(previousJumps, m_loaded.previousJumps, 0, kMaxPreviousJumps, PreviousJumps);
+        !result)
         return result;
     if (harness.empty())
         return CCheckResult::Fail(StringTable::IDS_NEED_HARNESS, Harness);

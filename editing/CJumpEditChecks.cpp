@@ -157,9 +157,9 @@ CCheckResult CJumpEdit::ValidateFallrate() const
                             : check(windLoaded, v.windSpeed, m_loaded.windSpeed, kMinWind, kMaxWind, FieldWind);
         },
         [&] {
-            return v.noWind ? CCheckResult::Pass()
-                            : check(windLoaded, v.windDirection, m_loaded.windDirection, 0, kMaxDirection,
-                                    FieldDirection);
+            return v.noWind
+                       ? CCheckResult::Pass()
+                       : check(windLoaded, v.windDirection, m_loaded.windDirection, 0, kMaxDirection, FieldDirection);
         });
 }
 

@@ -171,8 +171,7 @@ private slots:
         harness.messages.boxes.clear();
         harness.files.openAnswers = {harness.Write(CTestLogbook().Membership(Day(-3), 10), "expired.tvz")};
         harness.Commands()->OnFileOpen();
-        QCOMPARE(harness.messages.Texts(Kind::Information),
-                 QStringList{"Your membership/license expired on 6/7/24."});
+        QCOMPARE(harness.messages.Texts(Kind::Information), QStringList{"Your membership/license expired on 6/7/24."});
     }
 };
 

@@ -14,8 +14,8 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
-#include <QSpinBox>
 #include <QShowEvent>
+#include <QSpinBox>
 #include <QTest>
 
 #include <memory>

@@ -142,18 +142,17 @@ private slots:
                                     record(dlg, "previousJumpsSpin");
                                     shown["mainSize"] = dlg.MainSizeEdit()->text().toInt();
                                 }),
-                                CScriptedDialogs::Ok<CDlgPreferences>(
-                                    [&](CDlgPreferences& dlg) { shown["previousJumps"] = dlg.PreviousJumpsSpin()->value(); })};
+                                CScriptedDialogs::Ok<CDlgPreferences>([&](CDlgPreferences& dlg) {
+                                    shown["previousJumps"] = dlg.PreviousJumpsSpin()->value();
+                                })};
             Action("userProfileAction")->trigger();
             Action("equipmentAction")->trigger();
             Action("preferencesAction")->trigger();
             QCOMPARE(h->dialogs.ran, (QStringList{"dlgUser", "dlgEquipments", "dlgEquipment", "dlgPreferences"}));
-            const QMap<QString, int> stored = {{"daysPriorSpin", 365 + 35 * beyond},
-                                               {"rigDaysPriorSpin", 365 + 10 * beyond},
-                                               {"inspectionCycleSpin", 730 + 270 * beyond},
-                                               {"previousJumpsSpin", beyond ? 123456 : 32767},
-                                               {"mainSize", beyond ? 1200 : 999},
-                                               {"previousJumps", beyond ? 40000 : 32767}};
+            const QMap<QString, int> stored = {
+                {"daysPriorSpin", 365 + 35 * beyond},        {"rigDaysPriorSpin", 365 + 10 * beyond},
+                {"inspectionCycleSpin", 730 + 270 * beyond}, {"previousJumpsSpin", beyond ? 123456 : 32767},
+                {"mainSize", beyond ? 1200 : 999},           {"previousJumps", beyond ? 40000 : 32767}};
             QCOMPARE(shown, stored);
             QVERIFY(h->messages.boxes.isEmpty());
             QVERIFY(!h->Frame()->GetDocument().IsModified());

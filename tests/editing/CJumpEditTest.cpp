@@ -168,13 +168,11 @@ TEST_F(JumpEditTest, UntouchedNewJumpPassesItsOwnChecks)
         {"a breeze that rounds to 0", false, 1, 1, [](CJump& j) { j.SetWind(90, 0.2); }, true, false},
         {"last jump manual", false, 1, 1, [](CJump& j) { j.SetFallrate(Manual, 4000, 1000, 50, 60.5, 50.2); }, true,
          true},
-        {"last jump imported",
-         false,
-         1,
-         1,
-         [](CJump& j) { j.SetFallrateValues(CJumpFallrate{Import, 3900, 900, 61, 0, 55.5, 48.0}); },
-         false,
-         true},
+        {"last jump imported", false, 1, 1,
+         [](CJump& j) {
+             j.SetFallrateValues(CJumpFallrate{Import, 3900, 900, 61, 0, 55.5, 48.0});
+         },
+         false, true},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.name);
