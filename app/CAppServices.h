@@ -19,4 +19,7 @@ struct CAppServices
     IPictureViewer* viewer = nullptr;
     // Runs the editors and keypads modally; null runs them with QDialog::exec.
     IDialogRunner* dialogs = nullptr;
+    // The unit system (CUnitSettings::Units) used while no preference is stored: the program
+    // passes the system's measurement system, tests choose.
+    int defaultUnits = 0;
 };

@@ -13,6 +13,7 @@
 #include "document/IClock.h"
 #include "document/LogbookFormat.h"
 #include "translations/CTranslations.h"
+#include "units/CUnitSettings.h"
 #include "units/ISettingsStore.h"
 
 #include <QApplication>
@@ -31,6 +32,12 @@ CLogbookApp::CLogbookApp()
     m_ownFiles = std::make_unique<CFileDialogs>();
     m_ownViewer = std::make_unique<CDesktopViewer>();
     m_services = {m_ownSettings.get(), m_ownClock.get(), m_ownMessages.get(), m_ownFiles.get(), m_ownViewer.get()};
+    m_services.defaultUnits = DefaultUnits(QLocale::system());
+}
+
+int CLogbookApp::DefaultUnits(const QLocale& locale)
+{
+    return locale.measurementSystem() == QLocale::MetricSystem ? CUnitSettings::Metric : CUnitSettings::Imperial;
 }
 
 CLogbookApp::CLogbookApp(const CAppServices& services) : m_services(services)

@@ -2,6 +2,7 @@
 
 #include "app/CAppServices.h"
 
+#include <QLocale>
 #include <QObject>
 #include <QString>
 #include <QStringList>
@@ -30,6 +31,8 @@ public:
     CLogbookApp();
     // Services chosen by the caller (tests); every pointer must be set.
     explicit CLogbookApp(const CAppServices& services);
+    // The unit system a locale measures in: metric for metric countries, imperial otherwise.
+    static int DefaultUnits(const QLocale& locale);
     // Closes the frame before the services it uses.
     ~CLogbookApp() override;
 

@@ -17,9 +17,11 @@
 #include "resources/StringTable.h"
 #include "translations/MessageText.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QMenu>
+#include <QStandardPaths>
 
 #include <algorithm>
 #include <filesystem>
@@ -92,6 +94,21 @@ QString CLogbookCommands::StartFolder() const
     return m_doc.HasPath() ? QFileInfo(CorePaths::DisplayPath(m_doc.GetPath())).absolutePath() : QString();
 }
 
+QString CLogbookCommands::NewLogbookProposal() const
+{
+    // Beside the open logbook, else in the user's documents; a name not yet taken.
+    QString folder = StartFolder();
+    if (folder.isEmpty())
+        folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    if (folder.isEmpty())
+        folder = QDir::homePath();
+    const QDir dir(folder);
+    QString name = tr("Logbook") + QStringLiteral(".tvz");
+    for (int n = 2; QFileInfo::exists(dir.filePath(name)) && n < 1000; ++n)
+        name = tr("Logbook") + QStringLiteral(" %1.tvz").arg(n);
+    return dir.filePath(name);
+}
+
 bool CLogbookCommands::CanSave() const
 {
     return m_view.IsLogbookOpen() && m_doc.IsModified();
@@ -126,7 +143,7 @@ void CLogbookCommands::OnFileNew()
 {
     if (!SaveModified())
         return;
-    const QString chosen = m_services.files->ChooseSave(StartFolder());
+    const QString chosen = m_services.files->ChooseSave(NewLogbookProposal());
     if (chosen.isEmpty())
         return;
     const QString path = QFileInfo(chosen).absoluteFilePath();

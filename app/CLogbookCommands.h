@@ -109,6 +109,8 @@ private:
     // Reads a track chosen by the user into the editor on target (null: a new jump).
     void ImportTrack(CJump* target);
     QString StartFolder() const;
+    // The file New proposes: "Logbook.tvz" beside the open logbook or in the documents folder.
+    QString NewLogbookProposal() const;
     // The end of a background save: 4002 on failure, the user's choice for a changed file.
     void OnSaveFinished(const CSaveResult& result, CBackgroundSaver::Origin origin);
     // Asks what to do with a file another program changed: keep mine under a new name, load

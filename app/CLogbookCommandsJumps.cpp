@@ -72,7 +72,8 @@ void CLogbookCommands::ShowAddedJump()
             if (mode == ViewMode::JumpList || !jump->IsSigned())
                 ++row;
         }
-        if (added)
+        // A jump signed in the editor has no row in the list of jumps to be signed.
+        if (added && (mode == ViewMode::JumpList || !added->IsSigned()))
             m_view.GetList()->InsertRow(row, *added);
     }
     m_view.SetViewMode(mode);

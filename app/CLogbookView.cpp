@@ -10,6 +10,7 @@
 #include <QAction>
 #include <QPainter>
 #include <QResizeEvent>
+#include <QStyle>
 
 #include <algorithm>
 
@@ -72,8 +73,12 @@ CLogbookView::CLogbookView(CLogbookDoc& doc, const CUnitSettings& units, const C
     m_list->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(m_list, &QWidget::customContextMenuRequested, this, &CLogbookView::ShowListContextMenu);
     // A tap on a row, Enter or a double-click opens the jump editor on it.
-    connect(m_list, &QTreeWidget::itemClicked, this,
-            [this](QTreeWidgetItem* item) { emit rowActivated(m_list->indexOfTopLevelItem(item)); });
+    connect(m_list, &QTreeWidget::itemClicked, this, [this](QTreeWidgetItem* item) {
+        // Where the style activates a row on a single click, the click is reported as activated
+        // as well: it opens the editor once, not twice.
+        if (!m_list->style()->styleHint(QStyle::SH_ItemView_ActivateItemOnSingleClick, nullptr, m_list))
+            emit rowActivated(m_list->indexOfTopLevelItem(item));
+    });
     connect(m_list, &QTreeWidget::itemActivated, this,
             [this](QTreeWidgetItem* item) { emit rowActivated(m_list->indexOfTopLevelItem(item)); });
     m_outer->addWidget(m_list, 1);

@@ -24,19 +24,18 @@
 
 namespace {
 
-CUnitSettings LoadUnits(const ISettingsStore* store)
+CUnitSettings LoadUnits(const CAppServices& services)
 {
-    CUnitSettings units;
-    if (store)
-        units.Load(*store);
+    CUnitSettings units(services.defaultUnits, CUnitSettings::PerSecond, CUnitSettings::Ratio);
+    if (services.settings)
+        units.Load(*services.settings, services.defaultUnits);
     return units;
 }
 
 } // namespace
 
 CMainFrame::CMainFrame(const CAppServices& services, QWidget* parent)
-    : QMainWindow(parent), m_services(services), m_units(LoadUnits(services.settings)),
-      m_doc(services.settings, services.clock)
+    : QMainWindow(parent), m_services(services), m_units(LoadUnits(services)), m_doc(services.settings, services.clock)
 {
     setObjectName(QStringLiteral("mainFrame"));
     setWindowIcon(CArtwork::Icon(QStringLiteral("canopy.svg")));
@@ -227,7 +226,7 @@ void CMainFrame::CheckReminders()
         return;
     for (const CReminders::Item& item : CReminders::Due(m_doc.GetSettings(), m_services.clock->Today())) {
         const QString date = CDateText::ShortDate(item.date);
-        const QString text = item.messageId == StringTable::IDS_MEMBERSHIP_EXPIRES
+        const QString text = item.messageId != StringTable::IDS_INSPECTION_DUE
                                  ? MessageText::Format(item.messageId, date)
                                  : MessageText::Format(item.messageId, QString::number(item.rigNumber), date);
         m_services.messages->Information(text);

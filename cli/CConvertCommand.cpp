@@ -4,6 +4,7 @@
 #include "cli/CConsole.h"
 #include "cli/CLogbookOpener.h"
 #include "document/CLogbookDoc.h"
+#include "document/CLogbookLock.h"
 #include "resources/StringTable.h"
 
 QString CConvertCommand::Summary() const
@@ -16,6 +17,7 @@ void CConvertCommand::Configure(QCommandLineParser& parser)
     parser.addPositionalArgument(QStringLiteral("IN"), QStringLiteral("The logbook to read (.tvz or .tvl)."));
     parser.addPositionalArgument(QStringLiteral("OUT"),
                                  QStringLiteral("The file to write: plain XML when it ends in .tvl, gzip otherwise."));
+    parser.addOption({QStringLiteral("force"), QStringLiteral("Write OUT even while a running program has it open.")});
 }
 
 QString CConvertCommand::Details() const
@@ -28,6 +30,8 @@ QString CConvertCommand::Details() const
                           "When OUT is IN and another program changes the file while it is converted, it is not\n"
                           "overwritten: the tool prints \"The file was changed by another program after it was opened\n"
                           "here. It was not overwritten.\" and fails.\n"
+                          "An OUT that the window program (or another tool) has open, as its lock file beside it\n"
+                          "tells, is refused with a message naming that process; --force writes it all the same.\n"
                           "Errors while reading IN are printed as \"check\" prints them; a failed save prints\n"
                           "\"The file could not be saved.\". Nothing is printed on success.\n"
                           "Exit codes: 0 saved, 1 IN does not load or OUT cannot be saved, 2 wrong command line.\n");
@@ -36,11 +40,15 @@ QString CConvertCommand::Details() const
 int CConvertCommand::Execute(const QCommandLineParser& parser)
 {
     const QStringList arguments = parser.positionalArguments();
+    const std::string out = CorePaths::LocalPath(arguments.at(1));
+    CLogbookLock lock;
+    if (!CLogbookOpener::LockOrReport(lock, out, parser.isSet(QStringLiteral("force"))))
+        return Failure;
     CLogbookDoc doc;
     if (!CLogbookOpener::OpenOrReport(doc, CorePaths::LocalPath(arguments.at(0))))
         return Failure;
     // Saving over IN itself is refused when another program changed IN after it was read.
-    const CSaveResult saved = doc.Save(CorePaths::LocalPath(arguments.at(1)));
+    const CSaveResult saved = doc.Save(out);
     if (!saved) {
         CConsole::ErrLine(StringTable::Text(saved.messageId != 0 ? saved.messageId : StringTable::IDS_SAVE_FAILED));
         return Failure;

@@ -4,6 +4,7 @@
 #include "cli/CConsole.h"
 #include "cli/CLogbookOpener.h"
 #include "document/CLogbookDoc.h"
+#include "document/CLogbookLock.h"
 #include "document/IClock.h"
 #include "editing/CJumpEdit.h"
 #include "resources/StringTable.h"
@@ -19,6 +20,7 @@ namespace {
 const QString kJump = QStringLiteral("jump");
 const QString kRate = QStringLiteral("rate");
 const QString kBaro = QStringLiteral("baro");
+const QString kForce = QStringLiteral("force");
 
 // "2024-04-20 06:20:13 +03:00".
 std::string ZonedText(const CZonedDateTime& when)
@@ -58,6 +60,7 @@ void CImportCommand::Configure(QCommandLineParser& parser)
         {kRate, QStringLiteral("Keep at most HZ samples a second (default: every fix)."), QStringLiteral("HZ")});
     parser.addOption({kBaro, QStringLiteral("Keep the barometer of a FlySight 2 session (SENSOR.CSV) as a "
                                             "barometric recording instead of the GPS track.")});
+    parser.addOption({kForce, QStringLiteral("Write the logbook even while a running program has it open.")});
 }
 
 QString CImportCommand::Details() const
@@ -79,6 +82,9 @@ QString CImportCommand::Details() const
                           "\n"
                           "A track that cannot be read or holds no jump prints why (with the line at fault) and the\n"
                           "logbook is left as it was.\n"
+                          "\n"
+                          "A logbook that the window program (or another tool) has open, as its lock file beside it\n"
+                          "tells, is refused with a message naming that process; --force writes it all the same.\n"
                           "Exit codes: 0 imported and saved, 1 a file could not be read, used or saved, 2 wrong\n"
                           "command line.\n");
 }
@@ -103,6 +109,9 @@ int CImportCommand::Execute(const QCommandLineParser& parser)
     }
 
     const std::string logbook = CorePaths::LocalPath(arguments.at(0));
+    CLogbookLock lock;
+    if (!CLogbookOpener::LockOrReport(lock, logbook, parser.isSet(kForce)))
+        return Failure;
     CLogbookDoc doc;
     if (!CLogbookOpener::OpenOrReport(doc, logbook))
         return Failure;

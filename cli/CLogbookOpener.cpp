@@ -2,6 +2,7 @@
 
 #include "cli/CConsole.h"
 #include "document/CLogbookDoc.h"
+#include "document/CLogbookLock.h"
 #include "resources/StringTable.h"
 
 bool CLogbookOpener::Open(CLogbookDoc& doc, const std::string& path, std::vector<std::string>& messages)
@@ -22,6 +23,15 @@ bool CLogbookOpener::OpenOrReport(CLogbookDoc& doc, const std::string& path)
         return true;
     for (const std::string& message : messages)
         CConsole::ErrLine(message);
+    return false;
+}
+
+bool CLogbookOpener::LockOrReport(CLogbookLock& lock, const std::string& path, bool force)
+{
+    if (lock.Lock(path) != CLogbookLock::State::AlreadyOpen || force)
+        return true;
+    const std::string holder = lock.GetHolder().empty() ? "another process" : lock.GetHolder();
+    CConsole::ErrLine(path + " is open in " + holder + ". Close it there first, or give --force to write it anyway.");
     return false;
 }
 

@@ -29,6 +29,9 @@ public:
     // Reads the controls into the working values and checks them; the first failure names its
     // message and field.
     virtual CCheckResult Validate() = 0;
+    // The page has become the current one, after the page left was read back and passed its
+    // check: a page that shows values worked out from other pages shows them afresh here.
+    virtual void Activated() {}
 
     // The control of a field, or null.
     QWidget* ControlFor(int field) const { return m_fields.value(field, nullptr); }

@@ -119,6 +119,8 @@ void CKqPropertySheet::OnCurrentChanged(int index)
         }
     }
     m_current = index;
+    if (index >= 0 && index < m_pages.size())
+        m_pages[index]->Activated();
 }
 
 void CKqPropertySheet::ShowFailure(int pageIndex, const CCheckResult& result)

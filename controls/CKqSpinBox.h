@@ -15,7 +15,8 @@ public:
     // Where the arrows move from value by steps (positive up, negative down).
     using Stepper = std::function<int(int value, int steps)>;
 
-    // A field that takes any number of up to seven digits; arrows move within 0..100.
+    // A field that takes any whole number (a stored value is never cut to a range); arrows move
+    // within 0..100.
     explicit CKqSpinBox(QWidget* parent = nullptr);
 
     // The range the arrows stay in.
@@ -23,11 +24,15 @@ public:
     void SetStepper(Stepper stepper) { m_stepper = std::move(stepper); }
 
     void stepBy(int steps) override;
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
 
 protected:
     StepEnabled stepEnabled() const override;
 
 private:
+    QSize FitHint(QSize hint) const;
+
     int m_stepMinimum = 0;
     int m_stepMaximum = 100;
     Stepper m_stepper;

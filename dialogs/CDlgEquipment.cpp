@@ -1,5 +1,7 @@
 #include "dialogs/CDlgEquipment.h"
 
+#include "controls/CKqDateEdit.h"
+#include "controls/CKqSpinBox.h"
 #include "controls/IMessageSink.h"
 #include "dialogs/DialogText.h"
 #include "model/CEquipment.h"
@@ -19,9 +21,6 @@
 #include <QVBoxLayout>
 
 namespace {
-
-// The picker's lowest date stands for "never inspected".
-const QDate kNoDate(1900, 1, 1);
 
 long long NumberOf(const QLineEdit* edit)
 {
@@ -71,18 +70,17 @@ CDlgEquipment::CDlgEquipment(const CEquipment& rig, IMessageSink* messages, QWid
 
     auto* dateLabel = new QLabel(tr("Inspection/Repack Date"), form);
     dateLabel->setWordWrap(true);
-    m_date = new QDateEdit(form);
+    // A rig never inspected shows "None"; its calendar opens on today.
+    m_date = new CKqDateEdit(tr("None"), form);
     m_date->setObjectName(QStringLiteral("inspectionDate"));
     m_date->setDisplayFormat(DialogText::ShortDateFormat());
-    m_date->setCalendarPopup(true);
-    m_date->setMinimumDate(kNoDate);
-    m_date->setSpecialValueText(tr("None"));
     grid->addWidget(dateLabel, 10, 0, 1, 2);
     grid->addWidget(m_date, 11, 1);
 
-    m_previousJumps = new QSpinBox(form);
+    auto* previousJumps = new CKqSpinBox(form);
+    previousJumps->SetStepRange(0, CEquipmentEdit::kSpinnerMaxJumps);
+    m_previousJumps = previousJumps;
     m_previousJumps->setObjectName(QStringLiteral("previousJumpsSpin"));
-    m_previousJumps->setRange(0, CEquipmentEdit::kSpinnerMaxJumps);
     grid->addWidget(new QLabel(tr("Prev. Jumps"), form), 12, 0);
     grid->addWidget(m_previousJumps, 12, 1);
     m_active = new QCheckBox(tr("Active"), form);
@@ -116,8 +114,7 @@ CDlgEquipment::CDlgEquipment(const CEquipment& rig, IMessageSink* messages, QWid
     m_reserveSerial->setText(DialogText::ToQt(m_edit.reserveSerial));
     m_aad->setText(DialogText::ToQt(m_edit.aad));
     m_aadSerial->setText(DialogText::ToQt(m_edit.aadSerial));
-    const QDate inspected = DialogText::ToQDate(m_edit.inspectionDate);
-    m_date->setDate(inspected.isValid() ? inspected : kNoDate);
+    m_date->SetDate(DialogText::ToQDate(m_edit.inspectionDate));
     m_previousJumps->setValue(static_cast<int>(m_edit.previousJumps));
     m_active->setChecked(m_edit.active);
 }
@@ -171,8 +168,7 @@ void CDlgEquipment::accept()
     m_edit.reserveSerial = DialogText::FromQt(m_reserveSerial->text());
     m_edit.aad = DialogText::FromQt(m_aad->text());
     m_edit.aadSerial = DialogText::FromQt(m_aadSerial->text());
-    const QDate inspected = m_date->date();
-    m_edit.inspectionDate = inspected == kNoDate ? CDateTime() : DialogText::FromQDate(inspected);
+    m_edit.inspectionDate = DialogText::FromQDate(m_date->Date());
     m_edit.previousJumps = m_previousJumps->value();
     m_edit.active = m_active->isChecked();
 

@@ -9,7 +9,7 @@
 class CEquipment;
 class IMessageSink;
 class QCheckBox;
-class QDateEdit;
+class CKqDateEdit;
 class QLineEdit;
 class QSpinBox;
 
@@ -35,7 +35,7 @@ public:
     QLineEdit* MainEdit() const { return m_main; }
     QLineEdit* MainSizeEdit() const { return m_mainSize; }
     QLineEdit* ReserveSizeEdit() const { return m_reserveSize; }
-    QDateEdit* DateEdit() const { return m_date; }
+    CKqDateEdit* DateEdit() const { return m_date; }
     QSpinBox* PreviousJumpsSpin() const { return m_previousJumps; }
     QCheckBox* ActiveBox() const { return m_active; }
 
@@ -61,7 +61,7 @@ private:
     QLineEdit* m_reserveSerial;
     QLineEdit* m_aad;
     QLineEdit* m_aadSerial;
-    QDateEdit* m_date;
+    CKqDateEdit* m_date;
     QSpinBox* m_previousJumps;
     QCheckBox* m_active;
     bool m_fitted = false;

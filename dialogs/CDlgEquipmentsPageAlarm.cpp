@@ -1,5 +1,6 @@
 #include "dialogs/CDlgEquipmentsPageAlarm.h"
 
+#include "controls/CKqSpinBox.h"
 #include "dialogs/DialogText.h"
 #include "editing/CEquipmentsEdit.h"
 #include "resources/StringTable.h"
@@ -16,15 +17,17 @@ CDlgEquipmentsPageAlarm::CDlgEquipmentsPageAlarm(CEquipmentsEdit& edit, QWidget*
     m_enable->setObjectName(QStringLiteral("rigAlarmBox"));
     m_daysLabel = new QLabel(tr("Days prior to due date"), this);
     m_daysLabel->setWordWrap(true);
-    m_daysPrior = new QSpinBox(this);
+    auto* daysPrior = new CKqSpinBox(this);
+    daysPrior->SetStepRange(0, CEquipmentsEdit::kMaxAlarmDays);
+    m_daysPrior = daysPrior;
     m_daysPrior->setObjectName(QStringLiteral("rigDaysPriorSpin"));
-    m_daysPrior->setRange(0, CEquipmentsEdit::kMaxAlarmDays);
     m_daysLabel->setBuddy(m_daysPrior);
     m_cycleLabel = new QLabel(tr("Days between inspections"), this);
     m_cycleLabel->setWordWrap(true);
-    m_cycle = new QSpinBox(this);
+    auto* cycle = new CKqSpinBox(this);
+    cycle->SetStepRange(0, CEquipmentsEdit::kMaxInspectionCycle);
+    m_cycle = cycle;
     m_cycle->setObjectName(QStringLiteral("inspectionCycleSpin"));
-    m_cycle->setRange(0, CEquipmentsEdit::kMaxInspectionCycle);
     m_cycleLabel->setBuddy(m_cycle);
 
     auto* layout = new QGridLayout(this);

@@ -30,8 +30,9 @@ CDlgJump::CDlgJump(CLogbookDoc& doc, const CUnitSettings& units, ISettingsStore*
         AddPage(page);
     connect(m_fallrate, &CDlgJumpPageFallrate::kindPicked, m_details, &CDlgJumpPageDetails::ShowRecordedValues);
     AddRecordingPage();
+    // A signed jump is only looked at: one button closes it.
     if (m_edit.IsViewOnly())
-        Buttons()->button(QDialogButtonBox::Cancel)->hide();
+        Buttons()->setStandardButtons(QDialogButtonBox::Close);
 }
 
 CDlgJump::~CDlgJump() = default;

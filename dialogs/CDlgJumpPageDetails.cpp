@@ -1,5 +1,6 @@
 #include "dialogs/CDlgJumpPageDetails.h"
 
+#include "controls/CKqDateEdit.h"
 #include "controls/CKqNumberField.h"
 #include "controls/CKqSpinBox.h"
 #include "controls/CKqTimeField.h"
@@ -25,9 +26,9 @@ CDlgJumpPageDetails::CDlgJumpPageDetails(CJumpEdit& edit, const CJumpEdit::PickL
     m_number = new CKqNumberField(tr("Jump"), false, this);
     m_number->setObjectName(QStringLiteral("jumpNumber"));
     m_number->Spin()->SetStepRange(1, CJumpEdit::kSpinnerMaxNumber);
-    m_date = new QDateEdit(this);
+    // A jump without a valid date shows none, and the check asks for one.
+    m_date = new CKqDateEdit(QStringLiteral(" "), this);
     m_date->setObjectName(QStringLiteral("jumpDate"));
-    m_date->setCalendarPopup(true);
     m_date->setDisplayFormat(DialogText::ShortDateFormat());
     m_time = new CKqTimeField(tr("Zeit"), this);
     m_time->setObjectName(QStringLiteral("jumpTime"));
@@ -96,7 +97,7 @@ void CDlgJumpPageDetails::Initialise()
 void CDlgJumpPageDetails::ShowRecordedValues()
 {
     const CJumpValues& v = m_edit.Values();
-    m_date->setDate(DialogText::ToQDate(v.date));
+    m_date->SetDate(DialogText::ToQDate(v.date));
     m_time->SetText(ToQt(v.timeText));
     {
         const QSignalBlocker quiet(m_noTime);
@@ -131,7 +132,7 @@ void CDlgJumpPageDetails::ReadBack()
 {
     CJumpValues& v = m_edit.Values();
     v.number = m_number->Value();
-    v.date = DialogText::FromQDate(m_date->date());
+    v.date = DialogText::FromQDate(m_date->Date());
     v.noTime = m_noTime->isChecked();
     v.timeText = FromQt(m_time->Text());
     v.exitHeight = CJumpEdit::CutHeight(m_exit->Value());

@@ -6,7 +6,7 @@
 class CKqNumberField;
 class CKqTimeField;
 class QCheckBox;
-class QDateEdit;
+class CKqDateEdit;
 
 // The jump editor's first page: number, date, time of day, exit and opening height, rig and
 // malfunction.
@@ -32,7 +32,7 @@ private:
     void OnHeightEdited(CKqNumberField* field);
 
     CKqNumberField* m_number;
-    QDateEdit* m_date;
+    CKqDateEdit* m_date;
     QLabel* m_timeLabel = nullptr;
     CKqTimeField* m_time;
     QCheckBox* m_noTime;

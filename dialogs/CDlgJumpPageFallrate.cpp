@@ -84,9 +84,9 @@ void CDlgJumpPageFallrate::Initialise()
     ApplyEnables();
 }
 
-void CDlgJumpPageFallrate::showEvent(QShowEvent* event)
+void CDlgJumpPageFallrate::Activated()
 {
-    CDlgJumpPage::showEvent(event);
+    // The Details page has been read back by now: the computed kinds show what its heights give.
     if (!m_edit.IsViewOnly() && FallrateKindIsComputed(m_edit.Values().kind)) {
         m_edit.PickKind(m_edit.Values().kind);
         ShowFallrateValues();

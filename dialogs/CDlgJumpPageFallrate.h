@@ -24,7 +24,7 @@ protected:
     void ReadBack() override;
     int PageNumber() const override { return CJumpEdit::PageFallrate; }
     // Computed kinds show the freefall time of the heights as they are now.
-    void showEvent(QShowEvent* event) override;
+    void Activated() override;
 
 private:
     void OnKindPicked(int kind);

@@ -1,6 +1,7 @@
 #include "dialogs/CDlgPreferences.h"
 
 #include "controls/CDurationPadDlg.h"
+#include "controls/CKqSpinBox.h"
 #include "controls/CNumberPadDlg.h"
 #include "controls/IDialogRunner.h"
 #include "controls/IMessageSink.h"
@@ -39,9 +40,10 @@ CDlgPreferences::CDlgPreferences(CUnitSettings& units, ISettingsStore* store, CL
     m_fallrateLabel->setObjectName(QStringLiteral("fallrateLabel"));
     m_fallrate = new QPushButton(this);
     m_fallrate->setObjectName(QStringLiteral("fallrateButton"));
-    m_previousJumps = new QSpinBox(this);
+    auto* previousJumps = new CKqSpinBox(this);
+    previousJumps->SetStepRange(0, CPreferencesEdit::kMaxPreviousJumps);
+    m_previousJumps = previousJumps;
     m_previousJumps->setObjectName(QStringLiteral("previousJumpsSpin"));
-    m_previousJumps->setRange(0, CPreferencesEdit::kMaxPreviousJumps);
     m_freefall = new QPushButton(this);
     m_freefall->setObjectName(QStringLiteral("freefallButton"));
     m_glideLabel = new QLabel(tr("Display Glide as"), this);

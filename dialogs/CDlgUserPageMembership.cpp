@@ -1,5 +1,6 @@
 #include "dialogs/CDlgUserPageMembership.h"
 
+#include "controls/CKqSpinBox.h"
 #include "dialogs/CDlgUserOwner.h"
 #include "dialogs/DialogText.h"
 #include "editing/TrimBlanks.h"
@@ -34,9 +35,10 @@ CDlgUserPageMembership::CDlgUserPageMembership(CUserProfileEdit& edit, QWidget* 
     m_alarm->setObjectName(QStringLiteral("alarmBox"));
     m_daysLabel = new QLabel(tr("Days prior do due date"), this);
     m_daysLabel->setWordWrap(true);
-    m_days = new QSpinBox(this);
+    auto* days = new CKqSpinBox(this);
+    days->SetStepRange(0, CUserProfileEdit::kMaxDaysPrior);
+    m_days = days;
     m_days->setObjectName(QStringLiteral("daysPriorSpin"));
-    m_days->setRange(0, CUserProfileEdit::kMaxDaysPrior);
     m_daysLabel->setBuddy(m_days);
 
     // Labels above their fields: the page stays readable on a 240 pixel wide screen.

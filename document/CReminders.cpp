@@ -25,7 +25,10 @@ std::vector<CReminders::Item> CReminders::Due(const CLogbookSettings& settings, 
     const CMembership& membership = settings.GetMembership();
     if (membership.HasExpirationDate() && membership.HasAlarm() && membership.GetExpirationDate().IsValid()) {
         const CDateTime expires = membership.GetExpirationDate().DateOnly();
-        if (IsDue(day, membership.GetAlarmDays(), expires))
+        // A date already passed is told as such, not as one still to come.
+        if (expires.DayNumber() < day.DayNumber())
+            due.push_back({StringTable::IDS_MEMBERSHIP_EXPIRED, 0, expires});
+        else if (IsDue(day, membership.GetAlarmDays(), expires))
             due.push_back({StringTable::IDS_MEMBERSHIP_EXPIRES, 0, expires});
     }
 

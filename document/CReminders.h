@@ -11,7 +11,8 @@ class CLogbookSettings;
 class CReminders
 {
 public:
-    // One due reminder: the message to compose (5005 or 5006), the rig's number (rigs only)
+    // One due reminder: the message to compose (5005, or 5009 for an expiry date already passed,
+    // or 5006), the rig's number (rigs only)
     // and the date to put into the text (expiry or inspection due date).
     struct Item
     {

@@ -16,6 +16,11 @@ CCheckResult CCheckResult::Fail(int messageId, int field, std::string message)
     return result;
 }
 
+CCheckResult CheckChangedRange(long long value, long long loaded, int lower, int upper, int field)
+{
+    return value == loaded ? CCheckResult::Pass() : CheckRange(value, lower, upper, field);
+}
+
 CCheckResult CheckRange(long long value, int lower, int upper, int field)
 {
     if (value >= lower && value <= upper)

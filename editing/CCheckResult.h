@@ -27,3 +27,6 @@ struct CCheckResult
 // Inclusive range check shared by every editor: outside lower..upper fails with message 4009,
 // the bounds written as whole numbers, and the focus on field.
 CCheckResult CheckRange(long long value, int lower, int upper, int field);
+// As CheckRange, but a value still as it was loaded passes: what the file holds is shown and kept
+// as it is, and only a value the user changed has to lie within the range.
+CCheckResult CheckChangedRange(long long value, long long loaded, int lower, int upper, int field);

@@ -20,6 +20,7 @@ void CEquipmentEdit::Load(const CEquipment& rig)
     inspectionDate = rig.GetInspectionDate();
     previousJumps = rig.GetPreviousJumps();
     active = rig.IsActive();
+    m_loaded = {previousJumps, mainSize, reserveSize};
 }
 
 CCheckResult CEquipmentEdit::Validate()
@@ -28,15 +29,17 @@ CCheckResult CEquipmentEdit::Validate()
          {&harness, &harnessSerial, &mainCanopy, &mainSerial, &reserveCanopy, &reserveSerial, &aad, &aadSerial})
         *text = TrimBlanks(*text);
 
-    if (CCheckResult result = CheckRange(previousJumps, 0, kMaxPreviousJumps, PreviousJumps); !result)
+    if (CCheckResult result =
+            CheckChangedRange(previousJumps, m_loaded.previousJumps, 0, kMaxPreviousJumps, PreviousJumps);
+        !result)
         return result;
     if (harness.empty())
         return CCheckResult::Fail(StringTable::IDS_NEED_HARNESS, Harness);
     if (mainCanopy.empty())
         return CCheckResult::Fail(StringTable::IDS_NEED_MAIN, MainCanopy);
-    if (CCheckResult result = CheckRange(mainSize, 0, kMaxCanopySize, MainSize); !result)
+    if (CCheckResult result = CheckChangedRange(mainSize, m_loaded.mainSize, 0, kMaxCanopySize, MainSize); !result)
         return result;
-    return CheckRange(reserveSize, 0, kMaxCanopySize, ReserveSize);
+    return CheckChangedRange(reserveSize, m_loaded.reserveSize, 0, kMaxCanopySize, ReserveSize);
 }
 
 void CEquipmentEdit::Store(CEquipment& rig) const

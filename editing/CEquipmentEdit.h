@@ -31,7 +31,8 @@ public:
     // Copies every field of the rig.
     void Load(const CEquipment& rig);
     // Trims every text, then checks previous jumps, harness (4007), main canopy (4008), main size
-    // and reserve size, in this order; the first failure names its message and field.
+    // and reserve size, in this order; the first failure names its message and field. A number
+    // still as the rig held it passes, whatever its range.
     CCheckResult Validate();
     // Writes every value into the rig in one go (its number is kept).
     void Store(CEquipment& rig) const;
@@ -49,4 +50,11 @@ public:
     CDateTime inspectionDate;
     long long previousJumps = 0;
     bool active = true;
+
+private:
+    // The numbers as loaded (a new rig: 0).
+    struct Loaded
+    {
+        long long previousJumps = 0, mainSize = 0, reserveSize = 0;
+    } m_loaded;
 };

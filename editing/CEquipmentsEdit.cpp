@@ -11,6 +11,8 @@ void CEquipmentsEdit::Load(const CEquipmentList& list)
     alarmOn = list.IsAlarmOn();
     alarmDays = alarmOn ? list.GetAlarmDays() : kDefaultAlarmDays;
     inspectionCycle = list.GetInspectionCycle();
+    m_loadedDays = alarmDays;
+    m_loadedCycle = inspectionCycle;
 }
 
 std::unique_ptr<CEquipment> CEquipmentsEdit::MakeNewRig() const
@@ -43,9 +45,9 @@ void CEquipmentsEdit::RemoveRig(std::size_t index)
 
 CCheckResult CEquipmentsEdit::ValidateAlarm() const
 {
-    if (CCheckResult result = CheckRange(alarmDays, 0, kMaxAlarmDays, AlarmDays); !result)
+    if (CCheckResult result = CheckChangedRange(alarmDays, m_loadedDays, 0, kMaxAlarmDays, AlarmDays); !result)
         return result;
-    return CheckRange(inspectionCycle, 0, kMaxInspectionCycle, InspectionCycle);
+    return CheckChangedRange(inspectionCycle, m_loadedCycle, 0, kMaxInspectionCycle, InspectionCycle);
 }
 
 bool CEquipmentsEdit::Apply(CLogbookDoc& doc) const

@@ -44,7 +44,8 @@ public:
     // Drops the rig at index.
     void RemoveRig(std::size_t index);
 
-    // The alarm page's check: days prior 0 to 365, then days between inspections 0 to 730.
+    // The alarm page's check: days prior 0 to 365, then days between inspections 0 to 730; a value
+    // still as loaded passes.
     CCheckResult ValidateAlarm() const;
 
     // Writes rigs and alarm into the logbook (the alarm through SetAlarm) and re-points its jumps:
@@ -60,4 +61,6 @@ private:
     CEquipmentList m_rigs;
     // For each working rig its position in the logbook's list when loaded, -1 for a new one.
     std::vector<int> m_origin;
+    long long m_loadedDays = kDefaultAlarmDays;
+    long long m_loadedCycle = CEquipmentList::kDefaultInspectionCycle;
 };

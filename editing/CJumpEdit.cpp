@@ -33,6 +33,7 @@ CJumpEdit::CJumpEdit(CLogbookDoc& doc, const CUnitSettings& units, ISettingsStor
                      CJump* jump)
     : m_doc(doc), m_units(units), m_store(store), m_clock(clock), m_jump(jump)
 {
+    m_source = jump;
     if (jump)
         LoadJump(*jump);
     else
@@ -56,7 +57,8 @@ void CJumpEdit::LoadJump(const CJump& jump)
 {
     const CDateTime& when = jump.GetTimestamp().dateTime;
     m_values.number = jump.GetNumber();
-    m_values.date = when.DateOnly();
+    // A jump without a valid time stamp has no date: the user fills it in, nothing is made up.
+    m_values.date = when.IsValid() ? when.DateOnly() : CDateTime();
     m_values.noTime = !jump.HasTimeOfDay();
     if (!m_values.noTime)
         m_values.timeText = TimeText(when.Hour(), when.Minute(), when.Second());
@@ -106,10 +108,13 @@ void CJumpEdit::LoadDefaults()
     m_values.noTime = !hasTime;
     // The time proposed is the current one, to the minute.
     m_values.timeText = TimeText(now.Hour(), now.Minute(), 0);
-    m_values.noWind = !hasWind;
     m_values.landing = "OK";
 
     const CJump* last = m_doc.GetLastJump();
+    // A wind is proposed only when there is one to take over: a wind of 0 is one the check
+    // refuses, and an untouched new jump must pass its own checks.
+    m_values.noWind = !(hasWind && last && last->GetWind().IsSet());
+    m_source = last;
     if (!last) {
         Recompute();
         return;
@@ -123,7 +128,7 @@ void CJumpEdit::LoadDefaults()
         LoadFallrateValues(*last);
     else
         Recompute();
-    if (hasWind && last->GetWind().IsSet()) {
+    if (!m_values.noWind) {
         m_values.windSpeed = RoundToInt(m_units.WindToDisplay(last->GetWind().speed));
         m_values.windDirection = last->GetWind().direction;
     }

@@ -190,6 +190,10 @@ private:
     ISettingsStore* m_store;
     const IClock& m_clock;
     CJump* m_jump;
+    // The jump the working values were loaded from: the edited one, or the last jump whose values
+    // a new jump takes over; null for a new jump in an empty logbook. Values left as loaded keep
+    // its stored precision.
+    const CJump* m_source = nullptr;
     bool m_viewOnly = false;
     bool m_hasImport = false;
     ImportValues m_import;

@@ -49,8 +49,13 @@ CCheckResult CJumpEdit::Validate(Page page)
     if (m_viewOnly)
         return CCheckResult::Pass();
     switch (page) {
-    case PageDetails:
-        return ValidateDetails();
+    case PageDetails: {
+        CCheckResult result = ValidateDetails();
+        // The computed fall rates follow the heights just read back.
+        if (result.Passed())
+            Recompute();
+        return result;
+    }
     case PageFallrate:
         return ValidateFallrate();
     case PageInfo:
@@ -84,11 +89,16 @@ CCheckResult CJumpEdit::ValidateDetails()
     CJumpValues& v = m_values;
     v.equipment = TrimBlanks(v.equipment);
     v.malfunction = TrimBlanks(v.malfunction);
-    return FirstFailure([&] { return CheckRange(v.number, 1, kMaxNumber, FieldNumber); },
+    return FirstFailure([&] { return CheckChangedRange(v.number, m_loaded.number, 1, kMaxNumber, FieldNumber); },
                         [&] {
                             return m_doc.HasJumpNumber(v.number, m_jump)
                                        ? CCheckResult::Fail(StringTable::IDS_DUPLICATE_NUMBER, FieldNumber)
                                        : CCheckResult::Pass();
+                        },
+                        [&] {
+                            // A jump loaded without a valid time stamp shows no date until one is picked.
+                            return v.date.IsValid() ? CCheckResult::Pass()
+                                                    : CCheckResult::Fail(StringTable::IDS_INVALID_VALUE, FieldDate);
                         },
                         [&] {
                             if (v.noTime)
@@ -101,8 +111,8 @@ CCheckResult CJumpEdit::ValidateDetails()
                                 return CCheckResult::Fail(StringTable::IDS_INVALID_VALUE, FieldTime);
                             return CCheckResult::Pass();
                         },
-                        [&] { return CheckRange(v.exitHeight, 0, kMaxHeight, FieldExit); },
-                        [&] { return CheckRange(v.openHeight, 0, kMaxHeight, FieldOpen); },
+                        [&] { return CheckChangedRange(v.exitHeight, m_loaded.exitHeight, 0, kMaxHeight, FieldExit); },
+                        [&] { return CheckChangedRange(v.openHeight, m_loaded.openHeight, 0, kMaxHeight, FieldOpen); },
                         [&] {
                             // Equal heights pass, although the message speaks of "less than".
                             return v.openHeight > v.exitHeight
@@ -123,13 +133,33 @@ CCheckResult CJumpEdit::ValidateFallrate() const
 {
     const CJumpValues& v = m_values;
     const bool manual = v.kind == Manual;
+    // Typed values are checked; values still as the file gave them (a manual fall rate, a wind)
+    // pass as they are.
+    const bool manualLoaded = m_loaded.kind == Manual;
+    const bool windLoaded = !m_loaded.noWind;
+    const auto check = [](bool loaded, int value, int loadedValue, int lower, int upper, int field) {
+        return loaded ? CheckChangedRange(value, loadedValue, lower, upper, field)
+                      : CheckRange(value, lower, upper, field);
+    };
     return FirstFailure(
-        [&] { return manual ? CheckRange(v.delay, 0, kMaxDelay, FieldDelay) : CCheckResult::Pass(); },
-        [&] { return manual ? CheckRange(v.vMax, 0, kMaxSpeed, FieldVMax) : CCheckResult::Pass(); },
-        [&] { return manual ? CheckRange(v.vAvg, 0, kMaxSpeed, FieldVAvg) : CCheckResult::Pass(); },
-        [&] { return v.noWind ? CCheckResult::Pass() : CheckRange(v.windSpeed, kMinWind, kMaxWind, FieldWind); },
         [&] {
-            return v.noWind ? CCheckResult::Pass() : CheckRange(v.windDirection, 0, kMaxDirection, FieldDirection);
+            return manual ? check(manualLoaded, v.delay, m_loaded.delay, 0, kMaxDelay, FieldDelay)
+                          : CCheckResult::Pass();
+        },
+        [&] {
+            return manual ? check(manualLoaded, v.vMax, m_loaded.vMax, 0, kMaxSpeed, FieldVMax) : CCheckResult::Pass();
+        },
+        [&] {
+            return manual ? check(manualLoaded, v.vAvg, m_loaded.vAvg, 0, kMaxSpeed, FieldVAvg) : CCheckResult::Pass();
+        },
+        [&] {
+            return v.noWind ? CCheckResult::Pass()
+                            : check(windLoaded, v.windSpeed, m_loaded.windSpeed, kMinWind, kMaxWind, FieldWind);
+        },
+        [&] {
+            return v.noWind
+                       ? CCheckResult::Pass()
+                       : check(windLoaded, v.windDirection, m_loaded.windDirection, 0, kMaxDirection, FieldDirection);
         });
 }
 
@@ -138,8 +168,8 @@ CCheckResult CJumpEdit::ValidateInfo()
     CJumpValues& v = m_values;
     for (std::string* text : {&v.place, &v.aircraft, &v.type, &v.landing, &v.team})
         *text = TrimBlanks(*text);
-    return FirstFailure([&] { return CheckRange(v.size, 0, kMaxSize, FieldSize); },
-                        [&] { return CheckRange(v.points, 0, kMaxPoints, FieldPoints); });
+    return FirstFailure([&] { return CheckChangedRange(v.size, m_loaded.size, 0, kMaxSize, FieldSize); },
+                        [&] { return CheckChangedRange(v.points, m_loaded.points, 0, kMaxPoints, FieldPoints); });
 }
 
 CCheckResult CJumpEdit::ValidateSignature()
@@ -192,20 +222,23 @@ CJumpEdit::ApplyResult CJumpEdit::Apply()
     edits.avgSpeed = m_units.SpeedFromDisplay(v.vAvg);
     edits.windDirection = v.noWind ? 0 : v.windDirection;
     edits.windSpeed = v.noWind ? 0.0 : m_units.WindFromDisplay(v.windSpeed);
-    if (m_jump) {
-        // What the user left as it was loaded keeps the precision it has in the file.
-        if (v.exitHeight == m_loaded.exitHeight)
-            edits.exitHeight = m_jump->GetExitHeight();
-        if (v.openHeight == m_loaded.openHeight)
-            edits.openHeight = m_jump->GetOpenHeight();
-        if (v.kind == Manual && m_jump->GetFallrateKind() == Manual) {
+    if (const CJump* source = m_source) {
+        // What the user left as it was loaded (from the jump itself, or from the last jump for a
+        // new one) keeps the precision it has in the file.
+        // A track taken into a new jump brings heights of its own.
+        const bool heightsTaken = m_jump || !m_taken;
+        if (heightsTaken && v.exitHeight == m_loaded.exitHeight)
+            edits.exitHeight = source->GetExitHeight();
+        if (heightsTaken && v.openHeight == m_loaded.openHeight)
+            edits.openHeight = source->GetOpenHeight();
+        if (v.kind == Manual && source->GetFallrateKind() == Manual && m_loaded.kind == Manual) {
             if (v.vMax == m_loaded.vMax)
-                edits.maxSpeed = m_jump->GetMaxSpeed();
+                edits.maxSpeed = source->GetMaxSpeed();
             if (v.vAvg == m_loaded.vAvg)
-                edits.avgSpeed = m_jump->GetAvgSpeed();
+                edits.avgSpeed = source->GetAvgSpeed();
         }
         if (!v.noWind && !m_loaded.noWind && v.windSpeed == m_loaded.windSpeed)
-            edits.windSpeed = m_jump->GetWind().speed;
+            edits.windSpeed = source->GetWind().speed;
     }
     edits.equipment = v.equipment;
     edits.malfunction = v.malfunction;

@@ -51,9 +51,11 @@ bool CNumberPadState::DigitResult(int digit, long long& value, int& decimalsType
 {
     value = m_value;
     decimalsTyped = m_decimalsTyped;
-    // A fresh pad starts a new whole number.
-    if (IsFresh())
+    // A fresh pad, or one still showing the value it opened with, starts a new whole number.
+    if (StartsNewEntry()) {
+        value = 0;
         decimalsTyped = -1;
+    }
     if (decimalsTyped >= 0) {
         if (decimalsTyped >= m_maxDecimals)
             return false;
@@ -70,7 +72,7 @@ bool CNumberPadState::IsEnabled(Key key) const
     case Key::Sign:
         return m_allowNegative;
     case Key::Separator:
-        return IsFresh() || m_decimalsTyped < 0;
+        return StartsNewEntry() || m_decimalsTyped < 0;
     case Key::Back:
     case Key::Clear:
         return true;
@@ -92,12 +94,17 @@ void CNumberPadState::Press(Key key)
 {
     if (!IsEnabled(key))
         return;
+    // The value the pad opened with is replaced by the first digit or separator typed; "+/-"
+    // turns it round and leaves it ready to be replaced.
+    const bool opening = m_opening;
     switch (key) {
     case Key::Sign:
         m_value = -m_value;
         m_lastOperand = 0;
         break;
     case Key::Separator:
+        if (opening)
+            m_value = 0;
         m_decimalsTyped = 0;
         m_lastOperand = 0;
         break;
@@ -142,6 +149,8 @@ void CNumberPadState::Press(Key key)
         break;
     }
     }
+    if (key != Key::Sign)
+        m_opening = false;
 }
 
 std::string CNumberPadState::Grouped(long long number) const

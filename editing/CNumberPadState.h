@@ -59,12 +59,17 @@ public:
     int LastOperand() const { return m_lastOperand; }
     // Value 0 with decimals typed at max decimals: the next digit starts a new entry.
     bool IsFresh() const { return m_value == 0 && m_decimalsTyped == m_maxDecimals; }
+    // True while the pad still shows the value it was opened with: the first digit (or the
+    // separator) replaces it, as on a calculator.
+    bool IsOpening() const { return m_opening; }
 
 private:
     // The scaled value of a whole number with the given decimals typed, unclamped.
     long long Scaled(long long value, int decimalsTyped) const;
     // The digit's result as (value, decimals typed); false when the key does nothing.
     bool DigitResult(int digit, long long& value, int& decimalsTyped) const;
+    // The next digit or separator begins a new number.
+    bool StartsNewEntry() const { return m_opening || IsFresh(); }
     // Whole digits with the thousands separator every three digits from the right.
     std::string Grouped(long long number) const;
 
@@ -74,6 +79,7 @@ private:
     bool m_allowNegative;
     int m_accumulator = 0;
     int m_lastOperand = 0;
+    bool m_opening = true;
     std::string m_decimalSeparator;
     std::string m_thousandsSeparator;
 };

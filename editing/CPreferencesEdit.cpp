@@ -36,6 +36,7 @@ void CPreferencesEdit::Load(const CUnitSettings& units, const CLogbookSettings& 
     customTenths = TenthsOf(settings.FallrateSpeed(Custom));
     previousJumps = settings.GetPreviousJumps();
     previousDelay = settings.GetPreviousDelay();
+    m_loadedPreviousJumps = previousJumps;
 }
 
 long long CPreferencesEdit::TenthsOf(double metresPerSecond) const
@@ -86,7 +87,7 @@ std::string CPreferencesEdit::FallrateLabel() const
 
 CCheckResult CPreferencesEdit::Validate() const
 {
-    return CheckRange(previousJumps, 0, kMaxPreviousJumps, PreviousJumps);
+    return CheckChangedRange(previousJumps, m_loadedPreviousJumps, 0, kMaxPreviousJumps, PreviousJumps);
 }
 
 bool CPreferencesEdit::Apply(CUnitSettings& units, ISettingsStore* store, CLogbookDoc& doc) const

@@ -37,7 +37,7 @@ public:
     // "Custom Fallrate" with the speed unit on screen: " [m/s]", " [km/h]", " [ft/s]" or " [mph]".
     std::string FallrateLabel() const;
 
-    // Previous jumps 0 to 32767 (4009).
+    // Previous jumps 0 to 32767 (4009); the logbook's own value passes as it is.
     CCheckResult Validate() const;
 
     // Stores the three unit choices together (and in the store when there is one), then gives the
@@ -59,4 +59,5 @@ private:
 
     int m_units = 0;
     int m_speedDisplay = 0;
+    long long m_loadedPreviousJumps = 0;
 };

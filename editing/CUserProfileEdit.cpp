@@ -50,6 +50,7 @@ void CUserProfileEdit::Load(const CLogbookSettings& settings)
     expiryDate = m_expires ? membership.GetExpirationDate() : CDateTime();
     m_alarm = membership.HasAlarm();
     daysPrior = m_alarm ? membership.GetAlarmDays() : 0;
+    m_loadedDaysPrior = daysPrior;
     lists[LicenseList] = JoinList(settings.GetLicenses());
     lists[RatingList] = JoinList(settings.GetRatings());
     lists[AwardList] = JoinList(settings.GetAwards());
@@ -64,7 +65,7 @@ void CUserProfileEdit::SetExpires(bool expires)
 
 CCheckResult CUserProfileEdit::ValidateMembership() const
 {
-    return CheckRange(daysPrior, 0, kMaxDaysPrior, DaysPrior);
+    return CheckChangedRange(daysPrior, m_loadedDaysPrior, 0, kMaxDaysPrior, DaysPrior);
 }
 
 CCheckResult CUserProfileEdit::ValidateList(List list) const

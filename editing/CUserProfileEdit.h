@@ -53,7 +53,7 @@ public:
     void SetAlarm(bool alarm) { m_alarm = alarm && m_expires; }
     bool GetAlarm() const { return m_alarm; }
 
-    // The membership page's check: days prior 0 to 365 (4009).
+    // The membership page's check: days prior 0 to 365 (4009); the loaded value passes as it is.
     CCheckResult ValidateMembership() const;
     // A list page's check: more than four entries fail with the page's own message.
     CCheckResult ValidateList(List list) const;
@@ -72,4 +72,5 @@ public:
 private:
     bool m_expires = false;
     bool m_alarm = false;
+    int m_loadedDaysPrior = 0;
 };

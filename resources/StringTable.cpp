@@ -72,6 +72,7 @@ constexpr std::array kEntries = {
     Entry{5006, "Equipment %1 needs to be inspected %2."},
     Entry{5007, "Do you want to delete jump number %1?"},
     Entry{5008, "Do you want to remove the equipment %1?"},
+    Entry{5009, "Your membership/license expired on %1."},
     Entry{6000, "User Profile"},
     Entry{6001, "Membership"},
     Entry{6002, "Licenses"},

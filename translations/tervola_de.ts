@@ -429,6 +429,10 @@
         <source>Overwrite</source>
         <translation>Überschreiben</translation>
     </message>
+    <message>
+        <source>Logbook</source>
+        <translation>Logbuch</translation>
+    </message>
 </context>
 <context>
     <name>CLogbookView</name>
@@ -971,6 +975,11 @@ Das Logbuch für Fallschirmspringer.
         <source>The time of the exit lies outside the years a logbook holds.</source>
         <comment>4127</comment>
         <translation>Die Zeit des Absprungs liegt außerhalb der Jahre, die ein Logbuch aufnehmen kann.</translation>
+    </message>
+    <message>
+        <source>Your membership/license expired on %1.</source>
+        <comment>5009</comment>
+        <translation>Die Mitgliedschaft/Lizenz ist am %1 abgelaufen.</translation>
     </message>
 </context>
 </TS>

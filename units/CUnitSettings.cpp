@@ -12,12 +12,12 @@ using UnitFactors::kMpsToKmh;
 // The speed and wind pairs of the program are not exact inverses in the last digits either.
 constexpr double kMpsToMph = 2.2369362920275586;
 constexpr double kMphToMps = 0.44704000000536454;
-// Wind: metric shows m/s times the miles-per-hour factor under the label "kn", imperial the knots
-// factor under "mph". Within one system the pair round-trips, so stored winds survive editing.
-constexpr double kWindToDisplayMetric = 2.236936292054402;
-constexpr double kWindFromDisplayMetric = 0.44704;
-constexpr double kWindToDisplayImperial = 1.9438339965766924;
-constexpr double kWindFromDisplayImperial = 0.5144472222222222;
+// Wind: knots in metric, miles per hour in imperial, each number converted with the factor of the
+// unit its label names. Each pair round-trips, so stored winds survive editing.
+constexpr double kMpsToKnots = 1.9438339965766924;
+constexpr double kKnotsToMps = 0.5144472222222222;
+constexpr double kWindMpsToMph = 2.236936292054402;
+constexpr double kWindMphToMps = 0.44704;
 constexpr double kMetresToKilometres = 0.001;
 constexpr double kMetresToMiles = 0.0006213711922000001;
 
@@ -35,9 +35,9 @@ void CUnitSettings::Set(int units, int speedDisplay, int glideDisplay)
     m_glideDisplay = glideDisplay;
 }
 
-void CUnitSettings::Load(const ISettingsStore& store)
+void CUnitSettings::Load(const ISettingsStore& store, int defaultUnits)
 {
-    m_units = store.GetInt(kSection, kUnits, 0);
+    m_units = store.GetInt(kSection, kUnits, defaultUnits);
     m_speedDisplay = store.GetInt(kSection, kSpeed, 0);
     m_glideDisplay = store.GetInt(kSection, kGlide, 0);
 }
@@ -75,12 +75,12 @@ double CUnitSettings::SpeedFromDisplay(double value) const
 
 double CUnitSettings::WindToDisplay(double mps) const
 {
-    return mps * (IsMetric() ? kWindToDisplayMetric : kWindToDisplayImperial);
+    return mps * (IsMetric() ? kMpsToKnots : kWindMpsToMph);
 }
 
 double CUnitSettings::WindFromDisplay(double value) const
 {
-    return value * (IsMetric() ? kWindFromDisplayMetric : kWindFromDisplayImperial);
+    return value * (IsMetric() ? kKnotsToMps : kWindMphToMps);
 }
 
 double CUnitSettings::DistanceToDisplay(double metres) const

@@ -38,8 +38,9 @@ public:
     bool IsPerHour() const { return m_speedDisplay != 0; }
     void Set(int units, int speedDisplay, int glideDisplay);
 
-    // Reads "Preferences"/"Units", "DisplaySpeedAs", "DisplayGlideAs" (absent values give 0).
-    void Load(const ISettingsStore& store);
+    // Reads "Preferences"/"Units", "DisplaySpeedAs", "DisplayGlideAs". An absent unit system gives
+    // defaultUnits (the caller passes the system's measurement system), the others 0.
+    void Load(const ISettingsStore& store, int defaultUnits = Imperial);
     // Writes the three values together.
     void Save(ISettingsStore& store) const;
 
@@ -49,7 +50,7 @@ public:
     // Fall-rate speeds: m/s <-> m/s, km/h, ft/s or mph.
     double SpeedToDisplay(double metresPerSecond) const;
     double SpeedFromDisplay(double value) const;
-    // Wind speeds, with the program's own factor pair per unit system.
+    // Wind speeds: m/s <-> knots (metric) or miles per hour (imperial).
     double WindToDisplay(double metresPerSecond) const;
     double WindFromDisplay(double value) const;
     // Summary distances: metres to kilometres or miles.
@@ -58,7 +59,7 @@ public:
     // Labels shown beside the values.
     std::string_view HeightLabel() const;   // "m" / "ft"
     std::string_view SpeedLabel() const;    // "m/s", "km/h", "ft/s", "mph"
-    std::string_view WindLabel() const;     // "kn" (metric) / "mph" (imperial), as the program has it
+    std::string_view WindLabel() const;     // "kn" (metric) / "mph" (imperial)
     std::string_view DistanceLabel() const; // " [km]" / " [mi]"
 
     // The registry section and value names.

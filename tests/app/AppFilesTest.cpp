@@ -4,6 +4,8 @@
 #include "CAppHarness.h"
 
 #include <QAction>
+#include <QDir>
+#include <QStandardPaths>
 #include <QtTest>
 
 using Kind = CRecordingMessages::Kind;
@@ -74,7 +76,8 @@ private slots:
                 harness.Commands()->OnFileNew();
             }
             harness.Commands()->WaitForSaves();
-            QCOMPARE(harness.files.asked, QStringList{saveAs ? old : folder});
+            // New proposes a logbook of its own name beside the open one.
+            QCOMPARE(harness.files.asked, QStringList{saveAs ? old : QDir(folder).filePath("Logbook.tvz")});
             QCOMPARE(harness.messages.Texts(Kind::Error), error.isEmpty() ? QStringList() : QStringList{error});
             QCOMPARE(CAppHarness::JumpsInFile(harness.Path(name)), jumps);
             QCOMPARE(CAppHarness::JumpsInFile(old), 3);
@@ -82,6 +85,18 @@ private slots:
             QCOMPARE(CommandStates(harness), states);
             QCOMPARE(harness.View()->GetViewMode(), mode);
         }
+
+        // Without a logbook New proposes one in the documents folder; a name taken gets a number.
+        CAppHarness harness;
+        QVERIFY(harness.StartWithoutSplash());
+        harness.Commands()->OnFileNew();
+        const QDir documents(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
+        QCOMPARE(harness.files.asked, QStringList{documents.filePath("Logbook.tvz")});
+        harness.files.asked.clear();
+        harness.files.saveAnswers = {harness.Path("Logbook.tvz")};
+        harness.Commands()->OnFileNew();
+        harness.Commands()->OnFileNew();
+        QCOMPARE(harness.files.asked.last(), harness.Path("Logbook 2.tvz"));
     }
 
     // A bad file: its own message, then 4001; the open logbook, its page and "LastFile" stay.

@@ -3,18 +3,33 @@
 
 #include "CAppHarness.h"
 
+#include "app/AppCommands.h"
 #include "controls/CKqSpinBox.h"
 #include "controls/CSignatureCtrl.h"
 #include "dialogs/CDlgJump.h"
 
 #include <QAction>
 #include <QComboBox>
+#include <QProxyStyle>
 #include <QToolButton>
 #include <QtTest>
 
 using Mode = CLogbookView::ViewMode;
 
 namespace {
+
+// A style on which a single click activates a row, as on some desktops and handhelds.
+class CSingleClickStyle : public QProxyStyle
+{
+public:
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* returned) const override
+    {
+        if (hint == SH_ItemView_ActivateItemOnSingleClick)
+            return 1;
+        return QProxyStyle::styleHint(hint, option, widget, returned);
+    }
+};
 
 // Jumps 1 and 2 signed, 3 not.
 CTestLogbook Logbook()
@@ -41,7 +56,6 @@ private slots:
         QCOMPARE(action->shortcut(), QKeySequence(Qt::CTRL | Qt::Key_J));
         harness.dialogs.steps.append(CScriptedDialogs::Ok<CDlgJump>([](CDlgJump& dialog) {
             dialog.findChild<QComboBox*>("jumpPlace")->setEditText(QStringLiteral("Rovaniemi"));
-            dialog.findChild<CKqSpinBox*>("jumpWind")->setValue(8); // the check refuses the default wind of 0
         }));
         action->trigger();
 
@@ -87,6 +101,52 @@ private slots:
             QCOMPARE(harness.View()->GetList()->topLevelItem(2)->text(2), place);
             QCOMPARE(harness.Doc().IsModified(), changed);
         }
+    }
+
+    // A new user's first jump: a new logbook, Ctrl+J, OK. The editor's defaults pass its own
+    // checks, and the jump is saved as jump 1.
+    void firstJumpOfAnEmptyLogbookIsSavedWithOkAlone()
+    {
+        CAppHarness harness;
+        const QString path = harness.StartWith(CTestLogbook());
+        harness.Frame()->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(harness.Frame()));
+        harness.dialogs.steps.append(CScriptedDialogs::Ok<CDlgJump>([](CDlgJump&) {}));
+        QTest::keyClick(harness.Frame(), Qt::Key_J, Qt::ControlModifier);
+        QCOMPARE(harness.dialogs.ran, QStringList{QStringLiteral("jumpEditor")});
+        QCOMPARE(harness.messages.boxes.size(), 0);
+        QCOMPARE(int(harness.Doc().GetJumpCount()), 1);
+        QCOMPARE(harness.Doc().GetLastJump()->GetNumber(), 1);
+        QVERIFY(!harness.Doc().GetLastJump()->GetWind().IsSet());
+        harness.Commands()->OnFileSave();
+        harness.Commands()->WaitForSaves();
+        QCOMPARE(CAppHarness::JumpsInFile(path), 1);
+    }
+
+    // Where a single click activates a row, a tap opens the editor once. A new jump signed in the
+    // editor while the sign list shows stays out of that list.
+    void oneTapOpensOnceAndASignedNewJumpStaysOffTheSignList()
+    {
+        CAppHarness harness;
+        harness.StartWith(Logbook());
+        harness.View()->OnViewSignList();
+        CJumpListCtrl* list = harness.View()->GetList();
+        QCOMPARE(list->topLevelItemCount(), 1);
+        harness.dialogs.steps.append(CScriptedDialogs::Ok<CDlgJump>([](CDlgJump& dialog) {
+            dialog.findChild<QComboBox*>("jumpSigner")->setEditText(QStringLiteral("Anna"));
+            dialog.findChild<CSignatureCtrl*>("signatureCtrl")->SetStrokes({{{10, 10}, {40, 30}}});
+        }));
+        harness.Commands()->Execute(AppCommands::ID_JUMP_NEW);
+        QCOMPARE(int(harness.Doc().GetJumpCount()), 4);
+        QVERIFY(harness.Doc().GetLastJump()->IsSigned());
+        QCOMPARE(list->topLevelItemCount(), 1);
+
+        CSingleClickStyle style;
+        list->setStyle(&style);
+        const QRect row = list->visualItemRect(list->topLevelItem(0));
+        QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, row.center());
+        QCOMPARE(harness.dialogs.ran.size(), 2);
+        list->setStyle(nullptr);
     }
 
     void signingTheLastUnsignedJumpReturnsHome()

@@ -113,6 +113,33 @@ private slots:
         QCOMPARE(QString::fromStdString(store.GetString("Preferences", "LastFile", "none")), QString("none"));
     }
 
+    // With no unit preference stored the window follows the system's measurement system; a stored
+    // choice wins.
+    void unitsFollowTheSystemUntilChosen()
+    {
+        const struct
+        {
+            QLocale::Language language;
+            QLocale::Territory territory;
+            int units;
+        } systems[] = {{QLocale::German, QLocale::Germany, 1},
+                       {QLocale::Finnish, QLocale::Finland, 1},
+                       {QLocale::English, QLocale::UnitedStates, 0}};
+        for (const auto& system : systems) {
+            const int units = CLogbookApp::DefaultUnits(QLocale(system.language, system.territory));
+            QCOMPARE(units, system.units);
+            CAppHarness harness;
+            harness.defaultUnits = units;
+            QVERIFY(harness.Start());
+            QCOMPARE(harness.Frame()->GetUnits().IsMetric(), units == 1);
+        }
+        CAppHarness chosen;
+        chosen.defaultUnits = 1;
+        chosen.settings.SetInt("Preferences", "Units", 0);
+        QVERIFY(chosen.Start());
+        QVERIFY(!chosen.Frame()->GetUnits().IsMetric());
+    }
+
     // Expiry or inspection relative to today with 10 alarm days; which days are due is tested
     // in the core, here the boxes: their kind, order and date text, at start and after every
     // Open, but none without a logbook.
@@ -139,6 +166,12 @@ private slots:
         harness.Commands()->OnFileOpen();
         QCOMPARE(harness.messages.Texts(Kind::Information), due);
         QCOMPARE(harness.messages.boxes.size(), 3);
+
+        // An expiry date already passed is told as passed.
+        harness.messages.boxes.clear();
+        harness.files.openAnswers = {harness.Write(CTestLogbook().Membership(Day(-3), 10), "expired.tvz")};
+        harness.Commands()->OnFileOpen();
+        QCOMPARE(harness.messages.Texts(Kind::Information), QStringList{"Your membership/license expired on 6/7/24."});
     }
 };
 

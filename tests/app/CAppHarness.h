@@ -79,7 +79,9 @@ public:
     // Runs the program's start-up with the given command-line arguments after the program name.
     bool Start(const QStringList& arguments = {})
     {
-        app = std::make_unique<CLogbookApp>(CAppServices{&settings, &clock, &messages, &files, &viewer, &dialogs});
+        CAppServices services{&settings, &clock, &messages, &files, &viewer, &dialogs};
+        services.defaultUnits = defaultUnits;
+        app = std::make_unique<CLogbookApp>(services);
         return app->InitInstance(QStringList{QStringLiteral("tervola-pocket")} + arguments);
     }
     // Start-up, then the splash is closed so that input reaches the window.
@@ -154,5 +156,7 @@ public:
     CRecordingViewer viewer;
     CScriptedDialogs dialogs;
     CScratchFolder folder{"app"};
+    // The system's unit system as the program would pass it (0 imperial, 1 metric).
+    int defaultUnits = 0;
     std::unique_ptr<CLogbookApp> app;
 };

@@ -24,18 +24,30 @@ public:
                          .arg(alarmDays);
         return *this;
     }
-    // A rig with its last inspection date.
-    CTestLogbook& Rig(int number, bool active, const QString& inspected)
+    // A rig with its last inspection date, and optionally its jumps before the logbook and the
+    // main canopy's size.
+    CTestLogbook& Rig(int number, bool active, const QString& inspected, int previousJumps = 0, int mainSize = 0)
     {
-        m_rigs += QStringLiteral("<equipment n=\"%1\" active=\"%2\"><harness>Rig %1</harness>"
+        QString more;
+        if (mainSize != 0)
+            more += QStringLiteral("<mainCanopy>Main</mainCanopy><mainSize>%1</mainSize>").arg(mainSize);
+        if (previousJumps != 0)
+            more += QStringLiteral("<previousJumps>%1</previousJumps>").arg(previousJumps);
+        m_rigs += QStringLiteral("<equipment n=\"%1\" active=\"%2\"><harness>Rig %1</harness>%4"
                                  "<inspectionDate>%3</inspectionDate></equipment>")
-                      .arg(QString::number(number), active ? "true" : "false", inspected);
+                      .arg(QString::number(number), active ? "true" : "false", inspected, more);
+        return *this;
+    }
+    // Jumps before the logbook.
+    CTestLogbook& PreviousJumps(int jumps)
+    {
+        m_previous += QStringLiteral("<previousJumps>%1</previousJumps>").arg(jumps);
         return *this;
     }
     // Freefall time before the logbook, in seconds.
     CTestLogbook& PreviousDelay(int seconds)
     {
-        m_previous = QStringLiteral("<previousDelay>%1</previousDelay>").arg(seconds);
+        m_previous += QStringLiteral("<previousDelay>%1</previousDelay>").arg(seconds);
         return *this;
     }
     // A jump with a manually entered freefall time; picture and signer are optional.

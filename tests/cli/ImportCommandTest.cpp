@@ -1,3 +1,4 @@
+#include "document/CLogbookLock.h"
 #include "tests/cli/TestLogbooks.h"
 #include "tests/cli/ToolTest.h"
 #include "tests/tracks/SyntheticTrack.h"
@@ -8,6 +9,8 @@
 
 #include <filesystem>
 #include <string>
+
+#include <unistd.h>
 
 namespace {
 
@@ -123,6 +126,35 @@ TEST_F(ImportCommand, RefusesAndLeavesTheLogbookAsItWas)
         EXPECT_EQ(ReadBytes(m_logbook), before);
     }
     EXPECT_FALSE(std::filesystem::exists(m_dir / "Jumps.bak"));
+}
+
+// A logbook held open (here by this test, as a window holds it) is not written behind its back:
+// both writing commands refuse and name the holder, and write it with --force.
+TEST_F(ImportCommand, LeavesALogbookThatAWindowHoldsUnlessForced)
+{
+    const std::string track = Write("good.csv", WriteFlySight1(m_track, FlySight1Columns(), "\r\n"));
+    const std::string other = Write("other.tvl", TestLogbooks::Reference());
+    CLogbookLock window;
+    ASSERT_EQ(window.Lock(m_logbook), CLogbookLock::State::Locked);
+    const std::string holder = "process " + std::to_string(::getpid());
+    const std::vector<std::string> commands[] = {{"import", m_logbook, track}, {"convert", other, m_logbook}};
+    for (const auto& command : commands) {
+        SCOPED_TRACE(command[0]);
+        const std::string before = ReadBytes(m_logbook);
+        const CToolResult refused = Run(command);
+        EXPECT_EQ(refused.exitCode, 1);
+        EXPECT_NE(refused.err.find(holder), std::string::npos) << refused.err;
+        EXPECT_NE(refused.err.find("--force"), std::string::npos) << refused.err;
+        EXPECT_EQ(ReadBytes(m_logbook), before);
+
+        std::vector<std::string> forced = command;
+        forced.push_back("--force");
+        const CToolResult written = Run(forced);
+        EXPECT_EQ(written.exitCode, 0) << written.err;
+        EXPECT_NE(ReadBytes(m_logbook), before);
+    }
+    // The window's lock is still there for the window.
+    EXPECT_TRUE(std::filesystem::exists(CLogbookLock::LockPathOf(m_logbook)));
 }
 
 } // namespace

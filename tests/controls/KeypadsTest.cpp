@@ -116,15 +116,19 @@ private slots:
 
     void disabledKeysIgnoreClicksAndShortcuts()
     {
+        // The pad opens on 5,2 ready to replace it; once 7,3 is typed its one decimal is full.
         CNumberPadDlg number(nullptr, QString(), 52, 1, false);
         Show(number);
+        QCOMPARE(number.Display()->text(), QStringLiteral("5,2"));
+        for (Qt::Key key : {Qt::Key_7, Qt::Key_Comma, Qt::Key_3})
+            Type(number, key);
         QSignalSpy sevenClicked(KeyNamed(number, "7"), &CKqButton::clicked);
         QTest::mouseClick(KeyNamed(number, "7"), Qt::LeftButton);
         QTest::mouseClick(KeyNamed(number, "sign"), Qt::LeftButton);
         for (Qt::Key key : {Qt::Key_7, Qt::Key_Minus, Qt::Key_Comma, Qt::Key_Equal})
             Type(number, key);
-        QCOMPARE(number.Display()->text(), QStringLiteral("5,2"));
-        QCOMPARE(number.Value(), 52);
+        QCOMPARE(number.Display()->text(), QStringLiteral("7,3"));
+        QCOMPARE(number.Value(), 73);
         QCOMPARE(sevenClicked.count(), 0);
 
         CDurationPadDlg duration(nullptr, QString(), 999, 59, 59, 999);

@@ -74,6 +74,7 @@ int main(int argc, char* argv[])
     QDir().mkpath(target);
 
     const QList<Scene> scenes = {{"number_fresh", false, 'n', {0, 2, 0}, ""},
+                                 {"number_opened", false, 'n', {4000, 0, 0}, ""},
                                  {"number_entry", true, 'n', {0, 2, 1}, "1 2 3 4 separator 5", "7", "back"},
                                  {"number_sum", true, 'n', {0, 0, 0}, "2 plus 3 equals"},
                                  {"duration_fresh", false, 'd', {0, 0, 0, 999}, ""},

@@ -1,17 +1,20 @@
 #include "CRecordingMessages.h"
 #include "CScriptedDialogs.h"
 
+#include "controls/CKqDateEdit.h"
 #include "dialogs/CDlgEquipment.h"
 #include "dialogs/CDlgEquipments.h"
 #include "dialogs/CDlgEquipmentsPageAlarm.h"
 #include "dialogs/CDlgEquipmentsPageEquipments.h"
 #include "document/CLogbookDoc.h"
 
+#include <QCalendarWidget>
 #include <QCheckBox>
 #include <QDateEdit>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
+#include <QShowEvent>
 #include <QSpinBox>
 #include <QTest>
 
@@ -143,6 +146,31 @@ private slots:
         QCOMPARE(result->GetPreviousJumps(), 32767);
         QVERIFY(!result->IsActive());
         QVERIFY(result->GetInspectionDate().SameDay(CDateTime(2024, 2, 29)));
+    }
+
+    // A rig never inspected shows "None"; its calendar opens on this month, and until a day is
+    // picked the rig stays without a date.
+    void rigWithoutInspectionShowsNoneAndItsCalendarOpensOnToday()
+    {
+        CEquipment rig(4);
+        rig.SetHarness("Javelin");
+        rig.SetMainCanopy("Sabre2");
+        CDlgEquipment dlg(rig, nullptr);
+        dlg.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&dlg));
+        QCOMPARE(dlg.DateEdit()->text(), QStringLiteral("None"));
+        QCalendarWidget* calendar = dlg.DateEdit()->calendarWidget();
+        QShowEvent shown;
+        QCoreApplication::sendEvent(calendar, &shown);
+        QCOMPARE(calendar->yearShown(), QDate::currentDate().year());
+        QCOMPARE(calendar->monthShown(), QDate::currentDate().month());
+        dlg.accept();
+        QVERIFY(!dlg.Result()->GetInspectionDate().IsValid());
+
+        CDlgEquipment picked(rig, nullptr);
+        picked.DateEdit()->setDate(QDate(2024, 3, 1));
+        picked.accept();
+        QVERIFY(picked.Result()->GetInspectionDate().SameDay(CDateTime(2024, 3, 1)));
     }
 };
 

@@ -7,6 +7,7 @@
 #include "CRecordingMessages.h"
 #include "tests/controls/SyntheticJump.h"
 
+#include "controls/CKqDateEdit.h"
 #include "controls/CKqSpinBox.h"
 #include "controls/CRecordingPlot.h"
 #include "controls/CSignatureCtrl.h"
@@ -140,8 +141,10 @@ private slots:
         QVERIFY(!h.Find<QComboBox>("jumpKind")->isEnabled());
         QVERIFY(editor->SignaturePage()->Signature()->IsReadOnly());
         QVERIFY(editor->SignaturePage()->UndoButton()->isHidden());
-        h.PressOk();
-        QCOMPARE(editor->result(), int(QDialog::Accepted));
+        // One button, "Close", and nothing changes.
+        QCOMPARE(editor->Buttons()->buttons().size(), 1);
+        editor->Buttons()->button(QDialogButtonBox::Close)->click();
+        QVERIFY(!editor->isVisible());
         QVERIFY(!h.doc.IsModified());
 
         const std::string markup = "<p><b>Bold</b> landing</p><img src=\"file:///etc/passwd\"/>";
@@ -163,6 +166,44 @@ private slots:
         QCOMPARE(h.jumps[1]->GetSignature().GetName(), std::string("Anna, D-1234"));
         QCOMPARE(int(h.jumps[1]->GetSignature().GetStrokes().size()), 1);
         QVERIFY(h.doc.IsModified());
+    }
+
+    // The Fallrate page shows what the heights just typed on Details give, not the heights the
+    // editor opened with.
+    void fallratePageFollowsTheHeightsJustTyped()
+    {
+        CEditorHarness h;
+        CDlgJump& editor = h.Open(h.jumps[1]);
+        CKqSpinBox* delay = h.Find<CKqSpinBox>("jumpDelay");
+        const int opened = delay->value();
+        CKqSpinBox* exit = h.Find<CKqSpinBox>("jumpExit");
+        exit->selectAll();
+        QTest::keyClicks(exit, QStringLiteral("3000"));
+        editor.Tabs()->setCurrentIndex(CJumpEdit::PageFallrate);
+        QCOMPARE(editor.ActiveIndex(), int(CJumpEdit::PageFallrate));
+        const double speed = h.doc.GetSettings().FallrateSpeed(Standard);
+        QCOMPARE(delay->value(), int(std::lround(CJump::ComputeFreefallTime(2000, speed))));
+        QVERIFY(delay->value() < opened);
+    }
+
+    // A jump without a valid time stamp shows no date, and OK asks for one instead of writing a
+    // made-up day.
+    void aJumpWithoutADateAsksForOne()
+    {
+        CEditorHarness h;
+        h.jumps[0]->SetTimestamp({CDateTime(), 0});
+        CDlgJump& editor = h.Open(h.jumps[0]);
+        auto* date = h.Find<CKqDateEdit>("jumpDate");
+        QVERIFY(!date->HasDate());
+        QCOMPARE(date->text().trimmed(), QString());
+        h.PressOk();
+        QVERIFY(editor.isVisible());
+        QCOMPARE(h.messages.boxes.size(), 1);
+        QCOMPARE(editor.focusWidget(), static_cast<QWidget*>(date));
+        date->setDate(QDate(2024, 5, 9));
+        h.PressOk();
+        QVERIFY(!editor.isVisible());
+        QCOMPARE(h.jumps[0]->GetTimestamp().dateTime.DateOnly(), CDateTime(2024, 5, 9));
     }
 
     void pageOnlyWithARecording()

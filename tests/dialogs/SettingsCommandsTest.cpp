@@ -4,6 +4,7 @@
 #include "app/CMainFrame.h"
 #include "app/CSettingsCommands.h"
 #include "app/CSummaryPane.h"
+#include "dialogs/CDlgEquipment.h"
 #include "dialogs/CDlgEquipments.h"
 #include "dialogs/CDlgEquipmentsPageEquipments.h"
 #include "dialogs/CDlgPreferences.h"
@@ -11,6 +12,7 @@
 
 #include <QAction>
 #include <QComboBox>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
 #include <QSpinBox>
@@ -105,6 +107,59 @@ private slots:
         QCOMPARE(doc.GetSettings().GetEquipmentList().GetCount(), std::size_t(2));
         QCOMPARE(RigTexts(), before);
         QVERIFY(doc.IsModified());
+    }
+
+    // Values at and beyond the ends of the fields' ranges, as a file may hold them, are shown as
+    // they are; OK without a change keeps them and leaves the logbook unmodified.
+    void untouchedDialogsKeepValuesBeyondTheirFields()
+    {
+        for (const int beyond : {0, 1}) {
+            const CRow trace{beyond ? "beyond the ends" : "at the ends"};
+            h.reset();
+            h = std::make_unique<CAppHarness>();
+            CTestLogbook logbook;
+            logbook.Membership(CTestLogbook::Day(2030, 1, 31), 365 + 35 * beyond)
+                .RigAlarm(365 + 10 * beyond, 730 + 270 * beyond)
+                .Rig(1, true, CTestLogbook::Day(2024, 1, 10), beyond ? 123456 : 32767, beyond ? 1200 : 999)
+                .PreviousJumps(beyond ? 40000 : 32767)
+                .Jumps(1, 2);
+            QVERIFY(!h->StartWith(logbook).isEmpty());
+            QMap<QString, int> shown;
+            const auto record = [&shown](QWidget& dialog, const char* name) {
+                shown[QLatin1String(name)] = dialog.findChild<QSpinBox*>(QLatin1String(name))->value();
+            };
+            h->dialogs.steps = {CScriptedDialogs::Ok<CDlgUser>([&](CDlgUser& dlg) {
+                                    dlg.InitialisePages();
+                                    record(dlg, "daysPriorSpin");
+                                }),
+                                CScriptedDialogs::Ok<CDlgEquipments>([&](CDlgEquipments& dlg) {
+                                    dlg.InitialisePages();
+                                    record(dlg, "rigDaysPriorSpin");
+                                    record(dlg, "inspectionCycleSpin");
+                                    dlg.EquipmentsPage()->OpenRow(0);
+                                }),
+                                CScriptedDialogs::Ok<CDlgEquipment>([&](CDlgEquipment& dlg) {
+                                    record(dlg, "previousJumpsSpin");
+                                    shown["mainSize"] = dlg.MainSizeEdit()->text().toInt();
+                                }),
+                                CScriptedDialogs::Ok<CDlgPreferences>([&](CDlgPreferences& dlg) {
+                                    shown["previousJumps"] = dlg.PreviousJumpsSpin()->value();
+                                })};
+            Action("userProfileAction")->trigger();
+            Action("equipmentAction")->trigger();
+            Action("preferencesAction")->trigger();
+            QCOMPARE(h->dialogs.ran, (QStringList{"dlgUser", "dlgEquipments", "dlgEquipment", "dlgPreferences"}));
+            const QMap<QString, int> stored = {
+                {"daysPriorSpin", 365 + 35 * beyond},        {"rigDaysPriorSpin", 365 + 10 * beyond},
+                {"inspectionCycleSpin", 730 + 270 * beyond}, {"previousJumpsSpin", beyond ? 123456 : 32767},
+                {"mainSize", beyond ? 1200 : 999},           {"previousJumps", beyond ? 40000 : 32767}};
+            QCOMPARE(shown, stored);
+            QVERIFY(h->messages.boxes.isEmpty());
+            QVERIFY(!h->Frame()->GetDocument().IsModified());
+            const CLogbookSettings& settings = h->Frame()->GetDocument().GetSettings();
+            QCOMPARE(settings.GetPreviousJumps(), stored["previousJumps"]);
+            QCOMPARE(settings.GetEquipmentList().Get(0).GetPreviousJumps(), stored["previousJumpsSpin"]);
+        }
     }
 
     // New: the three dialogs follow one another while each ends with OK.

@@ -59,6 +59,11 @@ CReminders::Item MembershipDue(const CDateTime& date)
     return {StringTable::IDS_MEMBERSHIP_EXPIRES, 0, date};
 }
 
+CReminders::Item MembershipExpired(const CDateTime& date)
+{
+    return {StringTable::IDS_MEMBERSHIP_EXPIRED, 0, date};
+}
+
 CReminders::Item RigDue(int number, const CDateTime& date)
 {
     return {StringTable::IDS_INSPECTION_DUE, number, date};
@@ -86,7 +91,8 @@ TEST(Reminders, DueFromTheAlarmDayOnMembershipFirstThenRigsInListOrder)
         {"membership inside its window", Membership(Day(5), 10), {MembershipDue(Day(5))}},
         {"expires today without warning days", Membership(Day(0), 0), {MembershipDue(Day(0))}},
         {"expires tomorrow without warning days", Membership(Day(1), 0), {}},
-        {"membership already expired", Membership(Day(-40), 10), {MembershipDue(Day(-40))}},
+        {"membership already expired", Membership(Day(-40), 10), {MembershipExpired(Day(-40))}},
+        {"membership expired yesterday", Membership(Day(-1), 0), {MembershipExpired(Day(-1))}},
         {"membership alarm off", Membership(Day(5), -1), {}},
         {"membership without a date", Membership(CDateTime(), 10), {}},
         {"membership with an invalid date", Membership(CDateTime(2023, 2, 31), 10), {}},

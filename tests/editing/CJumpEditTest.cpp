@@ -8,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <memory>
 #include <tuple>
 
@@ -66,7 +67,8 @@ TEST_F(JumpEditTest, NewJumpDefaults)
     EXPECT_EQ(std::tie(first.number, first.exitHeight, first.kind, first.landing),
               std::make_tuple(1, 0, Standard, "OK"));
     EXPECT_EQ(first.date, kNow.DateOnly());
-    EXPECT_FALSE(first.noTime || first.noWind);
+    EXPECT_FALSE(first.noTime);
+    EXPECT_TRUE(first.noWind); // nothing to take over
 
     last->SetFallrateValues(CJumpFallrate{Import, 3900, 900, 61, 0, 55.5, 48.0});
     last->SetNoteText("From the logger");
@@ -80,8 +82,8 @@ TEST_F(JumpEditTest, NewJumpDefaults)
     v = Edit(nullptr)->Values();
     EXPECT_EQ(v.kind, Manual);
     EXPECT_EQ(std::tie(v.delay, v.vMax, v.vAvg), std::make_tuple(47, 60, 51));
-    // 5 m/s in the metric display wind unit.
-    EXPECT_EQ(std::tie(v.windSpeed, v.windDirection), std::make_tuple(11, 270));
+    // 5 m/s in knots, the metric display wind unit.
+    EXPECT_EQ(std::tie(v.windSpeed, v.windDirection), std::make_tuple(10, 270));
     EXPECT_EQ(v.note, "Line 1\r\nLine 2");
 
     // No time and no wind remembered from the last new jump.
@@ -134,7 +136,6 @@ TEST_F(JumpEditTest, ChecksNameTheirMessageBoundsAndField)
     for (const auto& c : cases) {
         SCOPED_TRACE(c.name);
         auto edit = Edit(nullptr);
-        edit->Values().noWind = true; // a new jump proposes a wind of 0, which is refused
         c.change(edit->Values());
         CJumpEdit::Page page = CJumpEdit::PageCount;
         const CCheckResult result = edit->ValidateAll(&page);
@@ -143,6 +144,125 @@ TEST_F(JumpEditTest, ChecksNameTheirMessageBoundsAndField)
         EXPECT_NE(result.message.find(c.bounds), std::string::npos) << result.message;
         EXPECT_EQ(page, result.Passed() ? CJumpEdit::PageCount : CJumpEdit::PageOf(result.field));
     }
+}
+
+// OK on an untouched new jump passes every check and saves the next number, whatever the
+// remembered choices and the last jump give.
+TEST_F(JumpEditTest, UntouchedNewJumpPassesItsOwnChecks)
+{
+    const struct
+    {
+        const char* name;
+        bool emptyLogbook;
+        int hasTime, hasWind;
+        void (*lastJump)(CJump&);
+        bool metric;
+        bool noWind;
+    } cases[] = {
+        {"first jump, nothing remembered", true, -1, -1, nullptr, true, true},
+        {"first jump, wind remembered", true, 1, 1, nullptr, false, true},
+        {"first jump, no time", true, 0, 0, nullptr, true, true},
+        {"last jump without wind", false, 1, 1, nullptr, true, true},
+        {"last jump with wind", false, 1, 1, [](CJump& j) { j.SetWind(90, 4.0); }, false, false},
+        {"wind there but None remembered", false, 1, 0, [](CJump& j) { j.SetWind(90, 4.0); }, true, true},
+        {"a breeze that rounds to 0", false, 1, 1, [](CJump& j) { j.SetWind(90, 0.2); }, true, false},
+        {"last jump manual", false, 1, 1, [](CJump& j) { j.SetFallrate(Manual, 4000, 1000, 50, 60.5, 50.2); }, true,
+         true},
+        {"last jump imported", false, 1, 1,
+         [](CJump& j) {
+             j.SetFallrateValues(CJumpFallrate{Import, 3900, 900, 61, 0, 55.5, 48.0});
+         },
+         false, true},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        CLogbookDoc empty;
+        CLogbookDoc& logbook = c.emptyLogbook ? empty : doc;
+        store = CMemorySettingsStore();
+        if (c.hasTime >= 0) {
+            store.SetInt("Jump", "HasTime", c.hasTime);
+            store.SetInt("Jump", "HasWind", c.hasWind);
+        }
+        last->SetWind(0, 0.0);
+        last->SetFallrate(Standard, 4000, 1200, 0, 0, 0);
+        if (c.lastJump)
+            c.lastJump(*last);
+        units = CUnitSettings(c.metric ? CUnitSettings::Metric : CUnitSettings::Imperial, 0, 0);
+        CJumpEdit edit(logbook, units, &store, clock, nullptr);
+        EXPECT_EQ(edit.Values().noWind, c.noWind);
+        const int number = logbook.GetLastJump() ? logbook.GetLastJump()->GetNumber() + 1 : 1;
+        ASSERT_TRUE(edit.ValidateAll().Passed()) << edit.ValidateAll().message;
+        const CJumpEdit::ApplyResult result = edit.Apply();
+        ASSERT_TRUE(result.ok && result.jump);
+        EXPECT_EQ(result.jump->GetNumber(), number);
+        // Values taken over untouched keep the last jump's precision.
+        if (!c.emptyLogbook) {
+            EXPECT_EQ(result.jump->GetExitHeight(), last->GetExitHeight());
+            EXPECT_EQ(result.jump->GetWind(), c.noWind ? CJumpWind{} : last->GetWind());
+        }
+        if (!c.emptyLogbook)
+            doc.RemoveJump(doc.GetJumpCount() - 1);
+    }
+}
+
+// A wind is typed in the unit its label names: knots in metric, miles per hour in imperial.
+TEST_F(JumpEditTest, WindIsTypedInTheUnitItsLabelNames)
+{
+    const struct
+    {
+        bool metric;
+        const char* label;
+        double metresPerSecond; // what 10 of the label's unit is
+    } cases[] = {{true, "kn", 10 * 1852.0 / 3600.0}, {false, "mph", 10 * 1609.344 / 3600.0}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.label);
+        auto edit = Edit(last, c.metric);
+        EXPECT_EQ(units.WindLabel(), c.label);
+        edit->Values().noWind = false;
+        edit->Values().windSpeed = 10;
+        edit->Values().windDirection = 200;
+        ASSERT_TRUE(edit->ValidateAll().Passed());
+        edit->Apply();
+        EXPECT_NEAR(last->GetWind().speed, c.metresPerSecond, 1e-3);
+        EXPECT_EQ(Edit(last, c.metric)->Values().windSpeed, 10);
+    }
+}
+
+// Leaving Details works out the computed fall rate from the heights just read back.
+TEST_F(JumpEditTest, DetailsCheckRecomputesTheFallRate)
+{
+    auto edit = Edit(last);
+    const int before = edit->Values().delay;
+    edit->Values().exitHeight = 3000;
+    ASSERT_TRUE(edit->Validate(CJumpEdit::PageDetails).Passed());
+    const double speed = doc.GetSettings().FallrateSpeed(Standard);
+    EXPECT_EQ(edit->Values().delay, static_cast<int>(std::lround(CJump::ComputeFreefallTime(1800, speed))));
+    EXPECT_LT(edit->Values().delay, before);
+}
+
+// A stored value beyond a range is kept untouched; typed, it is refused with the real bounds.
+// A jump without a valid date is refused until it gets one.
+TEST_F(JumpEditTest, StoredValuesOutsideTheRangesPassUntouched)
+{
+    last->SetNumber(123456);
+    last->SetSize(1500);
+    last->SetFallrate(Manual, 4000, 1000, 250, 60, 50);
+    last->SetWind(500, 80.0);
+    auto edit = Edit(last);
+    EXPECT_EQ(edit->Values().number, 123456);
+    EXPECT_TRUE(edit->ValidateAll().Passed()) << edit->ValidateAll().message;
+    EXPECT_FALSE(edit->Apply().changed);
+    EXPECT_FALSE(doc.IsModified());
+
+    edit = Edit(last);
+    edit->Values().number = 123457;
+    EXPECT_EQ(edit->ValidateAll().message, "Please enter a value between 1 and 99999.");
+
+    last->SetTimestamp({CDateTime(), 0});
+    edit = Edit(last);
+    EXPECT_FALSE(edit->Values().date.IsValid());
+    const CCheckResult noDate = edit->ValidateAll();
+    EXPECT_EQ(std::tie(noDate.messageId, noDate.field), std::make_tuple(4006, int(CJumpEdit::FieldDate)));
 }
 
 TEST_F(JumpEditTest, UntouchedValuesKeepTheirStoredPrecision)

@@ -50,9 +50,15 @@ TEST(NumberPadTest, KeysGiveDisplayValueAndEnabledKeys)
         // Whole digits are scaled by the decimals not typed.
         {2, false, 0, "12", "12", 1200, "0123456789,<C+"},
         {2, false, 0, "12,3", "12,3", 1230, "0123456789<C+"},
-        // A starting value that is not 0 takes no digits until "<--" or "C".
-        {2, false, 123456789, "", "1.234.567,89", 123456789, "<C+"},
-        {0, false, 5, "7", "5", 5, "<C+"},
+        // A starting value is shown, and the first digit or separator replaces it.
+        {2, false, 123456789, "", "1.234.567,89", 123456789, "0123456789,<C+"},
+        {0, false, 5, "7", "7", 7, "0123456789,<C+"},
+        {0, false, 4000, "13", "13", 13, "0123456789,<C+"},
+        {1, false, 52, ",3", "0,3", 3, "<C+"},
+        {1, true, 52, "s", "-5,2", -52, "0123456789s,<C+"},
+        {1, true, 52, "s7", "7", 70, "0123456789s,<C+"},
+        {0, false, 4000, "+", "0", 0, "0123456789,<C"},
+        // "<--" and "C" keep their meaning on it.
         {0, false, 5, "<7", "57", 57, "0123456789,<C+"},
         {0, false, 5, "C7", "7", 7, "0123456789,<C+"},
         {2, false, 0, "123<", "12", 1200, "0123456789,<C+"},
@@ -63,7 +69,7 @@ TEST(NumberPadTest, KeysGiveDisplayValueAndEnabledKeys)
         {2, false, 1234, "<", "12,3", 1230, "0123456789<C+"},
         {1, true, 0, "7s", "-7", -70, "0123456789s,<C+"},
         {2, true, 0, "0,5s", "-0,5", -50, "0123456789s<C+"},
-        {0, true, -1234, "", "-1.234", -1234, "s<C+"},
+        {0, true, -1234, "", "-1.234", -1234, "0123456789s,<C+"},
         // The digit is added to the negative value as it stands.
         {0, true, 0, "12s3", "-117", -117, "0123456789s,<C+"},
         {0, false, 0, "7s", "7", 7, "0123456789,<C+"},
