@@ -48,13 +48,21 @@ private:
         std::string text; // the folded fields, each followed by '\n'
         std::array<std::uint32_t, kFields + 1> starts{};
         std::array<std::int32_t, static_cast<std::size_t>(QueryNumber::Count)> numbers{};
+        std::uint64_t signature = 0; // WordStartSignature of text
         std::uint32_t flags = 0;
         std::int32_t kind = 0;
         std::int32_t rig = -1; // number of the rig referenced by position, -1 otherwise
     };
 
     Entry MakeEntry(const CJump& jump) const;
-    bool Holds(const CQueryTerm& term, const Entry& entry) const;
+    // A term with the signature of its needle (0 for terms without text).
+    struct Prepared
+    {
+        const CQueryTerm* term;
+        std::uint64_t signature;
+    };
+    static std::vector<Prepared> Prepare(const CQuery& query);
+    static bool Holds(const Prepared& prepared, const Entry& entry);
 
     const CLogbookDoc& m_doc;
     std::vector<Entry> m_entries;

@@ -141,3 +141,19 @@ std::string FoldText(std::string_view text)
     AppendFoldedText(text, out);
     return out;
 }
+
+std::uint64_t WordStartSignature(std::string_view folded)
+{
+    std::uint64_t signature = 0;
+    for (std::size_t i = 0; i + 1 < folded.size(); ++i) {
+        if (folded[i] != ' ')
+            continue;
+        const auto first = static_cast<unsigned char>(folded[i + 1]);
+        signature |= std::uint64_t{1} << (first * 31u % 64u);
+        if (i + 2 < folded.size() && folded[i + 2] != ' ' && folded[i + 2] != '\n') {
+            const auto second = static_cast<unsigned char>(folded[i + 2]);
+            signature |= std::uint64_t{1} << ((first * 131u + second * 7u + 17u) % 64u);
+        }
+    }
+    return signature;
+}

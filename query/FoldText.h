@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -12,3 +13,8 @@
 std::string FoldText(std::string_view text);
 // The same, appended to out.
 void AppendFoldedText(std::string_view text, std::string& out);
+
+// A 64-bit signature of the words of folded text: a bit for each word's first byte and one for
+// its first two bytes. When the words of a folded needle occur in folded text, every bit of the
+// needle's signature is set in the text's, so a missing bit rules the text out without a scan.
+std::uint64_t WordStartSignature(std::string_view folded);
