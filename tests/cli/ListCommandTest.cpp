@@ -70,7 +70,7 @@ TEST_F(ListCommand, ExportOfASubset)
     EXPECT_NE(csv.out.find("\r\n500,2024-06-02,14:30,Tervola,"), std::string::npos) << csv.out;
     EXPECT_EQ(csv.out.find("\r\n49"), std::string::npos) << csv.out;
 
-    const CToolResult json = List({"--format", "json", "date:2024-06-01", "-utti"}, "export");
+    const CToolResult json = List({"--format", "json", "date:2024-06-01", "--", "-utti"}, "export");
     ASSERT_EQ(json.exitCode, 0) << json.err;
     const QJsonObject root = Json(json).object();
     ASSERT_EQ(root.value("jumps").toArray().size(), 1);
