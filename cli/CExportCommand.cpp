@@ -81,8 +81,8 @@ QString CExportCommand::Details() const
                           "  tervola export Jumps.tvz --format csv -o 2023.csv year:2023 -- -type:Tandem\n"
                           "\n"
                           "Exit codes: 0 written, 1 the file does not load, the query cannot be read or OUT cannot\n"
-                          "be written, 2 wrong command line.\n\n")
-           + CJumpQuery::HelpText();
+                          "be written, 2 wrong command line.\n\n") +
+           CJumpQuery::HelpText();
 }
 
 int CExportCommand::Execute(const QCommandLineParser& parser)

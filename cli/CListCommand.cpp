@@ -31,11 +31,10 @@ struct Column
     std::size_t field;
 };
 constexpr Column kColumnTable[] = {
-    {"number", "n", 0},     {"date", "", 1},         {"time", "", 2},        {"place", "dz", 3},
-    {"aircraft", "ac", 4},  {"type", "", 5},         {"exit", "", 6},        {"open", "", 7},
-    {"freefall", "ff", 8},  {"kind", "", 9},         {"winddir", "", 10},    {"windspeed", "", 11},
-    {"rig", "", 12},        {"landing", "", 13},     {"team", "", 14},       {"size", "", 15},
-    {"points", "", 16},     {"malfunction", "", 17}, {"signer", "", 18},     {"note", "", 19},
+    {"number", "n", 0},  {"date", "", 1},       {"time", "", 2},         {"place", "dz", 3},    {"aircraft", "ac", 4},
+    {"type", "", 5},     {"exit", "", 6},       {"open", "", 7},         {"freefall", "ff", 8}, {"kind", "", 9},
+    {"winddir", "", 10}, {"windspeed", "", 11}, {"rig", "", 12},         {"landing", "", 13},   {"team", "", 14},
+    {"size", "", 15},    {"points", "", 16},    {"malfunction", "", 17}, {"signer", "", 18},    {"note", "", 19},
 };
 const char* const kTableColumns = "number,date,place,aircraft,type,exit,freefall";
 
@@ -49,12 +48,18 @@ const Column* FindColumn(const QString& name)
     return nullptr;
 }
 
-QString ColumnNames()
+// The column names separated by blanks; with wrap, ten to a line.
+QString ColumnNames(bool wrap = false)
 {
-    QStringList names;
-    for (const Column& column : kColumnTable)
-        names << QString::fromLatin1(column.name);
-    return names.join(QLatin1Char(' '));
+    QString names;
+    int count = 0;
+    for (const Column& column : kColumnTable) {
+        if (count > 0)
+            names += wrap && count % 10 == 0 ? QStringLiteral("\n  ") : QStringLiteral(" ");
+        names += QString::fromLatin1(column.name);
+        ++count;
+    }
+    return names;
 }
 
 // Orders texts as a reader does: case and accents ignored, runs of digits by their value (so
@@ -145,8 +150,8 @@ void CListCommand::Configure(QCommandLineParser& parser)
 {
     parser.addPositionalArgument(QStringLiteral("FILE"), QStringLiteral("The logbook (.tvz or .tvl)."));
     CJumpQuery::AddTo(parser);
-    parser.addOption({kFormat, QStringLiteral("Output: table (the default), csv or json."),
-                      QStringLiteral("table|csv|json")});
+    parser.addOption(
+        {kFormat, QStringLiteral("Output: table (the default), csv or json."), QStringLiteral("table|csv|json")});
     parser.addOption({kColumns, QStringLiteral("The columns of table and csv, separated by commas (see below)."),
                       QStringLiteral("LIST")});
     parser.addOption({kSort,
@@ -160,7 +165,7 @@ QString CListCommand::Details() const
 {
     return CJumpQuery::HelpText() +
            QStringLiteral("\n"
-                          "Columns: %1\n"
+                          "Columns:\n  %1\n"
                           "(n, dz, ac and ff name number, place, aircraft and freefall too). The table shows\n"
                           "%2 unless --columns says otherwise, a header\n"
                           "line and at the end \"N of M jumps\"; csv writes the export's CSV rows (all columns by\n"
@@ -175,7 +180,7 @@ QString CListCommand::Details() const
                           "\n"
                           "Exit codes: 0 listed (also when nothing matches), 1 the file does not load or the query\n"
                           "cannot be read, 2 wrong command line.\n")
-               .arg(ColumnNames(), QString::fromLatin1(kTableColumns).replace(QLatin1Char(','), QLatin1Char(' ')));
+               .arg(ColumnNames(true), QString::fromLatin1(kTableColumns).replace(QLatin1Char(','), QLatin1Char(' ')));
 }
 
 int CListCommand::Execute(const QCommandLineParser& parser)
@@ -188,9 +193,9 @@ int CListCommand::Execute(const QCommandLineParser& parser)
         return Usage(QStringLiteral("--columns applies to table and csv"));
 
     std::vector<const Column*> columns;
-    const QString columnList = parser.isSet(kColumns) ? parser.value(kColumns)
+    const QString columnList = parser.isSet(kColumns)             ? parser.value(kColumns)
                                : format == QLatin1String("table") ? QString::fromLatin1(kTableColumns)
-                                                                 : QString();
+                                                                  : QString();
     for (const QString& name : columnList.split(QLatin1Char(','), Qt::SkipEmptyParts)) {
         const Column* column = FindColumn(name);
         if (!column)
@@ -279,8 +284,8 @@ int CListCommand::Execute(const QCommandLineParser& parser)
             for (const auto& row : cells)
                 CCsvExporter::AppendRow(row, out);
         } else {
-            out = Table(cells) + std::to_string(found.size()) + " of " + std::to_string(doc.GetJumpCount()) +
-                  " jumps\n";
+            out =
+                Table(cells) + std::to_string(found.size()) + " of " + std::to_string(doc.GetJumpCount()) + " jumps\n";
         }
     }
     CConsole::Out(out);

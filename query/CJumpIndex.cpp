@@ -52,9 +52,15 @@ CJumpIndex::Entry CJumpIndex::MakeEntry(const CJump& jump) const
     std::string note;
     jump.GetNoteText(note); // a note whose markup is broken has no text to find
     const std::string rig = jump.GetEquipmentText(rigs);
-    const std::string* fields[kFields] = {&jump.GetPlace(), &jump.GetAircraft(),   &jump.GetType(),
-                                          &jump.GetTeam(),  &jump.GetLanding(),    &jump.GetMalfunction(),
-                                          &rig,             &jump.GetSignature().GetName(), &note};
+    const std::string* fields[kFields] = {&jump.GetPlace(),
+                                          &jump.GetAircraft(),
+                                          &jump.GetType(),
+                                          &jump.GetTeam(),
+                                          &jump.GetLanding(),
+                                          &jump.GetMalfunction(),
+                                          &rig,
+                                          &jump.GetSignature().GetName(),
+                                          &note};
     Entry entry;
     for (std::size_t f = 0; f < kFields; ++f) {
         entry.starts[f] = static_cast<std::uint32_t>(entry.text.size());
@@ -84,7 +90,8 @@ CJumpIndex::Entry CJumpIndex::MakeEntry(const CJump& jump) const
     flag(!jump.GetMalfunction().empty(), kFlagMalfunction);
     entry.kind = jump.GetFallrateKind();
     const CJumpEquipmentRef& ref = jump.GetEquipmentRef();
-    if (ref.mode == CJumpEquipmentRef::ByIndex && ref.index >= 0 && static_cast<std::size_t>(ref.index) < rigs.GetCount())
+    if (ref.mode == CJumpEquipmentRef::ByIndex && ref.index >= 0 &&
+        static_cast<std::size_t>(ref.index) < rigs.GetCount())
         entry.rig = rigs.Get(static_cast<std::size_t>(ref.index)).GetNumber();
     return entry;
 }

@@ -50,10 +50,10 @@ struct CQueryTerm
 {
     enum Kind : std::uint8_t
     {
-        Text,      // folded words (" w1 w2") that start words of field, consecutively
-        Range,     // number between low and high, both included
-        Equals,    // the fall-rate kind ("kind:") or the rig's number ("rig:[2]")
-        Flag,      // the flag bit is set
+        Text,   // folded words (" w1 w2") that start words of field, consecutively
+        Range,  // number between low and high, both included
+        Equals, // the fall-rate kind ("kind:") or the rig's number ("rig:[2]")
+        Flag,   // the flag bit is set
     };
     enum Equality : std::uint8_t
     {
@@ -70,7 +70,7 @@ struct CQueryTerm
     std::int64_t low = std::numeric_limits<std::int64_t>::min();
     std::int64_t high = std::numeric_limits<std::int64_t>::max();
     std::uint32_t flag = 0;
-    int value = 0; // Equals
+    int value = 0;      // Equals
     std::string source; // the term as written
 
     friend bool operator==(const CQueryTerm&, const CQueryTerm&) = default;

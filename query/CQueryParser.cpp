@@ -232,9 +232,8 @@ struct TextKey
     std::string_view key;
     QueryField field;
 };
-constexpr TextKey kTextKeys[] = {{"dz", QueryField::Place},     {"ac", QueryField::Aircraft},
-                                 {"type", QueryField::Type},    {"team", QueryField::Team},
-                                 {"signer", QueryField::Signer}, {"rig", QueryField::Rig}};
+constexpr TextKey kTextKeys[] = {{"dz", QueryField::Place},  {"ac", QueryField::Aircraft},   {"type", QueryField::Type},
+                                 {"team", QueryField::Team}, {"signer", QueryField::Signer}, {"rig", QueryField::Rig}};
 
 struct HasName
 {

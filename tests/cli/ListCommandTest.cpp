@@ -38,8 +38,7 @@ TEST_F(ListCommand, TableOfChosenColumns)
     ASSERT_EQ(result.exitCode, 0) << result.err;
     EXPECT_EQ(result.OutLines(), (std::vector<std::string>{"Number  Date        Place          Exit [m]",
                                                            "498     2024-06-01  Utti           3000",
-                                                           "499     2024-06-01  Eloy, Arizona  2000",
-                                                           "2 of 3 jumps"}));
+                                                           "499     2024-06-01  Eloy, Arizona  2000", "2 of 3 jumps"}));
 }
 
 // Heights of a query in the display units; the query given as several arguments.

@@ -14,9 +14,9 @@ namespace {
 using QueryTestLogbook::Numbers;
 
 // Queries that between them read every part of an index entry.
-const char* const kProbes[] = {"spa",         "utti",       "dz:eloy",     "rig:[2]",   "rig:javelin",
-                               "n:2..100",    "date:2024",  "exit:3000..", "ff:60..",   "signed:no",
-                               "has:note",    "kind:manual", "virtanen",   "team:sky",  "-type:wingsuit"};
+const char* const kProbes[] = {"spa",      "utti",        "dz:eloy",     "rig:[2]",  "rig:javelin",
+                               "n:2..100", "date:2024",   "exit:3000..", "ff:60..",  "signed:no",
+                               "has:note", "kind:manual", "virtanen",    "team:sky", "-type:wingsuit"};
 
 CQuery Parse(const char* text)
 {
