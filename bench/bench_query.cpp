@@ -1,7 +1,9 @@
 // The search on a generated logbook of 100,000 jumps: building the index once, and matching
 // typical queries of three terms against every jump. Each time is the median of several runs in
-// milliseconds; target: at most 30 ms a query. Also how long the index takes to follow a changed
-// jump, which happens on every OK of the jump editor.
+// milliseconds, wall-clock and processor time of the searching thread; target: at most 30 ms a
+// query. The verdict is taken on the processor time, which a machine busy with other work does
+// not stretch by the time the search waits for a processor; on an idle machine both agree. Also
+// how long the index takes to follow a changed jump, which happens on every OK of the editor.
 //   bench_query [--quick] [--jumps N]
 
 #include "cli/generator/CLogbookGenerator.h"
@@ -86,7 +88,7 @@ int main(int argc, char** argv)
         "cessna stand nordlicht",
         "\"line twists\" has:malfunction open:..900",
     };
-    std::printf("%-44s %8s %8s %8s  %s\n", "query", "matches", "wall ms", "cpu ms", "target 30 ms");
+    std::printf("%-44s %8s %8s %8s  %s\n", "query", "matches", "wall ms", "cpu ms", "cpu <= 30 ms");
     bool allPass = true;
     for (const char* text : queries) {
         const CQueryParseResult parsed = CQueryParser::Parse(text, units);
@@ -96,7 +98,7 @@ int main(int argc, char** argv)
         }
         std::size_t matches = 0;
         const Times times = Median(runs, [&] { matches = index.Find(parsed.query).size(); });
-        const bool pass = times.wall <= 30.0;
+        const bool pass = times.cpu <= 30.0;
         allPass = allPass && pass;
         std::printf("%-44s %8zu %8.2f %8.2f  %s\n", text, matches, times.wall, times.cpu, pass ? "PASS" : "MISS");
     }

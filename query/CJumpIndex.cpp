@@ -102,7 +102,7 @@ bool CJumpIndex::Holds(const Prepared& prepared, const Entry& entry)
     bool holds = false;
     switch (term.kind) {
     case CQueryTerm::Text: {
-        if ((entry.signature & prepared.signature) != prepared.signature)
+        if (!SignatureCovers(entry.signature, prepared.signature))
             break;
         std::string_view text = entry.text;
         if (term.field != QueryField::Any) {
@@ -131,7 +131,7 @@ std::vector<CJumpIndex::Prepared> CJumpIndex::Prepare(const CQuery& query)
 {
     std::vector<Prepared> terms;
     for (const CQueryTerm& term : query.terms)
-        terms.push_back({&term, term.kind == CQueryTerm::Text ? WordStartSignature(term.needle) : 0});
+        terms.push_back({&term, term.kind == CQueryTerm::Text ? WordStartSignature(term.needle) : WordSignature{}});
     std::stable_sort(terms.begin(), terms.end(),
                      [](const Prepared& a, const Prepared& b) { return Cost(*a.term) < Cost(*b.term); });
     return terms;

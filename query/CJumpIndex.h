@@ -2,6 +2,7 @@
 
 #include "document/ILogbookObserver.h"
 #include "query/CQuery.h"
+#include "query/FoldText.h"
 
 #include <array>
 #include <cstdint>
@@ -48,7 +49,7 @@ private:
         std::string text; // the folded fields, each followed by '\n'
         std::array<std::uint32_t, kFields + 1> starts{};
         std::array<std::int32_t, static_cast<std::size_t>(QueryNumber::Count)> numbers{};
-        std::uint64_t signature = 0; // WordStartSignature of text
+        WordSignature signature{}; // WordStartSignature of text
         std::uint32_t flags = 0;
         std::int32_t kind = 0;
         std::int32_t rig = -1; // number of the rig referenced by position, -1 otherwise
@@ -59,7 +60,7 @@ private:
     struct Prepared
     {
         const CQueryTerm* term;
-        std::uint64_t signature;
+        WordSignature signature;
     };
     static std::vector<Prepared> Prepare(const CQuery& query);
     static bool Holds(const Prepared& prepared, const Entry& entry);

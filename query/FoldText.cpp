@@ -142,17 +142,25 @@ std::string FoldText(std::string_view text)
     return out;
 }
 
-std::uint64_t WordStartSignature(std::string_view folded)
+WordSignature WordStartSignature(std::string_view folded)
 {
-    std::uint64_t signature = 0;
+    WordSignature signature{};
+    const auto set = [&signature](std::uint32_t hash) {
+        hash = (hash * 2654435761u) >> 24;
+        signature[hash >> 6] |= std::uint64_t{1} << (hash & 63u);
+    };
+    const auto byte = [&folded](std::size_t i) {
+        return i < folded.size() && folded[i] != ' ' && folded[i] != '\n' ? static_cast<unsigned char>(folded[i]) : 0u;
+    };
     for (std::size_t i = 0; i + 1 < folded.size(); ++i) {
-        if (folded[i] != ' ')
+        if (folded[i] != ' ' || byte(i + 1) == 0)
             continue;
-        const auto first = static_cast<unsigned char>(folded[i + 1]);
-        signature |= std::uint64_t{1} << (first * 31u % 64u);
-        if (i + 2 < folded.size() && folded[i + 2] != ' ' && folded[i + 2] != '\n') {
-            const auto second = static_cast<unsigned char>(folded[i + 2]);
-            signature |= std::uint64_t{1} << ((first * 131u + second * 7u + 17u) % 64u);
+        const std::uint32_t first = byte(i + 1);
+        set(first + 1);
+        if (const std::uint32_t second = byte(i + 2)) {
+            set((first << 8 | second) + 0x10000);
+            if (const std::uint32_t third = byte(i + 3))
+                set((first << 16 | second << 8 | third) + 0x1000000);
         }
     }
     return signature;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -14,7 +15,15 @@ std::string FoldText(std::string_view text);
 // The same, appended to out.
 void AppendFoldedText(std::string_view text, std::string& out);
 
-// A 64-bit signature of the words of folded text: a bit for each word's first byte and one for
-// its first two bytes. When the words of a folded needle occur in folded text, every bit of the
-// needle's signature is set in the text's, so a missing bit rules the text out without a scan.
-std::uint64_t WordStartSignature(std::string_view folded);
+// A 256-bit signature of the words of folded text: for each word a bit for its first byte, its
+// first two and its first three bytes. When the words of a folded needle occur in folded text,
+// every bit of the needle's signature is set in the text's, so a missing bit rules the text out
+// without a scan.
+using WordSignature = std::array<std::uint64_t, 4>;
+WordSignature WordStartSignature(std::string_view folded);
+// Whether every bit of part is set in whole.
+inline bool SignatureCovers(const WordSignature& whole, const WordSignature& part)
+{
+    return ((whole[0] & part[0]) == part[0]) & ((whole[1] & part[1]) == part[1]) & ((whole[2] & part[2]) == part[2]) &
+           ((whole[3] & part[3]) == part[3]);
+}
