@@ -134,6 +134,8 @@ std::string Table(const std::vector<std::vector<std::string>>& rows)
             if (c + 1 < row.size())
                 line.append(widths[c] - Width(row[c]) + 2, ' ');
         }
+        // An empty last cell leaves no padding behind.
+        line.erase(line.find_last_not_of(' ') + 1);
         out += line + '\n';
     }
     return out;

@@ -30,13 +30,14 @@ protected:
     }
 };
 
-// A negated term after "--", sorted by date the other way; the count of the whole logbook last.
+// A negated term after "--", sorted by date the other way; the empty signer leaves no blanks at
+// the line's end; the count of the whole logbook last.
 TEST_F(ListCommand, TableOfChosenColumns)
 {
     const CToolResult result =
-        List({"--units", "metric", "--columns", "n,date,place,exit", "--sort", "-date", "--", "-signed:yes"});
+        List({"--units", "metric", "--columns", "n,date,place,exit,signer", "--sort", "-date", "--", "-signed:yes"});
     ASSERT_EQ(result.exitCode, 0) << result.err;
-    EXPECT_EQ(result.OutLines(), (std::vector<std::string>{"Number  Date        Place          Exit [m]",
+    EXPECT_EQ(result.OutLines(), (std::vector<std::string>{"Number  Date        Place          Exit [m]  Signed by",
                                                            "498     2024-06-01  Utti           3000",
                                                            "499     2024-06-01  Eloy, Arizona  2000", "2 of 3 jumps"}));
 }
