@@ -41,7 +41,7 @@ int CCommand::Run(const QStringList& arguments)
     const qsizetype given = parser.positionalArguments().size();
     if (given < RequiredArguments())
         return Usage(QStringLiteral("missing argument"));
-    if (given > RequiredArguments())
+    if (given > MaxArguments())
         return Usage(QStringLiteral("unexpected argument \"%1\"").arg(parser.positionalArguments().constLast()));
     return Execute(parser);
 }

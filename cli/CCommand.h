@@ -43,6 +43,8 @@ protected:
     virtual int Execute(const QCommandLineParser& parser) = 0;
     // How many positional arguments the command needs (exactly).
     virtual int RequiredArguments() const = 0;
+    // How many positional arguments the command takes at most (a query takes any number).
+    virtual int MaxArguments() const { return RequiredArguments(); }
 
     // Prints "tervola NAME: text" and a hint to --help on standard error; returns UsageError.
     int Usage(const QString& text) const;

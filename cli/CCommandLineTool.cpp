@@ -7,12 +7,14 @@
 #include "cli/CGenerateCommand.h"
 #include "cli/CImportCommand.h"
 #include "cli/CInfoCommand.h"
+#include "cli/CListCommand.h"
 #include "resources/StringTable.h"
 
 CCommandLineTool::CCommandLineTool()
 {
     m_commands.push_back(std::make_unique<CCheckCommand>());
     m_commands.push_back(std::make_unique<CInfoCommand>());
+    m_commands.push_back(std::make_unique<CListCommand>());
     m_commands.push_back(std::make_unique<CExportCommand>());
     m_commands.push_back(std::make_unique<CConvertCommand>());
     m_commands.push_back(std::make_unique<CImportCommand>());
@@ -38,13 +40,15 @@ QString CCommandLineTool::HelpText() const
                        "Commands:\n");
     for (const auto& command : m_commands)
         text += QStringLiteral("  %1  %2\n").arg(command->Name().leftJustified(9), command->Summary());
-    text += QStringLiteral("\n"
-                           "Options:\n"
-                           "  -h, --help   This help; \"tervola COMMAND --help\" explains a command and its options.\n"
-                           "  --version    The program's version.\n"
-                           "\n"
-                           "Messages go to standard error, results to standard output.\n"
-                           "Exit codes: 0 success, 1 a file could not be read or written, 2 wrong command line.\n");
+    text +=
+        QStringLiteral("\n"
+                       "Options:\n"
+                       "  -h, --help   This help; \"tervola COMMAND --help\" explains a command and its options.\n"
+                       "  --version    The program's version.\n"
+                       "\n"
+                       "Messages go to standard error, results to standard output.\n"
+                       "Exit codes: 0 success, 1 a file could not be read or written or a query could not be read,\n"
+                       "2 wrong command line.\n");
     return text;
 }
 

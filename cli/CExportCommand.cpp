@@ -4,12 +4,15 @@
 #include "cli/CConsole.h"
 #include "cli/CCsvExporter.h"
 #include "cli/CJsonExporter.h"
+#include "cli/CJumpQuery.h"
 #include "cli/CLogbookOpener.h"
 #include "cli/CUnitsOption.h"
 #include "document/CLogbookDoc.h"
+#include "query/CQuery.h"
 #include "resources/StringTable.h"
 #include "tracks/CGpxWriter.h"
 
+#include <QJsonArray>
 #include <QJsonDocument>
 #include <QSaveFile>
 
@@ -30,6 +33,7 @@ QString CExportCommand::Summary() const
 void CExportCommand::Configure(QCommandLineParser& parser)
 {
     parser.addPositionalArgument(QStringLiteral("FILE"), QStringLiteral("The logbook (.tvz or .tvl)."));
+    CJumpQuery::AddTo(parser);
     parser.addOption({kFormat, QStringLiteral("Output format: json, csv or gpx."), QStringLiteral("json|csv|gpx")});
     parser.addOption({kJump, QStringLiteral("The jump whose track --format gpx writes."), QStringLiteral("N")});
     parser.addOption({{QStringLiteral("o"), kOutput},
@@ -72,8 +76,13 @@ QString CExportCommand::Details() const
                           "<ele> and the time (the jump's time stamp plus the sample's seconds from exit, in UTC).\n"
                           "A jump without a GPS recording or without a time stamp is refused.\n"
                           "\n"
-                          "Exit codes: 0 written, 1 the file does not load or OUT cannot be written, 2 wrong\n"
-                          "command line.\n");
+                          "With a query, JSON and CSV hold only the jumps it finds (the JSON's settings and\n"
+                          "summary stay those of the whole logbook), for example\n"
+                          "  tervola export Jumps.tvz --format csv -o 2023.csv year:2023 -- -type:Tandem\n"
+                          "\n"
+                          "Exit codes: 0 written, 1 the file does not load, the query cannot be read or OUT cannot\n"
+                          "be written, 2 wrong command line.\n\n") +
+           CJumpQuery::HelpText();
 }
 
 int CExportCommand::Execute(const QCommandLineParser& parser)
@@ -95,6 +104,12 @@ int CExportCommand::Execute(const QCommandLineParser& parser)
     QString error;
     if (!CUnitsOption::Resolve(parser, units, error))
         return Usage(error);
+    const std::string queryText = CJumpQuery::Text(parser);
+    if (gpx && !queryText.empty())
+        return Usage(QStringLiteral("a query selects jumps for json and csv; gpx takes --jump N"));
+    CQuery query;
+    if (!CJumpQuery::ParseOrReport(queryText, units, query))
+        return Failure;
 
     CLogbookDoc doc;
     if (!CLogbookOpener::OpenOrReport(doc, CorePaths::LocalPath(parser.positionalArguments().at(0))))
@@ -113,9 +128,24 @@ int CExportCommand::Execute(const QCommandLineParser& parser)
         bytes = QByteArray(text.data(), static_cast<qsizetype>(text.size()));
     } else if (format == QLatin1String("json")) {
         const auto layout = parser.isSet(kCompact) ? QJsonDocument::Compact : QJsonDocument::Indented;
-        bytes = QJsonDocument(CJsonExporter::Export(doc)).toJson(layout);
+        QJsonObject root = CJsonExporter::Export(doc);
+        if (!query.IsEmpty()) {
+            QJsonArray jumps;
+            for (const std::size_t i : CJumpQuery::Find(doc, query))
+                jumps.append(CJsonExporter::Jump(*doc.GetJumps()[i], doc.GetSettings()));
+            root.insert(QStringLiteral("jumps"), jumps);
+        }
+        bytes = QJsonDocument(root).toJson(layout);
     } else {
-        const std::string table = CCsvExporter(units).Export(doc);
+        const CCsvExporter csv(units);
+        std::string table;
+        if (query.IsEmpty()) {
+            table = csv.Export(doc);
+        } else {
+            CCsvExporter::AppendRow(csv.Header(), table);
+            for (const std::size_t i : CJumpQuery::Find(doc, query))
+                CCsvExporter::AppendRow(csv.Row(*doc.GetJumps()[i], doc), table);
+        }
         bytes = QByteArray(table.data(), static_cast<qsizetype>(table.size()));
     }
 

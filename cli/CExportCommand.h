@@ -2,8 +2,8 @@
 
 #include "cli/CCommand.h"
 
-// "tervola export FILE --format json|csv [-o OUT]": the whole logbook as JSON or as a
-// spreadsheet table.
+// "tervola export FILE [QUERY...] --format json|csv [-o OUT]": the logbook, or the jumps a search
+// finds, as JSON or as a spreadsheet table; or one jump's track as GPX.
 class CExportCommand final : public CCommand
 {
 public:
@@ -17,4 +17,5 @@ protected:
     QString Details() const override;
     int Execute(const QCommandLineParser& parser) override;
     int RequiredArguments() const override { return 1; }
+    int MaxArguments() const override { return 1 << 20; }
 };

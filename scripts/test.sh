@@ -70,8 +70,8 @@ step "fuzz build (clang, libFuzzer)"
 fuzz="$root/build-fuzz"
 CC=clang CXX=clang++ cmake -S "$root" -B "$fuzz" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo \
   -DTERVOLA_FUZZ=ON -DTERVOLA_BUILD_GUI=OFF -DTERVOLA_BUILD_BENCH=OFF >/dev/null
-cmake --build "$fuzz" -j"$jobs" --target fuzz_xml_parser fuzz_document_load fuzz_xml_values
-for target in xml_parser document_load xml_values; do
+cmake --build "$fuzz" -j"$jobs" --target fuzz_xml_parser fuzz_document_load fuzz_xml_values fuzz_query
+for target in xml_parser document_load xml_values query; do
   step "fuzzing $target for $fuzz_seconds s"
   log="$fuzz/fuzz-$target.log"
   if ! TERVOLA_FUZZ_NO_BUILD=1 "$root/scripts/fuzz.sh" "$target" "$fuzz_seconds" >"$log" 2>&1; then

@@ -15,7 +15,8 @@ TEST_F(CommandLine, EachCommandShowsItsUsageAndDetails)
         std::vector<std::string> mentions; // some of what the help must explain
     } cases[] = {{"check", {"FILE"}},
                  {"info", {"--units <metric|imperial>", "YYYY-MM-DD"}},
-                 {"export", {"--format <json|csv|gpx>", "RFC 4180", "GPX"}},
+                 {"export", {"--format <json|csv|gpx>", "RFC 4180", "GPX", "[QUERY...]"}},
+                 {"list", {"[QUERY...]", "--sort <COLUMN>", "date:2024-05", "Examples"}},
                  {"import", {"LOGBOOK", "TRACK", "SENSOR.CSV"}},
                  {"convert", {"IN", "OUT", "bak"}},
                  {"generate", {"--jumps <N>", "--seed <K>"}}};

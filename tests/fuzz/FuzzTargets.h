@@ -17,6 +17,8 @@ std::string FuzzXmlParser(const std::uint8_t* data, std::size_t size);
 std::string FuzzDocumentLoad(const std::uint8_t* data, std::size_t size);
 // Every typed value reader on the bytes, and the writers on what they read.
 std::string FuzzXmlValues(const std::uint8_t* data, std::size_t size);
+// The search language: a query or a message for every input, and consistent matches.
+std::string FuzzQuery(const std::uint8_t* data, std::size_t size);
 
 // One fuzz target by name, as the scripts and the folders of checked-in inputs name them.
 struct FuzzTarget
@@ -28,4 +30,5 @@ inline constexpr FuzzTarget kFuzzTargets[] = {
     {"xml_parser", &FuzzXmlParser},
     {"document_load", &FuzzDocumentLoad},
     {"xml_values", &FuzzXmlValues},
+    {"query", &FuzzQuery},
 };
