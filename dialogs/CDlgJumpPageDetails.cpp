@@ -29,7 +29,7 @@ CDlgJumpPageDetails::CDlgJumpPageDetails(CJumpEdit& edit, const CJumpEdit::PickL
     m_date->setObjectName(QStringLiteral("jumpDate"));
     m_date->setCalendarPopup(true);
     m_date->setDisplayFormat(DialogText::ShortDateFormat());
-    m_time = new CKqTimeField(tr("Zeit"), this);
+    m_time = new CKqTimeField(tr("Time"), this);
     m_time->setObjectName(QStringLiteral("jumpTime"));
     m_noTime = new QCheckBox(tr("None"), this);
     m_noTime->setObjectName(QStringLiteral("jumpNoTime"));
