@@ -125,10 +125,11 @@ void CMessageDlg::FitTo(const QSize& room)
 
     // A handheld's or phone's box takes the screen's width; a desktop's what its text and
     // buttons need. It is as high as its text needs, at most the screen's height.
-    const int width = narrow ? room.width()
-                             : std::min(room.width(), std::max({kDesktopWidth, row + 2 * margin,
-                                                                std::min(m_text->sizeHint().width(), 560) +
-                                                                    iconSize + 2 * gap + 2 * margin}));
+    const int width =
+        narrow ? room.width()
+               : std::min(room.width(),
+                          std::max({kDesktopWidth, row + 2 * margin,
+                                    std::min(m_text->sizeHint().width(), 560) + iconSize + 2 * gap + 2 * margin}));
     const int textWidth = width - 2 * margin - iconSize - 2 * gap;
     const int textHeight = std::max(m_text->heightForWidth(textWidth), iconSize);
     // The text gives way to the buttons, down to a line, rather than the other way round.
