@@ -135,7 +135,7 @@ private slots:
 
     // The question after a save found the file changed by another program and the one before a
     // changed logbook is closed, as the window asks them, shown as the program shows them on
-    // every screen: inside the screen, no text or button cut.
+    // every screen: inside the screen, no text or button cut; then answered.
     void questionsFitEveryScreen()
     {
         CAppHarness harness;
@@ -172,6 +172,15 @@ private slots:
                 QVERIFY2(problems.isEmpty(), qPrintable(file + ": " + problems.join(QStringLiteral("; "))));
             }
         }
+        // A click answers with its button, Enter with the default one, Escape with Cancel.
+        QTest::mouseClick(boxes[0]->Buttons()[1], Qt::LeftButton);
+        QCOMPARE(boxes[0]->Choice(), 1);
+        QTest::keyClick(boxes[1].get(), Qt::Key_Escape);
+        QCOMPARE(boxes[1]->Choice(), 2);
+        boxes[1]->show();
+        QTest::keyClick(boxes[1].get(), Qt::Key_Return);
+        QCOMPARE(boxes[1]->Choice(), 0);
+        QVERIFY(!boxes[1]->isVisible());
     }
 };
 
