@@ -1,12 +1,21 @@
 #include "app/CMessageBoxes.h"
 
+#include "app/CMessageDlg.h"
+
 #include <QApplication>
+#include <QDialogButtonBox>
 #include <QMessageBox>
-#include <QPushButton>
 
 namespace {
 
 const QString kTitle = QStringLiteral("Tervola Pocket");
+
+// Shows a box and returns the index of the button chosen.
+int Run(CMessageDlg& box)
+{
+    box.exec();
+    return box.Choice();
+}
 
 } // namespace
 
@@ -15,36 +24,60 @@ QWidget* CMessageBoxes::Parent() const
     return m_parent ? m_parent.data() : QApplication::activeWindow();
 }
 
+std::unique_ptr<CMessageDlg> CMessageBoxes::Box(QStyle::StandardPixmap icon, const QString& text)
+{
+    const QString ok = CMessageDlg::StandardText(QDialogButtonBox::Ok);
+    return std::make_unique<CMessageDlg>(icon, kTitle, text, QStringList{ok}, 0, 0, Parent());
+}
+
+std::unique_ptr<CMessageDlg> CMessageBoxes::YesNoCancelBox(const QString& text, QWidget* parent)
+{
+    const QStringList buttons = {CMessageDlg::StandardText(QDialogButtonBox::Yes),
+                                 CMessageDlg::StandardText(QDialogButtonBox::No),
+                                 CMessageDlg::StandardText(QDialogButtonBox::Cancel)};
+    return std::make_unique<CMessageDlg>(QStyle::SP_MessageBoxQuestion, kTitle, text, buttons, 0, 2, parent);
+}
+
+std::unique_ptr<CMessageDlg> CMessageBoxes::ChoiceBox(const QString& text, const QStringList& buttons, QWidget* parent)
+{
+    const QStringList all = QStringList(buttons) << CMessageDlg::StandardText(QDialogButtonBox::Cancel);
+    const int cancel = static_cast<int>(buttons.size());
+    return std::make_unique<CMessageDlg>(QStyle::SP_MessageBoxQuestion, kTitle, text, all, 0, cancel, parent);
+}
+
 void CMessageBoxes::Error(const QString& text)
 {
-    QMessageBox::critical(Parent(), kTitle, text, QMessageBox::Ok);
+    Run(*Box(QStyle::SP_MessageBoxCritical, text));
 }
 
 void CMessageBoxes::Information(const QString& text)
 {
-    QMessageBox::information(Parent(), kTitle, text, QMessageBox::Ok);
+    Run(*Box(QStyle::SP_MessageBoxInformation, text));
 }
 
 void CMessageBoxes::Warning(const QString& text)
 {
-    QMessageBox::warning(Parent(), kTitle, text, QMessageBox::Ok);
+    Run(*Box(QStyle::SP_MessageBoxWarning, text));
 }
 
 bool CMessageBoxes::AskYesNo(const QString& text)
 {
-    return QMessageBox::question(Parent(), kTitle, text, QMessageBox::Yes | QMessageBox::No, QMessageBox::No) ==
-           QMessageBox::Yes;
+    const QStringList buttons = {CMessageDlg::StandardText(QDialogButtonBox::Yes),
+                                 CMessageDlg::StandardText(QDialogButtonBox::No)};
+    CMessageDlg box(QStyle::SP_MessageBoxQuestion, kTitle, text, buttons, 1, 1, Parent());
+    return Run(box) == 0;
 }
 
 IMessageSink::Answer CMessageBoxes::AskYesNoCancel(const QString& text)
 {
-    const auto button = QMessageBox::question(
-        Parent(), kTitle, text, QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, QMessageBox::Yes);
-    if (button == QMessageBox::Yes)
+    switch (Run(*YesNoCancelBox(text, Parent()))) {
+    case 0:
         return Answer::Yes;
-    if (button == QMessageBox::No)
+    case 1:
         return Answer::No;
-    return Answer::Cancel;
+    default:
+        return Answer::Cancel;
+    }
 }
 
 void CMessageBoxes::About(const QString& title, const QString& text)
@@ -54,12 +87,6 @@ void CMessageBoxes::About(const QString& title, const QString& text)
 
 int CMessageBoxes::AskChoice(const QString& text, const QStringList& buttons)
 {
-    QMessageBox box(QMessageBox::Question, kTitle, text, QMessageBox::Cancel, Parent());
-    QList<QAbstractButton*> added;
-    for (const QString& label : buttons)
-        added.append(box.addButton(label, QMessageBox::AcceptRole));
-    if (!added.isEmpty())
-        box.setDefaultButton(qobject_cast<QPushButton*>(added.front()));
-    box.exec();
-    return static_cast<int>(added.indexOf(box.clickedButton()));
+    const int chosen = Run(*ChoiceBox(text, buttons, Parent()));
+    return chosen < buttons.size() ? chosen : -1;
 }

@@ -3,9 +3,15 @@
 #include "controls/IMessageSink.h"
 
 #include <QPointer>
+#include <QStyle>
 #include <QWidget>
 
-// The program's real message boxes, modal over the main window, titled with the program's name.
+#include <memory>
+
+class CMessageDlg;
+
+// The program's real message boxes, modal over the main window, titled with the program's name,
+// each fitted to the screen it is shown on (CMessageDlg).
 class CMessageBoxes final : public IMessageSink
 {
 public:
@@ -27,7 +33,14 @@ public:
     // Question icon, the given buttons and Cancel.
     int AskChoice(const QString& text, const QStringList& buttons) override;
 
+    // The boxes of AskYesNoCancel and AskChoice as they are shown, to look at them unshown.
+    static std::unique_ptr<CMessageDlg> YesNoCancelBox(const QString& text, QWidget* parent = nullptr);
+    static std::unique_ptr<CMessageDlg> ChoiceBox(const QString& text, const QStringList& buttons,
+                                                  QWidget* parent = nullptr);
+
 private:
     QWidget* Parent() const;
+    // A box with an OK button.
+    std::unique_ptr<CMessageDlg> Box(QStyle::StandardPixmap icon, const QString& text);
     QPointer<QWidget> m_parent;
 };

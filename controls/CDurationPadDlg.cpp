@@ -36,7 +36,7 @@ Key At(Key first, int offset)
 
 CDurationPadDlg::CDurationPadDlg(QWidget* parent, const QString& title, int hours, int minutes, int seconds,
                                  int maxHours)
-    : CKqStatePadDlg(parent, title, QStringLiteral("Flugdauer"), CDurationPadState(hours, minutes, seconds, maxHours))
+    : CKqStatePadDlg(parent, title, tr("Duration"), CDurationPadState(hours, minutes, seconds, maxHours))
 {
     setObjectName(QStringLiteral("durationPad"));
     for (int i = 0; i < static_cast<int>(Key::Count); ++i) {

@@ -12,7 +12,7 @@ class CDurationPadDlg : public CKqStatePadDlg<CDurationPadState>
     Q_OBJECT
 
 public:
-    // A pad titled "Flugdauer" when the title is empty, opened with the caller's duration.
+    // A pad titled "Duration" when the title is empty, opened with the caller's duration.
     CDurationPadDlg(QWidget* parent, const QString& title, int hours, int minutes, int seconds, int maxHours);
 
     // The fields as set so far; after Cancel the starting values again.

@@ -5,15 +5,34 @@
 #include "editing/CCheckResult.h"
 #include "translations/MessageText.h"
 
+#include <QApplication>
 #include <QDialogButtonBox>
 #include <QMessageBox>
+#include <QProxyStyle>
 #include <QPushButton>
 #include <QScreen>
 #include <QScrollArea>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QVBoxLayout>
 
 #include <algorithm>
+
+namespace {
+
+// The application's style with less room round the tab titles, for a tab row on a narrow screen.
+class CCompactTabStyle : public QProxyStyle
+{
+public:
+    int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override
+    {
+        if (metric == PM_TabBarTabHSpace)
+            return std::min(4, QProxyStyle::pixelMetric(metric, option, widget));
+        return QProxyStyle::pixelMetric(metric, option, widget);
+    }
+};
+
+} // namespace
 
 CKqPropertySheet::CKqPropertySheet(const QString& caption, IMessageSink* messages, QWidget* parent)
     : QDialog(parent), m_messages(messages)
@@ -23,7 +42,7 @@ CKqPropertySheet::CKqPropertySheet(const QString& caption, IMessageSink* message
     m_tabs = new QTabWidget(this);
     m_tabs->setObjectName(QStringLiteral("sheetTabs"));
     m_tabs->setDocumentMode(true);
-    // Small screens scroll the tab row instead of squeezing the titles.
+    // Titles are never cut: the tab row scrolls when even compact tabs (FitTabs) do not fit.
     m_tabs->setUsesScrollButtons(true);
     m_tabs->setElideMode(Qt::ElideNone);
     m_buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
@@ -172,4 +191,33 @@ void CKqPropertySheet::FitToScreen()
     QSize size = sizeHint().expandedTo(minimumSizeHint());
     size = size.boundedTo(room);
     resize(size);
+}
+
+void CKqPropertySheet::resizeEvent(QResizeEvent* event)
+{
+    QDialog::resizeEvent(event);
+    FitTabs();
+}
+
+void CKqPropertySheet::FitTabs()
+{
+    QTabBar* bar = m_tabs->tabBar();
+    const QMargins margins = layout()->contentsMargins();
+    const int room = width() - margins.left() - margins.right();
+    // Measured in the application's style and the sheet's font; the compact style and a
+    // slightly smaller font only when that does not fit.
+    if (bar->style() != QApplication::style()) {
+        bar->setStyle(nullptr);
+        bar->setFont(font());
+    }
+    if (bar->sizeHint().width() <= room)
+        return;
+    if (!m_compactTabs) {
+        m_compactTabs = new CCompactTabStyle;
+        m_compactTabs->setParent(this);
+    }
+    bar->setStyle(m_compactTabs);
+    QFont smaller = font();
+    smaller.setPointSizeF(smaller.pointSizeF() * 0.9);
+    bar->setFont(smaller);
 }

@@ -7,6 +7,7 @@ class CKqPropertyPage;
 class IDialogRunner;
 class IMessageSink;
 class QDialogButtonBox;
+class QStyle;
 class QTabWidget;
 struct CCheckResult;
 
@@ -64,11 +65,15 @@ protected:
     // Shows a failed check: the page comes to the top, the message box, the focus.
     void ShowFailure(int pageIndex, const CCheckResult& result);
     void showEvent(QShowEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     void OnCurrentChanged(int index);
     // The size of the sheet: its natural size, but never larger than the screen.
     void FitToScreen();
+    // Narrower tabs (less room round the titles, a slightly smaller font) when the tab row
+    // would not fit the sheet otherwise.
+    void FitTabs();
 
     IMessageSink* m_messages;
     IDialogRunner* m_runner = nullptr;
@@ -78,5 +83,6 @@ private:
     int m_current = -1;
     bool m_reverting = false;
     bool m_initialised = false;
+    QStyle* m_compactTabs = nullptr;
     bool m_fitted = false;
 };

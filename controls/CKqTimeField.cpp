@@ -15,6 +15,8 @@ CKqTimeField::CKqTimeField(const QString& padTitle, QWidget* parent) : QWidget(p
     m_edit = new QLineEdit(this);
     m_edit->setPlaceholderText(QStringLiteral("hh:mm"));
     m_edit->setMaxLength(8);
+    // A time is never cut short, however narrow the row.
+    m_edit->setMinimumWidth(m_edit->fontMetrics().horizontalAdvance(QStringLiteral("00:00")) + 14);
     m_pad = new QToolButton(this);
     m_pad->setText(QStringLiteral("\u2026"));
     m_pad->setToolTip(tr("Keypad"));

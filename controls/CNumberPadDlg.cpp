@@ -25,7 +25,7 @@ CNumberPadState LocaleState(int scaledValue, int maxDecimals, bool allowNegative
 
 CNumberPadDlg::CNumberPadDlg(QWidget* parent, const QString& title, int scaledValue, int maxDecimals,
                              bool allowNegative)
-    : CKqStatePadDlg(parent, title, QStringLiteral("Zahl"), LocaleState(scaledValue, maxDecimals, allowNegative))
+    : CKqStatePadDlg(parent, title, tr("Number"), LocaleState(scaledValue, maxDecimals, allowNegative))
 {
     setObjectName(QStringLiteral("numberPad"));
     const auto add = [this](Key key, const QString& name, const QString& text, const QColor& face) {

@@ -12,7 +12,7 @@ class CNumberPadDlg : public CKqStatePadDlg<CNumberPadState>
     Q_OBJECT
 
 public:
-    // A pad titled "Zahl" when the title is empty, opened with the scaled value.
+    // A pad titled "Number" when the title is empty, opened with the scaled value.
     CNumberPadDlg(QWidget* parent, const QString& title, int scaledValue, int maxDecimals, bool allowNegative);
 
     // The value scaled to max decimals as typed so far; after Cancel the starting value again.

@@ -36,7 +36,7 @@ Key At(Key first, int offset)
 } // namespace
 
 CTimePadDlg::CTimePadDlg(QWidget* parent, const QString& title, int hour, int minute)
-    : CKqStatePadDlg(parent, title, QStringLiteral("Zeit"), CTimePadState(hour, minute))
+    : CKqStatePadDlg(parent, title, tr("Time"), CTimePadState(hour, minute))
 {
     setObjectName(QStringLiteral("timePad"));
     for (int i = 0; i < static_cast<int>(Key::Count); ++i) {

@@ -11,7 +11,7 @@ class CTimePadDlg : public CKqStatePadDlg<CTimePadState>
     Q_OBJECT
 
 public:
-    // A pad titled "Zeit" when the title is empty, opened with the caller's time.
+    // A pad titled "Time" when the title is empty, opened with the caller's time.
     CTimePadDlg(QWidget* parent, const QString& title, int hour, int minute);
 
     // The time as set so far; after Cancel the starting time again.

@@ -36,6 +36,8 @@ QGridLayout* CDlgJumpPage::MakeGrid(QWidget* page)
 QLabel* CDlgJumpPage::AddRow(QGridLayout* grid, int row, const QString& label, QWidget* field)
 {
     auto* caption = new QLabel(label, this);
+    // A long caption breaks where it allows (a soft hyphen) rather than widen a narrow page.
+    caption->setWordWrap(true);
     caption->setBuddy(field);
     grid->addWidget(caption, row, 0);
     grid->addWidget(field, row, 1);

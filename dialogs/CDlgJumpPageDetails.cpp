@@ -30,7 +30,7 @@ CDlgJumpPageDetails::CDlgJumpPageDetails(CJumpEdit& edit, const CJumpEdit::PickL
     m_date = new CKqDateEdit(QStringLiteral(" "), this);
     m_date->setObjectName(QStringLiteral("jumpDate"));
     m_date->setDisplayFormat(DialogText::ShortDateFormat());
-    m_time = new CKqTimeField(tr("Zeit"), this);
+    m_time = new CKqTimeField(tr("Time"), this);
     m_time->setObjectName(QStringLiteral("jumpTime"));
     m_noTime = new QCheckBox(tr("None"), this);
     m_noTime->setObjectName(QStringLiteral("jumpNoTime"));

@@ -13,7 +13,7 @@
     </message>
     <message>
         <source>SN</source>
-        <translation>SN</translation>
+        <translation>Ser.-Nr.</translation>
     </message>
     <message>
         <source>Main</source>
@@ -21,15 +21,15 @@
     </message>
     <message>
         <source>Reserve</source>
-        <translation>Reserve</translation>
+        <translation>Reserveschirm</translation>
     </message>
     <message>
         <source>AAD</source>
-        <translation>AAD</translation>
+        <translation>Öffnungsautomat</translation>
     </message>
     <message>
         <source>Inspection/Repack Date</source>
-        <translation>Prüf-/Packdatum</translation>
+        <translation>Reservepackdatum</translation>
     </message>
     <message>
         <source>None</source>
@@ -37,7 +37,7 @@
     </message>
     <message>
         <source>Prev. Jumps</source>
-        <translation>Sprünge vorher</translation>
+        <translation>Frühere Sprünge</translation>
     </message>
     <message>
         <source>Active</source>
@@ -55,7 +55,7 @@
     <name>CDlgEquipmentsPageAlarm</name>
     <message>
         <source>Enable Rig Alarms</source>
-        <translation>An Prüftermine erinnern</translation>
+        <translation>An Reservepacken erinnern</translation>
     </message>
     <message>
         <source>Days prior to due date</source>
@@ -63,7 +63,7 @@
     </message>
     <message>
         <source>Days between inspections</source>
-        <translation>Tage zwischen Prüfungen</translation>
+        <translation>Packintervall (Tage)</translation>
     </message>
 </context>
 <context>
@@ -96,20 +96,16 @@
         <translation>Sprung</translation>
     </message>
     <message>
-        <source>Zeit</source>
-        <translation>Zeit</translation>
-    </message>
-    <message>
         <source>None</source>
         <translation>Ohne</translation>
     </message>
     <message>
         <source>Exit</source>
-        <translation>Absprung</translation>
+        <translation>Absprung­höhe</translation>
     </message>
     <message>
         <source>Open</source>
-        <translation>Öffnung</translation>
+        <translation>Öffnungs­höhe</translation>
     </message>
     <message>
         <source>Date</source>
@@ -117,7 +113,7 @@
     </message>
     <message>
         <source>Time</source>
-        <translation>Zeit</translation>
+        <translation>Uhrzeit</translation>
     </message>
     <message>
         <source>Equipment</source>
@@ -148,7 +144,7 @@
     </message>
     <message>
         <source>Direction</source>
-        <translation>Richtung</translation>
+        <translation>Wind­richtung</translation>
     </message>
     <message>
         <source>None</source>
@@ -213,7 +209,7 @@
     </message>
     <message>
         <source>Signer</source>
-        <translation>Unterzeichner</translation>
+        <translation>Zeuge</translation>
     </message>
     <message>
         <source>Signature</source>
@@ -267,7 +263,7 @@
     <name>CDlgUserOwner</name>
     <message>
         <source>Owner</source>
-        <translation>Besitzer</translation>
+        <translation>Inhaber</translation>
     </message>
     <message>
         <source>Name</source>
@@ -286,7 +282,7 @@
     </message>
     <message>
         <source>Expires</source>
-        <translation>Läuft ab</translation>
+        <translation>Gültig bis</translation>
     </message>
     <message>
         <source>Enable Membership Alarm</source>
@@ -315,12 +311,16 @@
         <source>Seconds</source>
         <translation>Sekunden</translation>
     </message>
+    <message>
+        <source>Duration</source>
+        <translation>Dauer</translation>
+    </message>
 </context>
 <context>
     <name>CFileDialogs</name>
     <message>
         <source>Tervola Files (*.tvz)</source>
-        <translation>Tervola-Dateien (*.tvz)</translation>
+        <translation>Tervola-Sprungbücher (*.tvz)</translation>
     </message>
     <message>
         <source>Save as</source>
@@ -395,7 +395,7 @@
     </message>
     <message>
         <source>Show picture...</source>
-        <translation>Bild zeigen...</translation>
+        <translation>Bild anzeigen...</translation>
     </message>
     <message>
         <source>Delete</source>
@@ -423,7 +423,7 @@
     </message>
     <message>
         <source>Load theirs</source>
-        <translation>Andere Fassung laden</translation>
+        <translation>Neu laden</translation>
     </message>
     <message>
         <source>Overwrite</source>
@@ -454,15 +454,15 @@
     </message>
     <message>
         <source>Open another logbook</source>
-        <translation>Anderes Logbuch öffnen</translation>
+        <translation>Anderes Sprungbuch öffnen</translation>
     </message>
     <message>
         <source>New logbook</source>
-        <translation>Neues Logbuch</translation>
+        <translation>Neues Sprungbuch</translation>
     </message>
     <message>
         <source>Open logbook</source>
-        <translation>Logbuch öffnen</translation>
+        <translation>Sprungbuch öffnen</translation>
     </message>
 </context>
 <context>
@@ -505,7 +505,7 @@
     </message>
     <message>
         <source>Show picture...</source>
-        <translation>Bild zeigen...</translation>
+        <translation>Bild anzeigen...</translation>
     </message>
     <message>
         <source>Delete</source>
@@ -537,7 +537,7 @@
     </message>
     <message>
         <source>&amp;Logbook</source>
-        <translation>&amp;Logbuch</translation>
+        <translation>Sprung&amp;buch</translation>
     </message>
     <message>
         <source>About Tervola Pocket</source>
@@ -548,7 +548,7 @@
 The skydiver&apos;s logbook.
 %2</source>
         <translation>Tervola Pocket %1
-Das Logbuch für Fallschirmspringer.
+Das Sprungbuch für Fallschirmspringer.
 %2</translation>
     </message>
     <message>
@@ -558,6 +558,13 @@ Das Logbuch für Fallschirmspringer.
     <message>
         <source>Add track...</source>
         <translation>Track hinzufügen...</translation>
+    </message>
+</context>
+<context>
+    <name>CNumberPadDlg</name>
+    <message>
+        <source>Number</source>
+        <translation>Zahl</translation>
     </message>
 </context>
 <context>
@@ -595,6 +602,13 @@ Das Logbuch für Fallschirmspringer.
     </message>
 </context>
 <context>
+    <name>CTimePadDlg</name>
+    <message>
+        <source>Time</source>
+        <translation>Uhrzeit</translation>
+    </message>
+</context>
+<context>
     <name>StringTable</name>
     <message>
         <source>An error occured while writing the tervola file.</source>
@@ -624,7 +638,7 @@ Das Logbuch für Fallschirmspringer.
     <message>
         <source>Max. 10 awards are allowed.</source>
         <comment>4005</comment>
-        <translation>Höchstens 10 Auszeichnungen sind erlaubt.</translation>
+        <translation>Höchstens 4 Abzeichen sind erlaubt.</translation>
     </message>
     <message>
         <source>Please enter a valid value.</source>
@@ -679,12 +693,12 @@ Das Logbuch für Fallschirmspringer.
     <message>
         <source>Please enter a signer or delete the signature.</source>
         <comment>4017</comment>
-        <translation>Bitte einen Unterzeichner eingeben oder die Unterschrift löschen.</translation>
+        <translation>Bitte einen Zeugen eingeben oder die Unterschrift löschen.</translation>
     </message>
     <message>
         <source>Please sign the jump or delete the signer.</source>
         <comment>4018</comment>
-        <translation>Bitte den Sprung unterschreiben oder den Unterzeichner löschen.</translation>
+        <translation>Bitte den Sprung unterschreiben oder den Zeugen löschen.</translation>
     </message>
     <message>
         <source>Please enter a different jump number. The jump number must be unique.</source>
@@ -699,7 +713,7 @@ Das Logbuch für Fallschirmspringer.
     <message>
         <source>Equipment %1 needs to be inspected %2.</source>
         <comment>5006</comment>
-        <translation>Ausrüstung %1 muss bis %2 geprüft werden.</translation>
+        <translation>Ausrüstung %1: Reservepacken fällig am %2.</translation>
     </message>
     <message>
         <source>Do you want to delete jump number %1?</source>
@@ -734,7 +748,7 @@ Das Logbuch für Fallschirmspringer.
     <message>
         <source>Awards</source>
         <comment>6004</comment>
-        <translation>Auszeichnungen</translation>
+        <translation>Abzeichen</translation>
     </message>
     <message>
         <source>Alarm</source>
@@ -764,7 +778,7 @@ Das Logbuch für Fallschirmspringer.
     <message>
         <source>Canopy Dist.</source>
         <comment>6013</comment>
-        <translation>Schirmstrecke</translation>
+        <translation>Schirmfahrt</translation>
     </message>
     <message>
         <source>Last Jump</source>
@@ -819,7 +833,7 @@ Das Logbuch für Fallschirmspringer.
     <message>
         <source>Note</source>
         <comment>6028</comment>
-        <translation>Notiz</translation>
+        <translation>Bemerkung</translation>
     </message>
     <message>
         <source>Signature</source>
@@ -834,7 +848,7 @@ Das Logbuch für Fallschirmspringer.
     <message>
         <source>This logbook is already open in another Tervola Pocket (%1). Changes saved in one may be refused or overwritten by the other.</source>
         <comment>4021</comment>
-        <translation>Dieses Logbuch ist bereits in einem anderen Tervola Pocket geöffnet (%1). Was in einem gespeichert wird, kann vom anderen abgelehnt oder überschrieben werden.</translation>
+        <translation>Dieses Sprungbuch ist bereits in einem anderen Tervola Pocket geöffnet (%1). Was in einem gespeichert wird, kann vom anderen abgelehnt oder überschrieben werden.</translation>
     </message>
     <message>
         <source>Line %1: %2</source>
@@ -974,7 +988,7 @@ Das Logbuch für Fallschirmspringer.
     <message>
         <source>The time of the exit lies outside the years a logbook holds.</source>
         <comment>4127</comment>
-        <translation>Die Zeit des Absprungs liegt außerhalb der Jahre, die ein Logbuch aufnehmen kann.</translation>
+        <translation>Die Zeit des Absprungs liegt außerhalb der Jahre, die ein Sprungbuch aufnehmen kann.</translation>
     </message>
     <message>
         <source>Your membership/license expired on %1.</source>

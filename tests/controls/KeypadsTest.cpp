@@ -169,7 +169,7 @@ private slots:
     void okHandsBackAndCancelRestores()
     {
         const QList<int> start[] = {{1250}, {1, 2, 3}, {8, 15}}, typed[] = {{700}, {6, 2, 3}, {6, 45}};
-        const char* const titles[] = {"Zahl", "Flugdauer", "Zeit"};
+        const char* const titles[] = {"Number", "Duration", "Time"};
         for (int kind = 0; kind < 3; ++kind) {
             QCOMPARE(MakePad(kind)->windowTitle(), QLatin1String(titles[kind]));
             QCOMPARE(MakePad(kind, QStringLiteral("Exit height"))->windowTitle(), QStringLiteral("Exit height"));

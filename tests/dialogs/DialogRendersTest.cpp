@@ -3,8 +3,9 @@
 // satellite recording), of the profile, equipment and preferences dialogs, of the rig editor and
 // of the owner editor at 240x320, 320x240, 360x640 and 1024x768, written as PNG files into the
 // folder named by TERVOLA_RENDER_DIR (nothing is written without it). Each picture is checked:
-// no text cut short, no page that only fits by scrolling sideways, and a recording's plot with
-// its cursor's box fits its page without scrolling up and down.
+// no text cut short, no page that only fits by scrolling sideways, no tab row that scrolls from
+// 320 pixels on, and a recording's plot with its cursor's box fits its page without scrolling up
+// and down.
 
 #include "CRecordingMessages.h"
 #include "CRenderCheck.h"
@@ -25,6 +26,7 @@
 
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QTest>
 
@@ -101,6 +103,10 @@ private:
                     QStringLiteral("%1_%2_%3x%4.png").arg(name).arg(page).arg(size.width()).arg(size.height());
                 QWidget* shown = sheet ? sheet->Tabs()->currentWidget() : &dlg;
                 QStringList problems = RenderCheck::Clipped(&dlg) + RenderCheck::ScrollsSideways(shown);
+                // From 320 pixels on, every tab title is in sight without scrolling the tab row.
+                if (sheet && size.width() >= 320 &&
+                    sheet->Tabs()->tabBar()->sizeHint().width() > sheet->Tabs()->width())
+                    problems.append(QStringLiteral("the tab row scrolls"));
                 if (auto* recording = qobject_cast<CDlgJumpPageRecording*>(sheet ? sheet->Page(page) : nullptr)) {
                     CRecordingPlot* plot = recording->Plot();
                     QTest::mouseMove(plot, QPoint(qRound(plot->XOfTime(20.0)), qRound(plot->SpeedArea().center().y())));

@@ -1,17 +1,24 @@
 // The real main window in the language of the system locale, run once with LANG=de_DE.UTF-8 and
 // once with LANG=en_US.UTF-8 (TERVOLA_EXPECT_LANGUAGE names the one expected): menus, the
 // messages of a failed Open, Qt's own buttons, the summary's numbers and dates, and a field with
-// the locale's decimal separator. The logbook's own texts stay as written.
+// the locale's decimal separator. The logbook's own texts stay as written. The menus share no
+// accelerator, and the program's questions fit every screen.
 
 #include "CAppHarness.h"
+#include "CRenderCheck.h"
 
+#include "app/CMessageBoxes.h"
+#include "app/CMessageDlg.h"
 #include "app/CSummaryPane.h"
 #include "dialogs/CDlgPreferences.h"
 
 #include <QAction>
 #include <QDialogButtonBox>
+#include <QKeySequence>
 #include <QLabel>
+#include <QMap>
 #include <QMenu>
+#include <QMenuBar>
 #include <QPushButton>
 #include <QTest>
 
@@ -23,7 +30,7 @@ namespace {
 // the preferences' fall-rate label and field.
 const QStringList kGerman = {"&Datei",
                              "&Sprung",
-                             "&Logbuch",
+                             "Sprung&buch",
                              "Öffnen...",
                              "Neuer Sprung...",
                              "Einstellungen...",
@@ -57,6 +64,22 @@ const QStringList kEnglish = {"&File",
                               "3/14/24",
                               "Custom Fallrate [m/s]",
                               "5.2"};
+
+// The entries among actions whose accelerator an earlier entry has already taken.
+QStringList Clashes(const QList<QAction*>& actions)
+{
+    QStringList clashes;
+    QMap<QKeySequence, QString> taken;
+    for (const QAction* action : actions) {
+        const QKeySequence key = QKeySequence::mnemonic(action->text());
+        if (key.isEmpty())
+            continue;
+        if (taken.contains(key))
+            clashes << taken[key] + QStringLiteral(" / ") + action->text();
+        taken.insert(key, action->text());
+    }
+    return clashes;
+}
 
 } // namespace
 
@@ -101,6 +124,63 @@ private slots:
         CDlgPreferences preferences(units, nullptr, harness.Doc(), &harness.messages);
         shown << preferences.FallrateLabel()->text() << preferences.FallrateButton()->text();
         QCOMPARE(shown, language == QLatin1String("de") ? kGerman : kEnglish);
+
+        QMenuBar* menus = harness.Frame()->menuBar();
+        QStringList clashes = Clashes(menus->actions());
+        for (const QAction* title : menus->actions())
+            if (title->menu())
+                clashes += Clashes(title->menu()->actions());
+        QVERIFY2(clashes.isEmpty(), qPrintable(clashes.join(QStringLiteral("; "))));
+    }
+
+    // The question after a save found the file changed by another program and the one before a
+    // changed logbook is closed, as the window asks them, shown as the program shows them on
+    // every screen: inside the screen, no text or button cut; then answered.
+    void questionsFitEveryScreen()
+    {
+        CAppHarness harness;
+        QVERIFY(!harness.StartWith(CTestLogbook().Jumps(1, 3)).isEmpty());
+        harness.DeleteFirstJump();
+        QVERIFY(!harness.Write(CTestLogbook().Jumps(1, 5), "jumps.tvz").isEmpty());
+        harness.Commands()->OnFileSave();
+        harness.Commands()->WaitForSaves();
+        harness.messages.yesNoCancelAnswer = IMessageSink::Answer::Cancel;
+        harness.Frame()->findChild<QAction*>("exitAction")->trigger();
+        const QStringList changed = harness.messages.Texts(CRecordingMessages::Kind::Choice);
+        const QStringList closing = harness.messages.Texts(CRecordingMessages::Kind::YesNoCancel);
+        QCOMPARE(changed.size(), 1);
+        QCOMPARE(closing.size(), 1);
+        const qsizetype buttons = changed[0].lastIndexOf(QLatin1Char('\n'));
+        const std::unique_ptr<CMessageDlg> boxes[] = {
+            CMessageBoxes::ChoiceBox(changed[0].left(buttons), changed[0].mid(buttons + 1).split(QLatin1Char('|'))),
+            CMessageBoxes::YesNoCancelBox(closing[0])};
+        const QString language = QLocale::system().name().left(2);
+        for (int i = 0; i < 2; ++i) {
+            CMessageDlg& box = *boxes[i];
+            QCOMPARE(box.Buttons().size(), i == 0 ? 4 : 3);
+            box.show();
+            QVERIFY(QTest::qWaitForWindowExposed(&box));
+            for (const QSize& room : RenderCheck::kSizes) {
+                box.FitTo(room);
+                QCoreApplication::processEvents();
+                const QString file =
+                    QStringLiteral("question%1_%2_%3x%4.png").arg(i).arg(language).arg(room.width()).arg(room.height());
+                QStringList problems = RenderCheck::Clipped(&box);
+                if (box.width() > room.width() || box.height() > room.height())
+                    problems << QStringLiteral("larger than the screen");
+                QVERIFY(RenderCheck::Save(&box, file));
+                QVERIFY2(problems.isEmpty(), qPrintable(file + ": " + problems.join(QStringLiteral("; "))));
+            }
+        }
+        // A click answers with its button, Enter with the default one, Escape with Cancel.
+        QTest::mouseClick(boxes[0]->Buttons()[1], Qt::LeftButton);
+        QCOMPARE(boxes[0]->Choice(), 1);
+        QTest::keyClick(boxes[1].get(), Qt::Key_Escape);
+        QCOMPARE(boxes[1]->Choice(), 2);
+        boxes[1]->show();
+        QTest::keyClick(boxes[1].get(), Qt::Key_Return);
+        QCOMPARE(boxes[1]->Choice(), 0);
+        QVERIFY(!boxes[1]->isVisible());
     }
 };
 

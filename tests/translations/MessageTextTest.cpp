@@ -49,7 +49,7 @@ private slots:
         QCOMPARE(CTranslations::Install(QLocale(QLocale::German, QLocale::Austria)), QStringLiteral("de"));
         QCOMPARE(MessageText::Text(StringTable::IDS_SIGNATURE), QStringLiteral("Unterschrift"));
         QCOMPARE(MessageText::Format(StringTable::IDS_INSPECTION_DUE, QStringLiteral("3"), QStringLiteral("%1")),
-                 QStringLiteral("Ausrüstung 3 muss bis %1 geprüft werden."));
+                 QStringLiteral("Ausrüstung 3: Reservepacken fällig am %1."));
         QCOMPARE(MessageText::Text(4011), QString());
         QCOMPARE(CTranslations::Install(QLocale(QLocale::French, QLocale::France)), QString());
         QCOMPARE(MessageText::Text(StringTable::IDS_SIGNATURE), QStringLiteral("Signature"));

@@ -1,9 +1,11 @@
 // Every text the window program shows has a translation into every language it ships: lupdate
 // reads the program's folders and the string table afresh into a copy of each .ts file, so a
 // text added to the code without a translation fails here, as does a translation that drops or
-// adds a "%1"/"%2". The built .qm is then asked for every message of the string table by the
-// program's own look-up.
+// adds a "%1"/"%2". The texts in the code are English: a source with German letters or words
+// fails, and so does an entry of the .ts files that is not finished. The built .qm is then asked
+// for every message of the string table by the program's own look-up.
 
+#include "editing/CUserProfileEdit.h"
 #include "resources/StringTable.h"
 #include "translations/CTranslations.h"
 #include "translations/MessageText.h"
@@ -32,6 +34,35 @@ QStringList Placeholders(const QString& text)
         found.append(it.next().captured());
     std::sort(found.begin(), found.end());
     return found;
+}
+
+// A source text that is German rather than English: German letters, or a common German word.
+bool LooksGerman(const QString& source)
+{
+    static const QRegularExpression german(
+        QStringLiteral("[äöüÄÖÜß]|\\b(Zeit|Uhrzeit|Zahl|Dauer|Flugdauer|Sprung|Datei|Bitte|bitte|und|oder|nicht|der|"
+                       "die|das|ein|eine|mit|ist|wird)\\b"));
+    return german.match(source).hasMatch();
+}
+
+// The entries of a .ts file whose translation is marked (unfinished, vanished or obsolete).
+QStringList Unfinished(const QString& ts)
+{
+    QFile file(ts);
+    if (!file.open(QIODevice::ReadOnly))
+        return {ts + " cannot be read"};
+    QStringList marked;
+    QXmlStreamReader xml(&file);
+    QString source;
+    while (!xml.atEnd()) {
+        if (xml.readNext() != QXmlStreamReader::StartElement)
+            continue;
+        if (xml.name() == u"source")
+            source = xml.readElementText();
+        else if (xml.name() == u"translation" && !xml.attributes().value(QLatin1String("type")).isEmpty())
+            marked << ts + ": \"" + source + "\" is " + xml.attributes().value(QLatin1String("type")).toString();
+    }
+    return marked;
 }
 
 class TranslationsComplete : public QObject
@@ -78,6 +109,8 @@ private slots:
                     const QString where = ts + ": " + context + " \"" + source + '"';
                     ++messages;
                     fromTable += context == QLatin1String(MessageText::kContext);
+                    if (LooksGerman(source))
+                        problems << where + " is not English";
                     if (translation.isEmpty() || unfinished)
                         problems << where + " has no translation";
                     else if (Placeholders(translation) != Placeholders(source))
@@ -86,6 +119,7 @@ private slots:
             }
             QVERIFY2(!xml.hasError(), qPrintable(xml.errorString()));
             QVERIFY(messages > static_cast<int>(StringTable::Ids().size()));
+            problems += Unfinished(ts);
             QVERIFY2(problems.isEmpty(), qPrintable(problems.join(QLatin1Char('\n'))));
             // The generated source brought every message of the string table along.
             QCOMPARE(fromTable, static_cast<int>(StringTable::Ids().size()));
@@ -114,6 +148,15 @@ private slots:
                 else if (MessageText::Text(id) != translated)
                     problems << QStringLiteral("%1 %2: not found by the look-up").arg(language).arg(id);
             }
+            // The profile's lists hold at most kMaxEntries entries, and their messages say so.
+            for (const int id :
+                 {StringTable::IDS_MAX_LICENSES, StringTable::IDS_MAX_RATINGS, StringTable::IDS_MAX_AWARDS})
+                if (language != QLatin1String("en") &&
+                    !MessageText::Text(id).contains(QString::number(CUserProfileEdit::kMaxEntries)))
+                    problems << QStringLiteral("%1 %2: not the limit of %3 entries")
+                                    .arg(language)
+                                    .arg(id)
+                                    .arg(CUserProfileEdit::kMaxEntries);
             QVERIFY2(problems.isEmpty(), qPrintable(problems.join(QLatin1Char('\n'))));
         }
         CTranslations::Install(QLocale(QLocale::English, QLocale::UnitedStates));
