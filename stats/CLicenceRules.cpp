@@ -154,7 +154,7 @@ CLicenceStatus CLicenceStatus::Compute(const CLogbookStats& stats, const std::ve
     currency.currentUntil = currency.lastJump.AddDays(currency.limitDays);
     currency.lapsedSince = currency.currentUntil.AddDays(1);
     const int left = currency.DaysLeft();
-    currency.state = left < 0                             ? CCurrency::State::Lapsed
+    currency.state = left < 0                            ? CCurrency::State::Lapsed
                      : left <= CCurrency::kDueWithinDays ? CCurrency::State::Due
                                                          : CCurrency::State::Current;
     return status;

@@ -40,14 +40,14 @@ struct CLicenceRules
 // How far the owner is: the level held and what the next one still asks for.
 struct CLicenceProgress
 {
-    int level = -1;              // index into the rules' levels; -1: student
+    int level = -1;                // index into the rules' levels; -1: student
     bool levelFromProfile = false; // named by the profile rather than reached by the totals
-    std::string levelName;       // empty for a student
-    bool hasNext = false;        // false at the highest level
+    std::string levelName;         // empty for a student
+    bool hasNext = false;          // false at the highest level
     std::string nextName;
-    int jumps = 0;               // the totals
+    int jumps = 0; // the totals
     int64_t freefallSeconds = 0;
-    int nextJumps = 0;           // what the next level asks for
+    int nextJumps = 0; // what the next level asks for
     int64_t nextFreefallSeconds = 0;
 
     bool JumpsMet() const { return jumps >= nextJumps; }
@@ -65,7 +65,7 @@ struct CCurrency
     {
         NoJumps, // no dated jump up to the day
         Current,
-        Due,     // the limit ends within the next 14 days (or today)
+        Due, // the limit ends within the next 14 days (or today)
         Lapsed
     };
     static constexpr int kDueWithinDays = 14;

@@ -256,9 +256,8 @@ CLogbookStats CLogbookStats::Compute(const CLogbookDoc& doc, const CDateTime& as
         const int canopy = jump.GetFallrateKind() == Import ? jump.GetCanopyTime() : 0;
         const int exitHeight = jump.GetExitHeight();
         const int openHeight = jump.GetOpenHeight();
-        const double maxSpeed = jump.GetFallrateKind() == Manual || jump.GetFallrateKind() == Import
-                                    ? std::abs(jump.GetMaxSpeed())
-                                    : 0.0;
+        const double maxSpeed =
+            jump.GetFallrateKind() == Manual || jump.GetFallrateKind() == Import ? std::abs(jump.GetMaxSpeed()) : 0.0;
         const bool cutaway = !jump.GetMalfunction().empty();
         const bool isSigned = jump.IsSigned();
         auto add = [&](CStatsFigures& figures) {

@@ -46,26 +46,26 @@ struct CStatsGroup
     CDateTime first; // Null when no jump of the group has a date
     CDateTime last;
     // Rigs only.
-    int rigNumber = 0;         // the rig's number in the equipment list; 0 for a rig named by text
-    int previousJumps = 0;     // jumps on the rig before the logbook
-    CDateTime inspectionDate;  // the rig's last reserve inspection; Null when never inspected
-    int sinceInspection = -1;  // jumps on the rig since that day (itself included); -1 without a date
+    int rigNumber = 0;        // the rig's number in the equipment list; 0 for a rig named by text
+    int previousJumps = 0;    // jumps on the rig before the logbook
+    CDateTime inspectionDate; // the rig's last reserve inspection; Null when never inspected
+    int sinceInspection = -1; // jumps on the rig since that day (itself included); -1 without a date
 };
 
 // Jumping days, streaks and gaps between jumps.
 struct CStatsRhythm
 {
-    int jumpingDays = 0;             // days with at least one jump
-    double jumpsPerJumpingDay = 0;   // logged jumps / jumping days
+    int jumpingDays = 0;           // days with at least one jump
+    double jumpsPerJumpingDay = 0; // logged jumps / jumping days
     int mostJumpsInADay = 0;
-    CDateTime busiestDay;            // the first day with that many jumps
-    int longestStreakDays = 0;       // consecutive days with jumps
+    CDateTime busiestDay;      // the first day with that many jumps
+    int longestStreakDays = 0; // consecutive days with jumps
     CDateTime longestStreakStart;
-    int longestGapDays = 0;          // days between two jumping days that follow each other
-    CDateTime longestGapFrom;        // the jumping days on either side of the gap
+    int longestGapDays = 0;   // days between two jumping days that follow each other
+    CDateTime longestGapFrom; // the jumping days on either side of the gap
     CDateTime longestGapTo;
-    int daysSinceLastJump = -1;      // -1 without a dated jump
-    CDateTime lastJump;              // Null without a dated jump
+    int daysSinceLastJump = -1; // -1 without a dated jump
+    CDateTime lastJump;         // Null without a dated jump
 };
 
 // Everything the statistics show about a logbook as of one day. Jumps dated after that day are
@@ -73,10 +73,10 @@ struct CStatsRhythm
 struct CLogbookStats
 {
     CDateTime asOf;
-    int previousJumps = 0;          // from the preferences: jumps before this logbook
+    int previousJumps = 0; // from the preferences: jumps before this logbook
     int64_t previousFreefallSeconds = 0;
-    CStatsFigures logged;           // the logged jumps up to asOf
-    int totalJumps = 0;             // previous + logged
+    CStatsFigures logged; // the logged jumps up to asOf
+    int totalJumps = 0;   // previous + logged
     int64_t totalFreefallSeconds = 0;
     std::vector<CStatsPeriod> perYear;  // every year with a jump, oldest first
     std::vector<CStatsPeriod> perMonth; // the 24 months up to asOf's month, oldest first, zeros included
