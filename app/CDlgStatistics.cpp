@@ -109,6 +109,8 @@ QString CDlgStatistics::TotalText(const QString& name) const
 QWidget* CDlgStatistics::MakeTotalsPage()
 {
     auto* page = new QWidget;
+    // On a desktop the values stay near their labels.
+    page->setMaximumWidth(560);
     auto* layout = new QVBoxLayout(page);
     layout->setContentsMargins(4, 4, 4, 4);
     auto* asOf = new QLabel(tr("As of %1").arg(CDateText::ShortDate(m_stats.asOf)));
@@ -233,6 +235,8 @@ QWidget* CDlgStatistics::MakeBreakdownPage()
     m_table->setSelectionBehavior(QAbstractItemView::SelectRows);
     m_table->verticalHeader()->hide();
     m_table->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    m_table->horizontalHeader()->setStretchLastSection(true);
+    m_table->verticalHeader()->setDefaultSectionSize(m_table->fontMetrics().height() + 8);
     m_table->setWordWrap(false);
     layout->addWidget(m_table, 1);
     connect(m_chooser, &QComboBox::currentIndexChanged, this, &CDlgStatistics::ShowBreakdown);

@@ -8,7 +8,7 @@
 #include "document/CLogbookDoc.h"
 #include "document/IClock.h"
 #include "model/CJump.h"
-#include "stats/CLogbookStats.h"
+#include "stats/CLicenceRules.h"
 
 #include <QAction>
 #include <QPainter>
@@ -166,8 +166,7 @@ void CLogbookView::SetViewMode(ViewMode mode)
     if (home) {
         m_summary->SetSummary(CSummaryRows::Build(m_doc, m_units));
         const CDateTime today = m_services.clock ? m_services.clock->Today() : CSystemClock().Today();
-        const CLogbookStats stats = CLogbookStats::Compute(m_doc, today);
-        m_licenceStatus->SetStatus(CLicenceStatus::Compute(stats, m_doc.GetSettings().GetLicenses()));
+        m_licenceStatus->SetStatus(CLicenceStatus::OfDocument(m_doc, today));
     }
 
     UpdateButtons();

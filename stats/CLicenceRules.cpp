@@ -1,7 +1,10 @@
 #include "stats/CLicenceRules.h"
 
+#include "document/CLogbookDoc.h"
 #include "stats/CLogbookStats.h"
 
+#include <algorithm>
+#include <climits>
 #include <cstdio>
 
 CLicenceRules CLicenceRules::Default()
@@ -158,4 +161,33 @@ CLicenceStatus CLicenceStatus::Compute(const CLogbookStats& stats, const std::ve
                      : left <= CCurrency::kDueWithinDays ? CCurrency::State::Due
                                                          : CCurrency::State::Current;
     return status;
+}
+
+CLicenceStatus CLicenceStatus::OfDocument(const CLogbookDoc& doc, const CDateTime& day, const CLicenceRules& rules)
+{
+    const CLogbookSettings& settings = doc.GetSettings();
+    const int64_t today = day.DayNumber();
+    int later = 0;
+    int64_t laterFreefall = 0;
+    int64_t last = INT64_MIN;
+    for (const auto& jump : doc.GetJumps()) {
+        const CDateTime& stamp = jump->GetTimestamp().dateTime;
+        if (!stamp.IsValid())
+            continue;
+        const int64_t number = stamp.DayNumber();
+        if (number > today) {
+            ++later;
+            laterFreefall += jump->FreefallTime(settings);
+        } else {
+            last = std::max(last, number);
+        }
+    }
+    CLogbookStats stats;
+    stats.totalJumps = settings.GetPreviousJumps() + static_cast<int>(doc.GetJumpCount()) - later;
+    stats.totalFreefallSeconds = settings.GetPreviousDelay() + doc.GetTotalFreefallTime() - laterFreefall;
+    if (last != INT64_MIN) {
+        stats.rhythm.lastJump = CDateTime::FromDayNumber(last);
+        stats.rhythm.daysSinceLastJump = static_cast<int>(today - last);
+    }
+    return Compute(stats, settings.GetLicenses(), rules);
 }

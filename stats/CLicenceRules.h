@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+class CLogbookDoc;
 struct CLogbookStats;
 
 // One licence level: what it takes to reach it and how long its holder may go without a jump.
@@ -93,6 +94,11 @@ struct CLicenceStatus
 
     static CLicenceStatus Compute(const CLogbookStats& stats, const std::vector<std::string>& licences,
                                   const CLicenceRules& rules = CLicenceRules::Default());
+    // The same for a document as of a day, without the rest of the statistics: the document's
+    // running totals, less any jump dated after the day, and the last jump up to it. Cheap
+    // enough for a screen that is drawn again after every change.
+    static CLicenceStatus OfDocument(const CLogbookDoc& doc, const CDateTime& day,
+                                     const CLicenceRules& rules = CLicenceRules::Default());
 };
 
 // "H:MM:SS" cut to "M:SS" below an hour, as licence requirements write freefall time.

@@ -282,7 +282,7 @@
     </message>
     <message>
         <source>Charts</source>
-        <translation>Diagramme</translation>
+        <translation>Grafik</translation>
     </message>
     <message>
         <source>Tables</source>
@@ -618,6 +618,22 @@
     <message>
         <source>No jump logged yet</source>
         <translation>Noch kein Sprung eingetragen</translation>
+    </message>
+    <message>
+        <source>%1: %2/%3 jumps, %4/%5 freefall</source>
+        <translation>%1: %2/%3 Sprünge, %4/%5 Freifall</translation>
+    </message>
+    <message>
+        <source>%1: %2/%3 jumps</source>
+        <translation>%1: %2/%3 Sprünge</translation>
+    </message>
+    <message>
+        <source>Current: %1 of %2 days</source>
+        <translation>In Übung: %1 von %2 Tagen</translation>
+    </message>
+    <message>
+        <source>Currency lapsed since %1</source>
+        <translation>Übung abgelaufen seit %1</translation>
     </message>
 </context>
 <context>

@@ -202,17 +202,14 @@ private slots:
                 harness.WriteFile(QStringLiteral("s.tvl"), QByteArray::fromStdString(StatsLogbook::Xml())));
             QVERIFY(harness.StartWithoutSplash());
             CLicenceStatusPane* pane = harness.View()->GetLicenceStatus();
-            QCOMPARE(pane->ProgressText(),
-                     QStringLiteral("Licence A · next B: 47 of 50 jumps, 25:14 of 30:00 freefall"));
-            QCOMPARE(pane->ProgressColour(), CLicenceStatusPane::kOpenColour);
-            QCOMPARE(pane->CurrencyText(), QString::fromUtf8(row.currency));
-            QCOMPARE(pane->CurrencyColour(), CLicenceStatusPane::CurrencyColour(row.state));
             for (const QSize size : RenderCheck::kSizes) {
                 harness.Frame()->resize(size);
                 // The view fits the cards to its new width as it is resized, which lays it out again.
                 QApplication::processEvents();
                 QApplication::processEvents();
                 QVERIFY(pane->isVisibleTo(harness.View()));
+                // The landscape handheld has the height for one short line each only.
+                QCOMPARE(pane->IsCompact(), size == QSize(320, 240));
                 const QString file =
                     QStringLiteral("home_%1_%2x%3.png").arg(row.name).arg(size.width()).arg(size.height());
                 QVERIFY(RenderCheck::Save(harness.Frame(), file));
@@ -221,6 +218,14 @@ private slots:
                     RenderCheck::Clipped(pane);
                 QVERIFY2(problems.isEmpty(), qPrintable(file + QLatin1Char(' ') + problems.join(QLatin1Char('\n'))));
             }
+            // Back at the portrait handheld, where the texts are the long ones.
+            harness.Frame()->resize(RenderCheck::kSizes.front());
+            QApplication::processEvents();
+            QCOMPARE(pane->ProgressText(),
+                     QStringLiteral("Licence A · next B: 47 of 50 jumps, 25:14 of 30:00 freefall"));
+            QCOMPARE(pane->ProgressColour(), CLicenceStatusPane::kOpenColour);
+            QCOMPARE(pane->CurrencyText(), QString::fromUtf8(row.currency));
+            QCOMPARE(pane->CurrencyColour(), CLicenceStatusPane::CurrencyColour(row.state));
         }
     }
 };

@@ -94,6 +94,11 @@ TEST_F(LogbookStats, CountsUpToTheGivenDay)
         EXPECT_EQ(IsoDate(stats.last12MonthsFrom), row.last12From);
         EXPECT_EQ(stats.last12Months.jumps, row.last12);
         EXPECT_EQ(stats.rhythm.daysSinceLastJump, row.daysSinceLast);
+        // The home page's short way gives what the full statistics give.
+        const CLicenceStatus full = CLicenceStatus::Compute(stats, m_doc.GetSettings().GetLicenses());
+        const CLicenceStatus quick = CLicenceStatus::OfDocument(m_doc, row.asOf);
+        EXPECT_EQ(quick.progress.Text(), full.progress.Text());
+        EXPECT_EQ(quick.currency.Text(), full.currency.Text());
     }
 }
 
