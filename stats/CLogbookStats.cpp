@@ -91,6 +91,18 @@ private:
     std::string_view m_lastName;
 };
 
+// How many jumps ahead the loop asks for the fields it will read (a measured best).
+constexpr std::size_t kPrefetchAhead = 4;
+
+void PrefetchFields(const CJump& jump)
+{
+    __builtin_prefetch(&jump.GetTimestamp());
+    __builtin_prefetch(&jump.GetFallrate());
+    __builtin_prefetch(&jump.GetEquipmentRef());
+    __builtin_prefetch(&jump.GetMalfunction());
+    __builtin_prefetch(&jump.GetSignature());
+}
+
 // The freefall time of a jump. Computing it from the heights simulates a fall, and jumps repeat
 // the same heights again and again, so each distinct pair of kind and distance is done once.
 class CFreefallMemo
@@ -245,8 +257,12 @@ CLogbookStats CLogbookStats::Compute(const CLogbookDoc& doc, const CDateTime& as
     int yearIndex = -1;
 
     const auto& jumps = doc.GetJumps();
-    for (const auto& pointer : jumps) {
-        const CJump& jump = *pointer;
+    for (std::size_t index = 0; index < jumps.size(); ++index) {
+        // The jumps lie apart on the heap and the fields read here span several cache lines of
+        // each, so the loop mostly waits on memory: ask for the next few jumps' lines early.
+        if (index + kPrefetchAhead < jumps.size())
+            PrefetchFields(*jumps[index + kPrefetchAhead]);
+        const CJump& jump = *jumps[index];
         const CDateTime& stamp = jump.GetTimestamp().dateTime;
         const bool dated = stamp.IsValid();
         const int64_t day = dated ? stamp.DayNumber() : 0;
