@@ -28,6 +28,8 @@ enum Id : int
     // A logger's track as a new jump, or into the selected jump.
     ID_JUMP_IMPORT_TRACK = 32834,
     ID_JUMP_ADD_TRACK = 32835,
+    // The statistics, licence progress and currency.
+    ID_VIEW_STATISTICS = 32836,
 };
 
 // The list control's id, used as its object name suffix.

@@ -3,9 +3,12 @@
 #include "app/AppCommands.h"
 #include "app/CArtwork.h"
 #include "app/CJumpListCtrl.h"
+#include "app/CLicenceStatusPane.h"
 #include "app/CSummaryPane.h"
 #include "document/CLogbookDoc.h"
+#include "document/IClock.h"
 #include "model/CJump.h"
+#include "stats/CLicenceRules.h"
 
 #include <QAction>
 #include <QPainter>
@@ -48,12 +51,15 @@ CLogbookView::CLogbookView(CLogbookDoc& doc, const CUnitSettings& units, const C
     m_buttonLayout->addWidget(m_newJumpButton);
     m_buttonLayout->addWidget(m_signListButton);
     m_buttonLayout->addWidget(m_jumpListButton);
+    m_statisticsButton = MakePictureButton(QStringLiteral("statisticsButton"), QStringLiteral("statistics.svg"),
+                                           tr("Statistics"), AppCommands::ID_VIEW_STATISTICS);
+    m_buttonLayout->addWidget(m_statisticsButton);
     m_buttonLayout->addStretch(1);
     m_buttonLayout->addWidget(m_pageOpenButton);
     connect(m_homeButton, &QToolButton::clicked, this, &CLogbookView::OnViewHome);
     connect(m_signListButton, &QToolButton::clicked, this, &CLogbookView::OnViewSignList);
     connect(m_jumpListButton, &QToolButton::clicked, this, &CLogbookView::OnViewJumpList);
-    for (QToolButton* button : {m_newJumpButton, m_pageOpenButton})
+    for (QToolButton* button : {m_newJumpButton, m_statisticsButton, m_pageOpenButton})
         connect(button, &QToolButton::clicked, this,
                 [this, button] { emit commandRequested(button->property("command").toInt()); });
     m_outer->addWidget(m_buttonBar);
@@ -66,6 +72,9 @@ CLogbookView::CLogbookView(CLogbookDoc& doc, const CUnitSettings& units, const C
     m_summary = new CSummaryPane(m_homePage);
     homeLayout->addStretch(1);
     homeLayout->addWidget(m_summary, 0, Qt::AlignHCenter);
+    homeLayout->setSpacing(2);
+    m_licenceStatus = new CLicenceStatusPane(m_homePage);
+    homeLayout->addWidget(m_licenceStatus, 0, Qt::AlignHCenter);
     homeLayout->addStretch(2);
     m_outer->addWidget(m_homePage, 1);
 
@@ -153,12 +162,17 @@ void CLogbookView::SetViewMode(ViewMode mode)
     m_newJumpButton->setVisible(home);
     m_signListButton->setVisible(home);
     m_jumpListButton->setVisible(home);
+    m_statisticsButton->setVisible(home);
     m_pageOpenButton->setVisible(mode != ViewMode::Empty);
     m_list->setVisible(list);
     m_homePage->setVisible(home);
     m_summary->setVisible(home && IsLogbookOpen());
-    if (home)
+    m_licenceStatus->setVisible(home && IsLogbookOpen());
+    if (home) {
         m_summary->SetSummary(CSummaryRows::Build(m_doc, m_units));
+        const CDateTime today = m_services.clock ? m_services.clock->Today() : CSystemClock().Today();
+        m_licenceStatus->SetStatus(CLicenceStatus::OfDocument(m_doc, today));
+    }
 
     UpdateButtons();
     update();
@@ -228,13 +242,14 @@ void CLogbookView::ApplyIconSizes()
     // Handheld screens get finger-sized buttons that still leave room for the page.
     const bool small = std::min(width(), height()) <= 400;
     int page = small ? 40 : 56;
-    // A row or column of up to four buttons (Home's) must fit along the view's side; each button
+    // A row or column of up to five buttons (Home's) must fit along the view's side; each button
     // adds a few pixels of frame around its icon.
     const int along = m_landscape ? height() : width();
-    const int room = (along - 8 - 3 * m_buttonLayout->spacing()) / 4 - 8;
+    const int room = (along - 8 - 4 * m_buttonLayout->spacing()) / 5 - 8;
     if (room > 0)
-        page = std::max(24, std::min(page, room));
-    for (QToolButton* button : {m_homeButton, m_newJumpButton, m_signListButton, m_jumpListButton, m_pageOpenButton})
+        page = std::max(20, std::min(page, room));
+    for (QToolButton* button :
+         {m_homeButton, m_newJumpButton, m_signListButton, m_jumpListButton, m_statisticsButton, m_pageOpenButton})
         button->setIconSize(QSize(page, page));
     const int start = small ? 56 : 80;
     for (QToolButton* button : {m_startNewButton, m_startOpenButton})
@@ -256,6 +271,9 @@ void CLogbookView::resizeEvent(QResizeEvent* event)
     if (m_landscape)
         room -= m_buttonBar->sizeHint().width() + m_outer->spacing();
     m_summary->FitWidth(room);
+    m_licenceStatus->FitWidth(room);
+    // Landscape and other low screens leave little height under the summary.
+    m_licenceStatus->SetCompact(m_landscape || event->size().height() < 220);
 }
 
 void CLogbookView::paintEvent(QPaintEvent* event)

@@ -9,6 +9,7 @@
 class CLogbookDoc;
 class CUnitSettings;
 class CJumpListCtrl;
+class CLicenceStatusPane;
 class CSummaryPane;
 class QMenu;
 
@@ -51,6 +52,8 @@ public:
     // The list control and the summary, for the frame and for tests.
     CJumpListCtrl* GetList() const { return m_list; }
     CSummaryPane* GetSummary() const { return m_summary; }
+    // Licence progress and currency under the summary.
+    CLicenceStatusPane* GetLicenceStatus() const { return m_licenceStatus; }
 
     // The view arranges itself for the handheld's 240x320 and 320x240 and anything larger, so it
     // never holds the window above that (its portrait rule alone would at 320x240).
@@ -101,6 +104,7 @@ private:
     QToolButton* m_signListButton = nullptr;
     QToolButton* m_jumpListButton = nullptr;
     QToolButton* m_pageOpenButton = nullptr;
+    QToolButton* m_statisticsButton = nullptr;
 
     QWidget* m_startPanel = nullptr;
     QBoxLayout* m_startLayout = nullptr;
@@ -109,5 +113,6 @@ private:
 
     QWidget* m_homePage = nullptr;
     CSummaryPane* m_summary = nullptr;
+    CLicenceStatusPane* m_licenceStatus = nullptr;
     CJumpListCtrl* m_list = nullptr;
 };

@@ -8,6 +8,7 @@
 #include "app/CLogbookView.h"
 #include "app/CSettingsCommands.h"
 #include "app/CSplashWnd.h"
+#include "app/CStatisticsCommand.h"
 #include "bridge/CorePaths.h"
 #include "controls/IMessageSink.h"
 #include "document/CReminders.h"
@@ -167,6 +168,17 @@ void CMainFrame::CreateSettingsCommands()
     logbook->addAction(m_userProfileAction);
     logbook->addAction(m_equipmentAction);
     logbook->addAction(m_preferencesAction);
+    m_statisticsAction = MakeAction(QStringLiteral("statisticsAction"), tr("Statistics..."),
+                                    AppCommands::ID_VIEW_STATISTICS, QStringLiteral("statistics.svg"));
+    connect(m_statisticsAction, &QAction::triggered, this,
+            [this] { CStatisticsCommand::Run(m_doc, m_units, m_services, this); });
+    // The home page's statistics button asks for the same.
+    connect(m_view, &CLogbookView::commandRequested, this, [this](int command) {
+        if (command == AppCommands::ID_VIEW_STATISTICS)
+            m_statisticsAction->trigger();
+    });
+    logbook->addSeparator();
+    logbook->addAction(m_statisticsAction);
     // The touch user reaches them from the command bar as well.
     m_commandBar->addSeparator();
     m_commandBar->addAction(m_userProfileAction);
@@ -210,7 +222,7 @@ void CMainFrame::UpdateCommands()
     // The program's own commands (About and the settings dialogs) are offered only while a
     // logbook is open.
     m_aboutAction->setEnabled(open);
-    for (QAction* action : {m_userProfileAction, m_equipmentAction, m_preferencesAction})
+    for (QAction* action : {m_userProfileAction, m_equipmentAction, m_preferencesAction, m_statisticsAction})
         action->setEnabled(open);
 
     QString title = QStringLiteral("Tervola Pocket");

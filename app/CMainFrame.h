@@ -85,4 +85,5 @@ private:
     QAction* m_userProfileAction = nullptr;
     QAction* m_equipmentAction = nullptr;
     QAction* m_preferencesAction = nullptr;
+    QAction* m_statisticsAction = nullptr;
 };

@@ -8,6 +8,7 @@
 #include "cli/CImportCommand.h"
 #include "cli/CInfoCommand.h"
 #include "cli/CListCommand.h"
+#include "cli/CStatsCommand.h"
 #include "resources/StringTable.h"
 
 CCommandLineTool::CCommandLineTool()
@@ -15,6 +16,7 @@ CCommandLineTool::CCommandLineTool()
     m_commands.push_back(std::make_unique<CCheckCommand>());
     m_commands.push_back(std::make_unique<CInfoCommand>());
     m_commands.push_back(std::make_unique<CListCommand>());
+    m_commands.push_back(std::make_unique<CStatsCommand>());
     m_commands.push_back(std::make_unique<CExportCommand>());
     m_commands.push_back(std::make_unique<CConvertCommand>());
     m_commands.push_back(std::make_unique<CImportCommand>());

@@ -24,6 +24,9 @@ public:
     // leaves fewer than two ticks.
     void ChooseStep(double minSpacing);
 
+    // Uses this step for the ticks (a positive value).
+    void SetStep(double step) { m_step = step > 0.0 ? step : m_step; }
+
     double Min() const { return m_min; }
     double Max() const { return m_max; }
     double Step() const { return m_step; }

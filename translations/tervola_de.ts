@@ -2,6 +2,13 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de">
 <context>
+    <name>CBarChart</name>
+    <message>
+        <source>No jumps</source>
+        <translation>Keine Sprünge</translation>
+    </message>
+</context>
+<context>
     <name>CDlgEquipment</name>
     <message>
         <source>Equipment</source>
@@ -260,6 +267,197 @@
     </message>
 </context>
 <context>
+    <name>CDlgStatistics</name>
+    <message>
+        <source>Statistics</source>
+        <translation>Statistik</translation>
+    </message>
+    <message>
+        <source>Totals</source>
+        <translation>Summen</translation>
+    </message>
+    <message>
+        <source>Charts</source>
+        <translation>Grafik</translation>
+    </message>
+    <message>
+        <source>Tables</source>
+        <translation>Tabellen</translation>
+    </message>
+    <message>
+        <source>As of %1</source>
+        <translation>Stand %1</translation>
+    </message>
+    <message>
+        <source>Jumps</source>
+        <translation>Sprünge</translation>
+    </message>
+    <message>
+        <source>Logged jumps</source>
+        <translation>Eingetragene Sprünge</translation>
+    </message>
+    <message>
+        <source>Jumps before this logbook</source>
+        <translation>Sprünge vor diesem Logbuch</translation>
+    </message>
+    <message>
+        <source>Freefall time</source>
+        <translation>Freifallzeit</translation>
+    </message>
+    <message>
+        <source>Freefall before this logbook</source>
+        <translation>Freifall vor diesem Logbuch</translation>
+    </message>
+    <message>
+        <source>Canopy time (%1 recorded)</source>
+        <translation>Schirmfahrtzeit (%1 aufgezeichnet)</translation>
+    </message>
+    <message>
+        <source>Freefall distance</source>
+        <translation>Freifallstrecke</translation>
+    </message>
+    <message>
+        <source>Canopy distance</source>
+        <translation>Schirmfahrtstrecke</translation>
+    </message>
+    <message>
+        <source>Highest exit [%1]</source>
+        <translation>Höchster Absprung [%1]</translation>
+    </message>
+    <message>
+        <source>Longest freefall</source>
+        <translation>Längster Freifall</translation>
+    </message>
+    <message>
+        <source>Fastest speed [%1]</source>
+        <translation>Höchste Geschwindigkeit [%1]</translation>
+    </message>
+    <message>
+        <source>Cutaways</source>
+        <translation>Trennungen</translation>
+    </message>
+    <message>
+        <source>Signed jumps</source>
+        <translation>Unterschriebene Sprünge</translation>
+    </message>
+    <message>
+        <source>Unsigned jumps</source>
+        <translation>Nicht unterschriebene Sprünge</translation>
+    </message>
+    <message>
+        <source>Jumps in the last 12 months</source>
+        <translation>Sprünge der letzten 12 Monate</translation>
+    </message>
+    <message>
+        <source>Freefall in the last 12 months</source>
+        <translation>Freifall der letzten 12 Monate</translation>
+    </message>
+    <message>
+        <source>Jumping days</source>
+        <translation>Sprungtage</translation>
+    </message>
+    <message>
+        <source>Jumps per jumping day</source>
+        <translation>Sprünge je Sprungtag</translation>
+    </message>
+    <message>
+        <source>Most jumps in a day</source>
+        <translation>Meiste Sprünge an einem Tag</translation>
+    </message>
+    <message>
+        <source>Longest streak of jumping days</source>
+        <translation>Längste Folge von Sprungtagen</translation>
+    </message>
+    <message>
+        <source>Longest gap (days)</source>
+        <translation>Längste Pause (Tage)</translation>
+    </message>
+    <message>
+        <source>Days since the last jump</source>
+        <translation>Tage seit dem letzten Sprung</translation>
+    </message>
+    <message>
+        <source>Jumps per month</source>
+        <translation>Sprünge je Monat</translation>
+    </message>
+    <message>
+        <source>Jumps per year</source>
+        <translation>Sprünge je Jahr</translation>
+    </message>
+    <message>
+        <source>Freefall hours per year</source>
+        <translation>Freifallstunden je Jahr</translation>
+    </message>
+    <message>
+        <source>(none)</source>
+        <translation>(ohne Angabe)</translation>
+    </message>
+    <message>
+        <source>Top drop zones</source>
+        <translation>Häufigste Sprungplätze</translation>
+    </message>
+    <message>
+        <source>Top aircraft</source>
+        <translation>Häufigste Flugzeuge</translation>
+    </message>
+    <message>
+        <source>Per drop zone</source>
+        <translation>Je Sprungplatz</translation>
+    </message>
+    <message>
+        <source>Per aircraft</source>
+        <translation>Je Flugzeug</translation>
+    </message>
+    <message>
+        <source>Per type</source>
+        <translation>Je Sprungart</translation>
+    </message>
+    <message>
+        <source>Per rig</source>
+        <translation>Je Ausrüstung</translation>
+    </message>
+    <message>
+        <source>Per fall rate</source>
+        <translation>Je Fallrate</translation>
+    </message>
+    <message>
+        <source>Per year</source>
+        <translation>Je Jahr</translation>
+    </message>
+    <message>
+        <source>Per month</source>
+        <translation>Je Monat</translation>
+    </message>
+    <message>
+        <source>Year</source>
+        <translation>Jahr</translation>
+    </message>
+    <message>
+        <source>Month</source>
+        <translation>Monat</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Freefall</source>
+        <translation>Freifall</translation>
+    </message>
+    <message>
+        <source>First</source>
+        <translation>Erster</translation>
+    </message>
+    <message>
+        <source>Last</source>
+        <translation>Letzter</translation>
+    </message>
+    <message>
+        <source>Since inspection</source>
+        <translation>Seit Prüfung</translation>
+    </message>
+</context>
+<context>
     <name>CDlgUserOwner</name>
     <message>
         <source>Owner</source>
@@ -380,6 +578,65 @@
     </message>
 </context>
 <context>
+    <name>CLicenceStatusPane</name>
+    <message>
+        <source>Student</source>
+        <translation>Schüler</translation>
+    </message>
+    <message>
+        <source>Licence %1</source>
+        <translation>Lizenz %1</translation>
+    </message>
+    <message>
+        <source>%1: the highest level</source>
+        <translation>%1: höchste Stufe</translation>
+    </message>
+    <message>
+        <source>%1: %2 of %3 jumps</source>
+        <translation>%1: %2 von %3 Sprüngen</translation>
+    </message>
+    <message>
+        <source>, %1 of %2 freefall</source>
+        <translation>, %1 von %2 Freifall</translation>
+    </message>
+    <message>
+        <source>%1 · next %2</source>
+        <translation>%1 · nächste %2</translation>
+    </message>
+    <message>
+        <source>Current: %1 of %2 days since the last jump</source>
+        <translation>In Übung: %1 von %2 Tagen seit dem letzten Sprung</translation>
+    </message>
+    <message>
+        <source>Recurrency jump due by %1</source>
+        <translation>Übungssprung fällig bis %1</translation>
+    </message>
+    <message>
+        <source>Currency lapsed since %1: a recurrency jump is needed</source>
+        <translation>Übung abgelaufen seit %1: ein Übungssprung ist nötig</translation>
+    </message>
+    <message>
+        <source>No jump logged yet</source>
+        <translation>Noch kein Sprung eingetragen</translation>
+    </message>
+    <message>
+        <source>%1: %2/%3 jumps, %4/%5 freefall</source>
+        <translation>%1: %2/%3 Sprünge, %4/%5 Freifall</translation>
+    </message>
+    <message>
+        <source>%1: %2/%3 jumps</source>
+        <translation>%1: %2/%3 Sprünge</translation>
+    </message>
+    <message>
+        <source>Current: %1 of %2 days</source>
+        <translation>In Übung: %1 von %2 Tagen</translation>
+    </message>
+    <message>
+        <source>Currency lapsed since %1</source>
+        <translation>Übung abgelaufen seit %1</translation>
+    </message>
+</context>
+<context>
     <name>CLogbookCommands</name>
     <message>
         <source>Save changes to %1?</source>
@@ -463,6 +720,10 @@
     <message>
         <source>Open logbook</source>
         <translation>Sprungbuch öffnen</translation>
+    </message>
+    <message>
+        <source>Statistics</source>
+        <translation>Statistik</translation>
     </message>
 </context>
 <context>
@@ -558,6 +819,10 @@ Das Sprungbuch für Fallschirmspringer.
     <message>
         <source>Add track...</source>
         <translation>Track hinzufügen...</translation>
+    </message>
+    <message>
+        <source>Statistics...</source>
+        <translation>Statistik...</translation>
     </message>
 </context>
 <context>

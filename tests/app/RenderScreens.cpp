@@ -7,6 +7,7 @@
 #include "CAppHarness.h"
 #include "CRenderCheck.h"
 
+#include "app/CLicenceStatusPane.h"
 #include "app/CSummaryPane.h"
 
 #include <QApplication>
@@ -30,13 +31,14 @@ CTestLogbook DemoLogbook()
     return logbook;
 }
 
-// The view's buttons, summary and list, each inside the view and apart; the summary's texts whole.
+// The view's buttons, summary, licence status and list, each inside the view and apart; the
+// summary's texts whole.
 QStringList CheckLayout(CLogbookView* view)
 {
     QList<QWidget*> parts;
     for (QToolButton* button : view->findChildren<QToolButton*>())
         parts.append(button);
-    parts << view->GetSummary() << view->GetList();
+    parts << view->GetSummary() << view->GetLicenceStatus() << view->GetList();
     parts.removeIf([view](const QWidget* part) { return !part->isVisibleTo(view); });
     QStringList problems = RenderCheck::Layout(view, parts);
     if (view->GetSummary()->isVisibleTo(view))

@@ -19,7 +19,8 @@ TEST_F(CommandLine, EachCommandShowsItsUsageAndDetails)
                  {"list", {"[QUERY...]", "--sort <COLUMN>", "date:2024-05", "Examples"}},
                  {"import", {"LOGBOOK", "TRACK", "SENSOR.CSV"}},
                  {"convert", {"IN", "OUT", "bak"}},
-                 {"generate", {"--jumps <N>", "--seed <K>"}}};
+                 {"generate", {"--jumps <N>", "--seed <K>"}},
+                 {"stats", {"--as-of <YYYY-MM-DD>", "--format <text|json>", "perMonth"}}};
     for (const auto& c : cases) {
         for (const std::vector<std::string>& arguments :
              {std::vector<std::string>{c.command, "--help"}, std::vector<std::string>{"help", c.command}}) {
@@ -56,6 +57,8 @@ TEST_F(CommandLine, AnswersAsDocumented)
         {"UnknownUnits", {"info", "a.tvz", "--units", "furlongs"}, 2, "", "furlongs"},
         {"ExportWithoutFormat", {"export", "a.tvz"}, 2, "", "--format"},
         {"UnknownFormat", {"export", "a.tvz", "--format", "xml"}, 2, "", "\"xml\""},
+        {"StatsBadDay", {"stats", "a.tvz", "--as-of", "2025-02-30"}, 2, "", "\"2025-02-30\""},
+        {"StatsUnknownFormat", {"stats", "a.tvz", "--format", "csv"}, 2, "", "\"csv\""},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.name);
