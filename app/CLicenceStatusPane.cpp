@@ -6,7 +6,6 @@
 #include <QGridLayout>
 #include <QLocale>
 #include <QPainter>
-#include <QPainterPath>
 
 namespace {
 
@@ -154,12 +153,7 @@ void CLicenceStatusPane::ApplyWidth()
 void CLicenceStatusPane::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    QPainterPath card;
-    card.addRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 8, 8);
-    painter.fillPath(card, QColor(255, 255, 255, 200));
-    painter.setPen(QPen(QColor(24, 100, 171, 120), 1));
-    painter.drawPath(card);
+    CSummaryPane::PaintCard(painter, rect());
     painter.setPen(Qt::NoPen);
     const std::pair<QLabel*, QColor> marks[] = {{m_progress, m_progressColour}, {m_currency, m_currencyColour}};
     for (const auto& [label, colour] : marks) {

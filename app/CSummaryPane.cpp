@@ -149,13 +149,18 @@ void CSummaryPane::Arrange(bool stacked)
     updateGeometry();
 }
 
-void CSummaryPane::paintEvent(QPaintEvent*)
+void CSummaryPane::PaintCard(QPainter& painter, const QRect& rect)
 {
-    QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     QPainterPath card;
-    card.addRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 8, 8);
+    card.addRoundedRect(QRectF(rect).adjusted(0.5, 0.5, -0.5, -0.5), 8, 8);
     painter.fillPath(card, QColor(255, 255, 255, 200));
     painter.setPen(QPen(QColor(24, 100, 171, 120), 1));
     painter.drawPath(card);
+}
+
+void CSummaryPane::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    PaintCard(painter, rect());
 }

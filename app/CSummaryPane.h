@@ -12,6 +12,7 @@
 
 #include <array>
 
+class QPainter;
 class QGridLayout;
 
 // The logbook summary of the home page: five labels, each with its value beside it (or below
@@ -43,6 +44,8 @@ public:
     // Label font: Tahoma (or the platform's sans-serif) 11 pixels; values: 16 pixels, bold.
     static QFont LabelFont();
     static QFont ValueFont();
+    // The panes' card: a rounded, slightly see-through white rectangle with a thin blue rim.
+    static void PaintCard(QPainter& painter, const QRect& rect);
 
 protected:
     // The translucent card behind the texts.
