@@ -17,5 +17,5 @@ public:
     // Open, printing the messages to standard error, one per line.
     static bool OpenOrReport(CLogbookDoc& doc, const std::string& path);
     // The first jump numbered number; null after printing "Jump N is not in the logbook.".
-    static CJump* FindJumpOrReport(CLogbookDoc& doc, int number);
+    static const CJump* FindJumpOrReport(const CLogbookDoc& doc, int number);
 };
