@@ -404,9 +404,11 @@ void CJumpTableModel::Reposition(std::size_t index)
 
 void CJumpTableModel::JumpsInserted(std::size_t first, std::size_t count)
 {
-    for (std::uint32_t& index : m_rows)
-        if (index >= first)
-            index += static_cast<std::uint32_t>(count);
+    // Jumps appended at the end move no other jump.
+    if (first + count < m_doc.GetJumpCount())
+        for (std::uint32_t& index : m_rows)
+            if (index >= first)
+                index += static_cast<std::uint32_t>(count);
     for (std::size_t i = first; i < first + count; ++i) {
         if (!Accepts(m_doc.GetJump(i)))
             continue;
