@@ -66,8 +66,8 @@ CDesktopPane::CDesktopPane(CJumpTableModel* model, ISettingsStore* store, QWidge
     const int widths[CJumpTableModel::ColumnCount] = {6, 7, 5, 12, 8, 7, 7, 8, 6, 7, 12, 7, 7, 8, 8, 3, 16};
     for (int column = 0; column < CJumpTableModel::ColumnCount; ++column)
         m_table->setColumnWidth(column, widths[column] * em);
-    for (int column : {CJumpTableModel::LandingColumn, CJumpTableModel::TeamColumn,
-                       CJumpTableModel::MalfunctionColumn, CJumpTableModel::FallrateColumn})
+    for (int column : {CJumpTableModel::LandingColumn, CJumpTableModel::TeamColumn, CJumpTableModel::MalfunctionColumn,
+                       CJumpTableModel::FallrateColumn})
         m_table->setColumnHidden(column, true);
     connect(header, &QWidget::customContextMenuRequested, this, &CDesktopPane::ShowHeaderMenu);
     connect(m_table, &QAbstractItemView::activated, this, &CDesktopPane::editRequested);
@@ -125,8 +125,7 @@ void CDesktopPane::SelectRow(int row)
     const QModelIndex index = m_model->index(row, CJumpTableModel::NumberColumn);
     if (!index.isValid())
         return;
-    m_table->selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect |
-                                                          QItemSelectionModel::Rows);
+    m_table->selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
     m_table->scrollTo(index);
 }
 

@@ -117,11 +117,10 @@ CJumpDetailsPane::CJumpDetailsPane(CJumpTableModel* model, QWidget* parent) : QW
     outer->addStretch(1);
 
     // The jump shown follows its row through changes, moves and sorting.
-    connect(model, &QAbstractItemModel::dataChanged, this,
-            [this](const QModelIndex& first, const QModelIndex& last) {
-                if (m_row.isValid() && m_row.row() >= first.row() && m_row.row() <= last.row())
-                    Refresh();
-            });
+    connect(model, &QAbstractItemModel::dataChanged, this, [this](const QModelIndex& first, const QModelIndex& last) {
+        if (m_row.isValid() && m_row.row() >= first.row() && m_row.row() <= last.row())
+            Refresh();
+    });
     connect(model, &QAbstractItemModel::headerDataChanged, this, &CJumpDetailsPane::Refresh);
     connect(model, &QAbstractItemModel::modelReset, this, &CJumpDetailsPane::Refresh);
     connect(model, &QAbstractItemModel::rowsRemoved, this, &CJumpDetailsPane::Refresh);
@@ -161,7 +160,7 @@ void CJumpDetailsPane::Refresh()
         m_values[i]->setVisible(jump != nullptr);
     }
     m_curve->SetSeries(jump && jump->GetRecording().IsPresent() ? CRecordingSeries(jump->GetRecording())
-                                                                 : CRecordingSeries());
+                                                                : CRecordingSeries());
     if (!jump) {
         m_title->setText(tr("No jump selected"));
         return;

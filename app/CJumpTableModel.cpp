@@ -78,7 +78,9 @@ void CJumpTableModel::SetFilter(Filter filter)
 
 int CJumpTableModel::JumpIndexAt(int row) const
 {
-    return row >= 0 && static_cast<std::size_t>(row) < m_rows.size() ? static_cast<int>(m_rows[row]) : -1;
+    if (row < 0 || static_cast<std::size_t>(row) >= m_rows.size() || m_rows[row] >= m_doc.GetJumpCount())
+        return -1;
+    return static_cast<int>(m_rows[row]);
 }
 
 const CJump* CJumpTableModel::JumpAt(int row) const
@@ -319,13 +321,17 @@ bool CJumpTableModel::Before(std::uint32_t a, const SortKey& keyA, std::uint32_t
 
 bool CJumpTableModel::Accepts(const CJump& jump) const
 {
-    return m_filter == Filter::AllJumps || !jump.IsSigned();
+    return m_filter == Filter::AllJumps || (m_filter == Filter::UnsignedJumps && !jump.IsSigned());
 }
 
 void CJumpTableModel::Rebuild()
 {
     const std::size_t count = m_doc.GetJumpCount();
     m_rows.clear();
+    if (m_filter == Filter::NoJumps) {
+        m_rows.shrink_to_fit();
+        return;
+    }
     m_rows.reserve(count);
     for (std::size_t i = 0; i < count; ++i)
         if (Accepts(m_doc.GetJump(i)))
@@ -369,13 +375,22 @@ void CJumpTableModel::sort(int column, Qt::SortOrder order)
     emit layoutChanged({}, QAbstractItemModel::VerticalSortHint);
 }
 
-int CJumpTableModel::InsertRow(std::uint32_t index) const
+int CJumpTableModel::InsertRow(std::uint32_t index, int skip) const
 {
+    // A binary search over the rows, leaving out the row skip (the jump's own, when it moves).
     const SortKey key = KeyOf(m_doc.GetJump(index), m_sortColumn);
-    const auto at = std::partition_point(m_rows.begin(), m_rows.end(), [&](std::uint32_t other) {
-        return other != index && Before(other, KeyOf(m_doc.GetJump(other), m_sortColumn), index, key);
-    });
-    return static_cast<int>(at - m_rows.begin());
+    const auto rowAt = [skip](int position) { return skip >= 0 && position >= skip ? position + 1 : position; };
+    int low = 0;
+    int high = static_cast<int>(m_rows.size()) - (skip >= 0 ? 1 : 0);
+    while (low < high) {
+        const int middle = low + (high - low) / 2;
+        const std::uint32_t other = m_rows[static_cast<std::size_t>(rowAt(middle))];
+        if (Before(other, KeyOf(m_doc.GetJump(other), m_sortColumn), index, key))
+            low = middle + 1;
+        else
+            high = middle;
+    }
+    return low;
 }
 
 void CJumpTableModel::Reposition(std::size_t index)
@@ -391,10 +406,8 @@ void CJumpTableModel::Reposition(std::size_t index)
         row + 1 == static_cast<int>(m_rows.size()) || Before(jump, key, m_rows[row + 1], keyAt(row + 1));
     if (afterPrevious && beforeNext)
         return;
-    // Its place among the other rows (InsertRow skips the row itself).
-    int target = InsertRow(jump);
-    if (target > row)
-        --target;
+    // Its place among the other rows.
+    const int target = InsertRow(jump, row);
     if (!beginMoveRows({}, row, row, {}, target > row ? target + 1 : target))
         return;
     m_rows.erase(m_rows.begin() + row);
@@ -448,21 +461,25 @@ void CJumpTableModel::JumpsRemoved(std::size_t first, std::size_t count)
     for (std::size_t row = 0; row < m_rows.size(); ++row)
         if (m_rows[row] >= first && m_rows[row] < end)
             gone.push_back(static_cast<int>(row));
-    const auto shift = [&] {
-        for (std::uint32_t& index : m_rows)
-            if (index >= end)
-                index -= static_cast<std::uint32_t>(count);
-    };
     // Many rows at once: the views start afresh rather than hear of each.
     if (gone.size() > 64) {
         beginResetModel();
         m_rows.erase(std::remove_if(m_rows.begin(), m_rows.end(),
                                     [&](std::uint32_t index) { return index >= first && index < end; }),
                      m_rows.end());
-        shift();
+        for (std::uint32_t& index : m_rows)
+            if (index >= end)
+                index -= static_cast<std::uint32_t>(count);
         endResetModel();
         return;
     }
+    // The rows that stay point at their jumps' new positions before any view hears of the
+    // removal; the rows about to go show nothing meanwhile.
+    for (int row : gone)
+        m_rows[static_cast<std::size_t>(row)] = kGone;
+    for (std::uint32_t& index : m_rows)
+        if (index != kGone && index >= end)
+            index -= static_cast<std::uint32_t>(count);
     // Runs of adjacent rows, from the last.
     for (std::size_t i = gone.size(); i > 0;) {
         std::size_t j = i - 1;
@@ -473,7 +490,6 @@ void CJumpTableModel::JumpsRemoved(std::size_t first, std::size_t count)
         endRemoveRows();
         i = j;
     }
-    shift();
 }
 
 void CJumpTableModel::JumpMoved(std::size_t from, std::size_t to)

@@ -50,7 +50,8 @@ public:
     enum class Filter
     {
         AllJumps,
-        UnsignedJumps
+        UnsignedJumps,
+        NoJumps // a list not on screen: no rows, no memory, no work on changes
     };
     // The row's icon in the number column, by signature and picture.
     enum IconIndex
@@ -68,7 +69,7 @@ public:
 
     // The icon a jump's row gets.
     static int JumpIconIndex(const CJump& jump);
-    // Shows all jumps or only the unsigned ones.
+    // Shows all jumps, only the unsigned ones, or none.
     void SetFilter(Filter filter);
     Filter GetFilter() const { return m_filter; }
 
@@ -112,8 +113,9 @@ private:
     // True when the jump at document position a goes before the one at b.
     bool Before(std::uint32_t a, const SortKey& keyA, std::uint32_t b, const SortKey& keyB) const;
     bool Accepts(const CJump& jump) const;
-    // The row a jump at document position index would take among the present rows.
-    int InsertRow(std::uint32_t index) const;
+    // The row a jump at document position index would take among the present rows, the row skip
+    // left out (-1: none).
+    int InsertRow(std::uint32_t index, int skip = -1) const;
     // Puts the row of the jump at document position index where the order wants it.
     void Reposition(std::size_t index);
     // Fills the rows from the document, filtered and sorted.
@@ -125,6 +127,8 @@ private:
     Filter m_filter;
     int m_sortColumn = NumberColumn;
     Qt::SortOrder m_sortOrder = Qt::AscendingOrder;
+    // A row whose jump is gone, while the views hear of its removal.
+    static constexpr std::uint32_t kGone = 0xffffffffu;
     std::vector<std::uint32_t> m_rows; // document position of each row
     std::array<QIcon, 4> m_rowIcons;
     QIcon m_recordingIcon;

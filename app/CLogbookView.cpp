@@ -69,12 +69,13 @@ CLogbookView::CLogbookView(CLogbookDoc& doc, const CUnitSettings& units, const C
 
     // The models observe the document before the view does, so that the view sees the lists
     // already changed.
-    m_listModel = new CJumpTableModel(doc, units, CJumpTableModel::Filter::AllJumps, this);
+    m_listModel = new CJumpTableModel(doc, units, CJumpTableModel::Filter::NoJumps, this);
     m_list = new CJumpListCtrl(m_listModel, this);
     m_list->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(m_list, &QWidget::customContextMenuRequested, this, &CLogbookView::ShowListContextMenu);
     // A tap on a row, Enter or a double-click opens the jump editor on it.
-    connect(m_list, &QAbstractItemView::clicked, this, [this](const QModelIndex& index) { emit rowActivated(index.row()); });
+    connect(m_list, &QAbstractItemView::clicked, this,
+            [this](const QModelIndex& index) { emit rowActivated(index.row()); });
     connect(m_list, &QAbstractItemView::activated, this,
             [this](const QModelIndex& index) { emit rowActivated(index.row()); });
     connect(m_list->selectionModel(), &QItemSelectionModel::currentRowChanged, this, &CLogbookView::stateChanged);
@@ -87,7 +88,8 @@ CLogbookView::CLogbookView(CLogbookDoc& doc, const CUnitSettings& units, const C
         if (m_desktop->CurrentJump())
             emit contextMenuRequested(m_desktop->Table()->viewport()->mapToGlobal(position));
     });
-    connect(m_desktop, &CDesktopPane::editRequested, this, [this] { emit commandRequested(AppCommands::ID_JUMP_VIEW); });
+    connect(m_desktop, &CDesktopPane::editRequested, this,
+            [this] { emit commandRequested(AppCommands::ID_JUMP_VIEW); });
     connect(m_desktop, &CDesktopPane::selectionChanged, this, &CLogbookView::stateChanged);
     m_outer->addWidget(m_desktop, 1);
     m_doc.AddObserver(this);
@@ -151,6 +153,9 @@ bool CLogbookView::IsLogbookOpen() const
 
 void CLogbookView::SetViewMode(ViewMode mode)
 {
+    // Leaving a list empties it.
+    if (mode != ViewMode::JumpList && mode != ViewMode::SignList)
+        m_listModel->SetFilter(CJumpTableModel::Filter::NoJumps);
     m_mode = mode;
     if (mode == ViewMode::Empty)
         CreateStartButtons();
@@ -262,9 +267,9 @@ void CLogbookView::UpdateButtons()
 {
     const CJumpRange jumps = m_doc.GetJumps();
     // From the end: the jumps still to be signed are mostly the latest.
-    const bool anyUnsigned = std::any_of(std::make_reverse_iterator(jumps.end()),
-                                         std::make_reverse_iterator(jumps.begin()),
-                                         [](const CJump* jump) { return !jump->IsSigned(); });
+    const bool anyUnsigned =
+        std::any_of(std::make_reverse_iterator(jumps.end()), std::make_reverse_iterator(jumps.begin()),
+                    [](const CJump* jump) { return !jump->IsSigned(); });
     m_homeButton->setEnabled(true);
     m_newJumpButton->setEnabled(true);
     m_signListButton->setEnabled(anyUnsigned);

@@ -2,8 +2,8 @@
 
 #include "app/AppCommands.h"
 #include "app/CArtwork.h"
-#include "app/CDesktopPane.h"
 #include "app/CDateText.h"
+#include "app/CDesktopPane.h"
 #include "app/CJumpListCtrl.h"
 #include "app/CLogbookCommands.h"
 #include "app/CLogbookView.h"
@@ -276,10 +276,10 @@ void CMainFrame::PlaceOnScreen(const QRect& available)
         resize(QSize(400, 640).boundedTo(available.size()));
         return;
     }
-    const QByteArray geometry =
-        m_services.settings ? QByteArray::fromBase64(QByteArray::fromStdString(
-                                  m_services.settings->GetString(kWindowSection, kGeometryValue, "")))
-                            : QByteArray();
+    const QByteArray geometry = m_services.settings
+                                    ? QByteArray::fromBase64(QByteArray::fromStdString(
+                                          m_services.settings->GetString(kWindowSection, kGeometryValue, "")))
+                                    : QByteArray();
     if (!geometry.isEmpty() && restoreGeometry(geometry))
         return;
     const QSize size = available.size() * 0.8;

@@ -23,8 +23,7 @@
 #include <QVBoxLayout>
 
 CDlgPreferences::CDlgPreferences(CUnitSettings& units, ISettingsStore* store, const CLogbookDoc& doc,
-                                 IMessageSink* messages,
-                                 QWidget* parent)
+                                 IMessageSink* messages, QWidget* parent)
     : QDialog(parent), m_unitSettings(units), m_store(store), m_messages(messages)
 {
     setObjectName(QStringLiteral("dlgPreferences"));

@@ -12,7 +12,8 @@ namespace {
 
 // Calls announce(first, count) for each run of consecutive indexes in sorted, announced from the
 // last run to the first when backwards is set.
-template <typename Announce> void ForEachRun(const std::vector<std::size_t>& sorted, bool backwards, Announce announce)
+template <typename Announce>
+void ForEachRun(const std::vector<std::size_t>& sorted, bool backwards, Announce announce)
 {
     std::vector<std::pair<std::size_t, std::size_t>> runs;
     for (std::size_t i = 0; i < sorted.size();) {
@@ -178,8 +179,8 @@ bool CLogbookDoc::ReplaceEquipment(const CEquipmentList& rigs, const std::vector
             continue;
         const auto from = static_cast<std::size_t>(ref.index);
         const int to = from < newPositions.size() ? newPositions[from] : -1;
-        const bool changed = to < 0 ? jump.SetEquipmentByDescription(old.Get(from).GetDisplayText())
-                                    : jump.SetEquipmentByIndex(to);
+        const bool changed =
+            to < 0 ? jump.SetEquipmentByDescription(old.Get(from).GetDisplayText()) : jump.SetEquipmentByIndex(to);
         if (changed)
             changedJumps.push_back(i);
     }

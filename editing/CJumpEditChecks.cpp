@@ -11,8 +11,8 @@
 #include "units/RoundValue.h"
 
 #include <exception>
-#include <stdexcept>
 #include <memory>
+#include <stdexcept>
 
 namespace {
 

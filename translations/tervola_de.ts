@@ -340,7 +340,30 @@
     </message>
 </context>
 <context>
-    <name>CJumpListCtrl</name>
+    <name>CJumpDetailsPane</name>
+    <message>
+        <source>No jump selected</source>
+        <translation>Kein Sprung ausgewählt</translation>
+    </message>
+    <message>
+        <source>Jump %1</source>
+        <translation>Sprung %1</translation>
+    </message>
+</context>
+<context>
+    <name>CJumpTableModel</name>
+    <message>
+        <source>Signed</source>
+        <translation>Unterschrieben</translation>
+    </message>
+    <message>
+        <source>GPS</source>
+        <translation>GPS</translation>
+    </message>
+    <message>
+        <source>Profile</source>
+        <translation>Profil</translation>
+    </message>
     <message>
         <source>Jump</source>
         <translation>Sprung</translation>
@@ -350,8 +373,64 @@
         <translation>Datum</translation>
     </message>
     <message>
+        <source>Time</source>
+        <translation>Zeit</translation>
+    </message>
+    <message>
         <source>Place</source>
         <translation>Sprungplatz</translation>
+    </message>
+    <message>
+        <source>Aircraft</source>
+        <translation>Flugzeug</translation>
+    </message>
+    <message>
+        <source>Type</source>
+        <translation>Sprungart</translation>
+    </message>
+    <message>
+        <source>Exit [%1]</source>
+        <translation>Absprung [%1]</translation>
+    </message>
+    <message>
+        <source>Opening [%1]</source>
+        <translation>Öffnung [%1]</translation>
+    </message>
+    <message>
+        <source>Freefall</source>
+        <translation>Freifall</translation>
+    </message>
+    <message>
+        <source>Fallrate</source>
+        <translation>Fallrate</translation>
+    </message>
+    <message>
+        <source>Rig</source>
+        <translation>Ausrüstung</translation>
+    </message>
+    <message>
+        <source>Landing</source>
+        <translation>Landung</translation>
+    </message>
+    <message>
+        <source>Team</source>
+        <translation>Team</translation>
+    </message>
+    <message>
+        <source>Malfunction</source>
+        <translation>Störung</translation>
+    </message>
+    <message>
+        <source>Signed by</source>
+        <translation>Unterschrieben von</translation>
+    </message>
+    <message>
+        <source>Recording</source>
+        <translation>Aufzeichnung</translation>
+    </message>
+    <message>
+        <source>Note</source>
+        <translation>Notiz</translation>
     </message>
 </context>
 <context>
@@ -428,6 +507,10 @@
     <message>
         <source>Overwrite</source>
         <translation>Überschreiben</translation>
+    </message>
+    <message>
+        <source>Do you want to delete these %1 jumps?</source>
+        <translation>Möchten Sie diese %1 Sprünge löschen?</translation>
     </message>
 </context>
 <context>
@@ -554,6 +637,10 @@ Das Logbuch für Fallschirmspringer.
     <message>
         <source>Add track...</source>
         <translation>Track hinzufügen...</translation>
+    </message>
+    <message>
+        <source>Jumps</source>
+        <translation>Sprünge</translation>
     </message>
 </context>
 <context>

@@ -55,8 +55,8 @@ private slots:
         {
             QSize size;
             bool desktop;
-        } rows[] = {{{1024, 768}, true}, {{360, 640}, false}, {{320, 240}, false}, {{240, 320}, false},
-                    {{1920, 1080}, true}};
+        } rows[] = {
+            {{1024, 768}, true}, {{360, 640}, false}, {{320, 240}, false}, {{240, 320}, false}, {{1920, 1080}, true}};
         harness.Frame()->show();
         for (const auto& row : rows) {
             const CRow trace{QStringLiteral("%1x%2").arg(row.size.width()).arg(row.size.height())};
@@ -86,9 +86,8 @@ private slots:
         // Edit: jump 3 becomes jump 30 with a new place; the details pane shows it.
         desktop->SelectRow(2);
         QVERIFY(action("jumpChangeAction")->isEnabled());
-        harness.dialogs.steps.append(CScriptedDialogs::Ok<CDlgJump>([](CDlgJump& dialog) {
-            dialog.findChild<CKqSpinBox*>("jumpNumber")->setValue(30);
-        }));
+        harness.dialogs.steps.append(CScriptedDialogs::Ok<CDlgJump>(
+            [](CDlgJump& dialog) { dialog.findChild<CKqSpinBox*>("jumpNumber")->setValue(30); }));
         QTest::keyClick(table, Qt::Key_Return);
         QCOMPARE(harness.dialogs.ran.size(), 1);
         QCOMPARE(Column(table, CJumpTableModel::NumberColumn), (QStringList{"1", "2", "4", "30"}));
@@ -105,7 +104,8 @@ private slots:
         QCOMPARE(table->model()->rowCount(), 5);
         QCOMPARE(summary->ValueText(CSummaryPane::NumberOfJumps), QStringLiteral("31"));
         const int imported = table->selectionModel()->currentIndex().row();
-        QCOMPARE(table->model()->index(imported, CJumpTableModel::NumberColumn).data().toString(), QStringLiteral("31"));
+        QCOMPARE(table->model()->index(imported, CJumpTableModel::NumberColumn).data().toString(),
+                 QStringLiteral("31"));
         QVERIFY(!table->model()->index(imported, CJumpTableModel::RecordingColumn).data(Qt::DecorationRole).isNull());
 
         // Delete: two rows, one question naming how many; the unsigned ones go.

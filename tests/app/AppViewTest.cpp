@@ -147,7 +147,8 @@ private slots:
         QVERIFY(list->columnWidth(0) >= list->fontMetrics().horizontalAdvance("60"));
         QVERIFY(list->columnWidth(1) >= list->fontMetrics().horizontalAdvance("2/1/24"));
         const int bar = std::max(15, list->style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, list));
-        QCOMPARE(list->columnWidth(0) + list->columnWidth(1) + list->columnWidth(2) + bar,
+        QCOMPARE(list->columnWidth(CJumpTableModel::NumberColumn) + list->columnWidth(CJumpTableModel::DateColumn) +
+                     list->columnWidth(CJumpTableModel::PlaceColumn) + bar,
                  list->contentsRect().width());
         // Scrolled so that the last jump is on screen and the first is not.
         QVERIFY(list->viewport()->rect().contains(list->visualRect(list->Model()->index(59, 0))));

@@ -92,8 +92,7 @@ private slots:
         model.UnitsChanged();
         QCOMPARE(headers.size(), 1);
         QCOMPARE(exit.data().toString(), QLocale().toString(32808));
-        QCOMPARE(model.headerData(CJumpTableModel::ExitColumn, Qt::Horizontal).toString(),
-                 QStringLiteral("Exit [ft]"));
+        QCOMPARE(model.headerData(CJumpTableModel::ExitColumn, Qt::Horizontal).toString(), QStringLiteral("Exit [ft]"));
         QCOMPARE(model.index(0, CJumpTableModel::SignerColumn).data().toString(), QStringLiteral("Anna"));
         QCOMPARE(model.index(1, CJumpTableModel::SignerColumn).data().toString(), QString());
     }

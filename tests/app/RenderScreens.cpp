@@ -64,7 +64,7 @@ int main(int argc, char* argv[])
         // The desktop layout has no list modes of its own: one picture of it, with a row selected.
         const bool desktop = size.width() >= CLogbookView::kDesktopWidth;
         for (const QString& mode : desktop ? QStringList{"splash", "empty", "desktop"}
-                                          : QStringList{"splash", "empty", "home", "jumplist", "signlist"}) {
+                                           : QStringList{"splash", "empty", "home", "jumplist", "signlist"}) {
             CAppHarness harness;
             harness.settings.SetInt("Preferences", "Units", 1);
             const bool splash = mode == QStringLiteral("splash");

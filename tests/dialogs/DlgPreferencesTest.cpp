@@ -57,6 +57,7 @@ private slots:
         QCOMPARE(dlg.SpeedCombo()->currentIndex(), 1);
         QCOMPARE(dlg.FallrateLabel()->text(), QStringLiteral("Custom Fallrate [mph]"));
         dlg.accept();
+        dlg.Edit().Apply(units, &store, *doc); // the command's part of OK
         QVERIFY(!units.IsMetric());
         QCOMPARE(store.GetInt("Preferences", "DisplaySpeedAs", -1), 1);
     }

@@ -48,8 +48,8 @@ struct CEditorHarness
         }
         if (imported)
             Change(1, [](CJump& jump) {
-                jump.SetFallrateValues(
-                    {Import, 4000, 1000, static_cast<int>(std::lround(SyntheticJump::FreefallTime())), 200, 55.0, 47.0});
+                jump.SetFallrateValues({Import, 4000, 1000,
+                                        static_cast<int>(std::lround(SyntheticJump::FreefallTime())), 200, 55.0, 47.0});
             });
         if (kind != CJumpRecording::None)
             Change(1, [kind](CJump& jump) { jump.Recording() = SyntheticJump::Recording(kind); });
@@ -58,13 +58,14 @@ struct CEditorHarness
         store.SetInt("Jump", "HasWind", 0);
     }
 
-    // Changes jump 1 or 2 through the document.
+    // Changes jump 1 or 2 through the document, leaving it unmodified as if loaded so.
     void Change(int which, const std::function<void(CJump&)>& change)
     {
         doc.ChangeJump(static_cast<std::size_t>(which), [&](CJump& jump) {
             change(jump);
             return true;
         });
+        doc.SetModified(false);
     }
 
     // The editor, shown or with its pages made without showing it.

@@ -101,7 +101,10 @@ TEST(CLogbookDocChange, EachChangeKeepsTotalsOrderAndTellsObservers)
         {"renumber to the front", [](CLogbookDoc& d) { d.ChangeJump(3, [](CJump& j) { return j.SetNumber(0); }); },
          "mov 3 0;chg 0 1;", "0 1 2 3 ", true},
         {"remove one", [](CLogbookDoc& d) { d.RemoveJump(2); }, "rem 2 1;", "1 2 5 ", true},
-        {"remove several, last run first", [](CLogbookDoc& d) { d.RemoveJumps({3, 0, 2, 3, 17}); },
+        {"remove several, last run first",
+         [](CLogbookDoc& d) {
+             d.RemoveJumps({3, 0, 2, 3, 17});
+         },
          "rem 2 2;rem 0 1;", "2 ", true},
         {"remove none", [](CLogbookDoc& d) { d.RemoveJumps({4}); }, "", "1 2 3 5 ", false},
         {"custom fall rate recounts freefall time",
@@ -111,8 +114,8 @@ TEST(CLogbookDocChange, EachChangeKeepsTotalsOrderAndTellsObservers)
              d.ReplaceSettings(s);
          },
          "set;", "1 2 3 5 ", true},
-        {"same settings", [](CLogbookDoc& d) { d.ReplaceSettings(CLogbookSettings(d.GetSettings())); }, "",
-         "1 2 3 5 ", false},
+        {"same settings", [](CLogbookDoc& d) { d.ReplaceSettings(CLogbookSettings(d.GetSettings())); }, "", "1 2 3 5 ",
+         false},
         {"rigs: [1] removed, [3] moves to the front",
          [](CLogbookDoc& d) {
              CEquipmentList rigs;

@@ -49,13 +49,15 @@ protected:
         return doc.AddJump(std::move(jump));
     }
 
-    // Changes the last jump through the document, as the program does.
+    // Changes the last jump through the document, as the program does, and leaves the logbook
+    // unmodified as if it had been loaded so.
     void ChangeLast(const std::function<void(CJump&)>& change)
     {
         doc.ChangeJump(static_cast<std::size_t>(doc.IndexOf(last)), [&](CJump& jump) {
             change(jump);
             return true;
         });
+        doc.SetModified(false);
     }
 
     std::unique_ptr<CJumpEdit> Edit(const CJump* jump, bool metric = true)
