@@ -35,6 +35,53 @@ std::string NoteFirstLine(const CJump& jump)
     return end == std::string::npos ? text : text.substr(0, end);
 }
 
+// The first line of a note's text for sorting, read straight from the markup: tags are skipped
+// and the first line ends at a line break or at the end of the first paragraph with text.
+std::string NoteSortKey(const std::string& note)
+{
+    std::string key;
+    for (std::size_t i = 0; i < note.size(); ++i) {
+        const char c = note[i];
+        if (c == '\r' || c == '\n') {
+            if (!key.empty())
+                break;
+            continue;
+        }
+        if (c != '<') {
+            key += (c >= 'A' && c <= 'Z') ? static_cast<char>(c - 'A' + 'a') : c;
+            continue;
+        }
+        const std::size_t close = note.find('>', i);
+        if (close == std::string::npos)
+            break;
+        const std::string_view tag(note.data() + i + 1, close - i - 1);
+        i = close;
+        if (!key.empty() && (tag.starts_with("/p") || tag.starts_with("br") || tag.starts_with("/li") ||
+                             tag.starts_with("/h") || tag.starts_with("/div")))
+            break;
+    }
+    return key;
+}
+
+bool IsText(int column)
+{
+    using M = CJumpTableModel;
+    switch (column) {
+    case M::PlaceColumn:
+    case M::AircraftColumn:
+    case M::TypeColumn:
+    case M::RigColumn:
+    case M::LandingColumn:
+    case M::TeamColumn:
+    case M::MalfunctionColumn:
+    case M::SignerColumn:
+    case M::NoteColumn:
+        return true;
+    default:
+        return false;
+    }
+}
+
 bool IsNumeric(int column)
 {
     using M = CJumpTableModel;
@@ -293,14 +340,14 @@ CJumpTableModel::SortKey CJumpTableModel::KeyOf(const CJump& jump, int column) c
         key.text = Lower(jump.GetMalfunction());
         break;
     case SignerColumn:
-        key.number = jump.IsSigned() ? 1 : 0;
-        key.text = Lower(jump.GetSignature().GetName());
+        // Unsigned first, then by the signer's name.
+        key.text = jump.IsSigned() ? "1" + Lower(jump.GetSignature().GetName()) : std::string();
         break;
     case RecordingColumn:
         key.number = jump.GetRecording().IsPresent() ? jump.GetRecording().GetKind() : 0;
         break;
     case NoteColumn:
-        key.text = Lower(NoteFirstLine(jump));
+        key.text = NoteSortKey(jump.GetNote());
         break;
     default:
         break;
@@ -339,11 +386,65 @@ void CJumpTableModel::Rebuild()
     // The document's order is already the number order.
     if (m_sortColumn == NumberColumn && m_sortOrder == Qt::AscendingOrder)
         return;
-    std::vector<SortKey> keys(count);
-    for (std::uint32_t index : m_rows)
-        keys[index] = KeyOf(m_doc.GetJump(index), m_sortColumn);
-    std::sort(m_rows.begin(), m_rows.end(),
-              [&](std::uint32_t a, std::uint32_t b) { return Before(a, keys[a], b, keys[b]); });
+    // The keys sit beside their rows while sorting, so that comparing never looks elsewhere.
+    const bool descending = m_sortOrder == Qt::DescendingOrder;
+    if (!IsText(m_sortColumn)) {
+        std::vector<std::pair<double, std::uint32_t>> keyed;
+        keyed.reserve(m_rows.size());
+        for (std::uint32_t index : m_rows)
+            keyed.emplace_back(KeyOf(m_doc.GetJump(index), m_sortColumn).number, index);
+        std::sort(keyed.begin(), keyed.end(), [descending](const auto& a, const auto& b) {
+            if (a.first != b.first)
+                return descending ? b.first < a.first : a.first < b.first;
+            return a.second < b.second;
+        });
+        for (std::size_t row = 0; row < keyed.size(); ++row)
+            m_rows[row] = keyed[row].second;
+        return;
+    }
+    // The rigs' texts once each: most jumps name a rig of the list.
+    const CEquipmentList& rigs = m_doc.GetSettings().GetEquipmentList();
+    std::vector<std::string> rigTexts(rigs.GetCount());
+    std::vector<std::string> texts;
+    texts.reserve(m_rows.size());
+    for (std::uint32_t index : m_rows) {
+        const CJump& jump = m_doc.GetJump(index);
+        const CJumpEquipmentRef& ref = jump.GetEquipmentRef();
+        if (m_sortColumn == RigColumn && ref.mode == CJumpEquipmentRef::ByIndex && ref.index >= 0 &&
+            static_cast<std::size_t>(ref.index) < rigTexts.size()) {
+            std::string& text = rigTexts[static_cast<std::size_t>(ref.index)];
+            if (text.empty())
+                text = KeyOf(jump, RigColumn).text;
+            texts.push_back(text);
+        } else {
+            texts.push_back(KeyOf(jump, m_sortColumn).text);
+        }
+    }
+    // Most comparisons end within the first eight bytes, compared as one number; only equal
+    // beginnings look at the whole texts.
+    struct Keyed
+    {
+        std::uint64_t prefix;
+        std::uint32_t slot;  // position in texts and in the rows before sorting
+        std::uint32_t index; // the jump's document position
+    };
+    std::vector<Keyed> keyed(texts.size());
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+        std::uint64_t prefix = 0;
+        for (std::size_t k = 0; k < 8; ++k)
+            prefix = (prefix << 8) | (k < texts[i].size() ? static_cast<unsigned char>(texts[i][k]) : 0u);
+        keyed[i] = {prefix, static_cast<std::uint32_t>(i), m_rows[i]};
+    }
+    std::sort(keyed.begin(), keyed.end(), [&](const Keyed& a, const Keyed& b) {
+        int order = a.prefix < b.prefix ? -1 : a.prefix > b.prefix ? 1 : 0;
+        if (order == 0)
+            order = texts[a.slot].compare(texts[b.slot]);
+        if (order != 0)
+            return descending ? order > 0 : order < 0;
+        return a.index < b.index;
+    });
+    for (std::size_t row = 0; row < keyed.size(); ++row)
+        m_rows[row] = keyed[row].index;
 }
 
 void CJumpTableModel::sort(int column, Qt::SortOrder order)
