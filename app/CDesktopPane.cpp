@@ -61,11 +61,15 @@ CDesktopPane::CDesktopPane(CJumpTableModel* model, ISettingsStore* store, QWidge
     header->setContextMenuPolicy(Qt::CustomContextMenu);
     m_table->setSortingEnabled(true);
     m_table->sortByColumn(CJumpTableModel::NumberColumn, Qt::AscendingOrder);
-    // First layout: sensible widths, the less used columns hidden.
-    const int em = m_table->fontMetrics().horizontalAdvance(QLatin1Char('M'));
-    const int widths[CJumpTableModel::ColumnCount] = {6, 7, 5, 12, 8, 7, 7, 8, 6, 7, 12, 7, 7, 8, 8, 3, 16};
-    for (int column = 0; column < CJumpTableModel::ColumnCount; ++column)
-        m_table->setColumnWidth(column, widths[column] * em);
+    // First layout: sensible widths (never narrower than the title and its sort mark), the less
+    // used columns hidden.
+    const QFontMetrics metrics = m_table->fontMetrics();
+    const int em = metrics.horizontalAdvance(QLatin1Char('M'));
+    const int widths[CJumpTableModel::ColumnCount] = {7, 7, 7, 11, 10, 10, 6, 6, 6, 7, 14, 7, 7, 8, 10, 3, 20};
+    for (int column = 0; column < CJumpTableModel::ColumnCount; ++column) {
+        const int title = metrics.horizontalAdvance(model->headerData(column, Qt::Horizontal).toString()) + 2 * em;
+        m_table->setColumnWidth(column, std::max(widths[column] * em, title));
+    }
     for (int column : {CJumpTableModel::LandingColumn, CJumpTableModel::TeamColumn, CJumpTableModel::MalfunctionColumn,
                        CJumpTableModel::FallrateColumn})
         m_table->setColumnHidden(column, true);

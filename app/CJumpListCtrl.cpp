@@ -24,9 +24,9 @@ CJumpListCtrl::CJumpListCtrl(CJumpTableModel* model, QWidget* parent) : QTreeVie
     setIconSize(QSize(16, 16));
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setModel(model);
-    for (int column = 0; column < CJumpTableModel::ColumnCount; ++column)
-        setColumnHidden(column, column != CJumpTableModel::NumberColumn && column != CJumpTableModel::DateColumn &&
-                                    column != CJumpTableModel::PlaceColumn);
+    ShowListColumns();
+    // The header forgets its hidden sections when the model starts afresh.
+    connect(model, &QAbstractItemModel::modelReset, this, &CJumpListCtrl::ShowListColumns);
     header()->setStretchLastSection(false);
     header()->setSectionsMovable(false);
     setColumnWidth(CJumpTableModel::NumberColumn, 55);
@@ -43,6 +43,14 @@ CJumpListCtrl::CJumpListCtrl(CJumpTableModel* model, QWidget* parent) : QTreeVie
         if (RowCount() > 0)
             ShowRow(std::min(first, RowCount() - 1));
     });
+}
+
+void CJumpListCtrl::ShowListColumns()
+{
+    for (int column = 0; column < CJumpTableModel::ColumnCount; ++column)
+        setColumnHidden(column, column != CJumpTableModel::NumberColumn && column != CJumpTableModel::DateColumn &&
+                                    column != CJumpTableModel::PlaceColumn);
+    SizeColumns();
 }
 
 int CJumpListCtrl::RowCount() const

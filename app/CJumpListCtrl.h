@@ -45,5 +45,8 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
+    // Only "Jump", "Date" and "Place" are shown.
+    void ShowListColumns();
+
     CJumpTableModel* m_model;
 };
