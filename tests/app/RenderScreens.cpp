@@ -80,8 +80,17 @@ int main(int argc, char* argv[])
                 harness.View()->OnViewJumpList();
             else if (mode == QStringLiteral("signlist"))
                 harness.View()->OnViewSignList();
-            else if (mode == QStringLiteral("desktop"))
-                harness.View()->GetDesktop()->SelectRow(harness.View()->GetTableModel()->rowCount() - 1);
+            else if (mode == QStringLiteral("desktop")) {
+                // The newest signed jump with a recording shows every part of the details.
+                const CJumpTableModel* model = harness.View()->GetTableModel();
+                int row = model->rowCount() - 1;
+                for (int r = row; r >= 0; --r)
+                    if (model->JumpAt(r)->IsSigned() && model->JumpAt(r)->GetRecording().IsPresent()) {
+                        row = r;
+                        break;
+                    }
+                harness.View()->GetDesktop()->SelectRow(row);
+            }
             QApplication::processEvents();
 
             const QString name = QStringLiteral("%1_%2x%3").arg(mode).arg(size.width()).arg(size.height());
