@@ -22,9 +22,9 @@
 #include <QSpinBox>
 #include <QVBoxLayout>
 
-CDlgPreferences::CDlgPreferences(CUnitSettings& units, ISettingsStore* store, const CLogbookDoc& doc,
+CDlgPreferences::CDlgPreferences(CUnitSettings& units, ISettingsStore* /*store*/, const CLogbookDoc& doc,
                                  IMessageSink* messages, QWidget* parent)
-    : QDialog(parent), m_unitSettings(units), m_store(store), m_messages(messages)
+    : QDialog(parent), m_messages(messages)
 {
     setObjectName(QStringLiteral("dlgPreferences"));
     setWindowTitle(tr("Preferences"));

@@ -27,7 +27,8 @@ public:
     // The most hours the previous freefall time's pad takes.
     static constexpr int kMaxFreefallHours = 999;
 
-    // The dialog on the frame's units, the settings store (may be null) and the document.
+    // The dialog on the frame's units and the document; the settings store (may be null) is the
+    // one the command's Edit().Apply writes the units to.
     CDlgPreferences(CUnitSettings& units, ISettingsStore* store, const CLogbookDoc& doc, IMessageSink* messages,
                     QWidget* parent = nullptr);
 
@@ -60,8 +61,6 @@ private:
     void OnUnitsChanged(int index);
     void OnSpeedChanged(int index);
 
-    CUnitSettings& m_unitSettings;
-    ISettingsStore* m_store;
     IMessageSink* m_messages;
     IDialogRunner* m_runner = nullptr;
     CPreferencesEdit m_edit;
