@@ -1,10 +1,7 @@
 #include "app/CJumpListCtrl.h"
 
 #include "app/AppCommands.h"
-#include "app/CArtwork.h"
-#include "app/CDateText.h"
-#include "document/CLogbookDoc.h"
-#include "model/CJump.h"
+#include "app/CJumpTableModel.h"
 
 #include <QHeaderView>
 #include <QResizeEvent>
@@ -13,20 +10,9 @@
 
 #include <algorithm>
 
-namespace {
-
-constexpr int kJumpRole = Qt::UserRole;
-constexpr int kIconRole = Qt::UserRole + 1;
-
-} // namespace
-
-CJumpListCtrl::CJumpListCtrl(QWidget* parent) : QTreeWidget(parent)
+CJumpListCtrl::CJumpListCtrl(CJumpTableModel* model, QWidget* parent) : QTreeView(parent), m_model(model)
 {
     setObjectName(QStringLiteral("jumpList%1").arg(AppCommands::kListControlId));
-    m_icons = {
-        CArtwork::Icon(QStringLiteral("row_unsigned.svg")), CArtwork::Icon(QStringLiteral("row_unsigned_picture.svg")),
-        CArtwork::Icon(QStringLiteral("row_signed.svg")), CArtwork::Icon(QStringLiteral("row_signed_picture.svg"))};
-
     // A report list: no tree lines, whole rows selected, one at a time.
     setRootIsDecorated(false);
     setItemsExpandable(false);
@@ -37,137 +23,103 @@ CJumpListCtrl::CJumpListCtrl(QWidget* parent) : QTreeWidget(parent)
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     setIconSize(QSize(16, 16));
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-
-    setColumnCount(ColumnCount);
-    setHeaderLabels({tr("Jump"), tr("Date"), tr("Place")});
-    headerItem()->setTextAlignment(NumberColumn, Qt::AlignRight | Qt::AlignVCenter);
+    setModel(model);
+    ShowListColumns();
+    // The header forgets its hidden sections when the model starts afresh.
+    connect(model, &QAbstractItemModel::modelReset, this, &CJumpListCtrl::ShowListColumns);
     header()->setStretchLastSection(false);
     header()->setSectionsMovable(false);
-    setColumnWidth(NumberColumn, 55);
-    setColumnWidth(DateColumn, 60);
-    setColumnWidth(PlaceColumn, 94);
+    setColumnWidth(CJumpTableModel::NumberColumn, 55);
+    setColumnWidth(CJumpTableModel::DateColumn, 60);
+    setColumnWidth(CJumpTableModel::PlaceColumn, 94);
+
+    // A jump just added: selected and shown.
+    connect(model, &QAbstractItemModel::rowsInserted, this, [this](const QModelIndex&, int first, int last) {
+        if (first == last && isVisible())
+            ShowRow(first);
+    });
+    // Rows gone: the selection moves to the row that took the first one's place.
+    connect(model, &QAbstractItemModel::rowsRemoved, this, [this](const QModelIndex&, int first, int) {
+        if (RowCount() > 0)
+            ShowRow(std::min(first, RowCount() - 1));
+    });
 }
 
-int CJumpListCtrl::JumpIconIndex(const CJump& jump)
+void CJumpListCtrl::ShowListColumns()
 {
-    const bool picture = !jump.GetPictureName().empty();
-    return (jump.IsSigned() ? Signed : Unsigned) + (picture ? 1 : 0);
-}
-
-void CJumpListCtrl::Empty()
-{
-    clear();
-}
-
-void CJumpListCtrl::Fill(const CLogbookDoc& doc, bool unsignedOnly)
-{
-    setUpdatesEnabled(false);
-    clear();
-    QList<QTreeWidgetItem*> rows;
-    rows.reserve(static_cast<qsizetype>(doc.GetJumpCount()));
-    for (const auto& jump : doc.GetJumps()) {
-        if (unsignedOnly && jump->IsSigned())
-            continue;
-        auto* row = new QTreeWidgetItem;
-        WriteRow(row, *jump);
-        rows.append(row);
-    }
-    addTopLevelItems(rows);
+    for (int column = 0; column < CJumpTableModel::ColumnCount; ++column)
+        setColumnHidden(column, column != CJumpTableModel::NumberColumn && column != CJumpTableModel::DateColumn &&
+                                    column != CJumpTableModel::PlaceColumn);
     SizeColumns();
-    setUpdatesEnabled(true);
-    if (!rows.isEmpty())
-        scrollToItem(rows.back(), QAbstractItemView::PositionAtBottom);
 }
 
-void CJumpListCtrl::WriteRow(QTreeWidgetItem* row, const CJump& jump) const
+int CJumpListCtrl::RowCount() const
 {
-    const int icon = JumpIconIndex(jump);
-    row->setIcon(NumberColumn, m_icons[static_cast<std::size_t>(icon)]);
-    row->setData(NumberColumn, kIconRole, icon);
-    row->setData(NumberColumn, kJumpRole, QVariant::fromValue(static_cast<const void*>(&jump)));
-    row->setText(NumberColumn, QString::number(jump.GetNumber()));
-    row->setTextAlignment(NumberColumn, Qt::AlignRight | Qt::AlignVCenter);
-    row->setText(DateColumn, CDateText::ShortDate(jump.GetTimestamp().dateTime));
-    row->setText(PlaceColumn, QString::fromStdString(jump.GetPlace()));
-    // Long drop-zone names are cut at the column's edge; the tooltip shows them whole.
-    row->setToolTip(PlaceColumn, row->text(PlaceColumn));
+    return m_model->rowCount();
 }
 
-void CJumpListCtrl::InsertRow(int row, const CJump& jump)
+const CJump* CJumpListCtrl::JumpAt(int row) const
 {
-    auto* item = new QTreeWidgetItem;
-    WriteRow(item, jump);
-    insertTopLevelItem(row, item);
-    SizeColumns();
-    ShowRow(row);
+    return m_model->JumpAt(row);
 }
 
-void CJumpListCtrl::UpdateRow(int row)
+const CJump* CJumpListCtrl::SelectedJump() const
 {
-    QTreeWidgetItem* item = topLevelItem(row);
-    if (const CJump* jump = JumpAt(row))
-        WriteRow(item, *jump);
+    const QModelIndexList rows = selectionModel() ? selectionModel()->selectedRows() : QModelIndexList();
+    return rows.isEmpty() ? nullptr : JumpAt(rows.front().row());
 }
 
 int CJumpListCtrl::RowOf(const CJump* jump) const
 {
-    for (int row = topLevelItemCount() - 1; row >= 0; --row)
+    if (!jump)
+        return -1;
+    for (int row = 0; row < RowCount(); ++row)
         if (JumpAt(row) == jump)
             return row;
     return -1;
 }
 
-void CJumpListCtrl::ShowRow(int row)
-{
-    if (QTreeWidgetItem* item = topLevelItem(row)) {
-        setCurrentItem(item);
-        scrollToItem(item);
-    }
-}
-
-const CJump* CJumpListCtrl::JumpAt(int row) const
-{
-    const QTreeWidgetItem* item = topLevelItem(row);
-    return item ? static_cast<const CJump*>(item->data(NumberColumn, kJumpRole).value<const void*>()) : nullptr;
-}
-
-const CJump* CJumpListCtrl::SelectedJump() const
-{
-    const QList<QTreeWidgetItem*> selected = selectedItems();
-    if (selected.isEmpty())
-        return nullptr;
-    return JumpAt(indexOfTopLevelItem(selected.front()));
-}
-
 int CJumpListCtrl::IconIndexAt(int row) const
 {
-    const QTreeWidgetItem* item = topLevelItem(row);
-    return item ? item->data(NumberColumn, kIconRole).toInt() : -1;
+    return m_model->IconIndexAt(row);
 }
 
-bool CJumpListCtrl::RemoveJumpRow(const CJump* jump)
+QString CJumpListCtrl::TextAt(int row, int column) const
 {
-    const int row = RowOf(jump);
-    if (row < 0)
-        return false;
-    delete takeTopLevelItem(row);
-    return true;
+    return m_model->index(row, column).data().toString();
+}
+
+void CJumpListCtrl::ShowRow(int row)
+{
+    const QModelIndex index = m_model->index(row, CJumpTableModel::NumberColumn);
+    if (!index.isValid())
+        return;
+    setCurrentIndex(index);
+    scrollTo(index);
+}
+
+void CJumpListCtrl::ShowEnd()
+{
+    SizeColumns();
+    if (RowCount() > 0)
+        scrollTo(m_model->index(RowCount() - 1, 0), QAbstractItemView::PositionAtBottom);
 }
 
 void CJumpListCtrl::SizeColumns()
 {
-    resizeColumnToContents(NumberColumn);
-    resizeColumnToContents(DateColumn);
+    resizeColumnToContents(CJumpTableModel::NumberColumn);
+    resizeColumnToContents(CJumpTableModel::DateColumn);
     // The last column gets the list's client width minus the others, minus room for the
     // vertical scroll bar (the style's own width when that is wider), so that it never needs
     // a horizontal scroll bar whether or not the vertical one is shown.
     const int scrollBar = std::max(kScrollBarRoom, style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this));
-    const int rest = contentsRect().width() - columnWidth(NumberColumn) - columnWidth(DateColumn) - scrollBar;
-    setColumnWidth(PlaceColumn, std::max(rest, 20));
+    const int rest = contentsRect().width() - columnWidth(CJumpTableModel::NumberColumn) -
+                     columnWidth(CJumpTableModel::DateColumn) - scrollBar;
+    setColumnWidth(CJumpTableModel::PlaceColumn, std::max(rest, 20));
 }
 
 void CJumpListCtrl::resizeEvent(QResizeEvent* event)
 {
-    QTreeWidget::resizeEvent(event);
+    QTreeView::resizeEvent(event);
     SizeColumns();
 }

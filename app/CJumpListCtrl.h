@@ -1,77 +1,52 @@
 #pragma once
 
-#include <QIcon>
-#include <QTreeWidget>
-
-#include <array>
+#include <QTreeView>
 
 class CJump;
-class CLogbookDoc;
+class CJumpTableModel;
 
-// The list of jumps: one row per jump with an icon (signed or not, with or without picture)
-// and the columns "Jump", "Date" and "Place". Rows remember their jump.
-class CJumpListCtrl : public QTreeWidget
+// The touch layout's list of jumps: a view of the jump table showing the columns "Jump", "Date"
+// and "Place", each row with its icon (signed or not, with or without picture). Its model
+// decides whether it lists all jumps or those to be signed. A jump just added is selected and
+// scrolled into view; when rows go, the selection stays near where they were.
+class CJumpListCtrl : public QTreeView
 {
     Q_OBJECT
 
 public:
-    // Icon of a row, by signature and picture.
-    enum IconIndex
-    {
-        Unsigned = 0,
-        UnsignedPicture = 1,
-        Signed = 2,
-        SignedPicture = 3
-    };
-    // Columns in creation order.
-    enum Column
-    {
-        NumberColumn = 0,
-        DateColumn = 1,
-        PlaceColumn = 2,
-        ColumnCount = 3
-    };
     // The room left beside the last column for the vertical scroll bar, at least.
     static constexpr int kScrollBarRoom = 15;
 
-    // An empty list with its three columns and four icons.
-    explicit CJumpListCtrl(QWidget* parent = nullptr);
+    // A list on model (not owned), which outlives it.
+    explicit CJumpListCtrl(CJumpTableModel* model, QWidget* parent = nullptr);
 
-    // The icon a jump's row gets.
-    static int JumpIconIndex(const CJump& jump);
-
-    // Refills the list from the document's jumps in list order, only the unsigned ones when
-    // unsignedOnly is set; then sizes the columns and scrolls to the last row.
-    void Fill(const CLogbookDoc& doc, bool unsignedOnly);
-    // Removes every row.
-    void Empty();
-
+    CJumpTableModel* Model() const { return m_model; }
+    int RowCount() const;
     // The jump of a row, or null.
     const CJump* JumpAt(int row) const;
     // The jump of the selected row, or null.
     const CJump* SelectedJump() const;
-    // The icon index a row shows, or -1.
-    int IconIndexAt(int row) const;
-    // Removes the row of this jump; false when no row shows it.
-    bool RemoveJumpRow(const CJump* jump);
-    // Puts a row for jump at row, selected and in view (a jump just added).
-    void InsertRow(int row, const CJump& jump);
-    // Writes the row's icon and cells again from its jump (after the jump was edited).
-    void UpdateRow(int row);
     // The row of a jump, or -1.
     int RowOf(const CJump* jump) const;
+    // The icon index a row shows, or -1.
+    int IconIndexAt(int row) const;
+    // A cell's text.
+    QString TextAt(int row, int column) const;
     // Selects the row and scrolls it into view.
     void ShowRow(int row);
+    // Scrolls to the last row (a list just shown).
+    void ShowEnd();
 
     // Every column but the last fits its content; the last takes the rest of the width.
     void SizeColumns();
-    // Icon and cells of one jump.
-    void WriteRow(QTreeWidgetItem* row, const CJump& jump) const;
 
 protected:
     // Resizes the last column with the list.
     void resizeEvent(QResizeEvent* event) override;
 
 private:
-    std::array<QIcon, 4> m_icons;
+    // Only "Jump", "Date" and "Place" are shown.
+    void ShowListColumns();
+
+    CJumpTableModel* m_model;
 };

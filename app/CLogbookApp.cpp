@@ -69,7 +69,7 @@ bool CLogbookApp::InitInstance(const QStringList& arguments)
     if (m_ownFiles)
         m_ownFiles->SetParent(m_frame.get());
     if (const QScreen* screen = QGuiApplication::primaryScreen())
-        m_frame->resize(QSize(400, 640).boundedTo(screen->availableSize()));
+        m_frame->PlaceOnScreen(screen->availableGeometry());
 
     // 4. The logbook of the command line, else the one used last.
     LoadStartLogbook(arguments);

@@ -19,8 +19,9 @@ class QPoint;
 class QWidget;
 
 // The commands of the window: the File commands (New, Open, Save, Save as) and the jump
-// commands (New jump, View/Change, Show picture, Delete, a tap on a row) on the frame's document,
-// with the view showing the results.
+// commands (New jump, View/Change, Show picture, Delete, a tap on a row) on the frame's document.
+// A jump command runs its dialog and hands the result to the document; the view follows the
+// document by itself.
 class CLogbookCommands : public QObject
 {
     Q_OBJECT
@@ -85,7 +86,8 @@ public slots:
     void OnJumpView();
     // Shows the selected jump's picture when it is a picture inside the logbook's folder.
     void OnJumpShowPicture();
-    // Deletes the selected jump after a Yes to message 5007 (jump list only).
+    // Deletes the selected jumps after a Yes: message 5007 for one, a count for several (the
+    // touch layout's jump list or the desktop table).
     void OnJumpDelete();
     // A tap on a row: the editor on that jump; from the sign list it opens on the signature.
     void OnRowActivated(int row);
@@ -103,11 +105,9 @@ signals:
 private:
     // Runs the jump editor on jump (null: a new jump), starting on page; prepare, when given,
     // adjusts the editor before its pages are filled. True after an OK that changed the logbook.
-    bool EditJump(CJump* jump, int page, const std::function<void(CDlgJump&)>& prepare = {});
-    // Puts the jump the editor just added into a list on screen and updates the view.
-    void ShowAddedJump();
+    bool EditJump(const CJump* jump, int page, const std::function<void(CDlgJump&)>& prepare = {});
     // Reads a track chosen by the user into the editor on target (null: a new jump).
-    void ImportTrack(CJump* target);
+    void ImportTrack(const CJump* target);
     QString StartFolder() const;
     // The file New proposes: "Logbook.tvz" beside the open logbook or in the documents folder.
     QString NewLogbookProposal() const;
@@ -122,8 +122,6 @@ private:
     CAppServices m_services;
     CLogbookView& m_view;
     QWidget* m_window;
-    // The jump the last run of the editor added, or null.
-    const CJump* m_lastAdded = nullptr;
     CBackgroundSaver* m_saver = nullptr;
     CLogbookLock m_lock;
 };

@@ -3,7 +3,6 @@
 
 #include "app/CLogbookCommands.h"
 
-#include "app/CJumpListCtrl.h"
 #include "app/CLogbookView.h"
 #include "app/IFileChooser.h"
 #include "bridge/CorePaths.h"
@@ -57,14 +56,12 @@ void CLogbookCommands::OnJumpImportTrack()
 
 void CLogbookCommands::OnJumpImportTrackInto()
 {
-    if (m_view.GetViewMode() != CLogbookView::ViewMode::JumpList)
-        return;
-    CJump* jump = const_cast<CJump*>(m_view.GetList()->SelectedJump());
+    const CJump* jump = m_view.SelectedJump();
     if (CanAddTrack(jump))
         ImportTrack(jump);
 }
 
-void CLogbookCommands::ImportTrack(CJump* target)
+void CLogbookCommands::ImportTrack(const CJump* target)
 {
     if (!m_services.files)
         return;
@@ -92,22 +89,5 @@ void CLogbookCommands::ImportTrack(CJump* target)
     const auto take = [&imported](CDlgJump& dialog) {
         dialog.Edit().TakeImport(imported.jump.recording, imported.jump.fallrate, imported.jump.exitTime);
     };
-    if (!target) {
-        const std::size_t before = m_doc.GetJumpCount();
-        if (EditJump(nullptr, CJumpEdit::PageDetails, take) && m_doc.GetJumpCount() == before + 1)
-            ShowAddedJump();
-        return;
-    }
-    CJumpListCtrl* list = m_view.GetList();
-    const int number = target->GetNumber();
-    if (!EditJump(target, CJumpEdit::PageDetails, take))
-        return;
-    if (target->GetNumber() == number) {
-        list->UpdateRow(list->RowOf(target));
-    } else {
-        list->Fill(m_doc, false);
-        list->ShowRow(list->RowOf(target));
-    }
-    m_view.UpdateButtons();
-    emit stateChanged();
+    EditJump(target, CJumpEdit::PageDetails, take);
 }

@@ -19,12 +19,11 @@
 
 #include <QMenu>
 
-#include <algorithm>
 #include <filesystem>
 
 using ViewMode = CLogbookView::ViewMode;
 
-bool CLogbookCommands::EditJump(CJump* jump, int page, const std::function<void(CDlgJump&)>& prepare)
+bool CLogbookCommands::EditJump(const CJump* jump, int page, const std::function<void(CDlgJump&)>& prepare)
 {
     if (!m_view.IsLogbookOpen())
         return false;
@@ -38,125 +37,51 @@ bool CLogbookCommands::EditJump(CJump* jump, int page, const std::function<void(
     dialog.StartOnPage(page);
     if (RunDialog(m_services.dialogs, dialog) != QDialog::Accepted)
         return false;
+    // The editor wrote through the document, which the lists, summary and buttons follow; a
+    // failure was shown by the editor.
     const CJumpEdit::ApplyResult& result = dialog.Result();
-    m_lastAdded = jump ? nullptr : result.jump;
-    if (!result.ok) {
-        // The editor showed what went wrong; the totals and list show what the logbook holds.
-        m_view.SetViewMode(m_view.GetViewMode() == ViewMode::Empty ? ViewMode::Empty : ViewMode::Home);
-        return false;
-    }
-    return result.changed;
+    return result.ok && result.changed;
 }
 
 void CLogbookCommands::OnJumpNew()
 {
-    const std::size_t before = m_doc.GetJumpCount();
-    if (EditJump(nullptr, CJumpEdit::PageDetails) && m_doc.GetJumpCount() == before + 1)
-        ShowAddedJump();
-}
-
-void CLogbookCommands::ShowAddedJump()
-{
-    // The new jump shows in the summary, in a list that is on screen, and in the buttons. Its
-    // row goes where the jump went, so that a long list is not built again.
-    const ViewMode mode = m_view.GetViewMode();
-    if (mode == ViewMode::JumpList || mode == ViewMode::SignList) {
-        const auto& jumps = m_doc.GetJumps();
-        const CJump* added = nullptr;
-        int row = 0;
-        for (const auto& jump : jumps) {
-            if (jump.get() == m_lastAdded) {
-                added = jump.get();
-                break;
-            }
-            if (mode == ViewMode::JumpList || !jump->IsSigned())
-                ++row;
-        }
-        // A jump signed in the editor has no row in the list of jumps to be signed.
-        if (added && (mode == ViewMode::JumpList || !added->IsSigned()))
-            m_view.GetList()->InsertRow(row, *added);
-    }
-    m_view.SetViewMode(mode);
+    EditJump(nullptr, CJumpEdit::PageDetails);
 }
 
 void CLogbookCommands::OnJumpView()
 {
-    if (m_view.GetViewMode() != ViewMode::JumpList)
-        return;
-    const CJumpListCtrl* list = m_view.GetList();
-    if (const CJump* jump = list->SelectedJump())
-        OnRowActivated(list->RowOf(jump));
+    if (const CJump* jump = m_view.SelectedJump())
+        EditJump(jump, CJumpEdit::PageDetails);
 }
 
 void CLogbookCommands::OnRowActivated(int row)
 {
     const ViewMode mode = m_view.GetViewMode();
-    CJumpListCtrl* list = m_view.GetList();
-    CJump* jump = const_cast<CJump*>(list->JumpAt(row));
-    if (!jump || (mode != ViewMode::JumpList && mode != ViewMode::SignList))
+    if (m_view.IsDesktopLayout() || (mode != ViewMode::JumpList && mode != ViewMode::SignList))
         return;
-    const bool signing = mode == ViewMode::SignList;
-    const int number = jump->GetNumber();
-    if (!EditJump(jump, signing ? CJumpEdit::PageSignature : CJumpEdit::PageDetails))
-        return;
-
-    if (!signing) {
-        // A new number may move the jump; otherwise only its row changes.
-        if (jump->GetNumber() == number) {
-            list->UpdateRow(row);
-        } else {
-            list->Fill(m_doc, false);
-            list->ShowRow(list->RowOf(jump));
-        }
-        m_view.UpdateButtons();
-        emit stateChanged();
-        return;
-    }
-    if (!jump->IsSigned()) {
-        list->UpdateRow(row);
-        m_view.UpdateButtons();
-        emit stateChanged();
-        return;
-    }
-    const auto& jumps = m_doc.GetJumps();
-    if (std::none_of(jumps.begin(), jumps.end(), [](const auto& each) { return !each->IsSigned(); })) {
-        m_view.SetViewMode(ViewMode::Home);
-        return;
-    }
-    list->Fill(m_doc, true);
-    list->ShowRow(std::min(row, list->topLevelItemCount() - 1));
-    m_view.UpdateButtons();
-    emit stateChanged();
+    if (const CJump* jump = m_view.GetList()->JumpAt(row))
+        EditJump(jump, mode == ViewMode::SignList ? CJumpEdit::PageSignature : CJumpEdit::PageDetails);
 }
 
 void CLogbookCommands::OnJumpDelete()
 {
-    if (m_view.GetViewMode() != ViewMode::JumpList)
+    const std::vector<std::size_t> indexes = m_view.SelectedJumpIndexes();
+    if (indexes.empty())
         return;
-    CJumpListCtrl* list = m_view.GetList();
-    const CJump* jump = list->SelectedJump();
-    const int index = m_doc.IndexOf(jump);
-    if (!jump || index < 0)
+    const QString question =
+        indexes.size() == 1
+            ? MessageText::Format(StringTable::IDS_DELETE_JUMP, QString::number(m_doc.GetJump(indexes[0]).GetNumber()))
+            : tr("Do you want to delete these %1 jumps?").arg(indexes.size());
+    if (!m_services.messages->AskYesNo(question))
         return;
-    if (!m_services.messages->AskYesNo(
-            MessageText::Format(StringTable::IDS_DELETE_JUMP, QString::number(jump->GetNumber()))))
-        return;
-    // The row goes first: it refers to the jump that the document is about to destroy.
-    list->RemoveJumpRow(jump);
-    m_doc.RemoveJump(static_cast<std::size_t>(index));
-    if (list->topLevelItemCount() == 0) {
-        m_view.SetViewMode(ViewMode::Home);
-        return;
-    }
-    m_view.UpdateButtons();
-    emit stateChanged();
+    m_doc.RemoveJumps(indexes);
 }
 
 void CLogbookCommands::OnJumpShowPicture()
 {
-    if (m_view.GetViewMode() != ViewMode::JumpList || !m_services.viewer)
+    if (!m_services.viewer)
         return;
-    const CJump* jump = m_view.GetList()->SelectedJump();
+    const CJump* jump = m_view.SelectedJump();
     if (!jump)
         return;
     const std::string name = jump->GetPictureName();
@@ -175,7 +100,7 @@ QMenu* CLogbookCommands::CreateContextMenu(QWidget* parent)
 {
     auto* menu = new QMenu(parent);
     menu->setObjectName(QStringLiteral("jumpContextMenu"));
-    const CJump* jump = m_view.GetList()->SelectedJump();
+    const CJump* jump = m_view.SelectedJump();
     const auto add = [&](const QString& text, const char* name, int command, bool enabled) {
         QAction* action = menu->addAction(text, this, [this, command] { Execute(command); });
         action->setObjectName(QString::fromLatin1(name));
@@ -194,7 +119,7 @@ QMenu* CLogbookCommands::CreateContextMenu(QWidget* parent)
 
 void CLogbookCommands::OnContextMenu(const QPoint& globalPosition)
 {
-    if (m_view.GetViewMode() != ViewMode::JumpList)
+    if (!m_view.SelectedJump())
         return;
     QMenu* menu = CreateContextMenu(m_window);
     menu->setAttribute(Qt::WA_DeleteOnClose);

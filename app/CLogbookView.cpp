@@ -2,8 +2,10 @@
 
 #include "app/AppCommands.h"
 #include "app/CArtwork.h"
+#include "app/CDesktopPane.h"
 #include "app/CJumpListCtrl.h"
 #include "app/CLicenceStatusPane.h"
+#include "app/CJumpTableModel.h"
 #include "app/CSummaryPane.h"
 #include "document/CLogbookDoc.h"
 #include "document/IClock.h"
@@ -14,12 +16,9 @@
 #include <QPainter>
 #include <QResizeEvent>
 #include <QStyle>
+#include <QTableView>
 
 #include <algorithm>
-
-namespace {
-
-} // namespace
 
 CLogbookView::CLogbookView(CLogbookDoc& doc, const CUnitSettings& units, const CAppServices& services, QWidget* parent)
     : QWidget(parent), m_doc(doc), m_units(units), m_services(services)
@@ -78,22 +77,44 @@ CLogbookView::CLogbookView(CLogbookDoc& doc, const CUnitSettings& units, const C
     homeLayout->addStretch(2);
     m_outer->addWidget(m_homePage, 1);
 
-    m_list = new CJumpListCtrl(this);
+    // The models observe the document before the view does, so that the view sees the lists
+    // already changed.
+    m_listModel = new CJumpTableModel(doc, units, CJumpTableModel::Filter::NoJumps, this);
+    m_list = new CJumpListCtrl(m_listModel, this);
     m_list->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(m_list, &QWidget::customContextMenuRequested, this, &CLogbookView::ShowListContextMenu);
     // A tap on a row, Enter or a double-click opens the jump editor on it.
-    connect(m_list, &QTreeWidget::itemClicked, this, [this](QTreeWidgetItem* item) {
+    connect(m_list, &QAbstractItemView::clicked, this, [this](const QModelIndex& index) {
         // Where the style activates a row on a single click, the click is reported as activated
         // as well: it opens the editor once, not twice.
         if (!m_list->style()->styleHint(QStyle::SH_ItemView_ActivateItemOnSingleClick, nullptr, m_list))
-            emit rowActivated(m_list->indexOfTopLevelItem(item));
+            emit rowActivated(index.row());
     });
-    connect(m_list, &QTreeWidget::itemActivated, this,
-            [this](QTreeWidgetItem* item) { emit rowActivated(m_list->indexOfTopLevelItem(item)); });
+    connect(m_list, &QAbstractItemView::activated, this,
+            [this](const QModelIndex& index) { emit rowActivated(index.row()); });
+    connect(m_list->selectionModel(), &QItemSelectionModel::currentRowChanged, this, &CLogbookView::stateChanged);
     m_outer->addWidget(m_list, 1);
+
+    m_tableModel = new CJumpTableModel(doc, units, CJumpTableModel::Filter::AllJumps, this);
+    m_desktop = new CDesktopPane(m_tableModel, services.settings, this);
+    m_desktop->Table()->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(m_desktop->Table(), &QWidget::customContextMenuRequested, this, [this](const QPoint& position) {
+        if (m_desktop->CurrentJump())
+            emit contextMenuRequested(m_desktop->Table()->viewport()->mapToGlobal(position));
+    });
+    connect(m_desktop, &CDesktopPane::editRequested, this,
+            [this] { emit commandRequested(AppCommands::ID_JUMP_VIEW); });
+    connect(m_desktop, &CDesktopPane::selectionChanged, this, &CLogbookView::stateChanged);
+    m_outer->addWidget(m_desktop, 1);
+    m_doc.AddObserver(this);
 
     ApplyIconSizes();
     SetViewMode(ViewMode::Empty);
+}
+
+CLogbookView::~CLogbookView()
+{
+    m_doc.RemoveObserver(this);
 }
 
 QToolButton* CLogbookView::MakePictureButton(const QString& name, const QString& art, const QString& tip, int command)
@@ -146,18 +167,27 @@ bool CLogbookView::IsLogbookOpen() const
 
 void CLogbookView::SetViewMode(ViewMode mode)
 {
-    const bool wasList = m_mode == ViewMode::JumpList || m_mode == ViewMode::SignList;
-    if (wasList && mode != m_mode)
-        m_list->Empty();
+    // Leaving a list empties it.
+    if (mode != ViewMode::JumpList && mode != ViewMode::SignList)
+        m_listModel->SetFilter(CJumpTableModel::Filter::NoJumps);
     m_mode = mode;
-
-    const bool list = mode == ViewMode::JumpList || mode == ViewMode::SignList;
-    const bool home = mode == ViewMode::Home;
     if (mode == ViewMode::Empty)
         CreateStartButtons();
+    ApplyLayout();
+    UpdateButtons();
+    update();
+    emit stateChanged();
+}
+
+void CLogbookView::ApplyLayout()
+{
+    const ViewMode mode = m_mode;
+    const bool desktop = m_desktopLayout && mode != ViewMode::Empty;
+    const bool list = !desktop && (mode == ViewMode::JumpList || mode == ViewMode::SignList);
+    const bool home = !desktop && mode == ViewMode::Home;
     if (m_startPanel)
         m_startPanel->setVisible(mode == ViewMode::Empty);
-    m_buttonBar->setVisible(mode != ViewMode::Empty);
+    m_buttonBar->setVisible(!desktop && mode != ViewMode::Empty);
     m_homeButton->setVisible(list);
     m_newJumpButton->setVisible(home);
     m_signListButton->setVisible(home);
@@ -168,15 +198,89 @@ void CLogbookView::SetViewMode(ViewMode mode)
     m_homePage->setVisible(home);
     m_summary->setVisible(home && IsLogbookOpen());
     m_licenceStatus->setVisible(home && IsLogbookOpen());
-    if (home) {
-        m_summary->SetSummary(CSummaryRows::Build(m_doc, m_units));
-        const CDateTime today = m_services.clock ? m_services.clock->Today() : CSystemClock().Today();
-        m_licenceStatus->SetStatus(CLicenceStatus::OfDocument(m_doc, today));
-    }
+    m_desktop->setVisible(desktop);
+    ShowSummaries(home, desktop);
+}
 
+void CLogbookView::ShowSummaries(bool home, bool desktop)
+{
+    if (!home && !desktop)
+        return;
+    const CSummaryRows::Rows rows = CSummaryRows::Build(m_doc, m_units);
+    const CDateTime today = m_services.clock ? m_services.clock->Today() : CSystemClock().Today();
+    const CLicenceStatus status = CLicenceStatus::OfDocument(m_doc, today);
+    if (home) {
+        m_summary->SetSummary(rows);
+        m_licenceStatus->SetStatus(status);
+    }
+    if (desktop) {
+        m_desktop->Summary()->SetSummary(rows);
+        m_desktop->LicenceStatus()->SetStatus(status);
+    }
+}
+
+bool CLogbookView::HasJumpSelection() const
+{
+    return m_desktopLayout ? m_mode != ViewMode::Empty : m_mode == ViewMode::JumpList;
+}
+
+const CJump* CLogbookView::SelectedJump() const
+{
+    if (!HasJumpSelection())
+        return nullptr;
+    return m_desktopLayout ? m_desktop->CurrentJump() : m_list->SelectedJump();
+}
+
+std::vector<std::size_t> CLogbookView::SelectedJumpIndexes() const
+{
+    if (m_desktopLayout)
+        return HasJumpSelection() ? m_desktop->SelectedJumpIndexes() : std::vector<std::size_t>();
+    const int index = m_doc.IndexOf(SelectedJump());
+    return index < 0 ? std::vector<std::size_t>() : std::vector<std::size_t>{static_cast<std::size_t>(index)};
+}
+
+void CLogbookView::UnitsChanged()
+{
+    m_listModel->UnitsChanged();
+    m_tableModel->UnitsChanged();
+    FollowDocument();
+}
+
+void CLogbookView::FollowDocument()
+{
+    const bool list = m_mode == ViewMode::JumpList || m_mode == ViewMode::SignList;
+    if (list && m_list->RowCount() == 0) {
+        SetViewMode(ViewMode::Home);
+        return;
+    }
+    ShowSummaries(m_mode == ViewMode::Home && !m_desktopLayout, m_desktopLayout && m_mode != ViewMode::Empty);
     UpdateButtons();
-    update();
     emit stateChanged();
+}
+
+void CLogbookView::JumpsInserted(std::size_t, std::size_t)
+{
+    FollowDocument();
+}
+
+void CLogbookView::JumpsChanged(std::size_t, std::size_t)
+{
+    FollowDocument();
+}
+
+void CLogbookView::JumpsRemoved(std::size_t, std::size_t)
+{
+    FollowDocument();
+}
+
+void CLogbookView::SettingsChanged()
+{
+    FollowDocument();
+}
+
+void CLogbookView::LogbookReset()
+{
+    FollowDocument();
 }
 
 void CLogbookView::Refresh()
@@ -186,9 +290,11 @@ void CLogbookView::Refresh()
 
 void CLogbookView::UpdateButtons()
 {
-    const auto& jumps = m_doc.GetJumps();
+    const CJumpRange jumps = m_doc.GetJumps();
+    // From the end: the jumps still to be signed are mostly the latest.
     const bool anyUnsigned =
-        std::any_of(jumps.begin(), jumps.end(), [](const auto& jump) { return !jump->IsSigned(); });
+        std::any_of(std::make_reverse_iterator(jumps.end()), std::make_reverse_iterator(jumps.begin()),
+                    [](const CJump* jump) { return !jump->IsSigned(); });
     m_homeButton->setEnabled(true);
     m_newJumpButton->setEnabled(true);
     m_signListButton->setEnabled(anyUnsigned);
@@ -205,26 +311,28 @@ void CLogbookView::OnViewJumpList()
 {
     if (!IsLogbookOpen())
         return;
+    m_listModel->SetFilter(CJumpTableModel::Filter::AllJumps);
     SetViewMode(ViewMode::JumpList);
-    m_list->Fill(m_doc, false);
+    m_list->ShowEnd();
 }
 
 void CLogbookView::OnViewSignList()
 {
     if (!IsLogbookOpen())
         return;
+    m_listModel->SetFilter(CJumpTableModel::Filter::UnsignedJumps);
     SetViewMode(ViewMode::SignList);
-    m_list->Fill(m_doc, true);
+    m_list->ShowEnd();
 }
 
 void CLogbookView::ShowListContextMenu(const QPoint& position)
 {
     if (m_mode != ViewMode::JumpList)
         return;
-    QTreeWidgetItem* item = m_list->itemAt(position);
-    if (!item)
+    const QModelIndex index = m_list->indexAt(position);
+    if (!index.isValid())
         return;
-    m_list->setCurrentItem(item);
+    m_list->ShowRow(index.row());
     emit contextMenuRequested(m_list->viewport()->mapToGlobal(position));
 }
 
@@ -260,6 +368,13 @@ void CLogbookView::ApplyIconSizes()
 void CLogbookView::resizeEvent(QResizeEvent* event)
 {
     QWidget::resizeEvent(event);
+    const bool desktop = event->size().width() >= kDesktopWidth;
+    if (desktop != m_desktopLayout) {
+        m_desktopLayout = desktop;
+        ApplyLayout();
+        UpdateButtons();
+        emit stateChanged();
+    }
     const bool landscape = event->size().width() == kLandscapeWidth;
     if (landscape != m_landscape) {
         m_landscape = landscape;
@@ -279,7 +394,7 @@ void CLogbookView::resizeEvent(QResizeEvent* event)
 void CLogbookView::paintEvent(QPaintEvent* event)
 {
     QWidget::paintEvent(event);
-    if (m_mode != ViewMode::Home || !IsLogbookOpen())
+    if (m_mode != ViewMode::Home || m_desktopLayout || !IsLogbookOpen())
         return;
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);

@@ -1,23 +1,32 @@
 #pragma once
 
 #include "app/CAppServices.h"
+#include "document/ILogbookObserver.h"
 
 #include <QBoxLayout>
 #include <QToolButton>
 #include <QWidget>
 
+#include <vector>
+
 class CLogbookDoc;
 class CUnitSettings;
+class CJump;
 class CJumpListCtrl;
 class CLicenceStatusPane;
+class CJumpTableModel;
+class CDesktopPane;
 class CSummaryPane;
 class QMenu;
 
-// The program's only view. By mode it shows the New/Open start buttons (no logbook open), the
-// home page with its picture buttons over the logbook summary, the list of all jumps, or the
-// list of the jumps still to be signed. The commands its buttons and rows ask for are carried
-// out by CLogbookCommands.
-class CLogbookView : public QWidget
+// The program's only view. On a handheld's screen (the touch layout) it shows by mode the
+// New/Open start buttons (no logbook open), the home page with its picture buttons over the
+// logbook summary, the list of all jumps, or the list of the jumps still to be signed. A window
+// at least kDesktopWidth wide shows the desktop layout instead: the table of jumps with the
+// summary and the selected jump's details. Lists, table, summary and buttons follow the document
+// by themselves (it tells the view and the table models of every change). The commands its
+// buttons and rows ask for are carried out by CLogbookCommands.
+class CLogbookView : public QWidget, public ILogbookObserver
 {
     Q_OBJECT
 
@@ -32,9 +41,12 @@ public:
     };
     // A client width of exactly this many pixels selects the landscape layout.
     static constexpr int kLandscapeWidth = 320;
+    // From this width on the view shows the desktop layout.
+    static constexpr int kDesktopWidth = 600;
 
     // The view of the frame's document, in mode Empty until the first refresh.
     CLogbookView(CLogbookDoc& doc, const CUnitSettings& units, const CAppServices& services, QWidget* parent = nullptr);
+    ~CLogbookView() override;
 
     // The current mode.
     ViewMode GetViewMode() const { return m_mode; }
@@ -48,12 +60,34 @@ public:
     void Refresh();
     // Recomputes the enabled state of the picture buttons.
     void UpdateButtons();
+    // The display units changed: lists, table, details and summary show the new ones.
+    void UnitsChanged();
 
-    // The list control and the summary, for the frame and for tests.
+    // True while the desktop layout is shown.
+    bool IsDesktopLayout() const { return m_desktopLayout; }
+    // True where the jump commands find a selection: the desktop table or the touch jump list.
+    bool HasJumpSelection() const;
+    // The selected jump (the current row of the desktop table, the touch jump list's row), or null.
+    const CJump* SelectedJump() const;
+    // The document positions of every selected jump, ascending.
+    std::vector<std::size_t> SelectedJumpIndexes() const;
+
+    // The touch list, the home page's summary, the desktop pane and the models, for the frame
+    // and for tests.
     CJumpListCtrl* GetList() const { return m_list; }
     CSummaryPane* GetSummary() const { return m_summary; }
     // Licence progress and currency under the summary.
     CLicenceStatusPane* GetLicenceStatus() const { return m_licenceStatus; }
+    CDesktopPane* GetDesktop() const { return m_desktop; }
+    CJumpTableModel* GetTableModel() const { return m_tableModel; }
+    CJumpTableModel* GetListModel() const { return m_listModel; }
+
+    // What the document tells: the summary, the buttons and the mode follow.
+    void JumpsInserted(std::size_t first, std::size_t count) override;
+    void JumpsChanged(std::size_t first, std::size_t count) override;
+    void JumpsRemoved(std::size_t first, std::size_t count) override;
+    void SettingsChanged() override;
+    void LogbookReset() override;
 
     // The view arranges itself for the handheld's 240x320 and 320x240 and anything larger, so it
     // never holds the window above that (its portrait rule alone would at 320x240).
@@ -89,12 +123,19 @@ private:
     void ApplyOrientation();
     void ApplyIconSizes();
     void ShowListContextMenu(const QPoint& position);
+    // Shows the touch controls of the mode or the desktop pane.
+    void ApplyLayout();
+    // After a change of the document: summary, buttons, and Home when a list has emptied.
+    void FollowDocument();
+    // The summary and the licence status of the home page, of the desktop pane, or of both.
+    void ShowSummaries(bool home, bool desktop);
 
     CLogbookDoc& m_doc;
     const CUnitSettings& m_units;
     CAppServices m_services;
     ViewMode m_mode = ViewMode::Empty;
     bool m_landscape = false;
+    bool m_desktopLayout = false;
 
     QBoxLayout* m_outer = nullptr;
     QWidget* m_buttonBar = nullptr;
@@ -114,5 +155,8 @@ private:
     QWidget* m_homePage = nullptr;
     CSummaryPane* m_summary = nullptr;
     CLicenceStatusPane* m_licenceStatus = nullptr;
+    CJumpTableModel* m_listModel = nullptr;
     CJumpListCtrl* m_list = nullptr;
+    CJumpTableModel* m_tableModel = nullptr;
+    CDesktopPane* m_desktop = nullptr;
 };

@@ -3,6 +3,7 @@
 #include "app/AppCommands.h"
 #include "app/CArtwork.h"
 #include "app/CDateText.h"
+#include "app/CDesktopPane.h"
 #include "app/CJumpListCtrl.h"
 #include "app/CLogbookCommands.h"
 #include "app/CLogbookView.h"
@@ -21,9 +22,13 @@
 #include <QCloseEvent>
 #include <QFileInfo>
 #include <QMenuBar>
+#include <QStyle>
 #include <QToolBar>
 
 namespace {
+
+constexpr std::string_view kWindowSection = "Window";
+constexpr std::string_view kGeometryValue = "Geometry";
 
 CUnitSettings LoadUnits(const CAppServices& services)
 {
@@ -147,6 +152,19 @@ void CMainFrame::CreateMenuAndCommandBar()
     m_commandBar->addAction(m_jumpNewAction);
     m_commandBar->addSeparator();
     m_commandBar->addAction(m_aboutAction);
+
+    // The desktop's tool bar: the jump commands that act on the table's selection.
+    m_jumpBar = addToolBar(tr("Jumps"));
+    m_jumpBar->setObjectName(QStringLiteral("jumpBar"));
+    m_jumpBar->setMovable(false);
+    m_jumpBar->setFloatable(false);
+    m_jumpBar->setToolButtonStyle(Qt::ToolButtonTextOnly);
+    m_jumpBar->setContextMenuPolicy(Qt::PreventContextMenu);
+    m_jumpBar->addAction(m_jumpImportAction);
+    m_jumpBar->addAction(m_jumpChangeAction);
+    m_jumpBar->addAction(m_jumpAddTrackAction);
+    m_jumpBar->addAction(m_jumpDeleteAction);
+    m_jumpBar->setVisible(false);
 }
 
 void CMainFrame::CreateSettingsCommands()
@@ -188,20 +206,8 @@ void CMainFrame::CreateSettingsCommands()
 
 void CMainFrame::OnSettingsChanged()
 {
-    // The mode stays; its contents are drawn again with the new values and units.
-    switch (m_view->GetViewMode()) {
-    case CLogbookView::ViewMode::JumpList:
-        m_view->OnViewJumpList();
-        break;
-    case CLogbookView::ViewMode::SignList:
-        m_view->OnViewSignList();
-        break;
-    case CLogbookView::ViewMode::Home:
-        m_view->SetViewMode(CLogbookView::ViewMode::Home);
-        break;
-    case CLogbookView::ViewMode::Empty:
-        break;
-    }
+    // The document has told the view of changed values; the units are the frame's own.
+    m_view->UnitsChanged();
     UpdateCommands();
 }
 
@@ -212,13 +218,13 @@ void CMainFrame::UpdateCommands()
     m_saveAsAction->setEnabled(m_commands->CanSaveAs());
     m_jumpNewAction->setEnabled(open);
     m_jumpImportAction->setEnabled(open);
-    const bool listed = m_view->GetViewMode() == CLogbookView::ViewMode::JumpList;
-    const CJump* selected = listed ? m_view->GetList()->SelectedJump() : nullptr;
+    const CJump* selected = m_view->SelectedJump();
     m_jumpViewAction->setEnabled(selected != nullptr);
     m_jumpChangeAction->setEnabled(selected != nullptr);
     m_jumpAddTrackAction->setEnabled(CLogbookCommands::CanAddTrack(selected));
     m_jumpPictureAction->setEnabled(selected && !selected->GetPictureName().empty());
-    m_jumpDeleteAction->setEnabled(selected != nullptr);
+    m_jumpDeleteAction->setEnabled(!m_view->SelectedJumpIndexes().empty());
+    m_jumpBar->setVisible(m_view->IsDesktopLayout() && open);
     // The program's own commands (About and the settings dialogs) are offered only while a
     // logbook is open.
     m_aboutAction->setEnabled(open);
@@ -271,5 +277,30 @@ void CMainFrame::closeEvent(QCloseEvent* event)
         event->ignore();
         return;
     }
+    SaveWindowLayout();
     event->accept();
+}
+
+void CMainFrame::PlaceOnScreen(const QRect& available)
+{
+    if (available.width() < kDesktopScreenWidth) {
+        resize(QSize(400, 640).boundedTo(available.size()));
+        return;
+    }
+    const QByteArray geometry = m_services.settings
+                                    ? QByteArray::fromBase64(QByteArray::fromStdString(
+                                          m_services.settings->GetString(kWindowSection, kGeometryValue, "")))
+                                    : QByteArray();
+    if (!geometry.isEmpty() && restoreGeometry(geometry))
+        return;
+    const QSize size = available.size() * 0.8;
+    setGeometry(QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, size, available));
+}
+
+void CMainFrame::SaveWindowLayout() const
+{
+    if (!m_services.settings)
+        return;
+    m_services.settings->SetString(kWindowSection, kGeometryValue, saveGeometry().toBase64().toStdString());
+    m_view->GetDesktop()->SaveLayout();
 }

@@ -37,6 +37,16 @@ public:
     const CUnitSettings& GetUnits() const { return m_units; }
     // The command bar with the File commands for the touch user.
     QToolBar* GetCommandBar() const { return m_commandBar; }
+    // The desktop layout's tool bar with the jump commands.
+    QToolBar* GetJumpBar() const { return m_jumpBar; }
+
+    // Screens at least this wide get a desktop-sized window.
+    static constexpr int kDesktopScreenWidth = 1000;
+    // Sizes the window for a screen's available area: on a handheld 400x640 (bounded by the
+    // screen); on a desktop where the user left it, or the first time 80% of the screen, centred.
+    void PlaceOnScreen(const QRect& available);
+    // Keeps the window's geometry and the desktop layout in the settings store.
+    void SaveWindowLayout() const;
 
     // Shows the due reminders, membership first, then each due rig; nothing without a logbook.
     void CheckReminders();
@@ -67,6 +77,7 @@ private:
     CLogbookView* m_view = nullptr;
     CLogbookCommands* m_commands = nullptr;
     QToolBar* m_commandBar = nullptr;
+    QToolBar* m_jumpBar = nullptr;
 
     QAction* m_newAction = nullptr;
     QAction* m_openAction = nullptr;

@@ -19,10 +19,8 @@ bool CSettingsCommands::IsAvailable() const
     return m_doc.HasPath();
 }
 
-void CSettingsCommands::Accepted(bool logbookChanged)
+void CSettingsCommands::Accepted()
 {
-    if (logbookChanged)
-        m_doc.SetModified(true);
     emit changed();
 }
 
@@ -30,11 +28,15 @@ bool CSettingsCommands::OnUserProfile()
 {
     if (!IsAvailable())
         return false;
-    CDlgUser dialog(m_doc.GetSettings(), m_services.messages, m_parent);
+    // The dialog edits a copy; the document takes it on OK.
+    CLogbookSettings settings = m_doc.GetSettings();
+    CDlgUser dialog(settings, m_services.messages, m_parent);
     dialog.SetDialogRunner(m_services.dialogs);
     if (RunDialog(m_services.dialogs, dialog) != QDialog::Accepted)
         return false;
-    Accepted(dialog.Changed());
+    if (dialog.Changed())
+        m_doc.ReplaceSettings(settings);
+    Accepted();
     return true;
 }
 
@@ -46,7 +48,8 @@ bool CSettingsCommands::OnEquipment()
     dialog.SetDialogRunner(m_services.dialogs);
     if (RunDialog(m_services.dialogs, dialog) != QDialog::Accepted)
         return false;
-    Accepted(dialog.Changed());
+    dialog.Edit().Apply(m_doc);
+    Accepted();
     return true;
 }
 
@@ -58,7 +61,8 @@ bool CSettingsCommands::OnPreferences()
     dialog.SetDialogRunner(m_services.dialogs);
     if (RunDialog(m_services.dialogs, dialog) != QDialog::Accepted)
         return false;
-    Accepted(dialog.Changed());
+    dialog.Edit().Apply(m_units, m_services.settings, m_doc);
+    Accepted();
     return true;
 }
 

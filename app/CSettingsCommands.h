@@ -10,8 +10,9 @@ class QWidget;
 
 // The commands of the logbook's settings: the user profile, the equipment and the preferences
 // dialogs, each offered only while a logbook is open, and the three of them in a row after a
-// new logbook was created. A dialog closed with OK that changed the logbook marks it modified;
-// every OK announces changed() so the frame shows the new values and units.
+// new logbook. Each dialog edits a copy, which the command hands to the document on OK (the
+// document marks itself modified when it changed); every OK announces changed() so the frame
+// shows the new units.
 class CSettingsCommands : public QObject
 {
     Q_OBJECT
@@ -39,8 +40,8 @@ signals:
     void changed();
 
 private:
-    // Marks the document for a dialog that changed it and announces the OK.
-    void Accepted(bool logbookChanged);
+    // Announces the OK.
+    void Accepted();
 
     CLogbookDoc& m_doc;
     CUnitSettings& m_units;

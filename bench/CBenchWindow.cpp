@@ -15,7 +15,10 @@ CBenchWindow::CBenchWindow(const CGeneratorOptions& options, IDialogRunner* runn
         prepare(m_settings);
     m_frame = std::make_unique<CMainFrame>(m_services);
     CSplashWnd::EndSplash();
-    CLogbookGenerator(options).Fill(m_frame->GetDocument());
+    // Generated apart and taken over at once, as a load on its own thread hands its logbook over.
+    CLogbookDoc generated;
+    CLogbookGenerator(options).Fill(generated);
+    m_frame->GetDocument().Adopt(generated);
 }
 
 void CBenchWindow::ShowJumpList()

@@ -74,7 +74,7 @@ int main(int argc, char** argv)
         window.ShowJumpList();
         CLogbookView* view = frame.GetView();
         // The tap goes to the newest row whose number the editor accepts.
-        int tapRow = view->GetList()->topLevelItemCount() - 1;
+        int tapRow = view->GetList()->RowCount() - 1;
         while (tapRow > 0 && view->GetList()->JumpAt(tapRow)->GetNumber() > 99999)
             --tapRow;
 
@@ -96,10 +96,9 @@ int main(int argc, char** argv)
                 times[kind * 2 + 1].push_back((done - runner.shownAt) / 1e6);
                 // The new jump goes again (untimed), so the next run's number is free too.
                 if (kind == 0) {
-                    for (const auto& jump : doc.GetJumps())
+                    for (const CJump* jump : doc.GetJumps())
                         if (jump->GetNumber() == freeNumber) {
-                            view->GetList()->RemoveJumpRow(jump.get());
-                            doc.RemoveJump(static_cast<std::size_t>(doc.IndexOf(jump.get())));
+                            doc.RemoveJump(static_cast<std::size_t>(doc.IndexOf(jump)));
                             break;
                         }
                 }

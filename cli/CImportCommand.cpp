@@ -115,7 +115,7 @@ int CImportCommand::Execute(const QCommandLineParser& parser)
     CLogbookDoc doc;
     if (!CLogbookOpener::OpenOrReport(doc, logbook))
         return Failure;
-    CJump* target = nullptr;
+    const CJump* target = nullptr;
     if (parser.isSet(kJump)) {
         target = CLogbookOpener::FindJumpOrReport(doc, number);
         if (!target)

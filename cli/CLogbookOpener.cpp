@@ -35,11 +35,11 @@ bool CLogbookOpener::LockOrReport(CLogbookLock& lock, const std::string& path, b
     return false;
 }
 
-CJump* CLogbookOpener::FindJumpOrReport(CLogbookDoc& doc, int number)
+const CJump* CLogbookOpener::FindJumpOrReport(const CLogbookDoc& doc, int number)
 {
-    for (const auto& jump : doc.GetJumps()) {
+    for (const CJump* jump : doc.GetJumps()) {
         if (jump->GetNumber() == number)
-            return jump.get();
+            return jump;
     }
     CConsole::ErrLine("Jump " + std::to_string(number) + " is not in the logbook.");
     return nullptr;

@@ -22,5 +22,5 @@ public:
     // process, unless force is given (it is then written without the lock).
     static bool LockOrReport(CLogbookLock& lock, const std::string& path, bool force);
     // The first jump numbered number; null after printing "Jump N is not in the logbook.".
-    static CJump* FindJumpOrReport(CLogbookDoc& doc, int number);
+    static const CJump* FindJumpOrReport(const CLogbookDoc& doc, int number);
 };

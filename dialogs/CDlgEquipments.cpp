@@ -4,8 +4,8 @@
 #include "dialogs/CDlgEquipmentsPageEquipments.h"
 #include "document/CLogbookDoc.h"
 
-CDlgEquipments::CDlgEquipments(CLogbookDoc& doc, IMessageSink* messages, QWidget* parent)
-    : CKqPropertySheet(tr("Equipment"), messages, parent), m_doc(doc)
+CDlgEquipments::CDlgEquipments(const CLogbookDoc& doc, IMessageSink* messages, QWidget* parent)
+    : CKqPropertySheet(tr("Equipment"), messages, parent)
 {
     setObjectName(QStringLiteral("dlgEquipments"));
     m_edit.Load(doc.GetSettings().GetEquipmentList());
@@ -17,6 +17,6 @@ CDlgEquipments::CDlgEquipments(CLogbookDoc& doc, IMessageSink* messages, QWidget
 
 bool CDlgEquipments::Apply()
 {
-    m_changed = m_edit.Apply(m_doc);
+    // The pages have checked their values; the working copy is ready for the command.
     return true;
 }

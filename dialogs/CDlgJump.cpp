@@ -14,7 +14,7 @@
 #include <QPushButton>
 
 CDlgJump::CDlgJump(CLogbookDoc& doc, const CUnitSettings& units, ISettingsStore* store, const IClock& clock,
-                   CJump* jump, IMessageSink* messages, QWidget* parent)
+                   const CJump* jump, IMessageSink* messages, QWidget* parent)
     : CKqPropertySheet(DialogText::Message(StringTable::IDS_JUMP), messages, parent),
       m_edit(doc, units, store, clock, jump)
 {

@@ -21,8 +21,8 @@ class CDlgJump : public CKqPropertySheet
 public:
     // An editor on jump, or on a new jump when jump is null. store keeps the new jumps' time and
     // wind choices; messages shows the checks' refusals (not owned).
-    CDlgJump(CLogbookDoc& doc, const CUnitSettings& units, ISettingsStore* store, const IClock& clock, CJump* jump,
-             IMessageSink* messages, QWidget* parent = nullptr);
+    CDlgJump(CLogbookDoc& doc, const CUnitSettings& units, ISettingsStore* store, const IClock& clock,
+             const CJump* jump, IMessageSink* messages, QWidget* parent = nullptr);
     ~CDlgJump() override;
 
     // The rules and working values behind the pages.

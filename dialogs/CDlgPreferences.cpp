@@ -23,9 +23,9 @@
 #include <QSpinBox>
 #include <QVBoxLayout>
 
-CDlgPreferences::CDlgPreferences(CUnitSettings& units, ISettingsStore* store, CLogbookDoc& doc, IMessageSink* messages,
-                                 QWidget* parent)
-    : QDialog(parent), m_unitSettings(units), m_store(store), m_doc(doc), m_messages(messages)
+CDlgPreferences::CDlgPreferences(CUnitSettings& units, ISettingsStore* /*store*/, const CLogbookDoc& doc,
+                                 IMessageSink* messages, QWidget* parent)
+    : QDialog(parent), m_messages(messages)
 {
     setObjectName(QStringLiteral("dlgPreferences"));
     setWindowTitle(tr("Preferences"));
@@ -174,7 +174,6 @@ void CDlgPreferences::accept()
         m_previousJumps->selectAll();
         return;
     }
-    m_changed = m_edit.Apply(m_unitSettings, m_store, m_doc);
     QDialog::accept();
 }
 

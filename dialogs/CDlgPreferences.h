@@ -16,8 +16,9 @@ class QSpinBox;
 
 // "Preferences": the unit system and speed display of the program, and the custom fall rate,
 // previous jumps and previous freefall time of the open logbook. The custom fall rate and the
-// freefall time are typed on the number and duration pads. OK stores the three unit choices
-// together and gives the logbook its values; Cancel changes nothing.
+// freefall time are typed on the number and duration pads. OK checks the values; the command then
+// stores the three unit choices together and gives the logbook its values (Edit().Apply);
+// Cancel changes nothing.
 class CDlgPreferences : public QDialog
 {
     Q_OBJECT
@@ -26,14 +27,13 @@ public:
     // The most hours the previous freefall time's pad takes.
     static constexpr int kMaxFreefallHours = 999;
 
-    // The dialog on the frame's units, the settings store (may be null) and the document.
-    CDlgPreferences(CUnitSettings& units, ISettingsStore* store, CLogbookDoc& doc, IMessageSink* messages,
+    // The dialog on the frame's units and the document; the settings store (may be null) is the
+    // one the command's Edit().Apply writes the units to.
+    CDlgPreferences(CUnitSettings& units, ISettingsStore* store, const CLogbookDoc& doc, IMessageSink* messages,
                     QWidget* parent = nullptr);
 
     // The runner of the two pads (null: run them for real).
     void SetDialogRunner(IDialogRunner* runner) { m_runner = runner; }
-    // Whether OK changed the logbook.
-    bool Changed() const { return m_changed; }
     CPreferencesEdit& Edit() { return m_edit; }
 
     QComboBox* UnitsCombo() const { return m_units; }
@@ -61,13 +61,9 @@ private:
     void OnUnitsChanged(int index);
     void OnSpeedChanged(int index);
 
-    CUnitSettings& m_unitSettings;
-    ISettingsStore* m_store;
-    CLogbookDoc& m_doc;
     IMessageSink* m_messages;
     IDialogRunner* m_runner = nullptr;
     CPreferencesEdit m_edit;
-    bool m_changed = false;
     bool m_filling = false;
     bool m_fitted = false;
 

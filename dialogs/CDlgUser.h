@@ -15,7 +15,8 @@ class CDlgUser : public CKqPropertySheet
     Q_OBJECT
 
 public:
-    // The sheet on the settings' profile; messages go to the sink (not owned).
+    // The sheet on the settings' profile (the command's copy, written on OK); messages go to the
+    // sink (not owned).
     CDlgUser(CLogbookSettings& settings, IMessageSink* messages, QWidget* parent = nullptr);
 
     // Whether OK changed the settings.

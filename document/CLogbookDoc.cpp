@@ -1,6 +1,8 @@
 #include "document/CLogbookDoc.h"
 
 #include "document/IClock.h"
+#include "document/ILogbookObserver.h"
+#include "document/JumpOrder.h"
 #include "document/LogbookFormat.h"
 #include "model/JumpElements.h"
 #include "resources/StringTable.h"
@@ -28,6 +30,12 @@ CLogbookDoc::CLogbookDoc(ISettingsStore* settings, const IClock* clock) : m_stor
 
 void CLogbookDoc::Clear()
 {
+    ClearContents();
+    Notify([](ILogbookObserver& observer) { observer.LogbookReset(); });
+}
+
+void CLogbookDoc::ClearContents()
+{
     WaitForCopy();
     m_jumps.clear();
     m_settings.Reset();
@@ -43,7 +51,16 @@ CLoadResult CLogbookDoc::Load(const std::string& name)
 {
     // A copy: the caller may pass this document's own path, which Clear empties.
     const std::string path = name;
-    Clear();
+    ClearContents();
+    // Whatever the end, the observers see the document as the load leaves it.
+    struct ResetAtEnd
+    {
+        CLogbookDoc& doc;
+        ~ResetAtEnd()
+        {
+            doc.Notify([](ILogbookObserver& observer) { observer.LogbookReset(); });
+        }
+    } reset{*this};
     CLoadResult result;
     CXmlParser parser(this);
     parser.SetProgress(m_progress);
@@ -51,14 +68,14 @@ CLoadResult CLogbookDoc::Load(const std::string& name)
     const bool ok = LogbookFormat::IsPlainPath(path) ? parser.ParseFile(path) : parser.ParseGzipFile(path);
     if (!ok) {
         result.message = parser.GetErrorMessage();
-        Clear();
+        ClearContents();
         return result;
     }
     // A file without any element (empty, or binary data that never forms a tag) is no logbook,
     // although the reader found nothing to refuse in it.
     if (!m_rootSeen) {
         result.message = StringTable::Text(StringTable::IDS_NOT_TERVOLA);
-        Clear();
+        ClearContents();
         return result;
     }
     RecomputeTotals();
@@ -76,8 +93,10 @@ CLoadResult CLogbookDoc::TryLoad(const std::string& path)
     CLogbookDoc fresh(m_store, m_clock);
     fresh.SetProgress(m_progress);
     CLoadResult result = fresh.Load(path);
-    if (result.ok)
+    if (result.ok) {
         SwapContents(fresh);
+        Notify([](ILogbookObserver& observer) { observer.LogbookReset(); });
+    }
     return result;
 }
 
@@ -86,6 +105,7 @@ void CLogbookDoc::Adopt(CLogbookDoc& loaded)
     SwapContents(loaded);
     if (m_store && HasPath())
         m_store->SetString(LogbookFormat::kLastFileSection, LogbookFormat::kLastFileValue, m_path);
+    Notify([](ILogbookObserver& observer) { observer.LogbookReset(); });
 }
 
 void CLogbookDoc::SwapContents(CLogbookDoc& other)
@@ -115,75 +135,6 @@ bool CLogbookDoc::HasJumpNumber(int number, const CJump* except) const
     return std::any_of(m_jumps.begin(), m_jumps.end(), [&](const std::unique_ptr<CJump>& jump) {
         return jump.get() != except && jump->GetNumber() == number;
     });
-}
-
-namespace {
-
-// Inserts before the first jump whose number is greater, so equal numbers keep their order.
-CJump* InsertSorted(std::vector<std::unique_ptr<CJump>>& jumps, std::unique_ptr<CJump> jump)
-{
-    const int number = jump->GetNumber();
-    auto at = std::upper_bound(jumps.begin(), jumps.end(), number,
-                               [](int n, const std::unique_ptr<CJump>& other) { return n < other->GetNumber(); });
-    return jumps.insert(at, std::move(jump))->get();
-}
-
-} // namespace
-
-CJump* CLogbookDoc::AddJump(std::unique_ptr<CJump> jump)
-{
-    if (!jump)
-        return nullptr;
-    WaitForCopy();
-    CJump* added = InsertSorted(m_jumps, std::move(jump));
-    ++m_changeCount;
-    m_totals.Add(*added, m_settings);
-    m_modified = true;
-    return added;
-}
-
-std::unique_ptr<CJump> CLogbookDoc::RemoveJump(std::size_t index)
-{
-    if (index >= m_jumps.size())
-        return nullptr;
-    WaitForCopy();
-    std::unique_ptr<CJump> jump = std::move(m_jumps[index]);
-    m_jumps.erase(m_jumps.begin() + static_cast<std::ptrdiff_t>(index));
-    ++m_changeCount;
-    m_totals.Remove(*jump, m_settings);
-    m_modified = true;
-    return jump;
-}
-
-void CLogbookDoc::BeginChangeJump(const CJump* jump)
-{
-    if (!jump)
-        return;
-    WaitForCopy();
-    ++m_changeCount;
-    m_totals.Remove(*jump, m_settings);
-}
-
-void CLogbookDoc::EndChangeJump(CJump* jump)
-{
-    if (!jump)
-        return;
-    ++m_changeCount;
-    m_totals.Add(*jump, m_settings);
-
-    // A changed number may put the jump out of order; only then is it moved.
-    const int index = IndexOf(jump);
-    if (index < 0)
-        return;
-    const auto i = static_cast<std::size_t>(index);
-    const int number = jump->GetNumber();
-    const bool afterPrevious = i == 0 || m_jumps[i - 1]->GetNumber() <= number;
-    const bool beforeNext = i + 1 == m_jumps.size() || number <= m_jumps[i + 1]->GetNumber();
-    if (afterPrevious && beforeNext)
-        return;
-    std::unique_ptr<CJump> moved = std::move(m_jumps[i]);
-    m_jumps.erase(m_jumps.begin() + index);
-    InsertSorted(m_jumps, std::move(moved));
 }
 
 void CLogbookDoc::RecomputeTotals()
@@ -250,7 +201,7 @@ bool CLogbookDoc::OnOpenTag(CXmlParser& parser)
             parser.SetErrorMessage(CXmlParser::ParserError("more than " + std::to_string(m_maxJumps) + " jumps"));
             return false;
         }
-        parser.Delegate(InsertSorted(m_jumps, std::make_unique<CJump>(number, timestamp, modified)));
+        parser.Delegate(JumpOrder::InsertSorted(m_jumps, std::make_unique<CJump>(number, timestamp, modified)));
         return true;
     }
     if (name == "log")

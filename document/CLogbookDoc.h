@@ -1,5 +1,6 @@
 #pragma once
 
+#include "document/CJumpRange.h"
 #include "document/CLogbookTotals.h"
 #include "model/CJump.h"
 #include "model/CLogbookSettings.h"
@@ -16,6 +17,7 @@
 
 class ISettingsStore;
 class IClock;
+class ILogbookObserver;
 class IXmlOutput;
 struct CIoProgress;
 
@@ -65,7 +67,10 @@ struct CLogbookSummary
     CDateTime lastJump;          // Null without jumps
 };
 
-// The open logbook: its path, modified flag, settings and jumps sorted by number.
+// The open logbook: its path, modified flag, settings and jumps sorted by number. It is the one
+// place where jumps and settings change: callers read them through const access and change them
+// through the change methods below, which keep the totals, the number order and a running save's
+// copy right, mark the logbook modified and tell the observers what changed.
 class CLogbookDoc : public CXmlHandler
 {
 public:
@@ -76,7 +81,7 @@ public:
     CLogbookDoc(const CLogbookDoc&) = delete;
     CLogbookDoc& operator=(const CLogbookDoc&) = delete;
 
-    // Empties the jump list, resets the settings, forgets path and modified flag.
+    // Empties the jump list, resets the settings, forgets path and modified flag; LogbookReset.
     void Clear();
     // Loads a logbook: plain XML for ".tvl" (any case), gzip (or transparent plain) otherwise.
     // A failed load leaves an empty document.
@@ -84,6 +89,7 @@ public:
     // Loads into a fresh document and takes its contents only on success: a file that fails
     // leaves this document exactly as it was (Open uses this to keep the logbook the user had).
     CLoadResult TryLoad(const std::string& path);
+    // Every load ends with LogbookReset (also a failed one, which leaves an empty document).
     // Takes over everything another document loaded (on another thread, with no settings store
     // of its own) and stores its path as "LastFile"; loaded gets this document's old contents.
     void Adopt(CLogbookDoc& loaded);
@@ -107,8 +113,9 @@ public:
     // A copy of everything a save writes, for saving on another thread while this document goes
     // on being edited. Settings, path and file identity are copied at once; the jumps, which
     // may take tens of milliseconds, are copied by the snapshot's CopyJumps (its WriteFile calls
-    // it) on the thread that saves. Until then every change of the jump list here (AddJump,
-    // RemoveJump, BeginChangeJump, Clear, a load) waits for the copy; reading goes on. This
+    // it) on the thread that saves. Until then every change of the jumps here (AddJump,
+    // ChangeJump, RemoveJump(s), ReplaceEquipment, Clear, a load) waits for the copy; reading
+    // goes on. This
     // document's destructor waits for a copy still running.
     std::unique_ptr<CLogbookDoc> Snapshot();
     // In a snapshot: copies the jumps of the document it was taken from, once.
@@ -137,12 +144,12 @@ public:
         m_changeCount += modified ? 1 : 0;
     }
 
-    CLogbookSettings& GetSettings() { return m_settings; }
     const CLogbookSettings& GetSettings() const { return m_settings; }
 
-    // The jumps in list order (ascending number, equal numbers in insertion order).
-    const std::vector<std::unique_ptr<CJump>>& GetJumps() const { return m_jumps; }
+    // The jumps in list order (ascending number, equal numbers in insertion order), read-only.
+    CJumpRange GetJumps() const { return CJumpRange(m_jumps); }
     std::size_t GetJumpCount() const { return m_jumps.size(); }
+    const CJump& GetJump(std::size_t index) const { return *m_jumps[index]; }
     // The last jump in list order, or null.
     const CJump* GetLastJump() const { return m_jumps.empty() ? nullptr : m_jumps.back().get(); }
     // Index of the jump in the list, or -1.
@@ -150,16 +157,37 @@ public:
     // True when a jump other than except carries this number.
     bool HasJumpNumber(int number, const CJump* except = nullptr) const;
 
-    // Inserts a jump in number order (after equal numbers), adds it to the totals, marks modified.
-    CJump* AddJump(std::unique_ptr<CJump> jump);
-    // Removes the jump at index from list and totals, marks modified; returns it.
-    std::unique_ptr<CJump> RemoveJump(std::size_t index);
-    // Call before and after changing a jump in place: keeps totals and number order right.
-    void BeginChangeJump(const CJump* jump);
-    void EndChangeJump(CJump* jump);
+    // Observers hear of every change made from now on (not owned; remove before destroying).
+    void AddObserver(ILogbookObserver* observer);
+    void RemoveObserver(ILogbookObserver* observer);
 
-    // Clears the totals and sums all jumps in list order.
-    void RecomputeTotals();
+    // Inserts a jump in number order (after equal numbers), adds it to the totals, marks modified,
+    // announces JumpsInserted. Returns the jump as it now stands in the list.
+    const CJump* AddJump(std::unique_ptr<CJump> jump);
+    // What ChangeJump runs on the jump; returns whether it changed anything.
+    using JumpChange = std::function<bool(CJump&)>;
+    // Changes the jump at index in place through change. When change reports a change: totals
+    // follow, a new number moves the jump to its place (JumpMoved, then JumpsChanged at its new
+    // position; otherwise JumpsChanged), the logbook is marked modified. Returns change's answer;
+    // false for an index out of range. An exception from change leaves totals right, the jump
+    // announced as changed, and goes on to the caller.
+    bool ChangeJump(std::size_t index, const JumpChange& change);
+    // Removes the jump at index from list and totals, marks modified, announces JumpsRemoved;
+    // returns it (null for an index out of range).
+    std::unique_ptr<CJump> RemoveJump(std::size_t index);
+    // Removes the jumps at these indexes (any order, duplicates and indexes out of range
+    // ignored), announced run by run from the end of the list; returns how many went.
+    std::size_t RemoveJumps(std::vector<std::size_t> indexes);
+    // Takes these settings when they differ from the present ones: totals are counted again
+    // (the custom fall rate changes freefall times), modified, SettingsChanged. Returns whether
+    // anything changed.
+    bool ReplaceSettings(const CLogbookSettings& settings);
+    // Takes a new list of rigs and re-points the jumps that name a rig by position: newPositions
+    // holds, for each rig of the present list, its position in rigs, or -1 when it is gone; a jump
+    // naming a gone rig keeps its display text as a free-text description. Changed jumps are
+    // announced (JumpsChanged), then SettingsChanged. Returns whether anything changed.
+    bool ReplaceEquipment(const CEquipmentList& rigs, const std::vector<int>& newPositions);
+
     int64_t GetTotalFreefallTime() const { return m_totals.FreefallSeconds(); }
     int64_t GetTotalFreefallDistance() const { return m_totals.FreefallMetres(); }
     int64_t GetTotalCanopyDistance() const { return m_totals.CanopyMetres(); }
@@ -186,6 +214,14 @@ public:
 
 private:
     struct CopyGate;
+    // Clears the totals and sums all jumps in list order.
+    void RecomputeTotals();
+    // Empties everything without telling the observers.
+    void ClearContents();
+    // Marks the logbook changed (modified flag and change count).
+    void Touch();
+    // Tells every observer (a copy of the list, so an observer may remove itself).
+    void Notify(const std::function<void(ILogbookObserver&)>& call);
     // Before the jump list changes: waits until no snapshot is copying it.
     void WaitForCopy() const;
     bool WriteTo(class CXmlWriter& writer) const;
@@ -208,4 +244,5 @@ private:
     std::size_t m_maxJumps = kDefaultMaxJumps;
     bool m_rootSeen = false; // set by the "tvl" element during a load
     CLogbookTotals m_totals;
+    std::vector<ILogbookObserver*> m_observers;
 };

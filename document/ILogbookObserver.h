@@ -17,7 +17,8 @@ public:
     virtual void JumpsChanged(std::size_t /*first*/, std::size_t /*count*/) {}
     // The jumps that stood at first .. first + count - 1 are gone.
     virtual void JumpsRemoved(std::size_t /*first*/, std::size_t /*count*/) {}
-    // A changed jump moved from position from to position to (its number changed).
+    // A changed jump moved from position from to position to (its number changed). The jumps
+    // between shift by one; JumpsChanged(to, 1) follows for the jump's new values.
     virtual void JumpMoved(std::size_t /*from*/, std::size_t /*to*/) {}
     // The settings (profile, rigs, preferences) were replaced or changed.
     virtual void SettingsChanged() {}

@@ -52,34 +52,15 @@ CCheckResult CEquipmentsEdit::ValidateAlarm() const
 
 bool CEquipmentsEdit::Apply(CLogbookDoc& doc) const
 {
-    CEquipmentList& target = doc.GetSettings().GetEquipmentList();
-
     // Where each rig of the logbook went: its new position, or -1 when it was removed.
-    const std::size_t oldCount = target.GetCount();
+    const std::size_t oldCount = doc.GetSettings().GetEquipmentList().GetCount();
     std::vector<int> moved(oldCount, -1);
     for (std::size_t i = 0; i < m_origin.size(); ++i) {
         if (m_origin[i] >= 0 && static_cast<std::size_t>(m_origin[i]) < oldCount)
             moved[static_cast<std::size_t>(m_origin[i])] = static_cast<int>(i);
     }
-
-    bool changed = false;
-    for (const auto& jump : doc.GetJumps()) {
-        const CJumpEquipmentRef& ref = jump->GetEquipmentRef();
-        if (ref.mode != CJumpEquipmentRef::ByIndex || ref.index < 0 || static_cast<std::size_t>(ref.index) >= oldCount)
-            continue;
-        const int to = moved[static_cast<std::size_t>(ref.index)];
-        if (to < 0)
-            changed |=
-                jump->SetEquipmentByDescription(target.Get(static_cast<std::size_t>(ref.index)).GetDisplayText());
-        else
-            changed |= jump->SetEquipmentByIndex(to);
-    }
-
     // The rigs first (the copy still carries the alarm as loaded), then the alarm.
-    if (!(target == m_rigs)) {
-        target = m_rigs;
-        changed = true;
-    }
-    changed |= target.SetAlarm(alarmOn, static_cast<int>(alarmDays), static_cast<int>(inspectionCycle));
-    return changed;
+    CEquipmentList rigs = m_rigs;
+    rigs.SetAlarm(alarmOn, static_cast<int>(alarmDays), static_cast<int>(inspectionCycle));
+    return doc.ReplaceEquipment(rigs, moved);
 }

@@ -48,7 +48,7 @@ public:
     // still as loaded passes.
     CCheckResult ValidateAlarm() const;
 
-    // Writes rigs and alarm into the logbook (the alarm through SetAlarm) and re-points its jumps:
+    // Hands rigs and alarm to the logbook (the alarm through SetAlarm), which re-points its jumps:
     // a jump naming a later rig follows it to its new position; a jump naming a removed rig gets
     // the rig's display text as a free-text description. Returns whether anything changed.
     bool Apply(CLogbookDoc& doc) const;

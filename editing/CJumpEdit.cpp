@@ -30,7 +30,7 @@ std::string InParentheses(std::string_view text)
 } // namespace
 
 CJumpEdit::CJumpEdit(CLogbookDoc& doc, const CUnitSettings& units, ISettingsStore* store, const IClock& clock,
-                     CJump* jump)
+                     const CJump* jump)
     : m_doc(doc), m_units(units), m_store(store), m_clock(clock), m_jump(jump)
 {
     m_source = jump;

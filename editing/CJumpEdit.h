@@ -93,12 +93,13 @@ public:
         // True when the document took a new jump or the jump changed.
         bool changed = false;
         // The jump written (the new one for a new jump); null after a failure.
-        CJump* jump = nullptr;
+        const CJump* jump = nullptr;
     };
 
     // An editor on jump (null: a new jump). store gives and keeps "Jump"/"HasTime" and "HasWind"
     // (may be null: both default to 1); the clock dates a new jump and stamps changes.
-    CJumpEdit(CLogbookDoc& doc, const CUnitSettings& units, ISettingsStore* store, const IClock& clock, CJump* jump);
+    CJumpEdit(CLogbookDoc& doc, const CUnitSettings& units, ISettingsStore* store, const IClock& clock,
+              const CJump* jump);
 
     bool IsNew() const { return m_jump == nullptr; }
     // A jump that carries a signature is only viewed: nothing can be edited and OK changes nothing.
@@ -151,8 +152,8 @@ public:
     // The page a field lies on.
     static Page PageOf(int field);
 
-    // Writes the working values into the jump (a new one is created and added to the document),
-    // keeping the stored precision of values the user did not change. Marks the document
+    // Writes the working values into the jump through the document (a new one is created and
+    // added to it), keeping the stored precision of values the user did not change. Marks the document
     // modified when something changed; view-only changes nothing.
     ApplyResult Apply();
 
@@ -189,7 +190,7 @@ private:
     const CUnitSettings& m_units;
     ISettingsStore* m_store;
     const IClock& m_clock;
-    CJump* m_jump;
+    const CJump* m_jump;
     // The jump the working values were loaded from: the edited one, or the last jump whose values
     // a new jump takes over; null for a new jump in an empty logbook. Values left as loaded keep
     // its stored precision.

@@ -12,6 +12,7 @@
 
 #include <exception>
 #include <memory>
+#include <stdexcept>
 
 namespace {
 
@@ -258,12 +259,16 @@ CJumpEdit::ApplyResult CJumpEdit::Apply()
     const CEquipmentList& rigs = m_doc.GetSettings().GetEquipmentList();
     try {
         if (m_jump) {
-            m_doc.BeginChangeJump(m_jump);
-            result.changed = m_jump->ApplyEdits(edits, rigs);
-            result.changed |= WriteImport(*m_jump);
-            if (result.changed)
-                m_jump->SetModified(now);
-            m_doc.EndChangeJump(m_jump);
+            const int index = m_doc.IndexOf(m_jump);
+            if (index < 0)
+                throw std::runtime_error("The jump is no longer in the logbook.");
+            result.changed = m_doc.ChangeJump(static_cast<std::size_t>(index), [&](CJump& jump) {
+                bool changed = jump.ApplyEdits(edits, rigs);
+                changed |= WriteImport(jump);
+                if (changed)
+                    jump.SetModified(now);
+                return changed;
+            });
         } else {
             auto jump = std::make_unique<CJump>(v.number, edits.timestamp, now);
             jump->ApplyEdits(edits, rigs);
@@ -276,17 +281,11 @@ CJumpEdit::ApplyResult CJumpEdit::Apply()
             }
         }
     } catch (const std::exception& error) {
-        // A new jump went with its unique_ptr; a jump changed half-way keeps the totals right.
+        // A new jump went with its unique_ptr; the document kept its totals right for a jump
+        // changed half-way.
         result.ok = false;
         result.error = error.what();
         result.jump = m_jump;
-        if (m_jump) {
-            m_doc.RecomputeTotals();
-            m_doc.SetModified(true);
-        }
-        return result;
     }
-    if (result.changed)
-        m_doc.SetModified(true);
     return result;
 }

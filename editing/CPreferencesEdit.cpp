@@ -96,23 +96,14 @@ bool CPreferencesEdit::Apply(CUnitSettings& units, ISettingsStore* store, CLogbo
     if (store)
         units.Save(*store);
 
-    CLogbookSettings& settings = doc.GetSettings();
-    bool changed = false;
-    bool speedChanged = false;
-    if (customTenths != TenthsOf(settings.FallrateSpeed(Custom))) {
+    CLogbookSettings settings = doc.GetSettings();
+    if (customTenths != TenthsOf(settings.FallrateSpeed(Custom)))
         settings.SetCustomFallrateSpeed(units.SpeedFromDisplay(static_cast<double>(customTenths) * 0.1));
-        changed = speedChanged = true;
-    }
-    if (previousJumps != settings.GetPreviousJumps()) {
+    if (previousJumps != settings.GetPreviousJumps())
         settings.SetPreviousJumps(static_cast<int>(previousJumps));
-        changed = true;
-    }
-    if (previousDelay != settings.GetPreviousDelay()) {
+    if (previousDelay != settings.GetPreviousDelay())
         settings.SetPreviousDelay(previousDelay);
-        changed = true;
-    }
-    // Custom jumps take their freefall time from the custom speed.
-    if (speedChanged)
-        doc.RecomputeTotals();
-    return changed;
+    // The document counts the totals again: custom jumps take their freefall time from the
+    // custom speed.
+    return doc.ReplaceSettings(settings);
 }

@@ -298,7 +298,7 @@
     </message>
     <message>
         <source>Jumps before this logbook</source>
-        <translation>Sprünge vor diesem Logbuch</translation>
+        <translation>Sprünge vor diesem Sprungbuch</translation>
     </message>
     <message>
         <source>Freefall time</source>
@@ -306,7 +306,7 @@
     </message>
     <message>
         <source>Freefall before this logbook</source>
-        <translation>Freifall vor diesem Logbuch</translation>
+        <translation>Freifall vor diesem Sprungbuch</translation>
     </message>
     <message>
         <source>Canopy time (%1 recorded)</source>
@@ -538,7 +538,30 @@
     </message>
 </context>
 <context>
-    <name>CJumpListCtrl</name>
+    <name>CJumpDetailsPane</name>
+    <message>
+        <source>No jump selected</source>
+        <translation>Kein Sprung ausgewählt</translation>
+    </message>
+    <message>
+        <source>Jump %1</source>
+        <translation>Sprung %1</translation>
+    </message>
+</context>
+<context>
+    <name>CJumpTableModel</name>
+    <message>
+        <source>Signed</source>
+        <translation>Unterschrieben</translation>
+    </message>
+    <message>
+        <source>GPS</source>
+        <translation>GPS</translation>
+    </message>
+    <message>
+        <source>Profile</source>
+        <translation>Profil</translation>
+    </message>
     <message>
         <source>Jump</source>
         <translation>Sprung</translation>
@@ -548,8 +571,64 @@
         <translation>Datum</translation>
     </message>
     <message>
+        <source>Time</source>
+        <translation>Zeit</translation>
+    </message>
+    <message>
         <source>Place</source>
         <translation>Sprungplatz</translation>
+    </message>
+    <message>
+        <source>Aircraft</source>
+        <translation>Flugzeug</translation>
+    </message>
+    <message>
+        <source>Type</source>
+        <translation>Sprungart</translation>
+    </message>
+    <message>
+        <source>Exit [%1]</source>
+        <translation>Absprung [%1]</translation>
+    </message>
+    <message>
+        <source>Opening [%1]</source>
+        <translation>Öffnung [%1]</translation>
+    </message>
+    <message>
+        <source>Freefall</source>
+        <translation>Freifall</translation>
+    </message>
+    <message>
+        <source>Fallrate</source>
+        <translation>Fallrate</translation>
+    </message>
+    <message>
+        <source>Rig</source>
+        <translation>Ausrüstung</translation>
+    </message>
+    <message>
+        <source>Landing</source>
+        <translation>Landung</translation>
+    </message>
+    <message>
+        <source>Team</source>
+        <translation>Team</translation>
+    </message>
+    <message>
+        <source>Malfunction</source>
+        <translation>Störung</translation>
+    </message>
+    <message>
+        <source>Signed by</source>
+        <translation>Unterschrieben von</translation>
+    </message>
+    <message>
+        <source>Recording</source>
+        <translation>Aufzeichnung</translation>
+    </message>
+    <message>
+        <source>Note</source>
+        <translation>Notiz</translation>
     </message>
 </context>
 <context>
@@ -688,7 +767,11 @@
     </message>
     <message>
         <source>Logbook</source>
-        <translation>Logbuch</translation>
+        <translation>Sprungbuch</translation>
+    </message>
+    <message>
+        <source>Do you want to delete these %1 jumps?</source>
+        <translation>Möchten Sie diese %1 Sprünge löschen?</translation>
     </message>
 </context>
 <context>
@@ -819,6 +902,10 @@ Das Sprungbuch für Fallschirmspringer.
     <message>
         <source>Add track...</source>
         <translation>Track hinzufügen...</translation>
+    </message>
+    <message>
+        <source>Jumps</source>
+        <translation>Sprünge</translation>
     </message>
     <message>
         <source>Statistics...</source>

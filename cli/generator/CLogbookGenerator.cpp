@@ -51,7 +51,9 @@ CDateTime CLogbookGenerator::LastJumpDay()
 void CLogbookGenerator::Fill(CLogbookDoc& doc)
 {
     doc.Clear();
-    FillSettings(doc.GetSettings());
+    CLogbookSettings settings;
+    FillSettings(settings);
+    doc.ReplaceSettings(settings);
 
     const std::vector<JumpDay> days = PlanDays();
     const std::vector<Recording> recordings = PlanRecordings();
@@ -76,7 +78,6 @@ void CLogbookGenerator::Fill(CLogbookDoc& doc)
                 MakeJump(number, when, zone, aircraft, recordings[static_cast<std::size_t>(m_index)], mayBeSigned));
         }
     }
-    doc.RecomputeTotals();
     doc.SetModified(false);
 }
 

@@ -3,6 +3,8 @@
 // or Cancel changes nothing.
 
 #include "CAppHarness.h"
+
+#include "app/CJumpTableModel.h"
 #include "tests/tracks/SyntheticTrack.h"
 
 #include "controls/CKqSpinBox.h"
@@ -66,7 +68,7 @@ private slots:
             QCOMPARE(kind, QStringLiteral("Import"));
             const CLogbookDoc& doc = harness.Doc();
             QCOMPARE(int(doc.GetJumpCount()), ok ? 3 : 2);
-            QCOMPARE(harness.View()->GetList()->topLevelItemCount(), ok ? 3 : 2);
+            QCOMPARE(harness.View()->GetList()->RowCount(), ok ? 3 : 2);
             QCOMPARE(doc.IsModified(), ok);
             // The next import starts in the logger's folder.
             QCOMPARE(harness.settings.GetString("Import", "TrackFolder", ""),
@@ -115,10 +117,10 @@ private slots:
         CJumpListCtrl* list = harness.View()->GetList();
         QAction* add = harness.Frame()->findChild<QAction*>("jumpAddTrackAction");
         // The signed jump 1 takes no track; jump 2, without a recording, does.
-        harness.SelectRow(list->RowOf(harness.Doc().GetJumps().front().get()));
+        harness.SelectRow(list->RowOf(harness.Doc().GetJumps().front()));
         harness.Frame()->UpdateCommands();
         QVERIFY(!add->isEnabled());
-        CJump* target = harness.Doc().GetJumps().back().get();
+        const CJump* target = harness.Doc().GetJumps().back();
         harness.SelectRow(list->RowOf(target));
         harness.Frame()->UpdateCommands();
         QVERIFY(add->isEnabled());

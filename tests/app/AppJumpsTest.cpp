@@ -4,6 +4,8 @@
 #include "CAppHarness.h"
 
 #include "app/AppCommands.h"
+#include "app/CJumpTableModel.h"
+
 #include "controls/CKqSpinBox.h"
 #include "controls/CSignatureCtrl.h"
 #include "dialogs/CDlgJump.h"
@@ -67,7 +69,7 @@ private slots:
         QCOMPARE(added->GetPlace(), std::string("Rovaniemi"));
         QVERIFY(doc.IsModified());
         CJumpListCtrl* list = harness.View()->GetList();
-        QCOMPARE(list->topLevelItemCount(), 4);
+        QCOMPARE(list->RowCount(), 4);
         QCOMPARE(list->SelectedJump(), added);
         QVERIFY(harness.Frame()->isWindowModified());
 
@@ -98,7 +100,7 @@ private slots:
             const bool changed = ok && !typed.isEmpty();
             const QString place = changed ? typed : QStringLiteral("Utti");
             QCOMPARE(QString::fromStdString(harness.Doc().GetJumps()[2]->GetPlace()), place);
-            QCOMPARE(harness.View()->GetList()->topLevelItem(2)->text(2), place);
+            QCOMPARE(harness.View()->GetList()->TextAt(2, CJumpTableModel::PlaceColumn), place);
             QCOMPARE(harness.Doc().IsModified(), changed);
         }
     }
@@ -154,7 +156,7 @@ private slots:
         CAppHarness harness;
         harness.StartWith(Logbook());
         harness.View()->OnViewSignList();
-        QCOMPARE(harness.View()->GetList()->topLevelItemCount(), 1);
+        QCOMPARE(harness.View()->GetList()->RowCount(), 1);
         int startPage = -1;
         harness.dialogs.steps.append(CScriptedDialogs::Ok<CDlgJump>([&startPage](CDlgJump& dialog) {
             startPage = dialog.ActiveIndex();

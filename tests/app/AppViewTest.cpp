@@ -3,6 +3,8 @@
 
 #include "CAppHarness.h"
 
+#include "app/CJumpTableModel.h"
+
 #include "app/CSummaryPane.h"
 
 #include <QAction>
@@ -29,11 +31,11 @@ CTestLogbook FourKinds()
 QStringList Rows(const CJumpListCtrl* list)
 {
     QStringList rows;
-    for (int row = 0; row < list->topLevelItemCount(); ++row) {
-        const QTreeWidgetItem* item = list->topLevelItem(row);
-        rows << QStringList{item->text(0), item->text(1), item->text(2), QString::number(list->IconIndexAt(row))}.join(
-            '|');
-    }
+    for (int row = 0; row < list->RowCount(); ++row)
+        rows << QStringList{list->TextAt(row, CJumpTableModel::NumberColumn),
+                            list->TextAt(row, CJumpTableModel::DateColumn),
+                            list->TextAt(row, CJumpTableModel::PlaceColumn), QString::number(list->IconIndexAt(row))}
+                    .join('|');
     return rows;
 }
 
@@ -79,7 +81,7 @@ private slots:
             }
             QCOMPARE(Rows(view->GetList()), listed);
             view->OnViewHome();
-            QCOMPARE(view->GetList()->topLevelItemCount(), 0);
+            QCOMPARE(view->GetList()->RowCount(), 0);
         }
     }
 
@@ -145,11 +147,12 @@ private slots:
         QVERIFY(list->columnWidth(0) >= list->fontMetrics().horizontalAdvance("60"));
         QVERIFY(list->columnWidth(1) >= list->fontMetrics().horizontalAdvance("2/1/24"));
         const int bar = std::max(15, list->style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, list));
-        QCOMPARE(list->columnWidth(0) + list->columnWidth(1) + list->columnWidth(2) + bar,
+        QCOMPARE(list->columnWidth(CJumpTableModel::NumberColumn) + list->columnWidth(CJumpTableModel::DateColumn) +
+                     list->columnWidth(CJumpTableModel::PlaceColumn) + bar,
                  list->contentsRect().width());
         // Scrolled so that the last jump is on screen and the first is not.
-        QVERIFY(list->viewport()->rect().contains(list->visualItemRect(list->topLevelItem(59))));
-        QVERIFY(!list->viewport()->rect().intersects(list->visualItemRect(list->topLevelItem(0))));
+        QVERIFY(list->viewport()->rect().contains(list->visualRect(list->Model()->index(59, 0))));
+        QVERIFY(!list->viewport()->rect().intersects(list->visualRect(list->Model()->index(0, 0))));
     }
 
     // Delete asks with the jump's number; Yes removes the row and the jump; an empty list
@@ -180,14 +183,14 @@ private slots:
         harness.messages.yesNoAnswer = false;
         harness.SelectRow(1);
         harness.Commands()->OnJumpDelete();
-        QCOMPARE(view->GetList()->topLevelItemCount(), 5);
+        QCOMPARE(view->GetList()->RowCount(), 5);
         harness.messages.yesNoAnswer = true;
         for (int left = 4; left >= 0; --left) {
             harness.SelectRow(left == 4 ? 1 : 0);
             harness.Commands()->OnJumpDelete();
             if (left > 0) {
                 QCOMPARE(view->GetViewMode(), Mode::JumpList);
-                QCOMPARE(view->GetList()->topLevelItemCount(), left);
+                QCOMPARE(view->GetList()->RowCount(), left);
             }
         }
         QCOMPARE(harness.messages.Texts(Kind::YesNo),

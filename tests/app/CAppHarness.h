@@ -101,7 +101,7 @@ public:
         return StartWithoutSplash() ? path : QString();
     }
     // Selects a row of the jump list.
-    void SelectRow(int row) { View()->GetList()->setCurrentItem(View()->GetList()->topLevelItem(row)); }
+    void SelectRow(int row) { View()->GetList()->ShowRow(row); }
 
     CMainFrame* Frame() const { return app ? app->GetMainFrame() : nullptr; }
     CLogbookView* View() const { return Frame() ? Frame()->GetView() : nullptr; }

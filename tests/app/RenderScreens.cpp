@@ -1,4 +1,5 @@
-// Renders the main window in every mode at the handheld, phone and desktop sizes into PNG files
+// Renders the main window in every mode at the handheld and phone sizes, and its desktop layout
+// at 1024x768 and 1920x1080, into PNG files
 // (folder "screens" beside this program, or the folder given as first argument; a logbook given
 // as second argument replaces the built-in demo), and checks each picture's layout: every
 // visible control lies inside the view, no two overlap, and no summary text is cut. Exits with
@@ -8,6 +9,8 @@
 #include "CRenderCheck.h"
 
 #include "app/CLicenceStatusPane.h"
+#include "app/CDesktopPane.h"
+#include "app/CJumpTableModel.h"
 #include "app/CSummaryPane.h"
 
 #include <QApplication>
@@ -38,7 +41,7 @@ QStringList CheckLayout(CLogbookView* view)
     QList<QWidget*> parts;
     for (QToolButton* button : view->findChildren<QToolButton*>())
         parts.append(button);
-    parts << view->GetSummary() << view->GetLicenceStatus() << view->GetList();
+    parts << view->GetSummary() << view->GetLicenceStatus() << view->GetList() << view->GetDesktop();
     parts.removeIf([view](const QWidget* part) { return !part->isVisibleTo(view); });
     QStringList problems = RenderCheck::Layout(view, parts);
     if (view->GetSummary()->isVisibleTo(view))
@@ -59,8 +62,11 @@ int main(int argc, char* argv[])
 
     QTextStream out(stdout);
     int problems = 0;
-    for (const QSize& size : RenderCheck::kSizes) {
-        for (const QString mode : {"splash", "empty", "home", "jumplist", "signlist"}) {
+    for (const QSize& size : RenderCheck::kSizes + QList<QSize>{{1920, 1080}}) {
+        // The desktop layout has no list modes of its own: one picture of it, with a row selected.
+        const bool desktop = size.width() >= CLogbookView::kDesktopWidth;
+        for (const QString& mode : desktop ? QStringList{"splash", "empty", "desktop"}
+                                           : QStringList{"splash", "empty", "home", "jumplist", "signlist"}) {
             CAppHarness harness;
             harness.settings.SetInt("Preferences", "Units", 1);
             const bool splash = mode == QStringLiteral("splash");
@@ -76,6 +82,17 @@ int main(int argc, char* argv[])
                 harness.View()->OnViewJumpList();
             else if (mode == QStringLiteral("signlist"))
                 harness.View()->OnViewSignList();
+            else if (mode == QStringLiteral("desktop")) {
+                // The newest signed jump with a recording shows every part of the details.
+                const CJumpTableModel* model = harness.View()->GetTableModel();
+                int row = model->rowCount() - 1;
+                for (int r = row; r >= 0; --r)
+                    if (model->JumpAt(r)->IsSigned() && model->JumpAt(r)->GetRecording().IsPresent()) {
+                        row = r;
+                        break;
+                    }
+                harness.View()->GetDesktop()->SelectRow(row);
+            }
             QApplication::processEvents();
 
             const QString name = QStringLiteral("%1_%2x%3").arg(mode).arg(size.width()).arg(size.height());

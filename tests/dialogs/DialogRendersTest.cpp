@@ -39,10 +39,10 @@ namespace {
 // A profile with a membership and licenses, two rigs, and jumps 41 and 42 with wind and a rig;
 // 41 has a barometric recording imported with its fall rate, 42 a satellite recording, a
 // signature and a formatted note.
-std::unique_ptr<CLogbookDoc> Logbook(std::vector<CJump*>& added)
+std::unique_ptr<CLogbookDoc> Logbook(std::vector<const CJump*>& added)
 {
     auto doc = std::make_unique<CLogbookDoc>();
-    CLogbookSettings& settings = doc->GetSettings();
+    CLogbookSettings settings;
     settings.SetOwnerName("Aino Mäkelä");
     settings.GetMembership().SetMemberNumber("SIL 20417");
     settings.GetMembership().SetExpirationDate(CDateTime(2025, 3, 31));
@@ -55,6 +55,10 @@ std::unique_ptr<CLogbookDoc> Logbook(std::vector<CJump*>& added)
         rig->SetReserveCanopy("PD Reserve 160");
         settings.GetEquipmentList().Add(std::move(rig));
     }
+    doc->ReplaceSettings(settings);
+    CJumpSignature::Stroke wave;
+    for (int x = 20; x <= 220; x += 4)
+        wave.push_back({x, 50 + static_cast<int>(25 * std::sin(x / 14.0))});
     for (int number : {41, 42}) {
         auto jump = std::make_unique<CJump>(number, CZonedDateTime{CDateTime(2024, 7, number - 30, 15, 40, 0), 180},
                                             CDateTime(2024, 7, 20));
@@ -67,15 +71,15 @@ std::unique_ptr<CLogbookDoc> Logbook(std::vector<CJump*>& added)
         jump->SetEquipmentByIndex(0);
         jump->Recording() =
             SyntheticJump::Recording(number == 41 ? CJumpRecording::Barometric : CJumpRecording::Satellite);
+        if (number == 41) {
+            jump->SetFallrateValues(
+                {Import, 4000, 1000, static_cast<int>(std::lround(SyntheticJump::FreefallTime())), 200, 55.0, 47.0});
+        } else {
+            jump->SetNote("<p>Exit <b>on time</b>, <i>clean</i> break-off.</p><ul><li>track 10 s</li></ul>");
+            jump->SetSignature("Mikko Virtanen, D-1187", {wave, {{60, 80}, {180, 82}}});
+        }
         added.push_back(doc->AddJump(std::move(jump)));
     }
-    added[0]->SetFallrateValues(
-        {Import, 4000, 1000, static_cast<int>(std::lround(SyntheticJump::FreefallTime())), 200, 55.0, 47.0});
-    added[1]->SetNote("<p>Exit <b>on time</b>, <i>clean</i> break-off.</p><ul><li>track 10 s</li></ul>");
-    CJumpSignature::Stroke wave;
-    for (int x = 20; x <= 220; x += 4)
-        wave.push_back({x, 50 + static_cast<int>(25 * std::sin(x / 14.0))});
-    added[1]->SetSignature("Mikko Virtanen, D-1187", {wave, {{60, 80}, {180, 82}}});
     return doc;
 }
 
@@ -122,7 +126,7 @@ private:
         }
     }
 
-    std::vector<CJump*> m_jumps;
+    std::vector<const CJump*> m_jumps;
     std::unique_ptr<CLogbookDoc> m_doc = Logbook(m_jumps);
     CMemorySettingsStore m_store;
     CFixedClock m_clock{CDateTime(2024, 7, 21, 11, 5, 0)};
@@ -137,7 +141,7 @@ private slots:
         const struct
         {
             const char* name;
-            CJump* jump;
+            const CJump* jump;
             CUnitSettings units;
         } modes[] = {{"new", nullptr, {CUnitSettings::Metric, 0, 0}},
                      {"change", m_jumps[0], {CUnitSettings::Imperial, CUnitSettings::PerSecond, 0}},
@@ -151,7 +155,8 @@ private slots:
 
     void settingsDialogs()
     {
-        CDlgUser user(m_doc->GetSettings(), &m_messages);
+        CLogbookSettings settings = m_doc->GetSettings();
+        CDlgUser user(settings, &m_messages);
         Shoot(user, QStringLiteral("user"));
         CDlgEquipments equipments(*m_doc, &m_messages);
         Shoot(equipments, QStringLiteral("equipments"));

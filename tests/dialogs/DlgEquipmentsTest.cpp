@@ -43,13 +43,15 @@ private slots:
     void alarmAndRigListTakeEffectOnOk()
     {
         CLogbookDoc doc;
-        CEquipmentList& rigs = doc.GetSettings().GetEquipmentList();
+        CLogbookSettings settings;
         for (const auto& [number, harness] : {std::pair{1, "Javelin"}, std::pair{4, "Vector"}}) {
             auto rig = std::make_unique<CEquipment>(number);
             rig->SetHarness(harness);
             rig->SetMainCanopy("Sabre2");
-            rigs.Add(std::move(rig));
+            settings.GetEquipmentList().Add(std::move(rig));
         }
+        doc.ReplaceSettings(settings);
+        const CEquipmentList& rigs = doc.GetSettings().GetEquipmentList();
         CRecordingMessages messages;
         CScriptedDialogs runner;
         runner.steps.append(CScriptedDialogs::Ok<CDlgEquipment>(
@@ -99,7 +101,8 @@ private slots:
         QCOMPARE(rigs.Get(0).GetNumber(), 1);
 
         dlg.accept();
-        QVERIFY(dlg.Changed());
+        QCOMPARE(dlg.result(), int(QDialog::Accepted));
+        QVERIFY(dlg.Edit().Apply(doc));
         QCOMPARE(rigs.GetInspectionCycle(), 730);
         QCOMPARE(rigs.GetAlarmDays(), 30);
         QCOMPARE(rigs.GetCount(), std::size_t(2));

@@ -33,7 +33,9 @@ private slots:
     // the fallrate, keeping the speed choice; OK stores the units and the speed choice together.
     void switchesRefillTheSpeedListAndOkStoresThem()
     {
-        doc->GetSettings().SetCustomFallrateSpeed(5.0);
+        CLogbookSettings settings;
+        settings.SetCustomFallrateSpeed(5.0);
+        doc->ReplaceSettings(settings);
         CDlgPreferences cancelled(units, &store, *doc, nullptr);
         cancelled.UnitsCombo()->setCurrentIndex(0);
         cancelled.reject();
@@ -55,6 +57,7 @@ private slots:
         QCOMPARE(dlg.SpeedCombo()->currentIndex(), 1);
         QCOMPARE(dlg.FallrateLabel()->text(), QStringLiteral("Custom Fallrate [mph]"));
         dlg.accept();
+        dlg.Edit().Apply(units, &store, *doc); // the command's part of OK
         QVERIFY(!units.IsMetric());
         QCOMPARE(store.GetInt("Preferences", "DisplaySpeedAs", -1), 1);
     }
@@ -86,7 +89,8 @@ private slots:
         QCOMPARE(dlg.Edit().previousDelay, padSeconds);
         QCOMPARE(dlg.FreefallButton()->text(), QString::fromStdString(DurationToText(padSeconds, true)));
         dlg.accept();
-        QVERIFY(dlg.Changed());
+        QCOMPARE(dlg.result(), int(QDialog::Accepted));
+        QVERIFY(dlg.Edit().Apply(units, &store, *doc));
         QCOMPARE(doc->GetSettings().FallrateSpeed(2), 55.5);
         QCOMPARE(doc->GetSettings().GetPreviousDelay(), padSeconds);
     }

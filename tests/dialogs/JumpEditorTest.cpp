@@ -30,6 +30,7 @@
 #include <QtTest>
 
 #include <cmath>
+#include <functional>
 #include <memory>
 
 namespace {
@@ -47,17 +48,29 @@ struct CEditorHarness
             jumps[number - 1] = doc.AddJump(std::move(jump));
         }
         if (imported)
-            jumps[1]->SetFallrateValues(
-                {Import, 4000, 1000, static_cast<int>(std::lround(SyntheticJump::FreefallTime())), 200, 55.0, 47.0});
+            Change(1, [](CJump& jump) {
+                jump.SetFallrateValues({Import, 4000, 1000,
+                                        static_cast<int>(std::lround(SyntheticJump::FreefallTime())), 200, 55.0, 47.0});
+            });
         if (kind != CJumpRecording::None)
-            jumps[1]->Recording() = SyntheticJump::Recording(kind);
+            Change(1, [kind](CJump& jump) { jump.Recording() = SyntheticJump::Recording(kind); });
         doc.SetModified(false);
         // New jumps start without wind, so that only the fields a test fills decide its checks.
         store.SetInt("Jump", "HasWind", 0);
     }
 
+    // Changes jump 1 or 2 through the document, leaving it unmodified as if loaded so.
+    void Change(int which, const std::function<void(CJump&)>& change)
+    {
+        doc.ChangeJump(static_cast<std::size_t>(which), [&](CJump& jump) {
+            change(jump);
+            return true;
+        });
+        doc.SetModified(false);
+    }
+
     // The editor, shown or with its pages made without showing it.
-    CDlgJump& Open(CJump* jump, bool show = true)
+    CDlgJump& Open(const CJump* jump, bool show = true)
     {
         dialog = std::make_unique<CDlgJump>(doc, units, &store, clock, jump, &messages);
         if (!show)
@@ -81,7 +94,7 @@ struct CEditorHarness
     CMemorySettingsStore store;
     CFixedClock clock{CDateTime(2024, 6, 10, 9, 30, 0)};
     CRecordingMessages messages;
-    CJump* jumps[2] = {};
+    const CJump* jumps[2] = {};
     std::unique_ptr<CDlgJump> dialog;
 };
 
@@ -134,7 +147,7 @@ private slots:
     void signedJumpIsViewedAndANewSignatureDrawn()
     {
         CEditorHarness h;
-        h.jumps[0]->SetSignature("Anna", {{{5, 5}, {9, 9}}});
+        h.Change(0, [](CJump& jump) { jump.SetSignature("Anna", {{{5, 5}, {9, 9}}}); });
         CDlgJump* editor = &h.Open(h.jumps[0]);
         QVERIFY(h.Find<CKqSpinBox>("jumpNumber")->isReadOnly());
         QVERIFY(!h.Find<QComboBox>("jumpPlace")->isEnabled());
@@ -148,7 +161,7 @@ private slots:
         QVERIFY(!h.doc.IsModified());
 
         const std::string markup = "<p><b>Bold</b> landing</p><img src=\"file:///etc/passwd\"/>";
-        h.jumps[1]->SetNote(markup);
+        h.Change(1, [&](CJump& jump) { jump.SetNote(markup); });
         editor = &h.Open(h.jumps[1]);
         QVERIFY(editor->Note()->Editor() == nullptr);
         QVERIFY(editor->Note()->View()->toPlainText().contains(QStringLiteral("Bold landing")));

@@ -96,7 +96,7 @@ private slots:
 
         doc.SetModified(false);
         for (int i = 0; i < 3; ++i)
-            doc.GetJumps()[i]->SetEquipmentByIndex(i);
+            doc.ChangeJump(std::size_t(i), [i](CJump& jump) { return jump.SetEquipmentByIndex(i); });
         const QStringList before = RigTexts();
         h->dialogs.steps.append(CScriptedDialogs::Ok<CDlgEquipments>([](CDlgEquipments& dlg) {
             dlg.InitialisePages();

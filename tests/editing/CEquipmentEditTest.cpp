@@ -84,20 +84,24 @@ TEST(EquipmentsEdit, AlarmRangesNameTheirField)
 TEST(EquipmentsEdit, ApplyKeepsWhatEveryJumpNamesAndMergesTheAlarm)
 {
     CLogbookDoc doc;
-    CEquipmentList& list = doc.GetSettings().GetEquipmentList();
+    CLogbookSettings settings;
     for (int number : {1, 5, 3}) {
         auto rig = std::make_unique<CEquipment>(number);
         rig->SetHarness("H" + std::to_string(number));
         rig->SetMainCanopy("Main");
-        list.Add(std::move(rig));
+        settings.GetEquipmentList().Add(std::move(rig));
     }
-    for (int i = 0; i < 5; ++i)
-        doc.AddJump(std::make_unique<CJump>(i + 1, CZonedDateTime{CDateTime(2024, 1, 1), 0}, CDateTime()));
-    const auto& jumps = doc.GetJumps();
-    for (int i : {0, 1, 2})
-        jumps[i]->SetEquipmentByIndex(i);
-    jumps[3]->SetEquipmentByDescription("borrowed");
-    jumps[4]->SetEquipmentByIndex(9);
+    doc.ReplaceSettings(settings);
+    const CEquipmentList& list = doc.GetSettings().GetEquipmentList();
+    for (int i = 0; i < 5; ++i) {
+        auto jump = std::make_unique<CJump>(i + 1, CZonedDateTime{CDateTime(2024, 1, 1), 0}, CDateTime());
+        if (i == 3)
+            jump->SetEquipmentByDescription("borrowed");
+        else
+            jump->SetEquipmentByIndex(i == 4 ? 9 : i);
+        doc.AddJump(std::move(jump));
+    }
+    const auto jumps = doc.GetJumps();
     const auto texts = [&] {
         std::vector<std::string> all;
         for (const auto& jump : jumps)

@@ -9,6 +9,8 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <functional>
+
 #include <memory>
 #include <tuple>
 
@@ -23,7 +25,8 @@ class JumpEditTest : public ::testing::Test
 protected:
     JumpEditTest()
     {
-        CEquipmentList& rigs = doc.GetSettings().GetEquipmentList();
+        CLogbookSettings settings;
+        CEquipmentList& rigs = settings.GetEquipmentList();
         for (int number : {5, 2}) {
             auto rig = std::make_unique<CEquipment>(number);
             rig->SetHarness(number == 5 ? "Mirage" : "Javelin");
@@ -31,12 +34,13 @@ protected:
             rig->SetActive(number == 2);
             rigs.Add(std::move(rig));
         }
+        doc.ReplaceSettings(settings);
         AddJump(10, 3000, 1000, "Utti");
         last = AddJump(11, 4000, 1200, "Kemi");
         doc.SetModified(false);
     }
 
-    CJump* AddJump(int number, int exit, int open, const std::string& place)
+    const CJump* AddJump(int number, int exit, int open, const std::string& place)
     {
         auto jump = std::make_unique<CJump>(number, CZonedDateTime{CDateTime(2024, 5, number, 14, 5, 0), 120},
                                             CDateTime(2024, 5, number));
@@ -46,7 +50,18 @@ protected:
         return doc.AddJump(std::move(jump));
     }
 
-    std::unique_ptr<CJumpEdit> Edit(CJump* jump, bool metric = true)
+    // Changes the last jump through the document, as the program does, and leaves the logbook
+    // unmodified as if it had been loaded so.
+    void ChangeLast(const std::function<void(CJump&)>& change)
+    {
+        doc.ChangeJump(static_cast<std::size_t>(doc.IndexOf(last)), [&](CJump& jump) {
+            change(jump);
+            return true;
+        });
+        doc.SetModified(false);
+    }
+
+    std::unique_ptr<CJumpEdit> Edit(const CJump* jump, bool metric = true)
     {
         units = CUnitSettings(metric ? CUnitSettings::Metric : CUnitSettings::Imperial, 0, 0);
         return std::make_unique<CJumpEdit>(doc, units, &store, clock, jump);
@@ -56,7 +71,7 @@ protected:
     CUnitSettings units;
     CMemorySettingsStore store;
     CFixedClock clock{kNow};
-    CJump* last = nullptr;
+    const CJump* last = nullptr;
 };
 
 // A new jump takes over the last jump's values, except what only an imported jump has.
@@ -70,15 +85,15 @@ TEST_F(JumpEditTest, NewJumpDefaults)
     EXPECT_FALSE(first.noTime);
     EXPECT_TRUE(first.noWind); // nothing to take over
 
-    last->SetFallrateValues(CJumpFallrate{Import, 3900, 900, 61, 0, 55.5, 48.0});
-    last->SetNoteText("From the logger");
+    ChangeLast([](CJump& jump) { jump.SetFallrateValues(CJumpFallrate{Import, 3900, 900, 61, 0, 55.5, 48.0}); });
+    ChangeLast([](CJump& jump) { jump.SetNoteText("From the logger"); });
     CJumpValues v = Edit(nullptr)->Values();
     EXPECT_EQ(std::tie(v.number, v.kind, v.note), std::make_tuple(12, Standard, ""));
     EXPECT_EQ(std::tie(v.place, v.landing), std::make_tuple("Kemi", "OK"));
 
-    last->SetFallrate(Manual, 4000, 1000, 47, 60.4, 50.6);
-    last->SetWind(270, 5.0);
-    last->SetNoteText("Line 1\r\nLine 2");
+    ChangeLast([](CJump& jump) { jump.SetFallrate(Manual, 4000, 1000, 47, 60.4, 50.6); });
+    ChangeLast([](CJump& jump) { jump.SetWind(270, 5.0); });
+    ChangeLast([](CJump& jump) { jump.SetNoteText("Line 1\r\nLine 2"); });
     v = Edit(nullptr)->Values();
     EXPECT_EQ(v.kind, Manual);
     EXPECT_EQ(std::tie(v.delay, v.vMax, v.vAvg), std::make_tuple(47, 60, 51));
@@ -267,8 +282,8 @@ TEST_F(JumpEditTest, StoredValuesOutsideTheRangesPassUntouched)
 
 TEST_F(JumpEditTest, UntouchedValuesKeepTheirStoredPrecision)
 {
-    last->SetFallrate(Manual, 1234, 777, 40, 55.55, 44.44);
-    last->SetWind(180, 3.33);
+    ChangeLast([](CJump& jump) { jump.SetFallrate(Manual, 1234, 777, 40, 55.55, 44.44); });
+    ChangeLast([](CJump& jump) { jump.SetWind(180, 3.33); });
     auto edit = Edit(last, false);
     EXPECT_EQ(edit->Values().exitHeight, 4050); // 1234 m is 4048.6 ft
     edit->Values().note = "Only the note changes";
@@ -308,7 +323,7 @@ TEST_F(JumpEditTest, PickingAKindWorksOutOrRestoresDelayAndSpeeds)
     EXPECT_EQ(v.delay, 33);
 
     // An imported jump offers Import, which brings back the recording's values.
-    last->SetFallrateValues(CJumpFallrate{Import, 3900, 900, 61, 0, 55.5, 48.0});
+    ChangeLast([](CJump& jump) { jump.SetFallrateValues(CJumpFallrate{Import, 3900, 900, 61, 0, 55.5, 48.0}); });
     auto imported = Edit(last);
     ASSERT_TRUE(imported->OffersImport());
     EXPECT_TRUE(imported->IsLocked());
@@ -377,7 +392,7 @@ TEST_F(JumpEditTest, NewJumpIsAddedAndRemembersTimeAndWind)
 
 TEST_F(JumpEditTest, PickListsOfferActiveRigsAndTheLogbooksEntries)
 {
-    last->SetEquipmentByIndex(0); // the inactive rig 5, listed only for its own jump
+    ChangeLast([](CJump& jump) { jump.SetEquipmentByIndex(0); }); // the inactive rig 5, listed only for its own jump
     const auto lists = Edit(last)->BuildPickLists();
     EXPECT_EQ(lists.equipment, (std::vector<std::string>{"[5] Mirage / Sabre", "[2] Javelin / Sabre"}));
     EXPECT_EQ(Edit(nullptr)->BuildPickLists().landing, (std::vector<std::string>{"OK", "Soft"}));
@@ -386,7 +401,7 @@ TEST_F(JumpEditTest, PickListsOfferActiveRigsAndTheLogbooksEntries)
 
 TEST_F(JumpEditTest, SignedJumpIsOnlyViewed)
 {
-    last->SetSignature("Anna", {{{3, 4}, {5, 6}}});
+    ChangeLast([](CJump& jump) { jump.SetSignature("Anna", {{{3, 4}, {5, 6}}}); });
     auto edit = Edit(last);
     ASSERT_TRUE(edit->IsViewOnly());
     edit->Values().number = 100000;

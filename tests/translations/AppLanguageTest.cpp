@@ -9,6 +9,8 @@
 
 #include "app/CMessageBoxes.h"
 #include "app/CMessageDlg.h"
+#include "app/CJumpListCtrl.h"
+#include "app/CJumpTableModel.h"
 #include "app/CSummaryPane.h"
 #include "dialogs/CDlgPreferences.h"
 
@@ -114,12 +116,14 @@ private slots:
         for (int row : {CSummaryPane::NumberOfJumps, CSummaryPane::FreefallDistance, CSummaryPane::LastJump})
             shown << summary->LabelText(row) << summary->ValueText(row);
         harness.View()->OnViewJumpList();
-        const QTreeWidgetItem* item = harness.View()->GetList()->topLevelItem(0);
-        QVERIFY(item);
-        QCOMPARE(item->text(2), QStringLiteral("Jump"));
-        shown << item->text(1);
+        const CJumpListCtrl* list = harness.View()->GetList();
+        QVERIFY(list->RowCount() > 0);
+        QCOMPARE(list->TextAt(0, CJumpTableModel::PlaceColumn), QStringLiteral("Jump"));
+        shown << list->TextAt(0, CJumpTableModel::DateColumn);
 
-        harness.Doc().GetSettings().SetCustomFallrateSpeed(5.2);
+        CLogbookSettings settings = harness.Doc().GetSettings();
+        settings.SetCustomFallrateSpeed(5.2);
+        harness.Doc().ReplaceSettings(settings);
         CUnitSettings units(1, 0, 1);
         CDlgPreferences preferences(units, nullptr, harness.Doc(), &harness.messages);
         shown << preferences.FallrateLabel()->text() << preferences.FallrateButton()->text();
