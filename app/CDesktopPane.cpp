@@ -97,7 +97,7 @@ CDesktopPane::CDesktopPane(CJumpTableModel* model, ISettingsStore* store, QWidge
     sideLayout->addWidget(m_summary, 0, Qt::AlignHCenter);
     m_licenceStatus = new CLicenceStatusPane(sideContent);
     m_licenceStatus->setObjectName(QStringLiteral("desktopLicenceStatus"));
-    sideLayout->addWidget(m_licenceStatus, 0, Qt::AlignHCenter);
+    sideLayout->addWidget(m_licenceStatus);
     m_details = new CJumpDetailsPane(model, sideContent);
     sideLayout->addWidget(m_details, 1);
     side->setWidget(sideContent);

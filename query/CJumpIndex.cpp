@@ -169,7 +169,7 @@ void CJumpIndex::JumpsInserted(std::size_t first, std::size_t count)
     std::vector<Entry> added;
     added.reserve(count);
     for (std::size_t i = first; i < first + count; ++i)
-        added.push_back(MakeEntry(*m_doc.GetJumps().at(i)));
+        added.push_back(MakeEntry(*m_doc.GetJumps()[i]));
     m_entries.insert(m_entries.begin() + static_cast<std::ptrdiff_t>(first), std::make_move_iterator(added.begin()),
                      std::make_move_iterator(added.end()));
 }
@@ -177,7 +177,7 @@ void CJumpIndex::JumpsInserted(std::size_t first, std::size_t count)
 void CJumpIndex::JumpsChanged(std::size_t first, std::size_t count)
 {
     for (std::size_t i = first; i < first + count; ++i)
-        m_entries.at(i) = MakeEntry(*m_doc.GetJumps().at(i));
+        m_entries.at(i) = MakeEntry(*m_doc.GetJumps()[i]);
 }
 
 void CJumpIndex::JumpsRemoved(std::size_t first, std::size_t count)
@@ -201,7 +201,7 @@ void CJumpIndex::JumpMoved(std::size_t from, std::size_t to)
     else if (to < from)
         std::rotate(at(to), at(from), at(from + 1));
     // The jump changed on its way: its number at least.
-    m_entries.at(to) = MakeEntry(*m_doc.GetJumps().at(to));
+    m_entries.at(to) = MakeEntry(*m_doc.GetJumps()[to]);
 }
 
 void CJumpIndex::SettingsChanged()

@@ -175,7 +175,7 @@ CLicenceStatus CLicenceStatus::OfDocument(const CLogbookDoc& doc, const CDateTim
         // Only the time stamps are read, one cache line of jumps that lie apart: ask early.
         if (index + 4 < jumps.size())
             __builtin_prefetch(&jumps[index + 4]->GetTimestamp());
-        const CJump* jump = jumps[index].get();
+        const CJump* jump = jumps[index];
         const CDateTime& stamp = jump->GetTimestamp().dateTime;
         if (!stamp.IsValid())
             continue;

@@ -8,9 +8,9 @@
 #include "CAppHarness.h"
 #include "CRenderCheck.h"
 
-#include "app/CLicenceStatusPane.h"
 #include "app/CDesktopPane.h"
 #include "app/CJumpTableModel.h"
+#include "app/CLicenceStatusPane.h"
 #include "app/CSummaryPane.h"
 
 #include <QApplication>

@@ -7,6 +7,7 @@
 #include "CRenderCheck.h"
 
 #include "app/AppCommands.h"
+#include "app/CDesktopPane.h"
 #include "app/CDlgStatistics.h"
 #include "app/CLicenceStatusPane.h"
 #include "app/CSummaryPane.h"
@@ -207,6 +208,14 @@ private slots:
                 // The view fits the cards to its new width as it is resized, which lays it out again.
                 QApplication::processEvents();
                 QApplication::processEvents();
+                if (harness.View()->IsDesktopLayout()) {
+                    // The desktop shows the same status beside its table, under its summary.
+                    CLicenceStatusPane* desktop = harness.View()->GetDesktop()->LicenceStatus();
+                    QVERIFY(desktop->isVisibleTo(harness.View()));
+                    QCOMPARE(desktop->CurrencyText(), QString::fromUtf8(row.currency));
+                    QVERIFY(RenderCheck::Save(harness.Frame(), QStringLiteral("home_%1_desktop.png").arg(row.name)));
+                    continue;
+                }
                 QVERIFY(pane->isVisibleTo(harness.View()));
                 // The landscape handheld has the height for one short line each only.
                 QCOMPARE(pane->IsCompact(), size == QSize(320, 240));

@@ -204,7 +204,7 @@ private slots:
     void aJumpWithoutADateAsksForOne()
     {
         CEditorHarness h;
-        h.jumps[0]->SetTimestamp({CDateTime(), 0});
+        h.Change(0, [](CJump& jump) { jump.SetTimestamp({CDateTime(), 0}); });
         CDlgJump& editor = h.Open(h.jumps[0]);
         auto* date = h.Find<CKqDateEdit>("jumpDate");
         QVERIFY(!date->HasDate());

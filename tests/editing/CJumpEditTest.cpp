@@ -198,10 +198,12 @@ TEST_F(JumpEditTest, UntouchedNewJumpPassesItsOwnChecks)
             store.SetInt("Jump", "HasTime", c.hasTime);
             store.SetInt("Jump", "HasWind", c.hasWind);
         }
-        last->SetWind(0, 0.0);
-        last->SetFallrate(Standard, 4000, 1200, 0, 0, 0);
-        if (c.lastJump)
-            c.lastJump(*last);
+        ChangeLast([&](CJump& jump) {
+            jump.SetWind(0, 0.0);
+            jump.SetFallrate(Standard, 4000, 1200, 0, 0, 0);
+            if (c.lastJump)
+                c.lastJump(jump);
+        });
         units = CUnitSettings(c.metric ? CUnitSettings::Metric : CUnitSettings::Imperial, 0, 0);
         CJumpEdit edit(logbook, units, &store, clock, nullptr);
         EXPECT_EQ(edit.Values().noWind, c.noWind);
@@ -259,10 +261,12 @@ TEST_F(JumpEditTest, DetailsCheckRecomputesTheFallRate)
 // A jump without a valid date is refused until it gets one.
 TEST_F(JumpEditTest, StoredValuesOutsideTheRangesPassUntouched)
 {
-    last->SetNumber(123456);
-    last->SetSize(1500);
-    last->SetFallrate(Manual, 4000, 1000, 250, 60, 50);
-    last->SetWind(500, 80.0);
+    ChangeLast([](CJump& jump) {
+        jump.SetNumber(123456);
+        jump.SetSize(1500);
+        jump.SetFallrate(Manual, 4000, 1000, 250, 60, 50);
+        jump.SetWind(500, 80.0);
+    });
     auto edit = Edit(last);
     EXPECT_EQ(edit->Values().number, 123456);
     EXPECT_TRUE(edit->ValidateAll().Passed()) << edit->ValidateAll().message;
@@ -273,7 +277,7 @@ TEST_F(JumpEditTest, StoredValuesOutsideTheRangesPassUntouched)
     edit->Values().number = 123457;
     EXPECT_EQ(edit->ValidateAll().message, "Please enter a value between 1 and 99999.");
 
-    last->SetTimestamp({CDateTime(), 0});
+    ChangeLast([](CJump& jump) { jump.SetTimestamp({CDateTime(), 0}); });
     edit = Edit(last);
     EXPECT_FALSE(edit->Values().date.IsValid());
     const CCheckResult noDate = edit->ValidateAll();

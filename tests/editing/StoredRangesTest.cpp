@@ -26,7 +26,7 @@ struct Values
 std::unique_ptr<CLogbookDoc> LoadedLogbook(const Values& v, const CScratchFolder& folder)
 {
     CLogbookDoc written;
-    CLogbookSettings& settings = written.GetSettings();
+    CLogbookSettings settings;
     settings.SetPreviousJumps(v.previousJumps);
     settings.GetMembership().Set(true, CDateTime(2030, 1, 31), true, v.daysPrior);
     auto rig = std::make_unique<CEquipment>(1);
@@ -36,6 +36,7 @@ std::unique_ptr<CLogbookDoc> LoadedLogbook(const Values& v, const CScratchFolder
     rig->SetPreviousJumps(v.rigJumps);
     settings.GetEquipmentList().Add(std::move(rig));
     settings.GetEquipmentList().SetAlarm(true, v.rigAlarmDays, v.inspectionCycle);
+    written.ReplaceSettings(settings);
     const std::string path = folder / "ranges.tvz";
     EXPECT_TRUE(written.Save(path));
     auto doc = std::make_unique<CLogbookDoc>();
@@ -60,7 +61,7 @@ TEST(StoredRanges, UntouchedValuesPassAndTypedOnesAreChecked)
         SCOPED_TRACE(c.name);
         const Values& v = c.values;
         auto doc = LoadedLogbook(v, folder);
-        CLogbookSettings& settings = doc->GetSettings();
+        const CLogbookSettings& settings = doc->GetSettings();
         ASSERT_EQ(settings.GetEquipmentList().Get(0).GetPreviousJumps(), v.rigJumps);
         const CLogbookSettings before = settings;
 
@@ -75,7 +76,8 @@ TEST(StoredRanges, UntouchedValuesPassAndTypedOnesAreChecked)
         CUserProfileEdit profile;
         profile.Load(settings);
         EXPECT_TRUE(profile.ValidateMembership().Passed());
-        EXPECT_FALSE(profile.Apply(settings));
+        CLogbookSettings profileCopy = settings;
+        EXPECT_FALSE(profile.Apply(profileCopy));
         profile.daysPrior = v.daysPrior + 1;
         if (v.daysPrior >= 365) {
             EXPECT_EQ(profile.ValidateMembership().message, "Please enter a value between 0 and 365.");

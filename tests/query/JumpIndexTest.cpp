@@ -4,6 +4,7 @@
 #include "query/CQueryParser.h"
 #include "units/CUnitSettings.h"
 
+#include <functional>
 #include <gtest/gtest.h>
 
 #include <string>
@@ -38,59 +39,53 @@ void ExpectCurrent(const CJumpIndex& index, const CLogbookDoc& doc, const std::s
     }
 }
 
-// The document is changed as the window changes it, and the index told what the document tells
-// its observers.
+// The document is changed as the window changes it, and the index, one of its observers, follows.
 TEST(JumpIndex, FollowsAddChangeMoveRemoveSettingsAndReload)
 {
     CLogbookDoc doc;
     QueryTestLogbook::Fill(doc);
     CJumpIndex index(doc);
+    doc.AddObserver(&index);
     ExpectCurrent(index, doc, "built");
+    const auto change = [&doc](std::size_t position, const std::function<void(CJump&)>& edit) {
+        doc.ChangeJump(position, [&](CJump& jump) {
+            edit(jump);
+            return true;
+        });
+    };
 
-    CJump* added = doc.AddJump(QueryTestLogbook::Jump(50, CDateTime(2024, 3, 1), "Utti", "Belly"));
-    const auto addedAt = static_cast<std::size_t>(doc.IndexOf(added));
-    index.JumpsInserted(addedAt, 1);
+    const CJump* added = doc.AddJump(QueryTestLogbook::Jump(50, CDateTime(2024, 3, 1), "Utti", "Belly"));
     EXPECT_EQ(Numbers(doc, index.Find(Parse("utti"))), std::vector<int>{50});
     ExpectCurrent(index, doc, "added");
 
-    doc.BeginChangeJump(added);
-    added->SetPlace("Skydive Spa");
-    added->SetSignature("Zoë Laurent", {});
-    doc.EndChangeJump(added);
-    index.JumpsChanged(addedAt, 1);
+    change(static_cast<std::size_t>(doc.IndexOf(added)), [](CJump& jump) {
+        jump.SetPlace("Skydive Spa");
+        jump.SetSignature("Zoë Laurent", {});
+    });
     EXPECT_EQ(Numbers(doc, index.Find(Parse("dz:spa signed:yes"))), std::vector<int>{50});
     ExpectCurrent(index, doc, "changed");
 
-    CJump* first = doc.GetJumps().front().get();
-    doc.BeginChangeJump(first);
-    first->SetNumber(450);
-    doc.EndChangeJump(first);
-    index.JumpMoved(0, doc.GetJumpCount() - 1);
+    change(0, [](CJump& jump) { jump.SetNumber(450); });
     EXPECT_EQ(Numbers(doc, index.Find(Parse("n:401.."))), std::vector<int>{450});
     ExpectCurrent(index, doc, "moved down");
 
-    CJump* last = doc.GetJumps().back().get();
-    doc.BeginChangeJump(last);
-    last->SetNumber(0);
-    doc.EndChangeJump(last);
-    index.JumpMoved(doc.GetJumpCount() - 1, 0);
+    change(doc.GetJumpCount() - 1, [](CJump& jump) { jump.SetNumber(0); });
     ExpectCurrent(index, doc, "moved up");
 
-    doc.RemoveJump(2);
-    doc.RemoveJump(2);
-    index.JumpsRemoved(2, 2);
+    doc.RemoveJumps({2, 3});
     ExpectCurrent(index, doc, "removed");
 
-    doc.GetSettings().GetEquipmentList().Get(1).SetHarness("Javelin Odyssey");
-    index.SettingsChanged();
+    CLogbookSettings settings = doc.GetSettings();
+    settings.GetEquipmentList().Get(1).SetHarness("Javelin Odyssey");
+    doc.ReplaceSettings(settings);
     EXPECT_EQ(Numbers(doc, index.Find(Parse("rig:odyssey"))), std::vector<int>{2});
     ExpectCurrent(index, doc, "settings");
 
     doc.Clear();
     doc.AddJump(QueryTestLogbook::Jump(7, CDateTime(2020, 1, 1), "Utti", "Belly"));
-    index.LogbookReset();
     EXPECT_EQ(Numbers(doc, index.Find(Parse("utti"))), std::vector<int>{7});
     ExpectCurrent(index, doc, "reloaded");
+    doc.RemoveObserver(&index);
 }
 
 } // namespace

@@ -29,12 +29,13 @@ inline std::unique_ptr<CJump> Jump(int number, CDateTime when, const std::string
 
 inline void Fill(CLogbookDoc& doc)
 {
-    CEquipmentList& rigs = doc.GetSettings().GetEquipmentList();
+    CLogbookSettings settings = doc.GetSettings();
     for (const auto& [number, harness] : {std::pair{1, "Javelin"}, std::pair{2, "Vector"}}) {
         auto rig = std::make_unique<CEquipment>(number);
         rig->SetHarness(harness);
-        rigs.Add(std::move(rig));
+        settings.GetEquipmentList().Add(std::move(rig));
     }
+    doc.ReplaceSettings(settings);
 
     auto one = Jump(1, CDateTime(2023, 12, 31, 10, 0, 0), "Jämijärvi", "Belly");
     one->SetAircraft("Cessna 206");
@@ -76,7 +77,7 @@ inline std::vector<int> Numbers(const CLogbookDoc& doc, const std::vector<std::s
 {
     std::vector<int> numbers;
     for (const std::size_t i : positions)
-        numbers.push_back(doc.GetJumps().at(i)->GetNumber());
+        numbers.push_back(doc.GetJumps()[i]->GetNumber());
     return numbers;
 }
 

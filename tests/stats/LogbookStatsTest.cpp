@@ -218,8 +218,10 @@ TEST(LicenceCurrency, StatesAroundTheLimit)
 TEST(LogbookStatsEmpty, HasMonthsAndPreviousJumpsOnly)
 {
     CLogbookDoc doc;
-    doc.GetSettings().SetPreviousJumps(30);
-    doc.GetSettings().SetPreviousDelay(600);
+    CLogbookSettings settings;
+    settings.SetPreviousJumps(30);
+    settings.SetPreviousDelay(600);
+    doc.ReplaceSettings(settings);
     const CLogbookStats stats = CLogbookStats::Compute(doc, CDateTime(2026, 11, 25));
     EXPECT_EQ(Months(stats.perMonth), "24 2024-12..2026-11");
     EXPECT_TRUE(stats.perYear.empty() && stats.perDropZone.empty() && stats.perRig.empty());

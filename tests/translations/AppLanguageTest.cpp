@@ -7,10 +7,10 @@
 #include "CAppHarness.h"
 #include "CRenderCheck.h"
 
-#include "app/CMessageBoxes.h"
-#include "app/CMessageDlg.h"
 #include "app/CJumpListCtrl.h"
 #include "app/CJumpTableModel.h"
+#include "app/CMessageBoxes.h"
+#include "app/CMessageDlg.h"
 #include "app/CSummaryPane.h"
 #include "dialogs/CDlgPreferences.h"
 
