@@ -6,12 +6,14 @@
 #include "translations/MessageText.h"
 
 #include <QApplication>
+#include <QComboBox>
 #include <QDialogButtonBox>
 #include <QMessageBox>
 #include <QProxyStyle>
 #include <QPushButton>
 #include <QScreen>
 #include <QScrollArea>
+#include <QSignalBlocker>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QVBoxLayout>
@@ -42,21 +44,39 @@ CKqPropertySheet::CKqPropertySheet(const QString& caption, IMessageSink* message
     m_tabs = new QTabWidget(this);
     m_tabs->setObjectName(QStringLiteral("sheetTabs"));
     m_tabs->setDocumentMode(true);
-    // Titles are never cut: the tab row scrolls when even compact tabs (FitTabs) do not fit.
+    // Titles are never cut. Where even compact tabs do not fit, a list of the pages takes the
+    // tab row's place (FitTabs); the scroll buttons stay only as a last resort.
     m_tabs->setUsesScrollButtons(true);
     m_tabs->setElideMode(Qt::ElideNone);
     m_buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
     m_buttons->setObjectName(QStringLiteral("sheetButtons"));
 
+    m_pageChooser = new QComboBox(this);
+    m_pageChooser->setObjectName(QStringLiteral("sheetPages"));
+    m_pageChooser->hide();
+
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(4, 4, 4, 4);
     layout->setSpacing(4);
+    layout->addWidget(m_pageChooser);
     layout->addWidget(m_tabs, 1);
     layout->addWidget(m_buttons);
 
     connect(m_buttons, &QDialogButtonBox::accepted, this, &CKqPropertySheet::accept);
     connect(m_buttons, &QDialogButtonBox::rejected, this, &CKqPropertySheet::reject);
     connect(m_tabs, &QTabWidget::currentChanged, this, &CKqPropertySheet::OnCurrentChanged);
+    // The list follows the tabs, a refused change of page included; picking a page in it is
+    // the same as a tap on its tab.
+    connect(m_tabs, &QTabWidget::currentChanged, this, [this] {
+        const QSignalBlocker quiet(m_pageChooser);
+        m_pageChooser->setCurrentIndex(m_tabs->currentIndex());
+    });
+    connect(m_pageChooser, &QComboBox::activated, this, [this](int index) {
+        if (!SetActivePage(index)) {
+            const QSignalBlocker quiet(m_pageChooser);
+            m_pageChooser->setCurrentIndex(m_tabs->currentIndex());
+        }
+    });
 }
 
 CKqPropertySheet::~CKqPropertySheet() = default;
@@ -210,14 +230,26 @@ void CKqPropertySheet::FitTabs()
         bar->setStyle(nullptr);
         bar->setFont(font());
     }
-    if (bar->sizeHint().width() <= room)
-        return;
-    if (!m_compactTabs) {
-        m_compactTabs = new CCompactTabStyle;
-        m_compactTabs->setParent(this);
+    bool fits = bar->sizeHint().width() <= room;
+    if (!fits) {
+        if (!m_compactTabs) {
+            m_compactTabs = new CCompactTabStyle;
+            m_compactTabs->setParent(this);
+        }
+        bar->setStyle(m_compactTabs);
+        QFont smaller = font();
+        smaller.setPointSizeF(smaller.pointSizeF() * 0.9);
+        bar->setFont(smaller);
+        fits = bar->sizeHint().width() <= room;
     }
-    bar->setStyle(m_compactTabs);
-    QFont smaller = font();
-    smaller.setPointSizeF(smaller.pointSizeF() * 0.9);
-    bar->setFont(smaller);
+    // Too many pages for the width even so: a list of the pages instead of a scrolling tab row.
+    bar->setVisible(fits);
+    m_pageChooser->setVisible(!fits);
+    if (!fits) {
+        const QSignalBlocker quiet(m_pageChooser);
+        m_pageChooser->clear();
+        for (int i = 0; i < m_tabs->count(); ++i)
+            m_pageChooser->addItem(m_tabs->tabText(i));
+        m_pageChooser->setCurrentIndex(m_tabs->currentIndex());
+    }
 }

@@ -8,6 +8,7 @@ class IDialogRunner;
 class IMessageSink;
 class QDialogButtonBox;
 class QStyle;
+class QComboBox;
 class QTabWidget;
 struct CCheckResult;
 
@@ -72,12 +73,13 @@ private:
     // The size of the sheet: its natural size, but never larger than the screen.
     void FitToScreen();
     // Narrower tabs (less room round the titles, a slightly smaller font) when the tab row
-    // would not fit the sheet otherwise.
+    // would not fit the sheet otherwise, and a list of the pages when even those do not fit.
     void FitTabs();
 
     IMessageSink* m_messages;
     IDialogRunner* m_runner = nullptr;
     QTabWidget* m_tabs;
+    QComboBox* m_pageChooser;
     QDialogButtonBox* m_buttons;
     QList<CKqPropertyPage*> m_pages;
     int m_current = -1;

@@ -24,6 +24,7 @@
 #include "units/CMemorySettingsStore.h"
 #include "units/CUnitSettings.h"
 
+#include <QComboBox>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QTabBar>
@@ -107,10 +108,17 @@ private:
                     QStringLiteral("%1_%2_%3x%4.png").arg(name).arg(page).arg(size.width()).arg(size.height());
                 QWidget* shown = sheet ? sheet->Tabs()->currentWidget() : &dlg;
                 QStringList problems = RenderCheck::Clipped(&dlg) + RenderCheck::ScrollsSideways(shown);
-                // From 320 pixels on, every tab title is in sight without scrolling the tab row.
-                if (sheet && size.width() >= 320 &&
-                    sheet->Tabs()->tabBar()->sizeHint().width() > sheet->Tabs()->width())
-                    problems.append(QStringLiteral("the tab row scrolls"));
+                // Every page's title is in sight without scrolling: in the tab row, or where that
+                // cannot fit, in the list of pages that takes its place.
+                if (sheet) {
+                    const QTabBar* bar = sheet->Tabs()->tabBar();
+                    const auto* pages = sheet->findChild<QComboBox*>(QStringLiteral("sheetPages"));
+                    if (bar->isVisibleTo(&dlg) && bar->sizeHint().width() > sheet->Tabs()->width())
+                        problems.append(QStringLiteral("the tab row scrolls"));
+                    if (bar->isVisibleTo(&dlg) == pages->isVisibleTo(&dlg) ||
+                        (pages->isVisibleTo(&dlg) && pages->currentIndex() != page))
+                        problems.append(QStringLiteral("tabs and list of pages disagree"));
+                }
                 if (auto* recording = qobject_cast<CDlgJumpPageRecording*>(sheet ? sheet->Page(page) : nullptr)) {
                     CRecordingPlot* plot = recording->Plot();
                     QTest::mouseMove(plot, QPoint(qRound(plot->XOfTime(20.0)), qRound(plot->SpeedArea().center().y())));
