@@ -44,8 +44,12 @@ step "format check"
 "$root/scripts/format.sh"
 
 step "main build"
+# Optimised as a release is (-O2, whose analyses some warnings need), with -g1: file and line of
+# every frame for a debugger or a crash report, without the rest of the debugging information,
+# which costs a third of the time of compiling a test.
 build="$root/build-test"
-cmake -S "$root" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DTERVOLA_WERROR=ON >/dev/null
+cmake -S "$root" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DTERVOLA_WERROR=ON \
+  -DCMAKE_CXX_FLAGS_RELWITHDEBINFO="-O2 -g1 -DNDEBUG" -DCMAKE_C_FLAGS_RELWITHDEBINFO="-O2 -g1 -DNDEBUG" >/dev/null
 cmake --build "$build" -j"$jobs"
 
 step "sanitizer build (address, undefined behaviour)"
