@@ -60,7 +60,13 @@ CMainFrame::CMainFrame(const CAppServices& services, QWidget* parent)
     UpdateCommands();
 }
 
-CMainFrame::~CMainFrame() = default;
+CMainFrame::~CMainFrame()
+{
+    // The view and its table models observe the document, which is a member and dies before
+    // the child widgets would: they go first, and take their leave of a living document.
+    delete m_view;
+    m_view = nullptr;
+}
 
 QAction* CMainFrame::MakeAction(const QString& name, const QString& text, int command, const QString& art)
 {

@@ -79,6 +79,32 @@ void operator delete(void* block, std::size_t) noexcept
 {
     Release(block);
 }
+// The library's temporary buffers (std::stable_sort) come from the nothrow forms and go back
+// through the plain ones, so those are metered too.
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept
+{
+    try {
+        return Allocate(size);
+    } catch (const std::bad_alloc&) {
+        return nullptr;
+    }
+}
+void* operator new[](std::size_t size, const std::nothrow_t&) noexcept
+{
+    try {
+        return Allocate(size);
+    } catch (const std::bad_alloc&) {
+        return nullptr;
+    }
+}
+void operator delete(void* block, const std::nothrow_t&) noexcept
+{
+    Release(block);
+}
+void operator delete[](void* block, const std::nothrow_t&) noexcept
+{
+    Release(block);
+}
 void operator delete[](void* block, std::size_t) noexcept
 {
     Release(block);
