@@ -2,8 +2,8 @@
 
 #include "bridge/CorePaths.h"
 #include "cli/CConsole.h"
-#include "cli/CCsvExporter.h"
-#include "cli/CJsonExporter.h"
+#include "formats/CCsvExporter.h"
+#include "qtformats/CJsonExporter.h"
 #include "cli/CJumpQuery.h"
 #include "cli/CLogbookOpener.h"
 #include "cli/CUnitsOption.h"

@@ -1,6 +1,6 @@
-#include "cli/CJsonExporter.h"
+#include "qtformats/CJsonExporter.h"
 
-#include "cli/CTextFormat.h"
+#include "formats/CTextFormat.h"
 #include "document/CLogbookDoc.h"
 #include "model/CGpsSample.h"
 #include "xml/XmlValues.h"

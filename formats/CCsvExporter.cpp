@@ -1,6 +1,6 @@
-#include "cli/CCsvExporter.h"
+#include "formats/CCsvExporter.h"
 
-#include "cli/CTextFormat.h"
+#include "formats/CTextFormat.h"
 #include "document/CLogbookDoc.h"
 #include "units/CUnitSettings.h"
 #include "units/DurationText.h"

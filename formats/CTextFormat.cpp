@@ -1,4 +1,4 @@
-#include "cli/CTextFormat.h"
+#include "formats/CTextFormat.h"
 
 #include "units/RoundValue.h"
 
