@@ -2,12 +2,12 @@
 
 #include "bridge/CorePaths.h"
 #include "cli/CConsole.h"
-#include "formats/CCsvExporter.h"
-#include "qtformats/CJsonExporter.h"
 #include "cli/CJumpQuery.h"
 #include "cli/CLogbookOpener.h"
 #include "cli/CUnitsOption.h"
 #include "document/CLogbookDoc.h"
+#include "formats/CCsvExporter.h"
+#include "qtformats/CJsonExporter.h"
 #include "query/CQuery.h"
 #include "query/FoldText.h"
 

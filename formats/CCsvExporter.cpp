@@ -1,7 +1,7 @@
 #include "formats/CCsvExporter.h"
 
-#include "formats/CTextFormat.h"
 #include "document/CLogbookDoc.h"
+#include "formats/CTextFormat.h"
 #include "units/CUnitSettings.h"
 #include "units/DurationText.h"
 

@@ -1,7 +1,7 @@
 #include "qtformats/CJsonExporter.h"
 
-#include "formats/CTextFormat.h"
 #include "document/CLogbookDoc.h"
+#include "formats/CTextFormat.h"
 #include "model/CGpsSample.h"
 #include "xml/XmlValues.h"
 
