@@ -91,7 +91,7 @@ private slots:
             CAppHarness harness;
             harness.StartWith(Logbook());
             harness.View()->OnViewJumpList();
-            harness.dialogs.steps.append([typed, ok](QDialog& dialog) {
+            harness.dialogs.steps.append([typed = typed, ok = ok](QDialog& dialog) {
                 if (!typed.isEmpty())
                     dialog.findChild<QComboBox*>("jumpPlace")->setEditText(typed);
                 return ok ? CScriptedDialogs::Ok<CDlgJump>([](CDlgJump&) {})(dialog) : int(QDialog::Rejected);
