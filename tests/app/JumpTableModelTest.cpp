@@ -4,6 +4,7 @@
 #include "app/CJumpTableModel.h"
 #include "document/CLogbookDoc.h"
 #include "model/CJump.h"
+#include "query/CJumpIndex.h"
 #include "units/CUnitSettings.h"
 
 #include <QSignalSpy>
@@ -57,7 +58,8 @@ private slots:
         CLogbookDoc doc;
         Fill(doc);
         const CUnitSettings units(CUnitSettings::Metric, 0, 0);
-        CJumpTableModel model(doc, units);
+        const CJumpIndex index(doc);
+        CJumpTableModel model(doc, units, index);
         QCOMPARE(model.columnCount(), int(CJumpTableModel::ColumnCount));
         QCOMPARE(Numbers(model), QStringLiteral("7 9 10 12"));
         const struct
@@ -83,7 +85,8 @@ private slots:
         CLogbookDoc doc;
         Fill(doc);
         CUnitSettings units(CUnitSettings::Metric, 0, 0);
-        CJumpTableModel model(doc, units);
+        const CJumpIndex index(doc);
+        CJumpTableModel model(doc, units, index);
         QSignalSpy headers(&model, &QAbstractItemModel::headerDataChanged);
         const QModelIndex exit = model.index(1, CJumpTableModel::ExitColumn);
         QCOMPARE(exit.data().toString(), QLocale().toString(10000));
@@ -104,9 +107,12 @@ private slots:
         CLogbookDoc doc;
         Fill(doc);
         const CUnitSettings units(CUnitSettings::Metric, 0, 0);
-        CJumpTableModel table(doc, units);
+        // The index hears of each change before the models that ask it.
+        CJumpIndex index(doc);
+        doc.AddObserver(&index);
+        CJumpTableModel table(doc, units, index);
         table.sort(CJumpTableModel::PlaceColumn, Qt::AscendingOrder);
-        CJumpTableModel unsignedOnly(doc, units, CJumpTableModel::Filter::UnsignedJumps);
+        CJumpTableModel unsignedOnly(doc, units, index, CJumpTableModel::Filter::UnsignedJumps);
         QCOMPARE(Numbers(unsignedOnly), QStringLiteral("9 12"));
         QSignalSpy changed(&table, &QAbstractItemModel::dataChanged);
         QSignalSpy reset(&table, &QAbstractItemModel::modelReset);
@@ -142,6 +148,7 @@ private slots:
         doc.Clear();
         QCOMPARE(reset.size(), 1);
         QCOMPARE(table.rowCount(), 0);
+        doc.RemoveObserver(&index);
     }
 };
 
