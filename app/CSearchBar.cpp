@@ -10,8 +10,10 @@
 #include <QLineEdit>
 #include <QLocale>
 #include <QMenu>
+#include <QScreen>
 #include <QToolButton>
 
+#include <span>
 #include <string_view>
 
 namespace {
@@ -113,19 +115,24 @@ CSearchBar::CSearchBar(const CUnitSettings& units, QWidget* parent)
 
     m_termsButton = new QToolButton(this);
     m_termsButton->setObjectName(QStringLiteral("searchTermsButton"));
-    m_termsButton->setText(tr("Terms"));
+    // The menu's arrow follows the text instead of lying over its end.
+    m_termsButton->setText(tr("Terms") + QStringLiteral(" \u25BE"));
+    m_termsButton->setStyleSheet(QStringLiteral("QToolButton::menu-indicator { image: none; width: 0px; }"));
     m_termsButton->setToolTip(tr("Insert a search term"));
     m_termsButton->setPopupMode(QToolButton::InstantPopup);
     auto* menu = new QMenu(m_termsButton);
     menu->setObjectName(QStringLiteral("searchTermsMenu"));
+    menu->setToolTipsVisible(true);
     for (const CQueryParser::TermHelp& help : CQueryParser::Terms()) {
         const QString term = FromUtf8(help.term);
-        QAction* action = menu->addAction(term + QLatin1Char('\t') + Describe(help));
+        QAction* action = menu->addAction(term);
         action->setData(term);
-        action->setToolTip(FromUtf8(help.example));
+        action->setToolTip(FromUtf8(help.example) + QStringLiteral(": ") + Describe(help));
         connect(action, &QAction::triggered, this, [this, term] { InsertTerm(term); });
     }
     m_termsButton->setMenu(menu);
+    connect(menu, &QMenu::aboutToShow, this,
+            [this] { FitTermsMenu(screen() ? screen()->availableGeometry().width() : 0); });
 
     m_count = new QLabel(this);
     m_count->setObjectName(QStringLiteral("searchCount"));
@@ -222,6 +229,25 @@ void CSearchBar::ReadText()
     emit queryChanged();
 }
 
+QMenu* CSearchBar::FitTermsMenu(int room)
+{
+    // What a term finds stays in the item's tool tip when only the example fits.
+    QMenu* menu = m_termsButton->menu();
+    const std::span<const CQueryParser::TermHelp> terms = CQueryParser::Terms();
+    for (const bool described : {true, false}) {
+        const QList<QAction*> actions = menu->actions();
+        for (qsizetype i = 0; i < actions.size() && i < static_cast<qsizetype>(terms.size()); ++i) {
+            const CQueryParser::TermHelp& help = terms[static_cast<std::size_t>(i)];
+            actions[i]->setText(described ? FromUtf8(help.term) + QStringLiteral("  ") + Describe(help)
+                                          : FromUtf8(help.example));
+        }
+        menu->adjustSize();
+        if (room <= 0 || menu->sizeHint().width() <= room)
+            break;
+    }
+    return menu;
+}
+
 void CSearchBar::InsertTerm(const QString& term)
 {
     const int cursor = m_field->cursorPosition();
@@ -251,7 +277,8 @@ void CSearchBar::resizeEvent(QResizeEvent* event)
 void CSearchBar::PlaceCount()
 {
     // Beside the field while the field keeps room for a few words, else on a line of its own.
-    const int needed = m_termsButton->sizeHint().width() + m_count->sizeHint().width() + 20 * fontMetrics().averageCharWidth();
+    const int needed =
+        m_termsButton->sizeHint().width() + m_count->sizeHint().width() + 20 * fontMetrics().averageCharWidth();
     const bool beside = width() <= 0 || width() >= needed;
     if (beside == m_countBeside && m_grid->indexOf(m_count) >= 0 && m_grid->indexOf(m_message) >= 0)
         return;

@@ -9,6 +9,7 @@ class CUnitSettings;
 class QGridLayout;
 class QLabel;
 class QLineEdit;
+class QMenu;
 class QToolButton;
 
 // The search field over a list of jumps: the query as typed, a button with the menu of typed
@@ -42,6 +43,9 @@ public:
 
     QLineEdit* Field() const { return m_field; }
     QToolButton* TermsButton() const { return m_termsButton; }
+    // Labels the terms menu's items to fit room pixels (the screen's width as it is shown): each
+    // term with what it finds, or with an example where that is too wide. Returns the menu.
+    QMenu* FitTermsMenu(int room);
 
     // The message of a term that cannot be read, in the user's language ("date:2024-13: no such month").
     static QString ErrorText(const CQueryError& error);

@@ -19,6 +19,7 @@
 #include <QFileInfo>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QTextStream>
 #include <QToolButton>
 
@@ -131,6 +132,16 @@ int main(int argc, char* argv[])
                 found += CheckLayout(harness.View());
             if (!frame->grab().save(target + QLatin1Char('/') + name + QStringLiteral(".png")))
                 found.append(QStringLiteral("cannot write the picture"));
+            if (mode == QStringLiteral("search")) {
+                // The menu of typed terms on a screen as wide as the window.
+                CSearchBar* bar = desktop ? harness.View()->GetDesktop()->Search() : harness.View()->GetListSearch();
+                QMenu* menu = bar->FitTermsMenu(size.width());
+                if (menu->width() > size.width())
+                    found.append(QStringLiteral("the terms menu is wider than the screen"));
+                if (!menu->grab().save(target +
+                                       QStringLiteral("/terms_%1x%2.png").arg(size.width()).arg(size.height())))
+                    found.append(QStringLiteral("cannot write the picture"));
+            }
             for (const QString& problem : found)
                 out << name << ": " << problem << Qt::endl;
             problems += found.size();
