@@ -2,6 +2,7 @@
 
 #include "app/CArtwork.h"
 #include "app/CDateText.h"
+#include "app/CSearchIndex.h"
 #include "document/CLogbookDoc.h"
 #include "model/CJump.h"
 #include "query/CJumpIndex.h"
@@ -93,7 +94,7 @@ bool IsNumeric(int column)
 
 } // namespace
 
-CJumpTableModel::CJumpTableModel(CLogbookDoc& doc, const CUnitSettings& units, const CJumpIndex& index, Filter filter,
+CJumpTableModel::CJumpTableModel(CLogbookDoc& doc, const CUnitSettings& units, const CSearchIndex& index, Filter filter,
                                  QObject* parent)
     : QAbstractTableModel(parent), m_doc(doc), m_units(units), m_index(index), m_filter(filter)
 {
@@ -154,7 +155,7 @@ std::size_t CJumpTableModel::FilteredCount() const
     case Filter::AllJumps:
         return m_doc.GetJumpCount();
     case Filter::UnsignedJumps:
-        return m_index.Find(CQueryParser::Parse("signed:no", m_units).query).size();
+        return m_index.Get().Find(CQueryParser::Parse("signed:no", m_units).query).size();
     case Filter::NoJumps:
         break;
     }
@@ -416,7 +417,7 @@ bool CJumpTableModel::Before(std::uint32_t a, const SortKey& keyA, std::uint32_t
 
 bool CJumpTableModel::Accepts(std::size_t index) const
 {
-    return m_filter != Filter::NoJumps && (m_query.IsEmpty() || m_index.Matches(m_query, index));
+    return m_filter != Filter::NoJumps && (m_query.IsEmpty() || m_index.Get().Matches(m_query, index));
 }
 
 std::vector<std::uint32_t> CJumpTableModel::AcceptedJumps() const
@@ -429,7 +430,7 @@ std::vector<std::uint32_t> CJumpTableModel::AcceptedJumps() const
         std::iota(rows.begin(), rows.end(), 0u);
         return rows;
     }
-    const std::vector<std::size_t> found = m_index.Find(m_query);
+    const std::vector<std::size_t> found = m_index.Get().Find(m_query);
     rows.assign(found.begin(), found.end());
     return rows;
 }

@@ -12,15 +12,15 @@
 #include <vector>
 
 class CJump;
-class CJumpIndex;
+class CSearchIndex;
 class CLogbookDoc;
 class CUnitSettings;
 
 // The document's jumps as a table, for the desktop table, the touch layout's jump list and its
 // list of jumps to be signed. It keeps no copy of a jump: each row is the position of a jump in
 // the document (4 bytes a row), in the order the table is sorted by and only for the jumps its
-// filter and the search query let through. Which jumps those are the jump index decides (the
-// list of jumps to be signed is the query "signed:no"). The document tells it every change
+// filter and the search query let through. Which jumps those are the search index decides (the
+// list of jumps to be signed is the query "signed:no"); without a query the index is not asked. The document tells it every change
 // (ILogbookObserver), so the views on it follow by themselves; the index must hear of a change
 // before the model does. Heights are shown in the display units; sorting compares the values,
 // not their text.
@@ -68,7 +68,7 @@ public:
 
     // A model on doc, in number order; units are the frame's display units; index is an observer
     // of doc registered before this model. All three outlive it.
-    CJumpTableModel(CLogbookDoc& doc, const CUnitSettings& units, const CJumpIndex& index,
+    CJumpTableModel(CLogbookDoc& doc, const CUnitSettings& units, const CSearchIndex& index,
                     Filter filter = Filter::AllJumps, QObject* parent = nullptr);
     ~CJumpTableModel() override;
 
@@ -141,7 +141,7 @@ private:
 
     CLogbookDoc& m_doc;
     const CUnitSettings& m_units;
-    const CJumpIndex& m_index;
+    const CSearchIndex& m_index;
     Filter m_filter;
     CQuery m_userQuery;
     CQuery m_query; // what the index is asked: the filter's terms and the user's

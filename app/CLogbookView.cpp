@@ -7,11 +7,11 @@
 #include "app/CJumpTableModel.h"
 #include "app/CLicenceStatusPane.h"
 #include "app/CSearchBar.h"
+#include "app/CSearchIndex.h"
 #include "app/CSummaryPane.h"
 #include "document/CLogbookDoc.h"
 #include "document/IClock.h"
 #include "model/CJump.h"
-#include "query/CJumpIndex.h"
 #include "stats/CLicenceRules.h"
 
 #include <QAction>
@@ -82,7 +82,7 @@ CLogbookView::CLogbookView(CLogbookDoc& doc, const CUnitSettings& units, const C
 
     // The index observes the document first, the models next and the view last, so that the
     // models ask an index that is current and the view sees the lists already changed.
-    m_index = std::make_unique<CJumpIndex>(doc);
+    m_index = std::make_unique<CSearchIndex>(doc);
     m_doc.AddObserver(m_index.get());
     m_listModel = new CJumpTableModel(doc, units, *m_index, CJumpTableModel::Filter::NoJumps, this);
     // The touch lists: the search field over the list.

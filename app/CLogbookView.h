@@ -10,7 +10,7 @@
 #include <memory>
 #include <vector>
 
-class CJumpIndex;
+class CSearchIndex;
 class CLogbookDoc;
 class CSearchBar;
 class CUnitSettings;
@@ -153,7 +153,7 @@ private:
     CAppServices m_services;
     // The search's index of every jump, which the table models read; it hears of the document's
     // changes before they do.
-    std::unique_ptr<CJumpIndex> m_index;
+    std::unique_ptr<CSearchIndex> m_index;
     ViewMode m_mode = ViewMode::Empty;
     bool m_landscape = false;
     bool m_desktopLayout = false;

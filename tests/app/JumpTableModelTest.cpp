@@ -2,9 +2,9 @@
 // the unsigned filter, and each change of the document arriving as the change it is.
 
 #include "app/CJumpTableModel.h"
+#include "app/CSearchIndex.h"
 #include "document/CLogbookDoc.h"
 #include "model/CJump.h"
-#include "query/CJumpIndex.h"
 #include "units/CUnitSettings.h"
 
 #include <QSignalSpy>
@@ -58,7 +58,7 @@ private slots:
         CLogbookDoc doc;
         Fill(doc);
         const CUnitSettings units(CUnitSettings::Metric, 0, 0);
-        const CJumpIndex index(doc);
+        const CSearchIndex index(doc);
         CJumpTableModel model(doc, units, index);
         QCOMPARE(model.columnCount(), int(CJumpTableModel::ColumnCount));
         QCOMPARE(Numbers(model), QStringLiteral("7 9 10 12"));
@@ -85,7 +85,7 @@ private slots:
         CLogbookDoc doc;
         Fill(doc);
         CUnitSettings units(CUnitSettings::Metric, 0, 0);
-        const CJumpIndex index(doc);
+        const CSearchIndex index(doc);
         CJumpTableModel model(doc, units, index);
         QSignalSpy headers(&model, &QAbstractItemModel::headerDataChanged);
         const QModelIndex exit = model.index(1, CJumpTableModel::ExitColumn);
@@ -108,7 +108,7 @@ private slots:
         Fill(doc);
         const CUnitSettings units(CUnitSettings::Metric, 0, 0);
         // The index hears of each change before the models that ask it.
-        CJumpIndex index(doc);
+        CSearchIndex index(doc);
         doc.AddObserver(&index);
         CJumpTableModel table(doc, units, index);
         table.sort(CJumpTableModel::PlaceColumn, Qt::AscendingOrder);
