@@ -97,6 +97,10 @@ CDesktopPane::CDesktopPane(CJumpTableModel* model, const CUnitSettings& units, I
             SelectRow(first);
     });
 
+    // The table comes first in the tab chain, so that it, not the field, has the focus at the
+    // start and keys such as Del act on the rows; Ctrl+F or Tab reach the field.
+    QWidget::setTabOrder(m_table, m_search->Field());
+    QWidget::setTabOrder(m_search->Field(), m_search->TermsButton());
     m_search->CountRowsOf(model);
     connect(m_search, &CSearchBar::queryChanged, this, &CDesktopPane::ApplyQuery);
 

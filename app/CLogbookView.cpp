@@ -96,6 +96,10 @@ CLogbookView::CLogbookView(CLogbookDoc& doc, const CUnitSettings& units, const C
     listLayout->addWidget(m_listSearch);
     m_list = new CJumpListCtrl(m_listModel, m_listPage);
     listLayout->addWidget(m_list, 1);
+    // The list before the field in the tab chain, as on the desktop: focus moving on from a
+    // hidden page reaches the list, not the field and a handheld's on-screen keyboard.
+    QWidget::setTabOrder(m_list, m_listSearch->Field());
+    QWidget::setTabOrder(m_listSearch->Field(), m_listSearch->TermsButton());
     m_listSearch->CountRowsOf(m_listModel);
     connect(m_listSearch, &CSearchBar::queryChanged, this, [this] {
         m_listModel->SetQuery(m_listSearch->Query());

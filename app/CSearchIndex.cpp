@@ -2,7 +2,9 @@
 
 #include "query/CJumpIndex.h"
 
-CSearchIndex::CSearchIndex(const CLogbookDoc& doc) : m_doc(doc) {}
+CSearchIndex::CSearchIndex(const CLogbookDoc& doc) : m_doc(doc)
+{
+}
 
 CSearchIndex::~CSearchIndex() = default;
 

@@ -1,10 +1,11 @@
 // The table of jumps on a real document: rows and columns, sorting by values, display units,
-// the unsigned filter, and each change of the document arriving as the change it is.
+// the unsigned filter and a search, and each change of the document arriving as the change it is.
 
 #include "app/CJumpTableModel.h"
 #include "app/CSearchIndex.h"
 #include "document/CLogbookDoc.h"
 #include "model/CJump.h"
+#include "query/CQueryParser.h"
 #include "units/CUnitSettings.h"
 
 #include <QSignalSpy>
@@ -114,6 +115,10 @@ private slots:
         table.sort(CJumpTableModel::PlaceColumn, Qt::AscendingOrder);
         CJumpTableModel unsignedOnly(doc, units, index, CJumpTableModel::Filter::UnsignedJumps);
         QCOMPARE(Numbers(unsignedOnly), QStringLiteral("9 12"));
+        // A search's rows follow a change of place and of number as well.
+        CJumpTableModel found(doc, units, index);
+        found.SetQuery(CQueryParser::Parse("n:..10 -vaala", units).query);
+        QCOMPARE(Numbers(found), QStringLiteral("7 9 10"));
         QSignalSpy changed(&table, &QAbstractItemModel::dataChanged);
         QSignalSpy reset(&table, &QAbstractItemModel::modelReset);
         QSignalSpy moved(&table, &QAbstractItemModel::rowsMoved);
@@ -127,12 +132,14 @@ private slots:
         doc.ChangeJump(1, [](CJump& jump) { return jump.SetPlace("Vaala"); });
         QCOMPARE(moved.size(), 1);
         QCOMPARE(Numbers(table), QStringLiteral("12 10 7 9"));
+        QCOMPARE(Numbers(found), QStringLiteral("7 10"));
         // A new jump 8 at Helsinki joins between Alavus and Tervola; it is not signed.
         auto added = std::make_unique<CJump>(8, CZonedDateTime{CDateTime(2025, 3, 1), 0}, CDateTime(2025, 3, 1));
         added->SetPlace("Helsinki");
         doc.AddJump(std::move(added));
         QCOMPARE(Numbers(table), QStringLiteral("12 8 10 7 9"));
         QCOMPARE(Numbers(unsignedOnly), QStringLiteral("8 9 12"));
+        QCOMPARE(Numbers(found), QStringLiteral("7 8 10"));
         // Signing jump 12 takes it out of the unsigned rows only.
         doc.ChangeJump(4, [](CJump& jump) { return jump.SetSignature("Pekka", {{{2, 2}, {4, 4}}}); });
         QCOMPARE(Numbers(unsignedOnly), QStringLiteral("8 9"));
@@ -141,8 +148,10 @@ private slots:
         doc.ChangeJump(0, [](CJump& jump) { return jump.SetNumber(11); });
         QCOMPARE(Numbers(table), QStringLiteral("12 8 10 11 9"));
         QCOMPARE(table.JumpAt(3)->GetNumber(), 11);
+        QCOMPARE(Numbers(found), QStringLiteral("8 10"));
         doc.RemoveJumps({0, 4});
         QCOMPARE(Numbers(table), QStringLiteral("10 11 9"));
+        QCOMPARE(Numbers(found), QStringLiteral("10"));
         QCOMPARE(Numbers(unsignedOnly), QStringLiteral("9"));
         QCOMPARE(reset.size(), 0);
         doc.Clear();
