@@ -30,6 +30,8 @@ enum Id : int
     ID_JUMP_ADD_TRACK = 32835,
     // The statistics, licence progress and currency.
     ID_VIEW_STATISTICS = 32836,
+    // The selected jumps (or those the search shows) as a CSV table or JSON.
+    ID_FILE_EXPORT_SELECTION = 32845,
 };
 
 // The list control's id, used as its object name suffix.

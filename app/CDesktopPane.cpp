@@ -3,9 +3,11 @@
 #include "app/CJumpDetailsPane.h"
 #include "app/CJumpTableModel.h"
 #include "app/CLicenceStatusPane.h"
+#include "app/CSearchBar.h"
 #include "app/CSummaryPane.h"
 #include "units/ISettingsStore.h"
 
+#include <QEvent>
 #include <QHeaderView>
 #include <QMenu>
 #include <QScrollArea>
@@ -30,7 +32,7 @@ QByteArray Read(const ISettingsStore* store, std::string_view name)
 
 } // namespace
 
-CDesktopPane::CDesktopPane(CJumpTableModel* model, ISettingsStore* store, QWidget* parent)
+CDesktopPane::CDesktopPane(CJumpTableModel* model, const CUnitSettings& units, ISettingsStore* store, QWidget* parent)
     : QWidget(parent), m_model(model), m_store(store)
 {
     setObjectName(QStringLiteral("desktopPane"));
@@ -41,7 +43,16 @@ CDesktopPane::CDesktopPane(CJumpTableModel* model, ISettingsStore* store, QWidge
     m_splitter->setChildrenCollapsible(false);
     layout->addWidget(m_splitter);
 
-    m_table = new QTableView(m_splitter);
+    // The search field over the table.
+    auto* tableSide = new QWidget(m_splitter);
+    tableSide->setObjectName(QStringLiteral("tableSide"));
+    auto* tableLayout = new QVBoxLayout(tableSide);
+    tableLayout->setContentsMargins(0, 4, 0, 0);
+    tableLayout->setSpacing(4);
+    m_search = new CSearchBar(units, tableSide);
+    tableLayout->addWidget(m_search);
+    m_table = new QTableView(tableSide);
+    tableLayout->addWidget(m_table, 1);
     m_table->setObjectName(QStringLiteral("jumpTable"));
     m_table->setModel(model);
     m_table->setSelectionBehavior(QAbstractItemView::SelectRows);
@@ -86,6 +97,13 @@ CDesktopPane::CDesktopPane(CJumpTableModel* model, ISettingsStore* store, QWidge
             SelectRow(first);
     });
 
+    // The table comes first in the tab chain, so that it, not the field, has the focus at the
+    // start and keys such as Del act on the rows; Ctrl+F or Tab reach the field.
+    QWidget::setTabOrder(m_table, m_search->Field());
+    QWidget::setTabOrder(m_search->Field(), m_search->TermsButton());
+    m_search->CountRowsOf(model);
+    connect(m_search, &CSearchBar::queryChanged, this, &CDesktopPane::ApplyQuery);
+
     auto* side = new QScrollArea(m_splitter);
     side->setObjectName(QStringLiteral("detailsArea"));
     side->setWidgetResizable(true);
@@ -102,10 +120,21 @@ CDesktopPane::CDesktopPane(CJumpTableModel* model, ISettingsStore* store, QWidge
     sideLayout->addWidget(m_details, 1);
     side->setWidget(sideContent);
     side->setMinimumWidth(240);
+    // The summary stacks its values under their labels when the side is too narrow for both,
+    // as with the search's column beside the logbook's.
+    m_sideViewport = side->viewport();
+    m_sideViewport->installEventFilter(this);
 
     m_splitter->setStretchFactor(0, 3);
     m_splitter->setStretchFactor(1, 1);
     RestoreLayout();
+}
+
+bool CDesktopPane::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == m_sideViewport && event->type() == QEvent::Resize)
+        m_summary->FitWidth(m_sideViewport->width() - 12);
+    return QWidget::eventFilter(watched, event);
 }
 
 const CJump* CDesktopPane::CurrentJump() const
@@ -126,6 +155,26 @@ std::vector<std::size_t> CDesktopPane::SelectedJumpIndexes() const
     }
     std::sort(indexes.begin(), indexes.end());
     return indexes;
+}
+
+std::vector<int> CDesktopPane::ShownJumps() const
+{
+    const std::vector<std::size_t> rows = m_model->RowJumps();
+    return std::vector<int>(rows.begin(), rows.end());
+}
+
+void CDesktopPane::ApplyQuery()
+{
+    const QModelIndex current = m_table->selectionModel()->currentIndex();
+    const int jump = current.isValid() ? m_model->JumpIndexAt(current.row()) : -1;
+    m_model->SetQuery(m_search->Query());
+    const int row = jump < 0 ? -1 : m_model->RowOfJump(static_cast<std::size_t>(jump));
+    if (row >= 0)
+        SelectRow(row);
+    else
+        m_details->ShowRow(-1);
+    emit searchChanged();
+    emit selectionChanged();
 }
 
 void CDesktopPane::SelectRow(int row)

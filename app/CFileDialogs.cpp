@@ -25,6 +25,11 @@ QString CFileDialogs::ChooseTrack(const QString& startPath)
     return Run(Purpose::Track, startPath);
 }
 
+QString CFileDialogs::ChooseExport(const QString& startPath)
+{
+    return Run(Purpose::Export, startPath);
+}
+
 QString CFileDialogs::Run(Purpose purpose, const QString& startPath)
 {
     QWidget* parent = m_parent ? m_parent.data() : QApplication::activeWindow();
@@ -32,19 +37,32 @@ QString CFileDialogs::Run(Purpose purpose, const QString& startPath)
     if (start.isEmpty())
         start = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
 
-    const bool save = purpose == Purpose::Save;
+    const bool exporting = purpose == Purpose::Export;
+    const bool save = purpose == Purpose::Save || exporting;
     const bool track = purpose == Purpose::Track;
-    const QString title = save    ? QCoreApplication::translate("CFileDialogs", "Save as")
-                          : track ? QCoreApplication::translate("CFileDialogs", "Import track")
-                                  : QCoreApplication::translate("CFileDialogs", "Open");
+    const QString title = exporting ? QCoreApplication::translate("CFileDialogs", "Export selection")
+                          : save    ? QCoreApplication::translate("CFileDialogs", "Save as")
+                          : track   ? QCoreApplication::translate("CFileDialogs", "Import track")
+                                    : QCoreApplication::translate("CFileDialogs", "Open");
+    const QString csv = QCoreApplication::translate("CFileDialogs", "CSV tables (*.csv)");
+    const QString json = QCoreApplication::translate("CFileDialogs", "JSON files (*.json)");
     // Loggers write upper-case names (TRACK.CSV) and file systems may tell case apart.
-    const QString filter = track ? QCoreApplication::translate("CFileDialogs", "GPS tracks (*.csv *.CSV)") : Filter();
+    const QString filter = exporting ? csv + QStringLiteral(";;") + json
+                           : track   ? QCoreApplication::translate("CFileDialogs", "GPS tracks (*.csv *.CSV)")
+                                     : Filter();
     QFileDialog dialog(parent, title, start, filter);
     dialog.setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     // Open: only existing files. Save: the folder must exist; replacing a file is confirmed.
     dialog.setFileMode(save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
-    if (!track)
+    if (exporting) {
+        // A name typed without a suffix takes the chosen filter's.
+        dialog.setDefaultSuffix(QStringLiteral("csv"));
+        QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, [&dialog, json](const QString& chosen) {
+            dialog.setDefaultSuffix(chosen == json ? QStringLiteral("json") : QStringLiteral("csv"));
+        });
+    } else if (!track) {
         dialog.setDefaultSuffix(QStringLiteral("tvz"));
+    }
 
     // On a handheld-sized screen the desktop's dialog does not fit: use Qt's own, full screen.
     const QScreen* screen = parent ? parent->screen() : QApplication::primaryScreen();

@@ -7,7 +7,7 @@
 
 // The program's file dialogs: for logbooks filter "Tervola Files (*.tvz)", default extension
 // ".tvz"; the open dialog takes existing files only, the save dialog asks before replacing a
-// file. Tracks are chosen among CSV files.
+// file. Tracks are chosen among CSV files; exports are saved as a CSV table or as JSON.
 class CFileDialogs final : public IFileChooser
 {
 public:
@@ -20,6 +20,8 @@ public:
     QString ChooseSave(const QString& startPath) override;
     // An existing CSV file of a GPS logger, starting at startPath.
     QString ChooseTrack(const QString& startPath) override;
+    // A CSV or JSON file to write; the suffix of the chosen filter is added when none is typed.
+    QString ChooseExport(const QString& startPath) override;
 
     // The name filter of both dialogs.
     static QString Filter();
@@ -29,7 +31,8 @@ private:
     {
         Open,
         Save,
-        Track
+        Track,
+        Export
     };
     QString Run(Purpose purpose, const QString& startPath);
     QPointer<QWidget> m_parent;

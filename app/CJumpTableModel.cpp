@@ -2,8 +2,11 @@
 
 #include "app/CArtwork.h"
 #include "app/CDateText.h"
+#include "app/CSearchIndex.h"
 #include "document/CLogbookDoc.h"
 #include "model/CJump.h"
+#include "query/CJumpIndex.h"
+#include "query/CQueryParser.h"
 #include "resources/StringTable.h"
 #include "translations/MessageText.h"
 #include "units/CUnitSettings.h"
@@ -91,9 +94,11 @@ bool IsNumeric(int column)
 
 } // namespace
 
-CJumpTableModel::CJumpTableModel(CLogbookDoc& doc, const CUnitSettings& units, Filter filter, QObject* parent)
-    : QAbstractTableModel(parent), m_doc(doc), m_units(units), m_filter(filter)
+CJumpTableModel::CJumpTableModel(CLogbookDoc& doc, const CUnitSettings& units, const CSearchIndex& index, Filter filter,
+                                 QObject* parent)
+    : QAbstractTableModel(parent), m_doc(doc), m_units(units), m_index(index), m_filter(filter)
 {
+    CombineQuery();
     m_rowIcons = {
         CArtwork::Icon(QStringLiteral("row_unsigned.svg")), CArtwork::Icon(QStringLiteral("row_unsigned_picture.svg")),
         CArtwork::Icon(QStringLiteral("row_signed.svg")), CArtwork::Icon(QStringLiteral("row_signed_picture.svg"))};
@@ -119,8 +124,52 @@ void CJumpTableModel::SetFilter(Filter filter)
         return;
     beginResetModel();
     m_filter = filter;
+    CombineQuery();
     Rebuild();
     endResetModel();
+}
+
+void CJumpTableModel::SetQuery(const CQuery& query)
+{
+    if (query.terms == m_userQuery.terms)
+        return;
+    beginResetModel();
+    m_userQuery = query;
+    CombineQuery();
+    Rebuild();
+    endResetModel();
+}
+
+void CJumpTableModel::CombineQuery()
+{
+    m_query.terms.clear();
+    // The list of jumps to be signed is the search for the unsigned ones.
+    if (m_filter == Filter::UnsignedJumps)
+        m_query = CQueryParser::Parse("signed:no", m_units).query;
+    m_query.terms.insert(m_query.terms.end(), m_userQuery.terms.begin(), m_userQuery.terms.end());
+}
+
+std::size_t CJumpTableModel::FilteredCount() const
+{
+    switch (m_filter) {
+    case Filter::AllJumps:
+        return m_doc.GetJumpCount();
+    case Filter::UnsignedJumps:
+        return m_index.Get().Find(CQueryParser::Parse("signed:no", m_units).query).size();
+    case Filter::NoJumps:
+        break;
+    }
+    return 0;
+}
+
+std::vector<std::size_t> CJumpTableModel::RowJumps() const
+{
+    std::vector<std::size_t> jumps;
+    jumps.reserve(m_rows.size());
+    for (const std::uint32_t index : m_rows)
+        if (index < m_doc.GetJumpCount())
+            jumps.push_back(index);
+    return jumps;
 }
 
 int CJumpTableModel::JumpIndexAt(int row) const
@@ -366,23 +415,33 @@ bool CJumpTableModel::Before(std::uint32_t a, const SortKey& keyA, std::uint32_t
     return a < b;
 }
 
-bool CJumpTableModel::Accepts(const CJump& jump) const
+bool CJumpTableModel::Accepts(std::size_t index) const
 {
-    return m_filter == Filter::AllJumps || (m_filter == Filter::UnsignedJumps && !jump.IsSigned());
+    return m_filter != Filter::NoJumps && (m_query.IsEmpty() || m_index.Get().Matches(m_query, index));
+}
+
+std::vector<std::uint32_t> CJumpTableModel::AcceptedJumps() const
+{
+    std::vector<std::uint32_t> rows;
+    if (m_filter == Filter::NoJumps)
+        return rows;
+    if (m_query.IsEmpty()) {
+        rows.resize(m_doc.GetJumpCount());
+        std::iota(rows.begin(), rows.end(), 0u);
+        return rows;
+    }
+    const std::vector<std::size_t> found = m_index.Get().Find(m_query);
+    rows.assign(found.begin(), found.end());
+    return rows;
 }
 
 void CJumpTableModel::Rebuild()
 {
-    const std::size_t count = m_doc.GetJumpCount();
-    m_rows.clear();
-    if (m_filter == Filter::NoJumps) {
+    m_rows = AcceptedJumps();
+    if (m_rows.empty()) {
         m_rows.shrink_to_fit();
         return;
     }
-    m_rows.reserve(count);
-    for (std::size_t i = 0; i < count; ++i)
-        if (Accepts(m_doc.GetJump(i)))
-            m_rows.push_back(static_cast<std::uint32_t>(i));
     // The document's order is already the number order.
     if (m_sortColumn == NumberColumn && m_sortOrder == Qt::AscendingOrder)
         return;
@@ -524,7 +583,7 @@ void CJumpTableModel::JumpsInserted(std::size_t first, std::size_t count)
             if (index >= first)
                 index += static_cast<std::uint32_t>(count);
     for (std::size_t i = first; i < first + count; ++i) {
-        if (!Accepts(m_doc.GetJump(i)))
+        if (!Accepts(i))
             continue;
         const int row = InsertRow(static_cast<std::uint32_t>(i));
         beginInsertRows({}, row, row);
@@ -537,7 +596,7 @@ void CJumpTableModel::JumpsChanged(std::size_t first, std::size_t count)
 {
     for (std::size_t i = first; i < first + count; ++i) {
         const int row = RowOfJump(i);
-        const bool accepted = Accepts(m_doc.GetJump(i));
+        const bool accepted = Accepts(i);
         if (row < 0 && accepted) {
             const int at = InsertRow(static_cast<std::uint32_t>(i));
             beginInsertRows({}, at, at);
@@ -608,6 +667,16 @@ void CJumpTableModel::JumpMoved(std::size_t from, std::size_t to)
 
 void CJumpTableModel::SettingsChanged()
 {
+    // A rig's text or a freefall time the query looks at may have changed: when other jumps
+    // match now, the views start afresh.
+    if (!m_query.IsEmpty() && m_filter != Filter::NoJumps) {
+        std::vector<std::uint32_t> shown = m_rows;
+        std::sort(shown.begin(), shown.end());
+        if (shown != AcceptedJumps()) {
+            LogbookReset();
+            return;
+        }
+    }
     // Rig names and custom freefall times may read differently now.
     if (m_sortColumn == RigColumn || m_sortColumn == FreefallColumn)
         sort(m_sortColumn, m_sortOrder);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "document/ILogbookObserver.h"
+#include "query/CQuery.h"
 
 #include <QAbstractTableModel>
 #include <QIcon>
@@ -11,15 +12,18 @@
 #include <vector>
 
 class CJump;
+class CSearchIndex;
 class CLogbookDoc;
 class CUnitSettings;
 
 // The document's jumps as a table, for the desktop table, the touch layout's jump list and its
 // list of jumps to be signed. It keeps no copy of a jump: each row is the position of a jump in
 // the document (4 bytes a row), in the order the table is sorted by and only for the jumps its
-// filter lets through. The document tells it every change (ILogbookObserver), so the views on it
-// follow by themselves. Heights are shown in the display units; sorting compares the values, not
-// their text.
+// filter and the search query let through. Which jumps those are the search index decides (the
+// list of jumps to be signed is the query "signed:no"); without a query the index is not asked. The document tells it every change
+// (ILogbookObserver), so the views on it follow by themselves; the index must hear of a change
+// before the model does. Heights are shown in the display units; sorting compares the values,
+// not their text.
 class CJumpTableModel : public QAbstractTableModel, public ILogbookObserver
 {
     Q_OBJECT
@@ -62,9 +66,10 @@ public:
         SignedPicture = 3
     };
 
-    // A model on doc, in number order; units are the frame's display units. Both outlive it.
-    CJumpTableModel(CLogbookDoc& doc, const CUnitSettings& units, Filter filter = Filter::AllJumps,
-                    QObject* parent = nullptr);
+    // A model on doc, in number order; units are the frame's display units; index is an observer
+    // of doc registered before this model. All three outlive it.
+    CJumpTableModel(CLogbookDoc& doc, const CUnitSettings& units, const CSearchIndex& index,
+                    Filter filter = Filter::AllJumps, QObject* parent = nullptr);
     ~CJumpTableModel() override;
 
     // The icon a jump's row gets.
@@ -72,6 +77,13 @@ public:
     // Shows all jumps, only the unsigned ones, or none.
     void SetFilter(Filter filter);
     Filter GetFilter() const { return m_filter; }
+    // Shows only the jumps the filter lets through that also match query (empty: all of them).
+    void SetQuery(const CQuery& query);
+    const CQuery& GetQuery() const { return m_userQuery; }
+    // The number of jumps the filter alone lets through, whatever the query.
+    std::size_t FilteredCount() const;
+    // The document positions of the rows, in the order shown.
+    std::vector<std::size_t> RowJumps() const;
 
     // The document position of the jump in a row, or -1.
     int JumpIndexAt(int row) const;
@@ -112,7 +124,12 @@ private:
     SortKey KeyOf(const CJump& jump, int column) const;
     // True when the jump at document position a goes before the one at b.
     bool Before(std::uint32_t a, const SortKey& keyA, std::uint32_t b, const SortKey& keyB) const;
-    bool Accepts(const CJump& jump) const;
+    // Whether the jump at document position index gets a row.
+    bool Accepts(std::size_t index) const;
+    // The filter's terms followed by the query's.
+    void CombineQuery();
+    // The positions that get a row, ascending.
+    std::vector<std::uint32_t> AcceptedJumps() const;
     // The row a jump at document position index would take among the present rows, the row skip
     // left out (-1: none).
     int InsertRow(std::uint32_t index, int skip = -1) const;
@@ -124,7 +141,10 @@ private:
 
     CLogbookDoc& m_doc;
     const CUnitSettings& m_units;
+    const CSearchIndex& m_index;
     Filter m_filter;
+    CQuery m_userQuery;
+    CQuery m_query; // what the index is asked: the filter's terms and the user's
     int m_sortColumn = NumberColumn;
     Qt::SortOrder m_sortOrder = Qt::AscendingOrder;
     // A row whose jump is gone, while the views hear of its removal.

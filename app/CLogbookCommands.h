@@ -8,6 +8,7 @@
 #include <QString>
 
 #include <functional>
+#include <vector>
 
 class CDlgJump;
 class CJump;
@@ -57,10 +58,14 @@ public:
     // Save is offered while a modified logbook is open, Save as while any is open.
     bool CanSave() const;
     bool CanSaveAs() const;
+    // Export selection is offered where a table or list of jumps is shown.
+    bool CanExportSelection() const;
+    // Writes the jumps at these document positions to path as JSON (a ".json" name) or CSV.
+    bool ExportJumps(const QString& path, const std::vector<std::size_t>& jumps) const;
     // A track can go into a listed jump that has no recording and no signature.
     static bool CanAddTrack(const CJump* jump);
     // The context menu for the list's selected jump: "View...", "Change...", "Add track...",
-    // "Show picture...", "Delete".
+    // "Show picture...", "Delete", "Export selection...".
     QMenu* CreateContextMenu(QWidget* parent);
 
 public slots:
@@ -93,6 +98,10 @@ public slots:
     void OnRowActivated(int row);
     // The list's context menu at a global position (jump list only).
     void OnContextMenu(const QPoint& globalPosition);
+    // "Export selection...": the desktop table's selected jumps, or the jumps the search shows
+    // when none is selected, written as CSV or JSON (by the chosen name's suffix) to a file
+    // chosen in a dialog, safely: a temporary file first, renamed over the target when whole.
+    void OnFileExportSelection();
 
 signals:
     // A logbook was opened by the Open command (the frame runs the reminders).

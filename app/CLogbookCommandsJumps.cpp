@@ -114,6 +114,9 @@ QMenu* CLogbookCommands::CreateContextMenu(QWidget* parent)
     add(tr("Show picture..."), "showPictureAction", AppCommands::ID_JUMP_SHOW_PICTURE,
         jump && !jump->GetPictureName().empty());
     add(tr("Delete"), "deleteAction", AppCommands::ID_JUMP_DELETE, jump != nullptr);
+    menu->addSeparator();
+    add(tr("Export selection..."), "exportSelectionAction", AppCommands::ID_FILE_EXPORT_SELECTION,
+        CanExportSelection());
     return menu;
 }
 

@@ -6,6 +6,8 @@
 #include "app/CJumpListCtrl.h"
 #include "app/CJumpTableModel.h"
 #include "app/CLicenceStatusPane.h"
+#include "app/CSearchBar.h"
+#include "app/CSearchIndex.h"
 #include "app/CSummaryPane.h"
 #include "document/CLogbookDoc.h"
 #include "document/IClock.h"
@@ -15,6 +17,7 @@
 #include <QAction>
 #include <QPainter>
 #include <QResizeEvent>
+#include <QShortcut>
 #include <QStyle>
 #include <QTableView>
 
@@ -77,10 +80,32 @@ CLogbookView::CLogbookView(CLogbookDoc& doc, const CUnitSettings& units, const C
     homeLayout->addStretch(2);
     m_outer->addWidget(m_homePage, 1);
 
-    // The models observe the document before the view does, so that the view sees the lists
-    // already changed.
-    m_listModel = new CJumpTableModel(doc, units, CJumpTableModel::Filter::NoJumps, this);
-    m_list = new CJumpListCtrl(m_listModel, this);
+    // The index observes the document first, the models next and the view last, so that the
+    // models ask an index that is current and the view sees the lists already changed.
+    m_index = std::make_unique<CSearchIndex>(doc);
+    m_doc.AddObserver(m_index.get());
+    m_listModel = new CJumpTableModel(doc, units, *m_index, CJumpTableModel::Filter::NoJumps, this);
+    // The touch lists: the search field over the list.
+    m_listPage = new QWidget(this);
+    m_listPage->setObjectName(QStringLiteral("listPage"));
+    auto* listLayout = new QVBoxLayout(m_listPage);
+    listLayout->setContentsMargins(0, 0, 0, 0);
+    listLayout->setSpacing(4);
+    m_listSearch = new CSearchBar(units, m_listPage);
+    m_listSearch->setObjectName(QStringLiteral("listSearchBar"));
+    listLayout->addWidget(m_listSearch);
+    m_list = new CJumpListCtrl(m_listModel, m_listPage);
+    listLayout->addWidget(m_list, 1);
+    // The list before the field in the tab chain, as on the desktop: focus moving on from a
+    // hidden page reaches the list, not the field and a handheld's on-screen keyboard.
+    QWidget::setTabOrder(m_list, m_listSearch->Field());
+    QWidget::setTabOrder(m_listSearch->Field(), m_listSearch->TermsButton());
+    m_listSearch->CountRowsOf(m_listModel);
+    connect(m_listSearch, &CSearchBar::queryChanged, this, [this] {
+        m_listModel->SetQuery(m_listSearch->Query());
+        m_list->ShowEnd();
+        emit stateChanged();
+    });
     m_list->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(m_list, &QWidget::customContextMenuRequested, this, &CLogbookView::ShowListContextMenu);
     // A tap on a row, Enter or a double-click opens the jump editor on it.
@@ -93,10 +118,10 @@ CLogbookView::CLogbookView(CLogbookDoc& doc, const CUnitSettings& units, const C
     connect(m_list, &QAbstractItemView::activated, this,
             [this](const QModelIndex& index) { emit rowActivated(index.row()); });
     connect(m_list->selectionModel(), &QItemSelectionModel::currentRowChanged, this, &CLogbookView::stateChanged);
-    m_outer->addWidget(m_list, 1);
+    m_outer->addWidget(m_listPage, 1);
 
-    m_tableModel = new CJumpTableModel(doc, units, CJumpTableModel::Filter::AllJumps, this);
-    m_desktop = new CDesktopPane(m_tableModel, services.settings, this);
+    m_tableModel = new CJumpTableModel(doc, units, *m_index, CJumpTableModel::Filter::AllJumps, this);
+    m_desktop = new CDesktopPane(m_tableModel, units, services.settings, this);
     m_desktop->Table()->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(m_desktop->Table(), &QWidget::customContextMenuRequested, this, [this](const QPoint& position) {
         if (m_desktop->CurrentJump())
@@ -105,8 +130,14 @@ CLogbookView::CLogbookView(CLogbookDoc& doc, const CUnitSettings& units, const C
     connect(m_desktop, &CDesktopPane::editRequested, this,
             [this] { emit commandRequested(AppCommands::ID_JUMP_VIEW); });
     connect(m_desktop, &CDesktopPane::selectionChanged, this, &CLogbookView::stateChanged);
+    // The summary shows the totals of the jumps found beside the logbook's.
+    connect(m_desktop, &CDesktopPane::searchChanged, this, [this] { ShowSummaries(false, true); });
     m_outer->addWidget(m_desktop, 1);
     m_doc.AddObserver(this);
+
+    auto* find = new QShortcut(QKeySequence::Find, this);
+    find->setObjectName(QStringLiteral("findShortcut"));
+    connect(find, &QShortcut::activated, this, &CLogbookView::FocusSearch);
 
     ApplyIconSizes();
     SetViewMode(ViewMode::Empty);
@@ -115,6 +146,8 @@ CLogbookView::CLogbookView(CLogbookDoc& doc, const CUnitSettings& units, const C
 CLogbookView::~CLogbookView()
 {
     m_doc.RemoveObserver(this);
+    // The models leave the document with the child widgets, after the index; they no longer ask it.
+    m_doc.RemoveObserver(m_index.get());
 }
 
 QToolButton* CLogbookView::MakePictureButton(const QString& name, const QString& art, const QString& tip, int command)
@@ -194,7 +227,7 @@ void CLogbookView::ApplyLayout()
     m_jumpListButton->setVisible(home);
     m_statisticsButton->setVisible(home);
     m_pageOpenButton->setVisible(mode != ViewMode::Empty);
-    m_list->setVisible(list);
+    m_listPage->setVisible(list);
     m_homePage->setVisible(home);
     m_summary->setVisible(home && IsLogbookOpen());
     m_licenceStatus->setVisible(home && IsLogbookOpen());
@@ -216,6 +249,12 @@ void CLogbookView::ShowSummaries(bool home, bool desktop)
     if (desktop) {
         m_desktop->Summary()->SetSummary(rows);
         m_desktop->LicenceStatus()->SetStatus(status);
+        if (m_tableModel->GetQuery().IsEmpty()) {
+            m_desktop->Summary()->ClearShownSummary();
+        } else {
+            const std::vector<std::size_t> shown = m_tableModel->RowJumps();
+            m_desktop->Summary()->SetShownSummary(CSummaryRows::BuildOf(m_doc, m_units, shown));
+        }
     }
 }
 
@@ -239,8 +278,55 @@ std::vector<std::size_t> CLogbookView::SelectedJumpIndexes() const
     return index < 0 ? std::vector<std::size_t>() : std::vector<std::size_t>{static_cast<std::size_t>(index)};
 }
 
+std::vector<int> CLogbookView::ShownJumps() const
+{
+    if (m_desktopLayout)
+        return m_mode == ViewMode::Empty ? std::vector<int>() : m_desktop->ShownJumps();
+    if (m_mode != ViewMode::JumpList && m_mode != ViewMode::SignList)
+        return {};
+    const std::vector<std::size_t> rows = m_listModel->RowJumps();
+    return std::vector<int>(rows.begin(), rows.end());
+}
+
+bool CLogbookView::CanExportJumps() const
+{
+    return IsLogbookOpen() &&
+           (m_desktopLayout ? m_mode != ViewMode::Empty : m_mode == ViewMode::JumpList || m_mode == ViewMode::SignList);
+}
+
+std::vector<std::size_t> CLogbookView::JumpsToExport() const
+{
+    if (!CanExportJumps())
+        return {};
+    if (m_desktopLayout) {
+        std::vector<std::size_t> selected = m_desktop->SelectedJumpIndexes();
+        if (!selected.empty())
+            return selected;
+    }
+    const std::vector<int> shown = ShownJumps();
+    std::vector<std::size_t> jumps(shown.begin(), shown.end());
+    std::sort(jumps.begin(), jumps.end());
+    return jumps;
+}
+
+void CLogbookView::FocusSearch()
+{
+    if (!IsLogbookOpen())
+        return;
+    if (m_desktopLayout) {
+        m_desktop->Search()->FocusField();
+        return;
+    }
+    if (m_mode != ViewMode::JumpList && m_mode != ViewMode::SignList)
+        OnViewJumpList();
+    if (m_mode == ViewMode::JumpList || m_mode == ViewMode::SignList)
+        m_listSearch->FocusField();
+}
+
 void CLogbookView::UnitsChanged()
 {
+    m_listSearch->UnitsChanged();
+    m_desktop->Search()->UnitsChanged();
     m_listModel->UnitsChanged();
     m_tableModel->UnitsChanged();
     FollowDocument();
@@ -248,8 +334,9 @@ void CLogbookView::UnitsChanged()
 
 void CLogbookView::FollowDocument()
 {
+    // A list is left when the jumps it lists are gone, not when the search finds none of them.
     const bool list = m_mode == ViewMode::JumpList || m_mode == ViewMode::SignList;
-    if (list && m_list->RowCount() == 0) {
+    if (list && m_list->RowCount() == 0 && m_listModel->FilteredCount() == 0) {
         SetViewMode(ViewMode::Home);
         return;
     }
@@ -311,6 +398,8 @@ void CLogbookView::OnViewJumpList()
 {
     if (!IsLogbookOpen())
         return;
+    // A list opened from its button lists all its jumps.
+    m_listSearch->SetText({});
     m_listModel->SetFilter(CJumpTableModel::Filter::AllJumps);
     SetViewMode(ViewMode::JumpList);
     m_list->ShowEnd();
@@ -320,6 +409,7 @@ void CLogbookView::OnViewSignList()
 {
     if (!IsLogbookOpen())
         return;
+    m_listSearch->SetText({});
     m_listModel->SetFilter(CJumpTableModel::Filter::UnsignedJumps);
     SetViewMode(ViewMode::SignList);
     m_list->ShowEnd();

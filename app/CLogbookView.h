@@ -7,9 +7,12 @@
 #include <QToolButton>
 #include <QWidget>
 
+#include <memory>
 #include <vector>
 
+class CSearchIndex;
 class CLogbookDoc;
+class CSearchBar;
 class CUnitSettings;
 class CJump;
 class CJumpListCtrl;
@@ -21,11 +24,12 @@ class QMenu;
 
 // The program's only view. On a handheld's screen (the touch layout) it shows by mode the
 // New/Open start buttons (no logbook open), the home page with its picture buttons over the
-// logbook summary, the list of all jumps, or the list of the jumps still to be signed. A window
-// at least kDesktopWidth wide shows the desktop layout instead: the table of jumps with the
-// summary and the selected jump's details. Lists, table, summary and buttons follow the document
-// by themselves (it tells the view and the table models of every change). The commands its
-// buttons and rows ask for are carried out by CLogbookCommands.
+// logbook summary, the list of all jumps, or the list of the jumps still to be signed, each list
+// under a search field. A window at least kDesktopWidth wide shows the desktop layout instead:
+// the search field over the table of jumps, with the summary and the selected jump's details.
+// Lists, table, summary and buttons follow the document by themselves (it tells the jump index,
+// then the table models, then the view of every change). Ctrl+F puts the focus into the search
+// field. The commands its buttons and rows ask for are carried out by CLogbookCommands.
 class CLogbookView : public QWidget, public ILogbookObserver
 {
     Q_OBJECT
@@ -71,6 +75,18 @@ public:
     const CJump* SelectedJump() const;
     // The document positions of every selected jump, ascending.
     std::vector<std::size_t> SelectedJumpIndexes() const;
+    // The document positions of the jumps the search currently shows, in the order shown: the
+    // desktop table's rows, or the touch list's; empty where no list is shown.
+    std::vector<int> ShownJumps() const;
+    // True where jumps can be exported: the desktop table or a touch list.
+    bool CanExportJumps() const;
+    // The jumps an export writes, ascending: the desktop table's selected rows, or the shown
+    // jumps when none is selected; a touch list's shown jumps (its selection is the row last
+    // tapped, not a choice).
+    std::vector<std::size_t> JumpsToExport() const;
+    // Ctrl+F: the search field of the layout shown takes the focus (from the home page, the
+    // list of all jumps is opened first).
+    void FocusSearch();
 
     // The touch list, the home page's summary, the desktop pane and the models, for the frame
     // and for tests.
@@ -81,6 +97,8 @@ public:
     CDesktopPane* GetDesktop() const { return m_desktop; }
     CJumpTableModel* GetTableModel() const { return m_tableModel; }
     CJumpTableModel* GetListModel() const { return m_listModel; }
+    // The touch lists' search field.
+    CSearchBar* GetListSearch() const { return m_listSearch; }
 
     // What the document tells: the summary, the buttons and the mode follow.
     void JumpsInserted(std::size_t first, std::size_t count) override;
@@ -133,6 +151,9 @@ private:
     CLogbookDoc& m_doc;
     const CUnitSettings& m_units;
     CAppServices m_services;
+    // The search's index of every jump, which the table models read; it hears of the document's
+    // changes before they do.
+    std::unique_ptr<CSearchIndex> m_index;
     ViewMode m_mode = ViewMode::Empty;
     bool m_landscape = false;
     bool m_desktopLayout = false;
@@ -156,6 +177,8 @@ private:
     CSummaryPane* m_summary = nullptr;
     CLicenceStatusPane* m_licenceStatus = nullptr;
     CJumpTableModel* m_listModel = nullptr;
+    QWidget* m_listPage = nullptr;
+    CSearchBar* m_listSearch = nullptr;
     CJumpListCtrl* m_list = nullptr;
     CJumpTableModel* m_tableModel = nullptr;
     CDesktopPane* m_desktop = nullptr;

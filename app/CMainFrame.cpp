@@ -87,6 +87,8 @@ void CMainFrame::CreateMenuAndCommandBar()
     m_saveAction =
         MakeAction(QStringLiteral("fileSaveAction"), tr("Save"), AppCommands::ID_FILE_SAVE, QStringLiteral("save.svg"));
     m_saveAsAction = MakeAction(QStringLiteral("fileSaveAsAction"), tr("Save as..."), AppCommands::ID_FILE_SAVE_AS);
+    m_exportSelectionAction = MakeAction(QStringLiteral("fileExportSelectionAction"), tr("Export selection..."),
+                                         AppCommands::ID_FILE_EXPORT_SELECTION);
     m_aboutAction = MakeAction(QStringLiteral("aboutAction"), tr("About Tervola Pocket..."), AppCommands::ID_APP_ABOUT,
                                QStringLiteral("about.svg"));
     m_exitAction = MakeAction(QStringLiteral("exitAction"), tr("E&xit"), AppCommands::ID_APP_EXIT);
@@ -112,9 +114,9 @@ void CMainFrame::CreateMenuAndCommandBar()
     m_jumpDeleteAction->setShortcut(QKeySequence::Delete);
 
     // Every command action carries its id; the commands controller carries it out.
-    for (QAction* action :
-         {m_newAction, m_openAction, m_saveAction, m_saveAsAction, m_jumpNewAction, m_jumpImportAction,
-          m_jumpViewAction, m_jumpChangeAction, m_jumpAddTrackAction, m_jumpPictureAction, m_jumpDeleteAction})
+    for (QAction* action : {m_newAction, m_openAction, m_saveAction, m_saveAsAction, m_exportSelectionAction,
+                            m_jumpNewAction, m_jumpImportAction, m_jumpViewAction, m_jumpChangeAction,
+                            m_jumpAddTrackAction, m_jumpPictureAction, m_jumpDeleteAction})
         connect(action, &QAction::triggered, m_commands,
                 [this, action] { m_commands->Execute(action->data().toInt()); });
     connect(m_aboutAction, &QAction::triggered, this, &CMainFrame::OnAbout);
@@ -126,6 +128,8 @@ void CMainFrame::CreateMenuAndCommandBar()
     file->addAction(m_openAction);
     file->addAction(m_saveAction);
     file->addAction(m_saveAsAction);
+    file->addSeparator();
+    file->addAction(m_exportSelectionAction);
     file->addSeparator();
     file->addAction(m_aboutAction);
     file->addSeparator();
@@ -222,6 +226,7 @@ void CMainFrame::UpdateCommands()
     const bool open = m_view->IsLogbookOpen();
     m_saveAction->setEnabled(m_commands->CanSave());
     m_saveAsAction->setEnabled(m_commands->CanSaveAs());
+    m_exportSelectionAction->setEnabled(m_commands->CanExportSelection());
     m_jumpNewAction->setEnabled(open);
     m_jumpImportAction->setEnabled(open);
     const CJump* selected = m_view->SelectedJump();

@@ -83,6 +83,7 @@ private:
     QAction* m_openAction = nullptr;
     QAction* m_saveAction = nullptr;
     QAction* m_saveAsAction = nullptr;
+    QAction* m_exportSelectionAction = nullptr;
     QAction* m_aboutAction = nullptr;
     QAction* m_exitAction = nullptr;
     QAction* m_jumpNewAction = nullptr;

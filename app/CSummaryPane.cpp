@@ -69,8 +69,36 @@ CSummaryPane::CSummaryPane(QWidget* parent) : QWidget(parent), m_grid(new QGridL
         QPalette palette = m_values[row]->palette();
         palette.setColor(QPalette::WindowText, QColor(16, 50, 110));
         m_values[row]->setPalette(palette);
+        m_shown[row] = new QLabel(this);
+        m_shown[row]->setObjectName(QStringLiteral("summaryShown%1").arg(row));
+        m_shown[row]->setFont(valueFont);
+        palette.setColor(QPalette::WindowText, QColor(0, 110, 90));
+        m_shown[row]->setPalette(palette);
+        m_shown[row]->hide();
     }
-    Arrange(false);
+    m_logbookTitle = new QLabel(tr("Logbook"), this);
+    m_logbookTitle->setObjectName(QStringLiteral("summaryLogbookTitle"));
+    m_shownTitle = new QLabel(tr("Shown"), this);
+    m_shownTitle->setObjectName(QStringLiteral("summaryShownTitle"));
+    for (QLabel* title : {m_logbookTitle, m_shownTitle}) {
+        title->setFont(labelFont);
+        title->hide();
+    }
+    Arrange(false, true);
+}
+
+QString CSummaryPane::ValueText(const CSummaryRow& row)
+{
+    switch (row.kind) {
+    case CSummaryRow::Kind::Number:
+        // Whole numbers, grouped as the locale groups them.
+        return QLocale().toString(row.number, 'f', 0);
+    case CSummaryRow::Kind::Date:
+        return CDateText::ShortDate(row.date);
+    case CSummaryRow::Kind::Duration:
+        return FromUtf8(row.value);
+    }
+    return {};
 }
 
 void CSummaryPane::SetSummary(const CSummaryRows::Rows& rows)
@@ -78,20 +106,36 @@ void CSummaryPane::SetSummary(const CSummaryRows::Rows& rows)
     for (int row = 0; row < RowCount; ++row) {
         const CSummaryRow& shown = rows[static_cast<std::size_t>(row)];
         m_labels[row]->setText(MessageText::Text(shown.labelId) + FromUtf8(shown.unit));
-        switch (shown.kind) {
-        case CSummaryRow::Kind::Number:
-            // Whole numbers, grouped as the locale groups them.
-            m_values[row]->setText(QLocale().toString(shown.number, 'f', 0));
-            break;
-        case CSummaryRow::Kind::Date:
-            m_values[row]->setText(CDateText::ShortDate(shown.date));
-            break;
-        case CSummaryRow::Kind::Duration:
-            m_values[row]->setText(FromUtf8(shown.value));
-            break;
-        }
+        m_values[row]->setText(ValueText(shown));
     }
     ArrangeForWidth(m_availableWidth);
+}
+
+void CSummaryPane::SetShownSummary(const CSummaryRows::Rows& rows)
+{
+    for (int row = 0; row < RowCount; ++row)
+        m_shown[row]->setText(ValueText(rows[static_cast<std::size_t>(row)]));
+    if (!m_shownActive) {
+        m_shownActive = true;
+        Arrange(m_stacked, true);
+    }
+    ArrangeForWidth(m_availableWidth);
+}
+
+void CSummaryPane::ClearShownSummary()
+{
+    if (!m_shownActive)
+        return;
+    m_shownActive = false;
+    for (QLabel* shown : m_shown)
+        shown->clear();
+    Arrange(m_stacked, true);
+    ArrangeForWidth(m_availableWidth);
+}
+
+QString CSummaryPane::ShownText(int row) const
+{
+    return m_shownActive && row >= 0 && row < RowCount ? m_shown[row]->text() : QString();
 }
 
 void CSummaryPane::FitWidth(int width)
@@ -113,12 +157,15 @@ QString CSummaryPane::ValueText(int row) const
 int CSummaryPane::SideBySideWidth() const
 {
     int labels = 0;
-    int values = 0;
+    int values = m_shownActive ? m_logbookTitle->sizeHint().width() : 0;
+    int shown = m_shownActive ? m_shownTitle->sizeHint().width() : 0;
     for (int row = 0; row < RowCount; ++row) {
         labels = std::max(labels, m_labels[row]->sizeHint().width());
         values = std::max(values, m_values[row]->sizeHint().width());
+        if (m_shownActive)
+            shown = std::max(shown, m_shown[row]->sizeHint().width());
     }
-    return labels + kColumnGap + values + 2 * kMargin;
+    return labels + kColumnGap + values + 2 * kMargin + (m_shownActive ? kColumnGap + shown : 0);
 }
 
 void CSummaryPane::ArrangeForWidth(int width)
@@ -127,24 +174,44 @@ void CSummaryPane::ArrangeForWidth(int width)
     Arrange(width > 0 && SideBySideWidth() > width);
 }
 
-void CSummaryPane::Arrange(bool stacked)
+void CSummaryPane::Arrange(bool stacked, bool force)
 {
-    if (stacked == m_stacked && m_grid->count() == 2 * RowCount)
+    if (stacked == m_stacked && !force)
         return;
     m_stacked = stacked;
     for (int row = 0; row < RowCount; ++row) {
         m_grid->removeWidget(m_labels[row]);
         m_grid->removeWidget(m_values[row]);
+        m_grid->removeWidget(m_shown[row]);
+    }
+    m_grid->removeWidget(m_logbookTitle);
+    m_grid->removeWidget(m_shownTitle);
+    // With the shown jumps' column, a row of titles comes first.
+    const int first = m_shownActive ? 1 : 0;
+    const Qt::Alignment right = Qt::AlignRight | Qt::AlignVCenter;
+    if (m_shownActive) {
+        m_grid->addWidget(m_logbookTitle, 0, stacked ? 0 : 1, right);
+        m_grid->addWidget(m_shownTitle, 0, stacked ? 1 : 2, right);
     }
     for (int row = 0; row < RowCount; ++row) {
         if (stacked) {
-            m_grid->addWidget(m_labels[row], 2 * row, 0, Qt::AlignLeft | Qt::AlignBottom);
-            m_grid->addWidget(m_values[row], 2 * row + 1, 0, Qt::AlignLeft | Qt::AlignTop);
+            m_grid->addWidget(m_labels[row], first + 2 * row, 0, 1, m_shownActive ? 2 : 1,
+                              Qt::AlignLeft | Qt::AlignBottom);
+            m_grid->addWidget(m_values[row], first + 2 * row + 1, 0,
+                              (m_shownActive ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignTop);
+            if (m_shownActive)
+                m_grid->addWidget(m_shown[row], first + 2 * row + 1, 1, Qt::AlignRight | Qt::AlignTop);
         } else {
-            m_grid->addWidget(m_labels[row], row, 0, Qt::AlignLeft | Qt::AlignVCenter);
-            m_grid->addWidget(m_values[row], row, 1, Qt::AlignRight | Qt::AlignVCenter);
+            m_grid->addWidget(m_labels[row], first + row, 0, Qt::AlignLeft | Qt::AlignVCenter);
+            m_grid->addWidget(m_values[row], first + row, 1, right);
+            if (m_shownActive)
+                m_grid->addWidget(m_shown[row], first + row, 2, right);
         }
     }
+    for (QWidget* part : {static_cast<QWidget*>(m_logbookTitle), static_cast<QWidget*>(m_shownTitle)})
+        part->setVisible(m_shownActive);
+    for (QLabel* shown : m_shown)
+        shown->setVisible(m_shownActive);
     m_grid->setVerticalSpacing(stacked ? 0 : 4);
     updateGeometry();
 }

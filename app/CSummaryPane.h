@@ -17,6 +17,8 @@ class QGridLayout;
 
 // The logbook summary of the home page: five labels, each with its value beside it (or below
 // it when the pane is too narrow for both), on a translucent card over the page's background.
+// While a search shows some of the jumps, a second column beside the logbook's values shows the
+// totals of the jumps shown, under the titles "Logbook" and "Shown".
 class CSummaryPane : public QWidget
 {
     Q_OBJECT
@@ -31,6 +33,12 @@ public:
     // Shows the rows, with numbers and the date in the user's notation and the labels in the
     // user's language.
     void SetSummary(const CSummaryRows::Rows& rows);
+    // Shows the totals of the jumps a search shows beside the logbook's, or hides them.
+    void SetShownSummary(const CSummaryRows::Rows& rows);
+    void ClearShownSummary();
+    bool HasShownSummary() const { return m_shownActive; }
+    // The shown jumps' value of a row ("" without a search).
+    QString ShownText(int row) const;
 
     // The width the view can give the pane; decides between side by side and stacked.
     void FitWidth(int width);
@@ -52,13 +60,18 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    void Arrange(bool stacked);
+    void Arrange(bool stacked, bool force = false);
+    static QString ValueText(const CSummaryRow& row);
     void ArrangeForWidth(int width);
     int SideBySideWidth() const;
 
     QGridLayout* m_grid;
     std::array<QLabel*, RowCount> m_labels{};
     std::array<QLabel*, RowCount> m_values{};
+    std::array<QLabel*, RowCount> m_shown{};
+    QLabel* m_logbookTitle = nullptr;
+    QLabel* m_shownTitle = nullptr;
+    bool m_shownActive = false;
     bool m_stacked = false;
     int m_availableWidth = 0;
 };

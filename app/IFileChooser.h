@@ -2,7 +2,8 @@
 
 #include <QString>
 
-// Picks logbook files for New, Open and Save as, and the track files to import. The window program shows file dialogs
+// Picks logbook files for New, Open and Save as, the track files to import and the file an
+// export of jumps writes. The window program shows file dialogs
 // (CFileDialogs); tests answer with prepared paths.
 class IFileChooser
 {
@@ -15,4 +16,7 @@ public:
     virtual QString ChooseSave(const QString& startPath) = 0;
     // A logger's track (a CSV file) to import, or the empty text when the user cancels.
     virtual QString ChooseTrack(const QString& startPath) = 0;
+    // A file to export jumps to: a name ending in ".json" gets JSON, any other a CSV table (the
+    // user has agreed to replace an existing file), or the empty text.
+    virtual QString ChooseExport(const QString& startPath) = 0;
 };

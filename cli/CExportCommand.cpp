@@ -12,7 +12,6 @@
 #include "resources/StringTable.h"
 #include "tracks/CGpxWriter.h"
 
-#include <QJsonArray>
 #include <QJsonDocument>
 #include <QSaveFile>
 
@@ -128,24 +127,12 @@ int CExportCommand::Execute(const QCommandLineParser& parser)
         bytes = QByteArray(text.data(), static_cast<qsizetype>(text.size()));
     } else if (format == QLatin1String("json")) {
         const auto layout = parser.isSet(kCompact) ? QJsonDocument::Compact : QJsonDocument::Indented;
-        QJsonObject root = CJsonExporter::Export(doc);
-        if (!query.IsEmpty()) {
-            QJsonArray jumps;
-            for (const std::size_t i : CJumpQuery::Find(doc, query))
-                jumps.append(CJsonExporter::Jump(*doc.GetJumps()[i], doc.GetSettings()));
-            root.insert(QStringLiteral("jumps"), jumps);
-        }
+        const QJsonObject root =
+            query.IsEmpty() ? CJsonExporter::Export(doc) : CJsonExporter::Export(doc, CJumpQuery::Find(doc, query));
         bytes = QJsonDocument(root).toJson(layout);
     } else {
         const CCsvExporter csv(units);
-        std::string table;
-        if (query.IsEmpty()) {
-            table = csv.Export(doc);
-        } else {
-            CCsvExporter::AppendRow(csv.Header(), table);
-            for (const std::size_t i : CJumpQuery::Find(doc, query))
-                CCsvExporter::AppendRow(csv.Row(*doc.GetJumps()[i], doc), table);
-        }
+        const std::string table = query.IsEmpty() ? csv.Export(doc) : csv.Export(doc, CJumpQuery::Find(doc, query));
         bytes = QByteArray(table.data(), static_cast<qsizetype>(table.size()));
     }
 

@@ -1,6 +1,7 @@
 #include "document/CSummaryRows.h"
 
 #include "document/CLogbookDoc.h"
+#include "document/CLogbookTotals.h"
 #include "resources/StringTable.h"
 #include "units/CUnitSettings.h"
 #include "units/DurationText.h"
@@ -40,10 +41,36 @@ CSummaryRow DistanceRow(int labelId, double metres, const CUnitSettings& units)
 
 } // namespace
 
+CSummaryRows::Rows CSummaryRows::BuildOf(const CLogbookDoc& doc, const CUnitSettings& units,
+                                         std::span<const std::size_t> jumps)
+{
+    CLogbookTotals totals;
+    std::size_t last = 0;
+    std::size_t counted = 0;
+    for (const std::size_t position : jumps) {
+        if (position >= doc.GetJumpCount())
+            continue;
+        totals.Add(doc.GetJump(position), doc.GetSettings());
+        last = counted++ == 0 ? position : std::max(last, position);
+    }
+    CLogbookSummary summary;
+    summary.numberOfJumps = static_cast<int>(counted);
+    summary.freefallSeconds = totals.FreefallSeconds();
+    summary.freefallMetres = static_cast<double>(totals.FreefallMetres());
+    summary.canopyMetres = static_cast<double>(totals.CanopyMetres());
+    if (counted > 0)
+        summary.lastJump = doc.GetJump(last).GetTimestamp().dateTime.DateOnly();
+    return FromSummary(summary, units);
+}
+
 CSummaryRows::Rows CSummaryRows::Build(const CLogbookDoc& doc, const CUnitSettings& units)
 {
+    return FromSummary(doc.GetSummary(), units);
+}
+
+CSummaryRows::Rows CSummaryRows::FromSummary(const CLogbookSummary& summary, const CUnitSettings& units)
+{
     using namespace StringTable;
-    const CLogbookSummary summary = doc.GetSummary();
 
     CSummaryRow time = LabelledRow(IDS_FREEFALL_TIME, {}, CSummaryRow::Kind::Duration);
     // The duration text counts signed 32-bit seconds; an absurd file's total stays within them.

@@ -3,10 +3,13 @@
 #include "xml/CDateTime.h"
 
 #include <array>
+#include <cstddef>
+#include <span>
 #include <string>
 
 class CLogbookDoc;
 class CUnitSettings;
+struct CLogbookSummary;
 
 // One line of the home screen's summary: its label and its value as text, with the value's
 // number or date kept as well, for a screen that writes them in the user's notation.
@@ -48,4 +51,11 @@ public:
     using Rows = std::array<CSummaryRow, RowCount>;
 
     static Rows Build(const CLogbookDoc& doc, const CUnitSettings& units);
+    // The same for some of the jumps (document positions): their count, the sum of their
+    // freefall times (without the time before the logbook), the sums of their freefall and
+    // canopy distances as logged, and the date of the last of them in list order.
+    static Rows BuildOf(const CLogbookDoc& doc, const CUnitSettings& units, std::span<const std::size_t> jumps);
+
+private:
+    static Rows FromSummary(const CLogbookSummary& summary, const CUnitSettings& units);
 };

@@ -14,6 +14,16 @@ std::string CCsvExporter::Export(const CLogbookDoc& doc) const
     return out;
 }
 
+std::string CCsvExporter::Export(const CLogbookDoc& doc, std::span<const std::size_t> jumps) const
+{
+    std::string out;
+    AppendRow(Header(), out);
+    for (const std::size_t position : jumps)
+        if (position < doc.GetJumpCount())
+            AppendRow(Row(doc.GetJump(position), doc), out);
+    return out;
+}
+
 std::vector<std::string> CCsvExporter::Header() const
 {
     const std::string height = " [" + std::string(m_units.HeightLabel()) + "]";

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -20,6 +22,8 @@ public:
 
     // The whole table.
     std::string Export(const CLogbookDoc& doc) const;
+    // The header row and the rows of the jumps at these document positions, in the order given.
+    std::string Export(const CLogbookDoc& doc, std::span<const std::size_t> jumps) const;
     // The header row's fields.
     std::vector<std::string> Header() const;
     // The fields of one jump's row.

@@ -46,6 +46,17 @@ QJsonObject CJsonExporter::Export(const CLogbookDoc& doc)
                       {"summary", Summary(doc)}});
 }
 
+QJsonObject CJsonExporter::Export(const CLogbookDoc& doc, std::span<const std::size_t> jumps)
+{
+    QJsonArray chosen;
+    for (const std::size_t position : jumps)
+        if (position < doc.GetJumpCount())
+            chosen.append(Jump(doc.GetJump(position), doc.GetSettings()));
+    QJsonObject root = Export(doc);
+    root.insert(QStringLiteral("jumps"), chosen);
+    return root;
+}
+
 QJsonObject CJsonExporter::Settings(const CLogbookSettings& settings)
 {
     const CMembership& membership = settings.GetMembership();

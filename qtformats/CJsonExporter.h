@@ -3,6 +3,9 @@
 #include <QJsonArray>
 #include <QJsonObject>
 
+#include <cstddef>
+#include <span>
+
 class CEquipmentList;
 class CJump;
 class CJumpRecording;
@@ -20,6 +23,9 @@ class CJsonExporter
 public:
     // The document as a JSON object.
     static QJsonObject Export(const CLogbookDoc& doc);
+    // The same with only the jumps at these document positions, in the order given; settings and
+    // summary stay those of the whole logbook.
+    static QJsonObject Export(const CLogbookDoc& doc, std::span<const std::size_t> jumps);
 
     // The parts, for callers that need one of them.
     static QJsonObject Settings(const CLogbookSettings& settings);

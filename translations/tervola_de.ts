@@ -536,6 +536,18 @@
         <source>GPS tracks (*.csv *.CSV)</source>
         <translation>GPS-Tracks (*.csv *.CSV)</translation>
     </message>
+    <message>
+        <source>Export selection</source>
+        <translation>Auswahl exportieren</translation>
+    </message>
+    <message>
+        <source>CSV tables (*.csv)</source>
+        <translation>CSV-Tabellen (*.csv)</translation>
+    </message>
+    <message>
+        <source>JSON files (*.json)</source>
+        <translation>JSON-Dateien (*.json)</translation>
+    </message>
 </context>
 <context>
     <name>CJumpDetailsPane</name>
@@ -773,6 +785,18 @@
         <source>Do you want to delete these %1 jumps?</source>
         <translation>Möchten Sie diese %1 Sprünge löschen?</translation>
     </message>
+    <message>
+        <source>Jumps</source>
+        <translation>Sprünge</translation>
+    </message>
+    <message>
+        <source>The jumps could not be written to %1.</source>
+        <translation>Die Sprünge konnten nicht nach %1 geschrieben werden.</translation>
+    </message>
+    <message>
+        <source>Export selection...</source>
+        <translation>Auswahl exportieren...</translation>
+    </message>
 </context>
 <context>
     <name>CLogbookView</name>
@@ -911,6 +935,10 @@ Das Sprungbuch für Fallschirmspringer.
         <source>Statistics...</source>
         <translation>Statistik...</translation>
     </message>
+    <message>
+        <source>Export selection...</source>
+        <translation>Auswahl exportieren...</translation>
+    </message>
 </context>
 <context>
     <name>CNumberPadDlg</name>
@@ -951,6 +979,164 @@ Das Sprungbuch für Fallschirmspringer.
     <message>
         <source>Saving %p%</source>
         <translation>Speichern %p%</translation>
+    </message>
+</context>
+<context>
+    <name>CSearchBar</name>
+    <message>
+        <source>drop zone</source>
+        <translation>Sprungplatz</translation>
+    </message>
+    <message>
+        <source>aircraft</source>
+        <translation>Flugzeug</translation>
+    </message>
+    <message>
+        <source>jump type</source>
+        <translation>Sprungart</translation>
+    </message>
+    <message>
+        <source>team</source>
+        <translation>Team</translation>
+    </message>
+    <message>
+        <source>who signed</source>
+        <translation>wer unterschrieben hat (Zeuge)</translation>
+    </message>
+    <message>
+        <source>rig by number in brackets, or by its text</source>
+        <translation>Ausrüstung nach Nummer in Klammern oder nach ihrem Text</translation>
+    </message>
+    <message>
+        <source>fall rate: Standard, Vertical, Custom, Manual, Import</source>
+        <translation>Fallrate: Standard, Vertical, Custom, Manual, Import</translation>
+    </message>
+    <message>
+        <source>jump numbers; ranges may be open: ..50, 400..</source>
+        <translation>Sprungnummern; Bereiche dürfen offen sein: ..50, 400..</translation>
+    </message>
+    <message>
+        <source>a day, month or year, or a range of them</source>
+        <translation>ein Tag, Monat oder Jahr oder ein Bereich davon</translation>
+    </message>
+    <message>
+        <source>a year or a range of years</source>
+        <translation>ein Jahr oder ein Bereich von Jahren</translation>
+    </message>
+    <message>
+        <source>exit height in the display units</source>
+        <translation>Absprunghöhe in den Anzeigeeinheiten</translation>
+    </message>
+    <message>
+        <source>opening height in the display units</source>
+        <translation>Öffnungshöhe in den Anzeigeeinheiten</translation>
+    </message>
+    <message>
+        <source>freefall seconds (or M:SS)</source>
+        <translation>Freifall in Sekunden (oder M:SS)</translation>
+    </message>
+    <message>
+        <source>signed or not: yes, no</source>
+        <translation>unterschrieben oder nicht: yes, no</translation>
+    </message>
+    <message>
+        <source>recording, note, picture, video, wind, malfunction</source>
+        <translation>vorhanden: recording, note, picture, video, wind, malfunction</translation>
+    </message>
+    <message>
+        <source>no such term</source>
+        <translation>unbekannter Suchbegriff</translation>
+    </message>
+    <message>
+        <source>nothing to look for</source>
+        <translation>nichts zu suchen</translation>
+    </message>
+    <message>
+        <source>not a whole number</source>
+        <translation>keine ganze Zahl</translation>
+    </message>
+    <message>
+        <source>number too large</source>
+        <translation>Zahl zu groß</translation>
+    </message>
+    <message>
+        <source>not a date (2024, 2024-05 or 2024-05-17)</source>
+        <translation>kein Datum (2024, 2024-05 oder 2024-05-17)</translation>
+    </message>
+    <message>
+        <source>no such month</source>
+        <translation>diesen Monat gibt es nicht</translation>
+    </message>
+    <message>
+        <source>no such day</source>
+        <translation>diesen Tag gibt es nicht</translation>
+    </message>
+    <message>
+        <source>not a year</source>
+        <translation>kein Jahr</translation>
+    </message>
+    <message>
+        <source>not a number of seconds or M:SS</source>
+        <translation>keine Sekundenzahl und nicht M:SS</translation>
+    </message>
+    <message>
+        <source>a range needs a start or an end</source>
+        <translation>ein Bereich braucht einen Anfang oder ein Ende</translation>
+    </message>
+    <message>
+        <source>the range ends before it starts</source>
+        <translation>der Bereich endet vor seinem Anfang</translation>
+    </message>
+    <message>
+        <source>yes or no</source>
+        <translation>yes oder no</translation>
+    </message>
+    <message>
+        <source>recording, note, picture, video, wind or malfunction</source>
+        <translation>recording, note, picture, video, wind oder malfunction</translation>
+    </message>
+    <message>
+        <source>Standard, Vertical, Custom, Manual or Import</source>
+        <translation>Standard, Vertical, Custom, Manual oder Import</translation>
+    </message>
+    <message>
+        <source>Search jumps</source>
+        <translation>Sprünge suchen</translation>
+    </message>
+    <message>
+        <source>Words, &quot;phrases&quot; and terms such as dz:Eloy n:100..200 -signed:yes (Ctrl+F)</source>
+        <translation>Wörter, &quot;Wortfolgen&quot; und Suchbegriffe wie dz:Eloy n:100..200 -signed:yes (Strg+F)</translation>
+    </message>
+    <message>
+        <source>Terms</source>
+        <translation>Begriffe</translation>
+    </message>
+    <message>
+        <source>Insert a search term</source>
+        <translation>Einen Suchbegriff einfügen</translation>
+    </message>
+    <message>
+        <source>%1 of %2 jumps</source>
+        <translation>%1 von %2 Sprüngen</translation>
+    </message>
+    <message>
+        <source>1 jump</source>
+        <translation>1 Sprung</translation>
+    </message>
+    <message>
+        <source>%1 jumps</source>
+        <translation>%1 Sprünge</translation>
+    </message>
+</context>
+<context>
+    <name>CSummaryPane</name>
+    <message>
+        <source>Logbook</source>
+        <translation>Sprungbuch</translation>
+    </message>
+    <message>
+        <source>Shown</source>
+        <translation>Gezeigt</translation>
     </message>
 </context>
 <context>

@@ -140,7 +140,7 @@ private slots:
         desktop->Table()->sortByColumn(CJumpTableModel::PlaceColumn, Qt::DescendingOrder);
         harness.Frame()->close();
 
-        CDesktopPane again(harness.View()->GetTableModel(), &harness.settings);
+        CDesktopPane again(harness.View()->GetTableModel(), harness.Frame()->GetUnits(), &harness.settings);
         const QHeaderView* header = again.Table()->horizontalHeader();
         QVERIFY(header->isSectionHidden(CJumpTableModel::AircraftColumn));
         QVERIFY(!header->isSectionHidden(CJumpTableModel::TeamColumn));

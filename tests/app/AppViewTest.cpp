@@ -157,7 +157,7 @@ private slots:
 
     // Delete asks with the jump's number; Yes removes the row and the jump; an empty list
     // returns to Home with the list buttons disabled. Only the jump list deletes. The list's
-    // menu offers the editor, a track, the picture when there is one, and Delete.
+    // menu offers the editor, a track, the picture when there is one, Delete and the export.
     void deleteJumps()
     {
         CAppHarness harness;
@@ -178,7 +178,8 @@ private slots:
                 if (!action->isSeparator())
                     texts.append(action->text() + (action->isEnabled() ? "" : " (off)"));
             QCOMPARE(texts, (QStringList{"View...", "Change...", "Add track...",
-                                         row == 2 ? "Show picture..." : "Show picture... (off)", "Delete"}));
+                                         row == 2 ? "Show picture..." : "Show picture... (off)", "Delete",
+                                         "Export selection..."}));
         }
         harness.messages.yesNoAnswer = false;
         harness.SelectRow(1);

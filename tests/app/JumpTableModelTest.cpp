@@ -1,9 +1,11 @@
 // The table of jumps on a real document: rows and columns, sorting by values, display units,
-// the unsigned filter, and each change of the document arriving as the change it is.
+// the unsigned filter and a search, and each change of the document arriving as the change it is.
 
 #include "app/CJumpTableModel.h"
+#include "app/CSearchIndex.h"
 #include "document/CLogbookDoc.h"
 #include "model/CJump.h"
+#include "query/CQueryParser.h"
 #include "units/CUnitSettings.h"
 
 #include <QSignalSpy>
@@ -57,7 +59,8 @@ private slots:
         CLogbookDoc doc;
         Fill(doc);
         const CUnitSettings units(CUnitSettings::Metric, 0, 0);
-        CJumpTableModel model(doc, units);
+        const CSearchIndex index(doc);
+        CJumpTableModel model(doc, units, index);
         QCOMPARE(model.columnCount(), int(CJumpTableModel::ColumnCount));
         QCOMPARE(Numbers(model), QStringLiteral("7 9 10 12"));
         const struct
@@ -83,7 +86,8 @@ private slots:
         CLogbookDoc doc;
         Fill(doc);
         CUnitSettings units(CUnitSettings::Metric, 0, 0);
-        CJumpTableModel model(doc, units);
+        const CSearchIndex index(doc);
+        CJumpTableModel model(doc, units, index);
         QSignalSpy headers(&model, &QAbstractItemModel::headerDataChanged);
         const QModelIndex exit = model.index(1, CJumpTableModel::ExitColumn);
         QCOMPARE(exit.data().toString(), QLocale().toString(10000));
@@ -104,10 +108,17 @@ private slots:
         CLogbookDoc doc;
         Fill(doc);
         const CUnitSettings units(CUnitSettings::Metric, 0, 0);
-        CJumpTableModel table(doc, units);
+        // The index hears of each change before the models that ask it.
+        CSearchIndex index(doc);
+        doc.AddObserver(&index);
+        CJumpTableModel table(doc, units, index);
         table.sort(CJumpTableModel::PlaceColumn, Qt::AscendingOrder);
-        CJumpTableModel unsignedOnly(doc, units, CJumpTableModel::Filter::UnsignedJumps);
+        CJumpTableModel unsignedOnly(doc, units, index, CJumpTableModel::Filter::UnsignedJumps);
         QCOMPARE(Numbers(unsignedOnly), QStringLiteral("9 12"));
+        // A search's rows follow a change of place and of number as well.
+        CJumpTableModel found(doc, units, index);
+        found.SetQuery(CQueryParser::Parse("n:..10 -vaala", units).query);
+        QCOMPARE(Numbers(found), QStringLiteral("7 9 10"));
         QSignalSpy changed(&table, &QAbstractItemModel::dataChanged);
         QSignalSpy reset(&table, &QAbstractItemModel::modelReset);
         QSignalSpy moved(&table, &QAbstractItemModel::rowsMoved);
@@ -121,12 +132,14 @@ private slots:
         doc.ChangeJump(1, [](CJump& jump) { return jump.SetPlace("Vaala"); });
         QCOMPARE(moved.size(), 1);
         QCOMPARE(Numbers(table), QStringLiteral("12 10 7 9"));
+        QCOMPARE(Numbers(found), QStringLiteral("7 10"));
         // A new jump 8 at Helsinki joins between Alavus and Tervola; it is not signed.
         auto added = std::make_unique<CJump>(8, CZonedDateTime{CDateTime(2025, 3, 1), 0}, CDateTime(2025, 3, 1));
         added->SetPlace("Helsinki");
         doc.AddJump(std::move(added));
         QCOMPARE(Numbers(table), QStringLiteral("12 8 10 7 9"));
         QCOMPARE(Numbers(unsignedOnly), QStringLiteral("8 9 12"));
+        QCOMPARE(Numbers(found), QStringLiteral("7 8 10"));
         // Signing jump 12 takes it out of the unsigned rows only.
         doc.ChangeJump(4, [](CJump& jump) { return jump.SetSignature("Pekka", {{{2, 2}, {4, 4}}}); });
         QCOMPARE(Numbers(unsignedOnly), QStringLiteral("8 9"));
@@ -135,13 +148,16 @@ private slots:
         doc.ChangeJump(0, [](CJump& jump) { return jump.SetNumber(11); });
         QCOMPARE(Numbers(table), QStringLiteral("12 8 10 11 9"));
         QCOMPARE(table.JumpAt(3)->GetNumber(), 11);
+        QCOMPARE(Numbers(found), QStringLiteral("8 10"));
         doc.RemoveJumps({0, 4});
         QCOMPARE(Numbers(table), QStringLiteral("10 11 9"));
+        QCOMPARE(Numbers(found), QStringLiteral("10"));
         QCOMPARE(Numbers(unsignedOnly), QStringLiteral("9"));
         QCOMPARE(reset.size(), 0);
         doc.Clear();
         QCOMPARE(reset.size(), 1);
         QCOMPARE(table.rowCount(), 0);
+        doc.RemoveObserver(&index);
     }
 };
 

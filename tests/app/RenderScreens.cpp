@@ -1,5 +1,6 @@
 // Renders the main window in every mode at the handheld and phone sizes, and its desktop layout
-// at 1024x768 and 1920x1080, into PNG files
+// at 1024x768 and 1920x1080, each also with a search and with a search that cannot be read, into
+// PNG files
 // (folder "screens" beside this program, or the folder given as first argument; a logbook given
 // as second argument replaces the built-in demo), and checks each picture's layout: every
 // visible control lies inside the view, no two overlap, and no summary text is cut. Exits with
@@ -11,10 +12,14 @@
 #include "app/CDesktopPane.h"
 #include "app/CJumpTableModel.h"
 #include "app/CLicenceStatusPane.h"
+#include "app/CSearchBar.h"
 #include "app/CSummaryPane.h"
 
 #include <QApplication>
 #include <QFileInfo>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
 #include <QTextStream>
 #include <QToolButton>
 
@@ -38,14 +43,26 @@ CTestLogbook DemoLogbook()
 // summary's texts whole.
 QStringList CheckLayout(CLogbookView* view)
 {
+    const auto visible = [](QWidget* root, QList<QWidget*> parts) {
+        parts.removeIf([root](const QWidget* part) { return !part->isVisibleTo(root); });
+        return parts;
+    };
+    CSearchBar* search = view->GetListSearch();
     QList<QWidget*> parts;
+    // The page buttons; the search bars' buttons are checked with their bars.
     for (QToolButton* button : view->findChildren<QToolButton*>())
-        parts.append(button);
-    parts << view->GetSummary() << view->GetLicenceStatus() << view->GetList() << view->GetDesktop();
-    parts.removeIf([view](const QWidget* part) { return !part->isVisibleTo(view); });
-    QStringList problems = RenderCheck::Layout(view, parts);
-    if (view->GetSummary()->isVisibleTo(view))
-        problems += RenderCheck::Layout(view->GetSummary(), view->GetSummary()->findChildren<QWidget*>());
+        if (!view->GetDesktop()->isAncestorOf(button) && !search->isAncestorOf(button))
+            parts.append(button);
+    parts << view->GetSummary() << view->GetLicenceStatus() << search << view->GetList() << view->GetDesktop();
+    QStringList problems = RenderCheck::Layout(view, visible(view, parts));
+    for (CSummaryPane* summary : {view->GetSummary(), view->GetDesktop()->Summary()})
+        if (summary->isVisibleTo(view))
+            problems += RenderCheck::Layout(summary, visible(summary, summary->findChildren<QWidget*>()));
+    for (CSearchBar* bar : {search, view->GetDesktop()->Search()})
+        if (bar->isVisibleTo(view))
+            problems += RenderCheck::Layout(
+                bar, visible(bar, {bar->Field(), bar->TermsButton(), bar->findChild<QLabel*>("searchCount"),
+                                   bar->findChild<QLabel*>("searchMessage")}));
     return problems;
 }
 
@@ -65,8 +82,11 @@ int main(int argc, char* argv[])
     for (const QSize& size : RenderCheck::kSizes + QList<QSize>{{1920, 1080}}) {
         // The desktop layout has no list modes of its own: one picture of it, with a row selected.
         const bool desktop = size.width() >= CLogbookView::kDesktopWidth;
-        for (const QString& mode : desktop ? QStringList{"splash", "empty", "desktop"}
-                                           : QStringList{"splash", "empty", "home", "jumplist", "signlist"}) {
+        // "search": a query that finds some jumps; "badsearch": one that cannot be read, its message
+        // under the field.
+        for (const QString& mode :
+             desktop ? QStringList{"splash", "empty", "desktop", "search", "badsearch"}
+                     : QStringList{"splash", "empty", "home", "jumplist", "signlist", "search", "badsearch"}) {
             CAppHarness harness;
             harness.settings.SetInt("Preferences", "Units", 1);
             const bool splash = mode == QStringLiteral("splash");
@@ -78,7 +98,16 @@ int main(int argc, char* argv[])
             CMainFrame* frame = harness.Frame();
             frame->resize(size);
             QApplication::processEvents();
-            if (mode == QStringLiteral("jumplist"))
+            if (mode.endsWith(QStringLiteral("search"))) {
+                CSearchBar* bar = desktop ? harness.View()->GetDesktop()->Search() : harness.View()->GetListSearch();
+                if (!desktop)
+                    harness.View()->OnViewJumpList();
+                bar->SetText(QStringLiteral("dz:Rovaniemi n:121..140 signed:yes"));
+                if (mode == QStringLiteral("badsearch"))
+                    bar->SetText(QStringLiteral("dz:Rovaniemi date:2024-13"));
+                if (desktop)
+                    harness.View()->GetDesktop()->SelectRow(0);
+            } else if (mode == QStringLiteral("jumplist"))
                 harness.View()->OnViewJumpList();
             else if (mode == QStringLiteral("signlist"))
                 harness.View()->OnViewSignList();
@@ -103,6 +132,16 @@ int main(int argc, char* argv[])
                 found += CheckLayout(harness.View());
             if (!frame->grab().save(target + QLatin1Char('/') + name + QStringLiteral(".png")))
                 found.append(QStringLiteral("cannot write the picture"));
+            if (mode == QStringLiteral("search")) {
+                // The menu of typed terms on a screen as wide as the window.
+                CSearchBar* bar = desktop ? harness.View()->GetDesktop()->Search() : harness.View()->GetListSearch();
+                QMenu* menu = bar->FitTermsMenu(size.width());
+                if (menu->width() > size.width())
+                    found.append(QStringLiteral("the terms menu is wider than the screen"));
+                if (!menu->grab().save(target +
+                                       QStringLiteral("/terms_%1x%2.png").arg(size.width()).arg(size.height())))
+                    found.append(QStringLiteral("cannot write the picture"));
+            }
             for (const QString& problem : found)
                 out << name << ": " << problem << Qt::endl;
             problems += found.size();
