@@ -55,8 +55,9 @@ CLogbookPageRenderer::CLogbookPageRenderer(const CLogbookDoc& doc, std::vector<s
                                            const CUnitSettings& units)
     : m_doc(doc), m_rows(std::move(rows)), m_units(units)
 {
-    m_rows.erase(std::remove_if(m_rows.begin(), m_rows.end(), [&](std::size_t row) { return row >= doc.GetJumpCount(); }),
-                 m_rows.end());
+    m_rows.erase(
+        std::remove_if(m_rows.begin(), m_rows.end(), [&](std::size_t row) { return row >= doc.GetJumpCount(); }),
+        m_rows.end());
 }
 
 CLogbookPageRenderer::~CLogbookPageRenderer() = default;
@@ -93,7 +94,8 @@ QPageSize::PageSizeId CLogbookPageRenderer::DefaultPaper(const QLocale& locale)
 int CLogbookPageRenderer::Layout(const QSizeF& areaPoints)
 {
     m_area = areaPoints * 10.0;
-    const QString height = QString::fromLatin1(m_units.HeightLabel().data(), static_cast<int>(m_units.HeightLabel().size()));
+    const QString height =
+        QString::fromLatin1(m_units.HeightLabel().data(), static_cast<int>(m_units.HeightLabel().size()));
     // Widths in points for a page 767 points wide, stretched or squeezed to the page.
     m_columns = {
         {tr("No."), 34, Qt::AlignRight},
@@ -209,8 +211,8 @@ void CLogbookPageRenderer::PaintHeader(QPainter& painter, int page)
     Text(painter, QRectF(0, 0, width - pageWidth, 180), owner, Qt::AlignLeft, 130, 90, true);
     Text(painter, QRectF(width - pageWidth, 0, pageWidth, 180), pageText, Qt::AlignRight, 90, 70);
     const std::string& member = settings.GetMembership().GetMemberNumber();
-    Text(painter, QRectF(0, 190, width, 120), tr("Member number: %1").arg(member.empty() ? QStringLiteral("-") : Qs(member)),
-         Qt::AlignLeft, 80, 60);
+    Text(painter, QRectF(0, 190, width, 120),
+         tr("Member number: %1").arg(member.empty() ? QStringLiteral("-") : Qs(member)), Qt::AlignLeft, 80, 60);
     QStringList licences;
     for (const std::string& licence : settings.GetLicenses())
         licences << Qs(licence);
@@ -350,11 +352,14 @@ void CLogbookPageRenderer::PaintDetail(QPainter& painter, const CPrintedPage& pa
     Text(painter, QRectF(0, y, width, 180), title, Qt::AlignLeft, 110, 70, true);
     y += 200;
 
-    const QString height = QString::fromLatin1(m_units.HeightLabel().data(), static_cast<int>(m_units.HeightLabel().size()));
-    const QString speed = QString::fromLatin1(m_units.SpeedLabel().data(), static_cast<int>(m_units.SpeedLabel().size()));
+    const QString height =
+        QString::fromLatin1(m_units.HeightLabel().data(), static_cast<int>(m_units.HeightLabel().size()));
+    const QString speed =
+        QString::fromLatin1(m_units.SpeedLabel().data(), static_cast<int>(m_units.SpeedLabel().size()));
     const auto speedText = [&](double value) {
-        return value == 0.0 ? QStringLiteral("-")
-                            : QStringLiteral("%1 %2").arg(Qs(CTextFormat::WholeNumber(m_units.SpeedToDisplay(value))), speed);
+        return value == 0.0
+                   ? QStringLiteral("-")
+                   : QStringLiteral("%1 %2").arg(Qs(CTextFormat::WholeNumber(m_units.SpeedToDisplay(value))), speed);
     };
     const auto heightText = [&](int metres) {
         const QString text = Height(m_units, metres);
@@ -414,11 +419,31 @@ void CLogbookPageRenderer::Text(QPainter& painter, const QRectF& cell, const QSt
             font.setPixelSize(wrapSize);
             metrics = QFontMetricsF(font);
             const QRectF need = metrics.boundingRect(inner, flags | Qt::TextWordWrap, shown);
-            if (need.width() <= inner.width() && need.height() <= std::min(inner.height(), 2.2 * metrics.lineSpacing())) {
+            if (need.width() <= inner.width() &&
+                need.height() <= std::min(inner.height(), 2.2 * metrics.lineSpacing())) {
                 flags |= Qt::TextWordWrap;
                 fits = true;
                 break;
             }
+        }
+    }
+    // Still too long: the words that fit on a first line, the rest cut on a second.
+    if (!fits && minSize > 0 && text.contains(QLatin1Char(' '))) {
+        font.setPixelSize((size + minSize) / 2);
+        metrics = QFontMetricsF(font);
+        const QStringList words = text.split(QLatin1Char(' '), Qt::SkipEmptyParts);
+        QString first;
+        qsizetype used = 0;
+        for (; used < words.size(); ++used) {
+            const QString longer = first.isEmpty() ? words[used] : first + QLatin1Char(' ') + words[used];
+            if (metrics.horizontalAdvance(longer) > inner.width())
+                break;
+            first = longer;
+        }
+        if (!first.isEmpty() && 2 * metrics.lineSpacing() <= inner.height()) {
+            const QString rest = words.mid(used).join(QLatin1Char(' '));
+            shown = first + QLatin1Char('\n') + metrics.elidedText(rest, Qt::ElideRight, inner.width());
+            fits = true;
         }
     }
     if (!fits) {

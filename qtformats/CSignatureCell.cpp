@@ -102,7 +102,8 @@ void CSignatureCellPainter::Paint(QPainter& painter, const QRectF& box, const CS
         QFontMetricsF metrics(font);
         QString shown = text;
         if (metrics.horizontalAdvance(shown) > inner.width()) {
-            font.setPixelSize(std::max(45, static_cast<int>(kLineSize * inner.width() / metrics.horizontalAdvance(shown))));
+            font.setPixelSize(
+                std::max(45, static_cast<int>(kLineSize * inner.width() / metrics.horizontalAdvance(shown))));
             metrics = QFontMetricsF(font);
             shown = metrics.elidedText(shown, Qt::ElideRight, inner.width());
         }

@@ -73,7 +73,9 @@ QStringList LayoutFaults(const std::vector<CLogbookPageRenderer::TextBox>& boxes
         for (std::size_t j = i + 1; j < boxes.size() && boxes[j].page == a.page; ++j) {
             const QRectF overlap = a.text.intersected(boxes[j].text);
             if (overlap.width() > slack && overlap.height() > slack)
-                faults << QStringLiteral("page %1: \"%2\" overlaps \"%3\"").arg(a.page + 1).arg(a.content, boxes[j].content);
+                faults << QStringLiteral("page %1: \"%2\" overlaps \"%3\"")
+                              .arg(a.page + 1)
+                              .arg(a.content, boxes[j].content);
         }
     }
     return faults;
@@ -158,7 +160,8 @@ private slots:
         QVERIFY2(CLogbookPdf::Write(renderer, path, QPageSize::A4, {}, error), qPrintable(error));
         QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList{QStringLiteral("logbook.pdf")});
 
-        const QStringList pages = Run(QStringLiteral("pdftotext"), {path, QStringLiteral("-")}).split(QLatin1Char('\f'));
+        const QStringList pages =
+            Run(QStringLiteral("pdftotext"), {path, QStringLiteral("-")}).split(QLatin1Char('\f'));
         QVERIFY(pages.size() >= renderer.PageCount());
         QStringList missing;
         for (int p = 0; p < renderer.PageCount(); ++p) {
