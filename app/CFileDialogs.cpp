@@ -25,6 +25,11 @@ QString CFileDialogs::ChooseTrack(const QString& startPath)
     return Run(Purpose::Track, startPath);
 }
 
+QString CFileDialogs::ChoosePdf(const QString& startPath)
+{
+    return Run(Purpose::Pdf, startPath);
+}
+
 QString CFileDialogs::Run(Purpose purpose, const QString& startPath)
 {
     QWidget* parent = m_parent ? m_parent.data() : QApplication::activeWindow();
@@ -32,19 +37,23 @@ QString CFileDialogs::Run(Purpose purpose, const QString& startPath)
     if (start.isEmpty())
         start = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
 
-    const bool save = purpose == Purpose::Save;
+    const bool pdf = purpose == Purpose::Pdf;
+    const bool save = purpose == Purpose::Save || pdf;
     const bool track = purpose == Purpose::Track;
-    const QString title = save    ? QCoreApplication::translate("CFileDialogs", "Save as")
+    const QString title = pdf     ? QCoreApplication::translate("CFileDialogs", "Export PDF")
+                          : save  ? QCoreApplication::translate("CFileDialogs", "Save as")
                           : track ? QCoreApplication::translate("CFileDialogs", "Import track")
                                   : QCoreApplication::translate("CFileDialogs", "Open");
     // Loggers write upper-case names (TRACK.CSV) and file systems may tell case apart.
-    const QString filter = track ? QCoreApplication::translate("CFileDialogs", "GPS tracks (*.csv *.CSV)") : Filter();
+    const QString filter = track ? QCoreApplication::translate("CFileDialogs", "GPS tracks (*.csv *.CSV)")
+                           : pdf ? QCoreApplication::translate("CFileDialogs", "PDF files (*.pdf)")
+                                 : Filter();
     QFileDialog dialog(parent, title, start, filter);
     dialog.setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     // Open: only existing files. Save: the folder must exist; replacing a file is confirmed.
     dialog.setFileMode(save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
     if (!track)
-        dialog.setDefaultSuffix(QStringLiteral("tvz"));
+        dialog.setDefaultSuffix(pdf ? QStringLiteral("pdf") : QStringLiteral("tvz"));
 
     // On a handheld-sized screen the desktop's dialog does not fit: use Qt's own, full screen.
     const QScreen* screen = parent ? parent->screen() : QApplication::primaryScreen();

@@ -20,6 +20,8 @@ public:
     QString ChooseSave(const QString& startPath) override;
     // An existing CSV file of a GPS logger, starting at startPath.
     QString ChooseTrack(const QString& startPath) override;
+    // "Export PDF": a PDF file to write.
+    QString ChoosePdf(const QString& startPath) override;
 
     // The name filter of both dialogs.
     static QString Filter();
@@ -29,7 +31,8 @@ private:
     {
         Open,
         Save,
-        Track
+        Track,
+        Pdf
     };
     QString Run(Purpose purpose, const QString& startPath);
     QPointer<QWidget> m_parent;

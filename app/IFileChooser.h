@@ -2,7 +2,8 @@
 
 #include <QString>
 
-// Picks logbook files for New, Open and Save as, and the track files to import. The window program shows file dialogs
+// Picks logbook files for New, Open and Save as, the track files to import and the PDF file to
+// export to. The window program shows file dialogs
 // (CFileDialogs); tests answer with prepared paths.
 class IFileChooser
 {
@@ -15,4 +16,6 @@ public:
     virtual QString ChooseSave(const QString& startPath) = 0;
     // A logger's track (a CSV file) to import, or the empty text when the user cancels.
     virtual QString ChooseTrack(const QString& startPath) = 0;
+    // A PDF file to write the printed pages to (replacing it agreed), or the empty text.
+    virtual QString ChoosePdf(const QString& startPath) = 0;
 };

@@ -33,8 +33,9 @@ public:
     QString ChooseOpen(const QString& startPath) override { return Take(openAnswers, startPath); }
     QString ChooseSave(const QString& startPath) override { return Take(saveAnswers, startPath); }
     QString ChooseTrack(const QString& startPath) override { return Take(trackAnswers, startPath); }
+    QString ChoosePdf(const QString& startPath) override { return Take(pdfAnswers, startPath); }
 
-    QStringList openAnswers, saveAnswers, trackAnswers;
+    QStringList openAnswers, saveAnswers, trackAnswers, pdfAnswers;
     QStringList asked;
 
 private:

@@ -12,7 +12,8 @@ using PrintCommand = CToolTest;
 std::string PdfText(const std::string& path)
 {
     QProcess process;
-    process.start(QStringLiteral("pdftotext"), {QStringLiteral("-layout"), QString::fromStdString(path), QStringLiteral("-")});
+    process.start(QStringLiteral("pdftotext"),
+                  {QStringLiteral("-layout"), QString::fromStdString(path), QStringLiteral("-")});
     process.waitForFinished(60000);
     return QString::fromUtf8(process.readAllStandardOutput()).simplified().toStdString();
 }
@@ -29,13 +30,28 @@ TEST_F(PrintCommand, WritesTheSelectedJumpsOrRefusesClearly)
         std::string out, err;
         std::vector<std::string> inPdf, notInPdf;
     } cases[] = {
-        {"All", {logbook, "-o", m_dir / "all.pdf", "--units", "metric"}, 0, "1 pages written", "",
+        {"All",
+         {logbook, "-o", m_dir / "all.pdf", "--units", "metric"},
+         0,
+         "1 pages written",
+         "",
          // Brought forward: the 100 jumps and 10 minutes before the logbook.
-         {"498", "499", "500", "Matti Virtanen", "Tervola", "page 1 of 1", "Brought forward 100 0:10:00"}, {}},
-        {"Range", {logbook, "-o", m_dir / "range.pdf", "--from", "499", "--to", "499", "--paper", "letter"}, 0,
-         "1 pages written", "", {"499"}, {"Tervola", "Matti"}},
-        {"QueryAndRecordings", {logbook, "-o", m_dir / "q.pdf", "dz:Utti", "--recordings"}, 0, "2 pages written", "",
-         {"498", "Jump 498"}, {"500"}},
+         {"498", "499", "500", "Matti Virtanen", "Tervola", "page 1 of 1", "Brought forward 100 0:10:00"},
+         {}},
+        {"Range",
+         {logbook, "-o", m_dir / "range.pdf", "--from", "499", "--to", "499", "--paper", "letter"},
+         0,
+         "1 pages written",
+         "",
+         {"499"},
+         {"Tervola", "Matti"}},
+        {"QueryAndRecordings",
+         {logbook, "-o", m_dir / "q.pdf", "dz:Utti", "--recordings"},
+         0,
+         "2 pages written",
+         "",
+         {"498", "Jump 498"},
+         {"500"}},
         {"Nothing", {logbook, "-o", m_dir / "none.pdf", "--from", "600"}, 1, "", "No jump is selected", {}, {}},
         {"Unreadable", {m_dir / "broken.tvl", "-o", m_dir / "b.pdf"}, 1, "", "could not be opened", {}, {}},
         {"Unwritable", {logbook, "-o", m_dir / "no/such/folder.pdf"}, 1, "", "could not be written", {}, {}},
