@@ -45,7 +45,8 @@ void CPrintCommand::Configure(QCommandLineParser& parser)
 {
     parser.addPositionalArgument(QStringLiteral("LOGBOOK"), QStringLiteral("The logbook (.tvz or .tvl)."));
     CJumpQuery::AddTo(parser);
-    parser.addOption({{kOutput, QStringLiteral("output")}, QStringLiteral("The PDF file to write (required)."),
+    parser.addOption({{kOutput, QStringLiteral("output")},
+                      QStringLiteral("The PDF file to write (required)."),
                       QStringLiteral("FILE.pdf")});
     parser.addOption({kFrom, QStringLiteral("Only jumps numbered N or higher."), QStringLiteral("N")});
     parser.addOption({kTo, QStringLiteral("Only jumps numbered N or lower."), QStringLiteral("N")});
