@@ -50,7 +50,10 @@ CDlgPrintOptions::CDlgPrintOptions(const CLogbookDoc& doc, std::vector<std::size
     m_recordings = new QCheckBox(tr("A page for each recording"), this);
     m_recordings->setObjectName(QStringLiteral("recordingsCheck"));
 
+    // The range's fields stand indented under their choice.
     auto* range = new QHBoxLayout;
+    range->setContentsMargins(16, 0, 0, 0);
+    range->setSpacing(6);
     range->addWidget(m_from, 1);
     range->addWidget(toLabel);
     range->addWidget(m_to, 1);

@@ -388,7 +388,6 @@ void CLogbookPageRenderer::PaintDetail(QPainter& painter, const CPrintedPage& pa
     const QRectF plot(0, y, width, m_area.height() - y);
     if (m_recordingPainter) {
         painter.save();
-        painter.setClipRect(plot);
         m_recordingPainter(painter, plot, jump);
         painter.restore();
     }

@@ -62,7 +62,8 @@ void CSignatureCellPainter::Paint(QPainter& painter, const QRectF& box, const CS
     // The text lines stand at the foot of the cell, the strokes take what is left above them.
     const double textHeight = std::min(texts.size() * kLineHeight, box.height() - 2 * kPad);
     const QRectF inner = box.adjusted(kPad, kPad, -kPad, -kPad);
-    const QRectF strokeArea(inner.left(), inner.top(), inner.width(), std::max(0.0, inner.height() - textHeight));
+    const double gap = texts.isEmpty() ? 0.0 : kPad;
+    const QRectF strokeArea(inner.left(), inner.top(), inner.width(), std::max(0.0, inner.height() - textHeight - gap));
 
     const QRectF bounds = Bounds(cell.strokes);
     if (!cell.strokes.empty() && strokeArea.height() > kStrokeWidth) {
