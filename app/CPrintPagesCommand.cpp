@@ -74,8 +74,9 @@ void CPrintPagesCommand::ExportPdf()
     if (!AskOptions(options) || !m_services.files)
         return;
     const QFileInfo logbook(QString::fromStdString(m_doc.GetPath()));
-    const QString start = m_doc.HasPath() ? logbook.absoluteDir().filePath(logbook.completeBaseName() + QStringLiteral(".pdf"))
-                                          : QString();
+    const QString start = m_doc.HasPath()
+                              ? logbook.absoluteDir().filePath(logbook.completeBaseName() + QStringLiteral(".pdf"))
+                              : QString();
     const QString path = m_services.files->ChoosePdf(start);
     if (path.isEmpty())
         return;

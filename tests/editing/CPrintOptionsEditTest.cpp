@@ -1,5 +1,5 @@
-#include "document/CLogbookDoc.h"
 #include "editing/CPrintOptionsEdit.h"
+#include "document/CLogbookDoc.h"
 #include "model/CJump.h"
 #include "resources/StringTable.h"
 
