@@ -30,6 +30,11 @@ QString CFileDialogs::ChooseExport(const QString& startPath)
     return Run(Purpose::Export, startPath);
 }
 
+QString CFileDialogs::ChoosePdf(const QString& startPath)
+{
+    return Run(Purpose::Pdf, startPath);
+}
+
 QString CFileDialogs::Run(Purpose purpose, const QString& startPath)
 {
     QWidget* parent = m_parent ? m_parent.data() : QApplication::activeWindow();
@@ -38,9 +43,11 @@ QString CFileDialogs::Run(Purpose purpose, const QString& startPath)
         start = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
 
     const bool exporting = purpose == Purpose::Export;
-    const bool save = purpose == Purpose::Save || exporting;
+    const bool pdf = purpose == Purpose::Pdf;
+    const bool save = purpose == Purpose::Save || exporting || pdf;
     const bool track = purpose == Purpose::Track;
     const QString title = exporting ? QCoreApplication::translate("CFileDialogs", "Export selection")
+                          : pdf     ? QCoreApplication::translate("CFileDialogs", "Export PDF")
                           : save    ? QCoreApplication::translate("CFileDialogs", "Save as")
                           : track   ? QCoreApplication::translate("CFileDialogs", "Import track")
                                     : QCoreApplication::translate("CFileDialogs", "Open");
@@ -49,6 +56,7 @@ QString CFileDialogs::Run(Purpose purpose, const QString& startPath)
     // Loggers write upper-case names (TRACK.CSV) and file systems may tell case apart.
     const QString filter = exporting ? csv + QStringLiteral(";;") + json
                            : track   ? QCoreApplication::translate("CFileDialogs", "GPS tracks (*.csv *.CSV)")
+                           : pdf     ? QCoreApplication::translate("CFileDialogs", "PDF files (*.pdf)")
                                      : Filter();
     QFileDialog dialog(parent, title, start, filter);
     dialog.setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
@@ -61,7 +69,7 @@ QString CFileDialogs::Run(Purpose purpose, const QString& startPath)
             dialog.setDefaultSuffix(chosen == json ? QStringLiteral("json") : QStringLiteral("csv"));
         });
     } else if (!track) {
-        dialog.setDefaultSuffix(QStringLiteral("tvz"));
+        dialog.setDefaultSuffix(pdf ? QStringLiteral("pdf") : QStringLiteral("tvz"));
     }
 
     // On a handheld-sized screen the desktop's dialog does not fit: use Qt's own, full screen.

@@ -22,6 +22,8 @@ public:
     QString ChooseTrack(const QString& startPath) override;
     // A CSV or JSON file to write; the suffix of the chosen filter is added when none is typed.
     QString ChooseExport(const QString& startPath) override;
+    // "Export PDF": a PDF file to write.
+    QString ChoosePdf(const QString& startPath) override;
 
     // The name filter of both dialogs.
     static QString Filter();
@@ -32,7 +34,8 @@ private:
         Open,
         Save,
         Track,
-        Export
+        Export,
+        Pdf
     };
     QString Run(Purpose purpose, const QString& startPath);
     QPointer<QWidget> m_parent;

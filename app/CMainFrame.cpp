@@ -7,6 +7,7 @@
 #include "app/CJumpListCtrl.h"
 #include "app/CLogbookCommands.h"
 #include "app/CLogbookView.h"
+#include "app/CPrintPagesCommand.h"
 #include "app/CSettingsCommands.h"
 #include "app/CSplashWnd.h"
 #include "app/CStatisticsCommand.h"
@@ -24,6 +25,8 @@
 #include <QMenuBar>
 #include <QStyle>
 #include <QToolBar>
+
+#include <algorithm>
 
 namespace {
 
@@ -119,6 +122,30 @@ void CMainFrame::CreateMenuAndCommandBar()
                             m_jumpAddTrackAction, m_jumpPictureAction, m_jumpDeleteAction})
         connect(action, &QAction::triggered, m_commands,
                 [this, action] { m_commands->Execute(action->data().toInt()); });
+    // The printed pages: the whole logbook, a range of numbers or the jumps the list shows.
+    m_printPages = new CPrintPagesCommand(m_doc, m_units, m_services, this);
+    m_printAction = new QAction(tr("Print..."), this);
+    m_printAction->setObjectName(QStringLiteral("printAction"));
+    m_printAction->setShortcut(QKeySequence::Print);
+    m_printPreviewAction = new QAction(tr("Print preview..."), this);
+    m_printPreviewAction->setObjectName(QStringLiteral("printPreviewAction"));
+    m_exportPdfAction = new QAction(tr("Export PDF..."), this);
+    m_exportPdfAction->setObjectName(QStringLiteral("exportPdfAction"));
+    // "The jumps the list shows" is offered while a search narrows the list; the pages keep the
+    // logbook's order, which their carried totals follow.
+    m_printPages->SetShownRows([this] {
+        const std::vector<int> shown = m_view->ShownJumps();
+        if (shown.size() == m_doc.GetJumpCount())
+            return std::vector<std::size_t>();
+        std::vector<std::size_t> rows(shown.begin(), shown.end());
+        std::sort(rows.begin(), rows.end());
+        return rows;
+    });
+    connect(m_printAction, &QAction::triggered, m_printPages, &CPrintPagesCommand::Print);
+    connect(m_printPreviewAction, &QAction::triggered, m_printPages, &CPrintPagesCommand::Preview);
+    connect(m_exportPdfAction, &QAction::triggered, m_printPages, &CPrintPagesCommand::ExportPdf);
+    connect(m_printPages, &CPrintPagesCommand::finished, this, &CMainFrame::UpdateCommands);
+    connect(m_printPages, &CPrintPagesCommand::started, this, &CMainFrame::UpdateCommands);
     connect(m_aboutAction, &QAction::triggered, this, &CMainFrame::OnAbout);
     connect(m_exitAction, &QAction::triggered, this, &QWidget::close);
 
@@ -130,6 +157,9 @@ void CMainFrame::CreateMenuAndCommandBar()
     file->addAction(m_saveAsAction);
     file->addSeparator();
     file->addAction(m_exportSelectionAction);
+    file->addAction(m_printAction);
+    file->addAction(m_printPreviewAction);
+    file->addAction(m_exportPdfAction);
     file->addSeparator();
     file->addAction(m_aboutAction);
     file->addSeparator();
@@ -241,6 +271,10 @@ void CMainFrame::UpdateCommands()
     m_aboutAction->setEnabled(open);
     for (QAction* action : {m_userProfileAction, m_equipmentAction, m_preferencesAction, m_statisticsAction})
         action->setEnabled(open);
+    // One printing at a time, and only of a logbook that has jumps.
+    const bool printable = open && m_doc.GetJumpCount() > 0 && !m_printPages->IsRunning();
+    for (QAction* action : {m_printAction, m_printPreviewAction, m_exportPdfAction})
+        action->setEnabled(printable);
 
     QString title = QStringLiteral("Tervola Pocket");
     if (open)

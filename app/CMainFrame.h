@@ -7,6 +7,7 @@
 #include <QMainWindow>
 
 class CLogbookCommands;
+class CPrintPagesCommand;
 class CSettingsCommands;
 class CLogbookView;
 class QAction;
@@ -31,6 +32,8 @@ public:
     CLogbookView* GetView() const { return m_view; }
     // The File and jump commands.
     CLogbookCommands* GetCommands() const { return m_commands; }
+    // Print, Print preview and Export PDF (SetShownRows tells it the jumps the list shows).
+    CPrintPagesCommand* GetPrintPages() const { return m_printPages; }
     // The user profile, equipment and preferences commands.
     CSettingsCommands* GetSettingsCommands() const { return m_settingsCommands; }
     // The unit preferences read when the frame was built.
@@ -76,6 +79,7 @@ private:
     CLogbookDoc m_doc;
     CLogbookView* m_view = nullptr;
     CLogbookCommands* m_commands = nullptr;
+    CPrintPagesCommand* m_printPages = nullptr;
     QToolBar* m_commandBar = nullptr;
     QToolBar* m_jumpBar = nullptr;
 
@@ -84,6 +88,9 @@ private:
     QAction* m_saveAction = nullptr;
     QAction* m_saveAsAction = nullptr;
     QAction* m_exportSelectionAction = nullptr;
+    QAction* m_printAction = nullptr;
+    QAction* m_printPreviewAction = nullptr;
+    QAction* m_exportPdfAction = nullptr;
     QAction* m_aboutAction = nullptr;
     QAction* m_exitAction = nullptr;
     QAction* m_jumpNewAction = nullptr;

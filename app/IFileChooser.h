@@ -2,8 +2,8 @@
 
 #include <QString>
 
-// Picks logbook files for New, Open and Save as, the track files to import and the file an
-// export of jumps writes. The window program shows file dialogs
+// Picks logbook files for New, Open and Save as, the track files to import, the file an export
+// of jumps writes and the PDF file of printed pages. The window program shows file dialogs
 // (CFileDialogs); tests answer with prepared paths.
 class IFileChooser
 {
@@ -19,4 +19,6 @@ public:
     // A file to export jumps to: a name ending in ".json" gets JSON, any other a CSV table (the
     // user has agreed to replace an existing file), or the empty text.
     virtual QString ChooseExport(const QString& startPath) = 0;
+    // A PDF file to write the printed pages to (replacing it agreed), or the empty text.
+    virtual QString ChoosePdf(const QString& startPath) = 0;
 };

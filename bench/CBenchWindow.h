@@ -33,6 +33,7 @@ public:
     QString ChooseSave(const QString&) override { return {}; }
     QString ChooseTrack(const QString&) override { return {}; }
     QString ChooseExport(const QString&) override { return {}; }
+    QString ChoosePdf(const QString&) override { return {}; }
     bool Open(const QString&) override { return false; }
 
     QStringList errors;

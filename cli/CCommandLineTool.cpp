@@ -8,6 +8,7 @@
 #include "cli/CImportCommand.h"
 #include "cli/CInfoCommand.h"
 #include "cli/CListCommand.h"
+#include "cli/CPrintCommand.h"
 #include "cli/CStatsCommand.h"
 #include "resources/StringTable.h"
 
@@ -18,6 +19,7 @@ CCommandLineTool::CCommandLineTool()
     m_commands.push_back(std::make_unique<CListCommand>());
     m_commands.push_back(std::make_unique<CStatsCommand>());
     m_commands.push_back(std::make_unique<CExportCommand>());
+    m_commands.push_back(std::make_unique<CPrintCommand>());
     m_commands.push_back(std::make_unique<CConvertCommand>());
     m_commands.push_back(std::make_unique<CImportCommand>());
     m_commands.push_back(std::make_unique<CGenerateCommand>());

@@ -1,6 +1,6 @@
 # ctest script: fails when a core source includes a Qt header.
 set(bad "")
-foreach(dir resources xml units model document editing tracks query stats)
+foreach(dir resources xml units model document editing tracks query stats formats)
   file(GLOB_RECURSE files ${ROOT}/${dir}/*.h ${ROOT}/${dir}/*.cpp)
   foreach(f IN LISTS files)
     file(STRINGS ${f} hits REGEX "^[ \t]*#[ \t]*include[ \t]*[<\"](Qt|Q[A-Z]|qt)")

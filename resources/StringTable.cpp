@@ -68,6 +68,7 @@ constexpr std::array kEntries = {
     Entry{4125, "No jump was found in the track."},
     Entry{4126, "The jump found does not belong to this track."},
     Entry{4127, "The time of the exit lies outside the years a logbook holds."},
+    Entry{4301, "No jump is numbered from %1 to %2."},
     Entry{5005, "Your membership/license will expire %1."},
     Entry{5006, "Equipment %1 needs to be inspected %2."},
     Entry{5007, "Do you want to delete jump number %1?"},

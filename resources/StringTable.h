@@ -61,6 +61,8 @@ enum MessageId : int
     IDS_TRACK_NO_JUMP = 4125,
     IDS_TRACK_FOREIGN_JUMP = 4126,
     IDS_TRACK_EXIT_YEAR = 4127,
+    // The printed pages' selection.
+    IDS_PRINT_NO_JUMPS = 4301,
     IDS_MEMBERSHIP_EXPIRES = 5005,
     IDS_INSPECTION_DUE = 5006,
     IDS_DELETE_JUMP = 5007,

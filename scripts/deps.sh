@@ -11,6 +11,7 @@ packages=(
   clang clang-format libclang-rt-14-dev
   fonts-dejavu-core
   desktop-file-utils appstream shared-mime-info libxml2-utils dpkg-dev groff-base
+  poppler-utils
 )
 if [ "${TERVOLA_WITH_XVFB:-0}" = 1 ]; then packages+=(xvfb xauth); fi
 

@@ -267,6 +267,45 @@
     </message>
 </context>
 <context>
+    <name>CDlgPrintOptions</name>
+    <message>
+        <source>Print options</source>
+        <translation>Druckoptionen</translation>
+    </message>
+    <message>
+        <source>The whole logbook</source>
+        <translation>Das ganze Sprungbuch</translation>
+    </message>
+    <message>
+        <source>Jumps numbered</source>
+        <translation>Sprünge mit den Nummern</translation>
+    </message>
+    <message>
+        <source>The jumps the list shows</source>
+        <translation>Die Sprünge, die die Liste zeigt</translation>
+    </message>
+    <message>
+        <source>to</source>
+        <translation>bis</translation>
+    </message>
+    <message>
+        <source>A4, landscape</source>
+        <translation>A4, quer</translation>
+    </message>
+    <message>
+        <source>Letter, landscape</source>
+        <translation>Letter, quer</translation>
+    </message>
+    <message>
+        <source>Paper</source>
+        <translation>Papier</translation>
+    </message>
+    <message>
+        <source>A page for each recording</source>
+        <translation>Eine Seite für jede Aufzeichnung</translation>
+    </message>
+</context>
+<context>
     <name>CDlgStatistics</name>
     <message>
         <source>Statistics</source>
@@ -548,6 +587,14 @@
         <source>JSON files (*.json)</source>
         <translation>JSON-Dateien (*.json)</translation>
     </message>
+    <message>
+        <source>Export PDF</source>
+        <translation>PDF exportieren</translation>
+    </message>
+    <message>
+        <source>PDF files (*.pdf)</source>
+        <translation>PDF-Dateien (*.pdf)</translation>
+    </message>
 </context>
 <context>
     <name>CJumpDetailsPane</name>
@@ -799,6 +846,160 @@
     </message>
 </context>
 <context>
+    <name>CLogbookPageRenderer</name>
+    <message>
+        <source>No.</source>
+        <translation>Nr.</translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation>Datum</translation>
+    </message>
+    <message>
+        <source>Place</source>
+        <translation>Sprungplatz</translation>
+    </message>
+    <message>
+        <source>Aircraft</source>
+        <translation>Flugzeug</translation>
+    </message>
+    <message>
+        <source>Equipment</source>
+        <translation>Ausrüstung</translation>
+    </message>
+    <message>
+        <source>Exit (%1)</source>
+        <translation>Absprunghöhe (%1)</translation>
+    </message>
+    <message>
+        <source>Opening (%1)</source>
+        <translation>Öffnungshöhe (%1)</translation>
+    </message>
+    <message>
+        <source>Freefall</source>
+        <translation>Freifall</translation>
+    </message>
+    <message>
+        <source>Fall rate</source>
+        <translation>Fallrate</translation>
+    </message>
+    <message>
+        <source>Type</source>
+        <translation>Sprungart</translation>
+    </message>
+    <message>
+        <source>Landing</source>
+        <translation>Landung</translation>
+    </message>
+    <message>
+        <source>Description</source>
+        <translation>Beschreibung</translation>
+    </message>
+    <message>
+        <source>Signature</source>
+        <translation>Unterschrift</translation>
+    </message>
+    <message>
+        <source>page %1 of %2</source>
+        <translation>Seite %1 von %2</translation>
+    </message>
+    <message>
+        <source>Logbook</source>
+        <translation>Sprungbuch</translation>
+    </message>
+    <message>
+        <source>Member number: %1</source>
+        <translation>Mitgliedsnummer: %1</translation>
+    </message>
+    <message>
+        <source>Licences: %1</source>
+        <translation>Lizenzen: %1</translation>
+    </message>
+    <message>
+        <source>Standard</source>
+        <translation>Standard</translation>
+    </message>
+    <message>
+        <source>Vertical</source>
+        <translation>Vertikal</translation>
+    </message>
+    <message>
+        <source>Custom</source>
+        <translation>Benutzerdefiniert</translation>
+    </message>
+    <message>
+        <source>Manual</source>
+        <translation>Manuell</translation>
+    </message>
+    <message>
+        <source>Import</source>
+        <translation>Import</translation>
+    </message>
+    <message>
+        <source>Jumps</source>
+        <translation>Sprünge</translation>
+    </message>
+    <message>
+        <source>Freefall time</source>
+        <translation>Freifallzeit</translation>
+    </message>
+    <message>
+        <source>Totals of this page</source>
+        <translation>Summe dieser Seite</translation>
+    </message>
+    <message>
+        <source>Brought forward</source>
+        <translation>Übertrag</translation>
+    </message>
+    <message>
+        <source>Carried forward</source>
+        <translation>Zu übertragen</translation>
+    </message>
+    <message>
+        <source>Jump %1, %2, %3</source>
+        <translation>Sprung %1, %2, %3</translation>
+    </message>
+    <message>
+        <source>Exit</source>
+        <translation>Absprung</translation>
+    </message>
+    <message>
+        <source>Opening</source>
+        <translation>Öffnung</translation>
+    </message>
+    <message>
+        <source>Canopy time</source>
+        <translation>Schirmfahrtzeit</translation>
+    </message>
+    <message>
+        <source>Maximum speed</source>
+        <translation>Höchstgeschwindigkeit</translation>
+    </message>
+    <message>
+        <source>Average speed</source>
+        <translation>Durchschnittsgeschwindigkeit</translation>
+    </message>
+    <message>
+        <source>Recording</source>
+        <translation>Aufzeichnung</translation>
+    </message>
+    <message>
+        <source>GPS</source>
+        <translation>GPS</translation>
+    </message>
+    <message>
+        <source>Barometric</source>
+        <translation>Barometrisch</translation>
+    </message>
+</context>
+<context>
+    <name>CLogbookPdf</name>
+    <message>
+        <source>Logbook</source>
+        <translation>Sprungbuch</translation>
+    </message>
+</context>
+<context>
     <name>CLogbookView</name>
     <message>
         <source>Home</source>
@@ -939,12 +1140,59 @@ Das Sprungbuch für Fallschirmspringer.
         <source>Export selection...</source>
         <translation>Auswahl exportieren...</translation>
     </message>
+    <message>
+        <source>Print...</source>
+        <translation>Drucken...</translation>
+    </message>
+    <message>
+        <source>Print preview...</source>
+        <translation>Druckvorschau...</translation>
+    </message>
+    <message>
+        <source>Export PDF...</source>
+        <translation>PDF exportieren...</translation>
+    </message>
 </context>
 <context>
     <name>CNumberPadDlg</name>
     <message>
         <source>Number</source>
         <translation>Zahl</translation>
+    </message>
+</context>
+<context>
+    <name>CPrintPagesCommand</name>
+    <message>
+        <source>Writing the PDF file...</source>
+        <translation>Die PDF-Datei wird geschrieben...</translation>
+    </message>
+    <message>
+        <source>Logbook</source>
+        <translation>Sprungbuch</translation>
+    </message>
+    <message>
+        <source>The printer could not be started.</source>
+        <translation>Der Drucker konnte nicht gestartet werden.</translation>
+    </message>
+    <message>
+        <source>Printing...</source>
+        <translation>Drucken...</translation>
+    </message>
+    <message>
+        <source>Preparing the preview...</source>
+        <translation>Die Vorschau wird vorbereitet...</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>The printer stopped.</source>
+        <translation>Der Drucker hat angehalten.</translation>
+    </message>
+    <message>
+        <source>The pages could not be written: %1</source>
+        <translation>Die Seiten konnten nicht geschrieben werden: %1</translation>
     </message>
 </context>
 <context>
@@ -1532,6 +1780,11 @@ Das Sprungbuch für Fallschirmspringer.
         <source>Your membership/license expired on %1.</source>
         <comment>5009</comment>
         <translation>Die Mitgliedschaft/Lizenz ist am %1 abgelaufen.</translation>
+    </message>
+    <message>
+        <source>No jump is numbered from %1 to %2.</source>
+        <comment>4301</comment>
+        <translation>Kein Sprung hat eine Nummer von %1 bis %2.</translation>
     </message>
 </context>
 </TS>

@@ -34,8 +34,9 @@ public:
     QString ChooseSave(const QString& startPath) override { return Take(saveAnswers, startPath); }
     QString ChooseTrack(const QString& startPath) override { return Take(trackAnswers, startPath); }
     QString ChooseExport(const QString& startPath) override { return Take(exportAnswers, startPath); }
+    QString ChoosePdf(const QString& startPath) override { return Take(pdfAnswers, startPath); }
 
-    QStringList openAnswers, saveAnswers, trackAnswers, exportAnswers;
+    QStringList openAnswers, saveAnswers, trackAnswers, exportAnswers, pdfAnswers;
     QStringList asked;
 
 private:

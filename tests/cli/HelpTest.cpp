@@ -20,7 +20,8 @@ TEST_F(CommandLine, EachCommandShowsItsUsageAndDetails)
                  {"import", {"LOGBOOK", "TRACK", "SENSOR.CSV"}},
                  {"convert", {"IN", "OUT", "bak"}},
                  {"generate", {"--jumps <N>", "--seed <K>"}},
-                 {"stats", {"--as-of <YYYY-MM-DD>", "--format <text|json>", "perMonth"}}};
+                 {"stats", {"--as-of <YYYY-MM-DD>", "--format <text|json>", "perMonth"}},
+                 {"print", {"-o, --output <FILE.pdf>", "--paper <a4|letter>", "[QUERY...]", "carried"}}};
     for (const auto& c : cases) {
         for (const std::vector<std::string>& arguments :
              {std::vector<std::string>{c.command, "--help"}, std::vector<std::string>{"help", c.command}}) {

@@ -17,6 +17,7 @@
 #include "dialogs/CDlgJump.h"
 #include "dialogs/CDlgJumpPageRecording.h"
 #include "dialogs/CDlgPreferences.h"
+#include "dialogs/CDlgPrintOptions.h"
 #include "dialogs/CDlgUser.h"
 #include "dialogs/CDlgUserOwner.h"
 #include "document/CLogbookDoc.h"
@@ -175,6 +176,8 @@ private slots:
         Shoot(preferences, QStringLiteral("preferences"));
         CDlgUserOwner owner(QStringLiteral("Aino Mäkelä"), QStringLiteral("SIL 20417"));
         Shoot(owner, QStringLiteral("owner"));
+        CDlgPrintOptions print(*m_doc, {0}, CPrintOptionsEdit::A4, &m_messages);
+        Shoot(print, QStringLiteral("print"));
     }
 };
 
