@@ -30,6 +30,9 @@ enum Id : int
     ID_JUMP_ADD_TRACK = 32835,
     // The statistics, licence progress and currency.
     ID_VIEW_STATISTICS = 32836,
+    // Takes the signature off the selected jump, after a question, so that it can be corrected
+    // and signed again.
+    ID_JUMP_REMOVE_SIGNATURE = 32845,
 };
 
 // The list control's id, used as its object name suffix.

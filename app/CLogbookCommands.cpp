@@ -84,6 +84,9 @@ void CLogbookCommands::Execute(int command)
     case AppCommands::ID_JUMP_DELETE:
         OnJumpDelete();
         break;
+    case AppCommands::ID_JUMP_REMOVE_SIGNATURE:
+        OnJumpRemoveSignature();
+        break;
     default:
         break;
     }
