@@ -66,7 +66,7 @@ CDesktopPane::CDesktopPane(CJumpTableModel* model, ISettingsStore* store, QWidge
     // used columns hidden.
     const QFontMetrics metrics = m_table->fontMetrics();
     const int em = metrics.horizontalAdvance(QLatin1Char('M'));
-    const int widths[CJumpTableModel::ColumnCount] = {7, 7, 7, 11, 10, 10, 6, 6, 6, 7, 14, 7, 7, 8, 10, 3, 20, 12};
+    const int widths[CJumpTableModel::ColumnCount] = {7, 7, 7, 11, 10, 10, 6, 6, 6, 7, 14, 7, 7, 8, 10, 3, 20, 17};
     for (int column = 0; column < CJumpTableModel::ColumnCount; ++column) {
         const int title = metrics.horizontalAdvance(model->headerData(column, Qt::Horizontal).toString()) + 2 * em;
         m_table->setColumnWidth(column, std::max(widths[column] * em, title));

@@ -71,11 +71,14 @@ void CDlgJumpPageSignature::Initialise()
     const SealState state = m_edit.GetSealState();
     m_seal->setText(SealLine(state));
     m_seal->setVisible(state != SealState::NotSigned);
+    // A broken seal in bold red, an intact one in green.
     if (state == SealState::Changed)
         m_seal->setStyleSheet(QStringLiteral("color: #c00000; font-weight: bold;"));
+    else if (state == SealState::Intact)
+        m_seal->setStyleSheet(QStringLiteral("color: #2b8a3e;"));
     if (m_edit.IsViewOnly()) {
         m_signer->setEnabled(false);
-        m_licence->setReadOnly(true);
+        m_licence->setEnabled(false);
         m_signature->SetReadOnly(true);
         m_undo->hide();
     }

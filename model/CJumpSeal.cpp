@@ -8,6 +8,8 @@
 #include <openssl/evp.h>
 
 #include <array>
+#include <charconv>
+#include <memory>
 #include <stdexcept>
 
 namespace {
@@ -25,35 +27,49 @@ void AddField(std::string& out, std::string_view name, std::string_view value)
     out += '\n';
 }
 
+void AppendInt(std::string& out, int value)
+{
+    char digits[16];
+    const auto end = std::to_chars(digits, digits + sizeof digits, value).ptr;
+    out.append(digits, static_cast<std::size_t>(end - digits));
+}
+
 void AddField(std::string& out, std::string_view name, int value)
 {
-    AddField(out, name, std::to_string(value));
+    char digits[16];
+    const auto end = std::to_chars(digits, digits + sizeof digits, value).ptr;
+    AddField(out, name, std::string_view(digits, static_cast<std::size_t>(end - digits)));
 }
 
 // Every stroke as its point count and its points: "3:1,2;3,4;5,6;" per stroke, strokes
 // separated by "|". The counts keep a point from moving between strokes unnoticed.
-std::string StrokesText(const CJump& jump)
+void AppendStrokes(std::string& text, const CJump& jump)
 {
-    std::string text;
     for (const CJumpSignature::Stroke& stroke : jump.GetSignature().GetStrokes()) {
-        text += std::to_string(stroke.size());
+        AppendInt(text, static_cast<int>(stroke.size()));
         text += ':';
         for (const CPoint& point : stroke) {
-            text += std::to_string(point.x);
+            AppendInt(text, point.x);
             text += ',';
-            text += std::to_string(point.y);
+            AppendInt(text, point.y);
             text += ';';
         }
         text += '|';
     }
-    return text;
 }
 
 std::string Sha256Hex(std::string_view bytes)
 {
+    // The algorithm is looked up in OpenSSL's providers once, not on every hash (a look-up costs
+    // more than hashing a jump), and each thread keeps its context.
+    static EVP_MD* const sha256 = EVP_MD_fetch(nullptr, "SHA256", nullptr);
+    thread_local const std::unique_ptr<EVP_MD_CTX, decltype(&EVP_MD_CTX_free)> context(EVP_MD_CTX_new(),
+                                                                                       &EVP_MD_CTX_free);
     std::array<unsigned char, EVP_MAX_MD_SIZE> digest{};
     unsigned int length = 0;
-    if (EVP_Digest(bytes.data(), bytes.size(), digest.data(), &length, EVP_sha256(), nullptr) != 1)
+    if (!sha256 || !context || EVP_DigestInit_ex(context.get(), sha256, nullptr) != 1 ||
+        EVP_DigestUpdate(context.get(), bytes.data(), bytes.size()) != 1 ||
+        EVP_DigestFinal_ex(context.get(), digest.data(), &length) != 1)
         throw std::runtime_error("SHA-256 is not available");
     static constexpr char kHex[] = "0123456789abcdef";
     std::string hex;
@@ -71,7 +87,9 @@ namespace JumpSeal {
 
 std::string Encode(const CJump& jump, std::string_view equipmentText, int freefallSeconds)
 {
-    std::string out(kHeader);
+    std::string out;
+    out.reserve(512);
+    out += kHeader;
     AddField(out, "number", jump.GetNumber());
     AddField(out, "time", XmlZonedDateTimeToString(jump.GetTimestamp()));
     AddField(out, "place", jump.GetPlace());
@@ -91,7 +109,10 @@ std::string Encode(const CJump& jump, std::string_view equipmentText, int freefa
     const CJumpSignature& signature = jump.GetSignature();
     AddField(out, "signer", signature.GetName());
     AddField(out, "licence", signature.GetLicence());
-    AddField(out, "strokes", StrokesText(jump));
+    std::string strokes;
+    strokes.reserve(16 * 8 * jump.GetSignature().GetStrokes().size());
+    AppendStrokes(strokes, jump);
+    AddField(out, "strokes", strokes);
     return out;
 }
 

@@ -89,6 +89,9 @@ private slots:
         desktop->SelectRow(2);
         QCOMPARE(desktop->Details()->ValueText(M::SealColumn), QStringLiteral("Changed after signing"));
         QCOMPARE(desktop->Details()->ValueText(M::SignerColumn), QStringLiteral("Mikko Virtanen (licence SIL-D-1042)"));
+        // The picture shows the seal column, beside the signer's.
+        table->scrollTo(table->model()->index(2, M::SealColumn));
+        QApplication::processEvents();
         QVERIFY(RenderCheck::Save(harness.Frame(), QStringLiteral("seals_table_1024x768.png")));
 
         harness.Frame()->resize(240, 320);

@@ -156,7 +156,7 @@ private slots:
         QVERIFY(!h.Find<QComboBox>("jumpKind")->isEnabled());
         QVERIFY(editor->SignaturePage()->Signature()->IsReadOnly());
         QVERIFY(editor->SignaturePage()->UndoButton()->isHidden());
-        QVERIFY(h.Find<QLineEdit>("jumpSignerLicence")->isReadOnly());
+        QVERIFY(!h.Find<QLineEdit>("jumpSignerLicence")->isEnabled());
         QCOMPARE(h.Find<QLabel>("jumpSeal")->text(), CDlgJumpPageSignature::SealLine(SealState::Unsealed));
         // One button, "Close", and nothing changes.
         QCOMPARE(editor->Buttons()->buttons().size(), 1);

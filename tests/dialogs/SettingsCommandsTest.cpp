@@ -130,6 +130,7 @@ private slots:
                                 }),
                                 CScriptedDialogs::Ok<CDlgEquipment>([](CDlgEquipment& dlg) {
                                     dlg.findChild<QLineEdit*>("harnessEdit")->setText("Mirage");
+                                    dlg.findChild<QLineEdit*>("mainEdit")->setText("Sabre");
                                 })};
             Action("equipmentAction")->trigger();
         };
