@@ -60,8 +60,8 @@ void AppendStrokes(std::string& text, const CJump& jump)
 
 std::string Sha256Hex(std::string_view bytes)
 {
-    // The algorithm is looked up in OpenSSL's providers once, not on every hash (a look-up costs
-    // more than hashing a jump), and each thread keeps its context.
+    // The algorithm is looked up in OpenSSL's providers once rather than on every hash, and each
+    // thread keeps its context.
     static EVP_MD* const sha256 = EVP_MD_fetch(nullptr, "SHA256", nullptr);
     thread_local const std::unique_ptr<EVP_MD_CTX, decltype(&EVP_MD_CTX_free)> context(EVP_MD_CTX_new(),
                                                                                        &EVP_MD_CTX_free);
