@@ -32,6 +32,9 @@ enum Id : int
     ID_VIEW_STATISTICS = 32836,
     // The selected jumps (or those the search shows) as a CSV table or JSON.
     ID_FILE_EXPORT_SELECTION = 32845,
+    // Takes the signature off the selected jump, after a question, so that it can be corrected
+    // and signed again.
+    ID_JUMP_REMOVE_SIGNATURE = 32846,
 };
 
 // The list control's id, used as its object name suffix.

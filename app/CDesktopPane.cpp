@@ -77,7 +77,7 @@ CDesktopPane::CDesktopPane(CJumpTableModel* model, const CUnitSettings& units, I
     // used columns hidden.
     const QFontMetrics metrics = m_table->fontMetrics();
     const int em = metrics.horizontalAdvance(QLatin1Char('M'));
-    const int widths[CJumpTableModel::ColumnCount] = {7, 7, 7, 11, 10, 10, 6, 6, 6, 7, 14, 7, 7, 8, 10, 3, 20};
+    const int widths[CJumpTableModel::ColumnCount] = {7, 7, 7, 11, 10, 10, 6, 6, 6, 7, 14, 7, 7, 8, 10, 3, 20, 17};
     for (int column = 0; column < CJumpTableModel::ColumnCount; ++column) {
         const int title = metrics.horizontalAdvance(model->headerData(column, Qt::Horizontal).toString()) + 2 * em;
         m_table->setColumnWidth(column, std::max(widths[column] * em, title));
@@ -85,6 +85,9 @@ CDesktopPane::CDesktopPane(CJumpTableModel* model, const CUnitSettings& units, I
     for (int column : {CJumpTableModel::LandingColumn, CJumpTableModel::TeamColumn, CJumpTableModel::MalfunctionColumn,
                        CJumpTableModel::FallrateColumn})
         m_table->setColumnHidden(column, true);
+    // The seal stands beside the signer; the note stays the last, widest column.
+    header->moveSection(header->visualIndex(CJumpTableModel::SealColumn),
+                        header->visualIndex(CJumpTableModel::SignerColumn) + 1);
     connect(header, &QWidget::customContextMenuRequested, this, &CDesktopPane::ShowHeaderMenu);
     connect(m_table, &QAbstractItemView::activated, this, &CDesktopPane::editRequested);
     connect(m_table->selectionModel(), &QItemSelectionModel::currentRowChanged, this,

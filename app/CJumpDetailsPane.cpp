@@ -2,6 +2,7 @@
 
 #include "app/CJumpTableModel.h"
 #include "controls/CSignatureCtrl.h"
+#include "dialogs/CDlgJumpPageSignature.h"
 #include "model/CJump.h"
 #include "tracks/CRecordingSeries.h"
 
@@ -156,8 +157,19 @@ void CJumpDetailsPane::Refresh()
         const int column = m_names[i]->property("column").toInt();
         m_names[i]->setText(m_model->headerData(column, Qt::Horizontal).toString() + QLatin1Char(':'));
         m_values[i]->setText(jump ? m_model->index(row, column).data().toString() : QString());
-        m_names[i]->setVisible(jump != nullptr);
-        m_values[i]->setVisible(jump != nullptr);
+        if (column == CJumpTableModel::SignerColumn && jump && !jump->GetSignature().GetLicence().empty())
+            m_values[i]->setText(
+                tr("%1 (licence %2)")
+                    .arg(m_values[i]->text(), QString::fromStdString(jump->GetSignature().GetLicence())));
+        if (column == CJumpTableModel::SealColumn) {
+            // A broken seal in red, as in the table and the editor; no line for an unsigned jump.
+            const bool changed = jump && jump->GetSealState() == SealState::Changed;
+            m_values[i]->setStyleSheet(changed ? QStringLiteral("color: #c00000; font-weight: bold;") : QString());
+            m_values[i]->setToolTip(jump ? CDlgJumpPageSignature::SealLine(jump->GetSealState()) : QString());
+        }
+        const bool shown = jump && (column != CJumpTableModel::SealColumn || jump->IsSigned());
+        m_names[i]->setVisible(shown);
+        m_values[i]->setVisible(shown);
     }
     m_curve->SetSeries(jump && jump->GetRecording().IsPresent() ? CRecordingSeries(jump->GetRecording())
                                                                 : CRecordingSeries());

@@ -3,6 +3,7 @@
 #include "app/CArtwork.h"
 #include "app/CDateText.h"
 #include "app/CSearchIndex.h"
+#include "dialogs/CDlgJumpPageSignature.h"
 #include "document/CLogbookDoc.h"
 #include "model/CJump.h"
 #include "query/CJumpIndex.h"
@@ -12,6 +13,7 @@
 #include "units/CUnitSettings.h"
 #include "units/DurationText.h"
 
+#include <QColor>
 #include <QLocale>
 #include <QTime>
 
@@ -101,8 +103,12 @@ CJumpTableModel::CJumpTableModel(CLogbookDoc& doc, const CUnitSettings& units, c
     CombineQuery();
     m_rowIcons = {
         CArtwork::Icon(QStringLiteral("row_unsigned.svg")), CArtwork::Icon(QStringLiteral("row_unsigned_picture.svg")),
-        CArtwork::Icon(QStringLiteral("row_signed.svg")), CArtwork::Icon(QStringLiteral("row_signed_picture.svg"))};
+        CArtwork::Icon(QStringLiteral("row_signed.svg")),   CArtwork::Icon(QStringLiteral("row_signed_picture.svg")),
+        CArtwork::Icon(QStringLiteral("row_sealed.svg")),   CArtwork::Icon(QStringLiteral("row_sealed_picture.svg")),
+        CArtwork::Icon(QStringLiteral("row_changed.svg"))};
     m_recordingIcon = CArtwork::Icon(QStringLiteral("recording.svg"));
+    m_sealIcons = {CArtwork::Icon(QStringLiteral("seal_intact.svg")),
+                   CArtwork::Icon(QStringLiteral("seal_changed.svg")), CArtwork::Icon(QStringLiteral("seal_none.svg"))};
     Rebuild();
     m_doc.AddObserver(this);
 }
@@ -114,8 +120,18 @@ CJumpTableModel::~CJumpTableModel()
 
 int CJumpTableModel::JumpIconIndex(const CJump& jump)
 {
-    const bool picture = !jump.GetPictureName().empty();
-    return (jump.IsSigned() ? Signed : Unsigned) + (picture ? 1 : 0);
+    const int picture = jump.GetPictureName().empty() ? 0 : 1;
+    switch (jump.GetSealState()) {
+    case SealState::NotSigned:
+        return Unsigned + picture;
+    case SealState::Intact:
+        return Sealed + picture;
+    case SealState::Changed:
+        return SealChanged;
+    case SealState::Unsealed:
+        break;
+    }
+    return Signed + picture;
 }
 
 void CJumpTableModel::SetFilter(Filter filter)
@@ -254,6 +270,10 @@ QString CJumpTableModel::Text(const CJump& jump, int column) const
         return jump.GetSignature().GetName().empty() ? tr("Signed") : text(jump.GetSignature().GetName());
     case NoteColumn:
         return text(NoteFirstLine(jump));
+    case SealColumn: {
+        const int id = JumpSeal::StateTextId(jump.GetSealState());
+        return id ? MessageText::Text(id) : QString();
+    }
     default:
         return {};
     }
@@ -273,12 +293,31 @@ QVariant CJumpTableModel::data(const QModelIndex& index, int role) const
             return jump->GetRecording().GetKind() == CJumpRecording::Satellite ? tr("GPS") : tr("Profile");
         if (column == PlaceColumn || column == NoteColumn || column == RigColumn)
             return Text(*jump, column);
+        if (column == SealColumn)
+            return CDlgJumpPageSignature::SealLine(jump->GetSealState());
         return {};
     case Qt::DecorationRole:
         if (column == NumberColumn)
             return m_rowIcons[static_cast<std::size_t>(JumpIconIndex(*jump))];
         if (column == RecordingColumn && jump->GetRecording().IsPresent())
             return m_recordingIcon;
+        if (column == SealColumn) {
+            switch (jump->GetSealState()) {
+            case SealState::Intact:
+                return m_sealIcons[0];
+            case SealState::Changed:
+                return m_sealIcons[1];
+            case SealState::Unsealed:
+                return m_sealIcons[2];
+            case SealState::NotSigned:
+                break;
+            }
+        }
+        return {};
+    case Qt::ForegroundRole:
+        // A broken seal stands out in red.
+        if (column == SealColumn && jump->GetSealState() == SealState::Changed)
+            return QColor(0xc0, 0x00, 0x00);
         return {};
     case Qt::TextAlignmentRole:
         return QVariant::fromValue(Qt::AlignVCenter | (IsNumeric(column) ? Qt::AlignRight : Qt::AlignLeft));
@@ -333,6 +372,8 @@ QVariant CJumpTableModel::headerData(int section, Qt::Orientation orientation, i
         return tr("Recording");
     case NoteColumn:
         return tr("Note");
+    case SealColumn:
+        return tr("Seal");
     default:
         return {};
     }
@@ -397,6 +438,23 @@ CJumpTableModel::SortKey CJumpTableModel::KeyOf(const CJump& jump, int column) c
         break;
     case NoteColumn:
         key.text = NoteSortKey(jump.GetNote());
+        break;
+    case SealColumn:
+        // Unsigned, then broken seals, then signed without a seal, then intact seals.
+        switch (jump.GetSealState()) {
+        case SealState::NotSigned:
+            key.number = 0;
+            break;
+        case SealState::Changed:
+            key.number = 1;
+            break;
+        case SealState::Unsealed:
+            key.number = 2;
+            break;
+        case SealState::Intact:
+            key.number = 3;
+            break;
+        }
         break;
     default:
         break;
@@ -677,8 +735,8 @@ void CJumpTableModel::SettingsChanged()
             return;
         }
     }
-    // Rig names and custom freefall times may read differently now.
-    if (m_sortColumn == RigColumn || m_sortColumn == FreefallColumn)
+    // Rig names, custom freefall times and the seals that cover them may read differently now.
+    if (m_sortColumn == RigColumn || m_sortColumn == FreefallColumn || m_sortColumn == SealColumn)
         sort(m_sortColumn, m_sortOrder);
     if (!m_rows.empty())
         emit dataChanged(index(0, 0), index(rowCount() - 1, ColumnCount - 1));

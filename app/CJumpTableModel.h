@@ -48,6 +48,8 @@ public:
         SignerColumn,
         RecordingColumn,
         NoteColumn,
+        // What the seal of a signed jump says (model/CJumpSeal.h): an icon and a short text.
+        SealColumn,
         ColumnCount
     };
     // Which jumps get a row.
@@ -57,13 +59,18 @@ public:
         UnsignedJumps,
         NoJumps // a list not on screen: no rows, no memory, no work on changes
     };
-    // The row's icon in the number column, by signature and picture.
+    // The row's icon in the number column, by signature, seal and picture. A jump changed after
+    // signing shows the warning whether or not it has a picture.
     enum IconIndex
     {
         Unsigned = 0,
         UnsignedPicture = 1,
         Signed = 2,
-        SignedPicture = 3
+        SignedPicture = 3,
+        Sealed = 4,
+        SealedPicture = 5,
+        SealChanged = 6,
+        IconCount
     };
 
     // A model on doc, in number order; units are the frame's display units; index is an observer
@@ -150,6 +157,8 @@ private:
     // A row whose jump is gone, while the views hear of its removal.
     static constexpr std::uint32_t kGone = 0xffffffffu;
     std::vector<std::uint32_t> m_rows; // document position of each row
-    std::array<QIcon, 4> m_rowIcons;
+    std::array<QIcon, IconCount> m_rowIcons;
     QIcon m_recordingIcon;
+    // Intact, changed, unsealed.
+    std::array<QIcon, 3> m_sealIcons;
 };

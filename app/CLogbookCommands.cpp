@@ -87,6 +87,9 @@ void CLogbookCommands::Execute(int command)
     case AppCommands::ID_FILE_EXPORT_SELECTION:
         OnFileExportSelection();
         break;
+    case AppCommands::ID_JUMP_REMOVE_SIGNATURE:
+        OnJumpRemoveSignature();
+        break;
     default:
         break;
     }

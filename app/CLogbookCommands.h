@@ -64,8 +64,10 @@ public:
     bool ExportJumps(const QString& path, const std::vector<std::size_t>& jumps) const;
     // A track can go into a listed jump that has no recording and no signature.
     static bool CanAddTrack(const CJump* jump);
+    // "Remove signature..." is offered for a signed jump.
+    static bool CanRemoveSignature(const CJump* jump);
     // The context menu for the list's selected jump: "View...", "Change...", "Add track...",
-    // "Show picture...", "Delete", "Export selection...".
+    // "Remove signature...", "Show picture...", "Delete", "Export selection...".
     QMenu* CreateContextMenu(QWidget* parent);
 
 public slots:
@@ -94,6 +96,9 @@ public slots:
     // Deletes the selected jumps after a Yes: message 5007 for one, a count for several (the
     // touch layout's jump list or the desktop table).
     void OnJumpDelete();
+    // Takes the signature off the selected jump after a Yes to a question naming the jump and
+    // the signer; the jump can then be edited and signed again.
+    void OnJumpRemoveSignature();
     // A tap on a row: the editor on that jump; from the sign list it opens on the signature.
     void OnRowActivated(int row);
     // The list's context menu at a global position (jump list only).

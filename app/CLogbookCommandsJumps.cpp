@@ -77,6 +77,30 @@ void CLogbookCommands::OnJumpDelete()
     m_doc.RemoveJumps(indexes);
 }
 
+bool CLogbookCommands::CanRemoveSignature(const CJump* jump)
+{
+    return jump && jump->IsSigned();
+}
+
+void CLogbookCommands::OnJumpRemoveSignature()
+{
+    const CJump* jump = m_view.SelectedJump();
+    if (!CanRemoveSignature(jump) || !m_services.messages)
+        return;
+    const QString signer = QString::fromStdString(jump->GetSignature().GetName());
+    const QString question =
+        tr("Do you want to remove the signature of %1 from jump %2? The jump can then be changed, and it needs to "
+           "be signed again.")
+            .arg(signer, QString::number(jump->GetNumber()));
+    if (!m_services.messages->AskYesNo(question))
+        return;
+    static const CSystemClock systemClock;
+    const IClock& clock = m_services.clock ? *m_services.clock : systemClock;
+    const int index = m_doc.IndexOf(jump);
+    if (index >= 0)
+        CJumpEdit::RemoveSignature(m_doc, static_cast<std::size_t>(index), clock.Now());
+}
+
 void CLogbookCommands::OnJumpShowPicture()
 {
     if (!m_services.viewer)
@@ -110,6 +134,8 @@ QMenu* CLogbookCommands::CreateContextMenu(QWidget* parent)
     add(tr("View..."), "viewAction", AppCommands::ID_JUMP_VIEW, jump != nullptr);
     add(tr("Change..."), "changeAction", AppCommands::ID_JUMP_CHANGE, jump != nullptr);
     add(tr("Add track..."), "addTrackAction", AppCommands::ID_JUMP_ADD_TRACK, CanAddTrack(jump));
+    add(tr("Remove signature..."), "removeSignatureAction", AppCommands::ID_JUMP_REMOVE_SIGNATURE,
+        CanRemoveSignature(jump));
     menu->addSeparator();
     add(tr("Show picture..."), "showPictureAction", AppCommands::ID_JUMP_SHOW_PICTURE,
         jump && !jump->GetPictureName().empty());

@@ -109,6 +109,8 @@ void CMainFrame::CreateMenuAndCommandBar()
     m_jumpImportAction->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_I));
     m_jumpAddTrackAction =
         MakeAction(QStringLiteral("jumpAddTrackAction"), tr("Add track..."), AppCommands::ID_JUMP_ADD_TRACK);
+    m_jumpRemoveSignatureAction = MakeAction(QStringLiteral("jumpRemoveSignatureAction"), tr("Remove signature..."),
+                                             AppCommands::ID_JUMP_REMOVE_SIGNATURE);
     m_jumpViewAction = MakeAction(QStringLiteral("jumpViewAction"), tr("View..."), AppCommands::ID_JUMP_VIEW);
     m_jumpChangeAction = MakeAction(QStringLiteral("jumpChangeAction"), tr("Change..."), AppCommands::ID_JUMP_CHANGE);
     m_jumpPictureAction =
@@ -119,7 +121,7 @@ void CMainFrame::CreateMenuAndCommandBar()
     // Every command action carries its id; the commands controller carries it out.
     for (QAction* action : {m_newAction, m_openAction, m_saveAction, m_saveAsAction, m_exportSelectionAction,
                             m_jumpNewAction, m_jumpImportAction, m_jumpViewAction, m_jumpChangeAction,
-                            m_jumpAddTrackAction, m_jumpPictureAction, m_jumpDeleteAction})
+                            m_jumpAddTrackAction, m_jumpRemoveSignatureAction, m_jumpPictureAction, m_jumpDeleteAction})
         connect(action, &QAction::triggered, m_commands,
                 [this, action] { m_commands->Execute(action->data().toInt()); });
     // The printed pages: the whole logbook, a range of numbers or the jumps the list shows.
@@ -173,6 +175,7 @@ void CMainFrame::CreateMenuAndCommandBar()
     jump->addAction(m_jumpViewAction);
     jump->addAction(m_jumpChangeAction);
     jump->addAction(m_jumpAddTrackAction);
+    jump->addAction(m_jumpRemoveSignatureAction);
     jump->addAction(m_jumpPictureAction);
     jump->addAction(m_jumpDeleteAction);
     // The selected row decides what the jump items can do when the menu opens.
@@ -263,6 +266,7 @@ void CMainFrame::UpdateCommands()
     m_jumpViewAction->setEnabled(selected != nullptr);
     m_jumpChangeAction->setEnabled(selected != nullptr);
     m_jumpAddTrackAction->setEnabled(CLogbookCommands::CanAddTrack(selected));
+    m_jumpRemoveSignatureAction->setEnabled(CLogbookCommands::CanRemoveSignature(selected));
     m_jumpPictureAction->setEnabled(selected && !selected->GetPictureName().empty());
     m_jumpDeleteAction->setEnabled(!m_view->SelectedJumpIndexes().empty());
     m_jumpBar->setVisible(m_view->IsDesktopLayout() && open);

@@ -96,6 +96,7 @@ private:
     QAction* m_jumpNewAction = nullptr;
     QAction* m_jumpImportAction = nullptr;
     QAction* m_jumpAddTrackAction = nullptr;
+    QAction* m_jumpRemoveSignatureAction = nullptr;
     QAction* m_jumpViewAction = nullptr;
     QAction* m_jumpChangeAction = nullptr;
     QAction* m_jumpPictureAction = nullptr;

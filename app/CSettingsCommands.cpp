@@ -1,6 +1,7 @@
 #include "app/CSettingsCommands.h"
 
 #include "controls/IDialogRunner.h"
+#include "controls/IMessageSink.h"
 #include "dialogs/CDlgEquipments.h"
 #include "dialogs/CDlgPreferences.h"
 #include "dialogs/CDlgUser.h"
@@ -48,6 +49,8 @@ bool CSettingsCommands::OnEquipment()
     dialog.SetDialogRunner(m_services.dialogs);
     if (RunDialog(m_services.dialogs, dialog) != QDialog::Accepted)
         return false;
+    if (!MayTouchSignedJumps(dialog.Edit().SignedJumpsTouched(m_doc)))
+        return false;
     dialog.Edit().Apply(m_doc);
     Accepted();
     return true;
@@ -61,9 +64,24 @@ bool CSettingsCommands::OnPreferences()
     dialog.SetDialogRunner(m_services.dialogs);
     if (RunDialog(m_services.dialogs, dialog) != QDialog::Accepted)
         return false;
+    if (!MayTouchSignedJumps(dialog.Edit().SignedJumpsTouched(m_doc)))
+        return false;
     dialog.Edit().Apply(m_units, m_services.settings, m_doc);
     Accepted();
     return true;
+}
+
+bool CSettingsCommands::MayTouchSignedJumps(std::size_t count) const
+{
+    if (count == 0)
+        return true;
+    const QString text =
+        count == 1 ? tr("This changes what a signed jump shows. Its witness signed the values as they were, so the "
+                        "jump will show as changed after signing. Do you want to make the change?")
+                   : tr("This changes what %1 signed jumps show. Their witnesses signed the values as they were, so "
+                        "these jumps will show as changed after signing. Do you want to make the change?")
+                         .arg(count);
+    return m_services.messages && m_services.messages->AskYesNo(text);
 }
 
 void CSettingsCommands::RunNewLogbookChain()

@@ -4,6 +4,8 @@
 
 #include <QObject>
 
+#include <cstddef>
+
 class CLogbookDoc;
 class CUnitSettings;
 class QWidget;
@@ -42,6 +44,9 @@ signals:
 private:
     // Announces the OK.
     void Accepted();
+    // A change that alters what count signed jumps show (a renamed rig, a new custom fall rate)
+    // is made only after a Yes; true when there are none or the user agrees.
+    bool MayTouchSignedJumps(std::size_t count) const;
 
     CLogbookDoc& m_doc;
     CUnitSettings& m_units;

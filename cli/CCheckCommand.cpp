@@ -5,6 +5,8 @@
 #include "cli/CLogbookOpener.h"
 #include "document/CLogbookDoc.h"
 
+#include <cctype>
+
 QString CCheckCommand::Summary() const
 {
     return QStringLiteral("Opens a logbook exactly as the window program does and reports whether it loads.");
@@ -26,7 +28,13 @@ QString CCheckCommand::Details() const
                           "message, then \"The file could not be opened.\") and exits with 1. A file that does not\n"
                           "exist or cannot be read gives \"The file could not be opened.\" alone.\n"
                           "\n"
-                          "Exit codes: 0 the file loads, 1 it does not, 2 wrong command line.\n");
+                          "\n"
+                          "Each signed jump whose seal no longer matches it (something was changed after the\n"
+                          "witness signed) adds a line \"Jump 12: changed after signing (signed by NAME)\" after the\n"
+                          "counts; the check then exits with 1.\n"
+                          "\n"
+                          "Exit codes: 0 the file loads and every seal holds, 1 it does not load or a seal is\n"
+                          "broken, 2 wrong command line.\n");
 }
 
 int CCheckCommand::Execute(const QCommandLineParser& parser)
@@ -39,5 +47,16 @@ int CCheckCommand::Execute(const QCommandLineParser& parser)
     const int lastNumber = last ? last->GetNumber() : 0;
     CConsole::OutLine(std::to_string(count) + (count == 1 ? " jump" : " jumps") + ", last jump number " +
                       std::to_string(lastNumber));
-    return Success;
+    bool broken = false;
+    for (const auto& jump : doc.GetJumps()) {
+        if (jump->GetSealState() != SealState::Changed)
+            continue;
+        broken = true;
+        std::string line = "Jump " + std::to_string(jump->GetNumber()) + ": ";
+        // The state's text starts a sentence; in the line it follows a colon.
+        std::string state(JumpSeal::StateText(SealState::Changed));
+        state[0] = static_cast<char>(std::tolower(static_cast<unsigned char>(state[0])));
+        CConsole::OutLine(line + state + " (signed by " + jump->GetSignature().GetName() + ")");
+    }
+    return broken ? Failure : Success;
 }

@@ -79,6 +79,7 @@ CLoadResult CLogbookDoc::Load(const std::string& name)
         return result;
     }
     RecomputeTotals();
+    CheckSeals();
     m_path = path;
     m_fileIdentity = parser.GetFileIdentity();
     m_modified = false;
@@ -140,6 +141,17 @@ bool CLogbookDoc::HasJumpNumber(int number, const CJump* except) const
 void CLogbookDoc::RecomputeTotals()
 {
     m_totals.Recount(m_jumps, m_settings);
+}
+
+void CLogbookDoc::CheckSeal(CJump& jump) const
+{
+    jump.SetSealState(JumpSeal::Check(jump, m_settings));
+}
+
+void CLogbookDoc::CheckSeals()
+{
+    for (const std::unique_ptr<CJump>& jump : m_jumps)
+        CheckSeal(*jump);
 }
 
 CLogbookSummary CLogbookDoc::GetSummary() const

@@ -216,6 +216,10 @@ private:
     struct CopyGate;
     // Clears the totals and sums all jumps in list order.
     void RecomputeTotals();
+    // Checks the seal of one jump, or of every signed jump, against the present settings and
+    // keeps the answer in the jump (CJump::GetSealState).
+    void CheckSeal(CJump& jump) const;
+    void CheckSeals();
     // Empties everything without telling the observers.
     void ClearContents();
     // Marks the logbook changed (modified flag and change count).

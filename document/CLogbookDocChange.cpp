@@ -62,6 +62,7 @@ const CJump* CLogbookDoc::AddJump(std::unique_ptr<CJump> jump)
     if (!jump)
         return nullptr;
     WaitForCopy();
+    CheckSeal(*jump);
     const std::size_t at = JumpOrder::InsertPosition(m_jumps, jump->GetNumber());
     const CJump* added = m_jumps.insert(m_jumps.begin() + static_cast<std::ptrdiff_t>(at), std::move(jump))->get();
     m_totals.Add(*added, m_settings);
@@ -83,11 +84,14 @@ bool CLogbookDoc::ChangeJump(std::size_t index, const JumpChange& change)
     } catch (...) {
         // Half-changed: the totals count it as it is now, and the observers show it.
         RecomputeTotals();
+        CheckSeal(jump);
         Touch();
         Notify([index](ILogbookObserver& observer) { observer.JumpsChanged(index, 1); });
         throw;
     }
     m_totals.Add(jump, m_settings);
+    if (changed)
+        CheckSeal(jump);
 
     // A changed number may put the jump out of order; only then is it moved.
     const int number = jump.GetNumber();
@@ -158,9 +162,17 @@ bool CLogbookDoc::ReplaceSettings(const CLogbookSettings& settings)
 {
     if (settings == m_settings)
         return false;
-    // The snapshot of a running save has its own copy of the settings; no need to wait.
+    // The seals cover what a jump shows of the rigs and of the custom fall rate.
+    const bool sealsFollow = !(settings.GetEquipmentList() == m_settings.GetEquipmentList()) ||
+                             settings.FallrateSpeed(Custom) != m_settings.FallrateSpeed(Custom);
+    // The snapshot of a running save has its own copy of the settings; it need only be waited
+    // for when the jumps' seal states change.
+    if (sealsFollow)
+        WaitForCopy();
     m_settings = settings;
     RecomputeTotals();
+    if (sealsFollow)
+        CheckSeals();
     Touch();
     Notify([](ILogbookObserver& observer) { observer.SettingsChanged(); });
     return true;
@@ -187,6 +199,7 @@ bool CLogbookDoc::ReplaceEquipment(const CEquipmentList& rigs, const std::vector
     const bool rigsChanged = !(old == rigs);
     if (rigsChanged)
         m_settings.GetEquipmentList() = rigs;
+    CheckSeals();
     if (changedJumps.empty() && !rigsChanged)
         return false;
     Touch();

@@ -1,6 +1,7 @@
 #include "editing/CEquipmentsEdit.h"
 
 #include "document/CLogbookDoc.h"
+#include "document/SealTouch.h"
 
 void CEquipmentsEdit::Load(const CEquipmentList& list)
 {
@@ -50,7 +51,7 @@ CCheckResult CEquipmentsEdit::ValidateAlarm() const
     return CheckChangedRange(inspectionCycle, m_loadedCycle, 0, kMaxInspectionCycle, InspectionCycle);
 }
 
-bool CEquipmentsEdit::Apply(CLogbookDoc& doc) const
+std::vector<int> CEquipmentsEdit::NewPositions(const CLogbookDoc& doc) const
 {
     // Where each rig of the logbook went: its new position, or -1 when it was removed.
     const std::size_t oldCount = doc.GetSettings().GetEquipmentList().GetCount();
@@ -59,8 +60,21 @@ bool CEquipmentsEdit::Apply(CLogbookDoc& doc) const
         if (m_origin[i] >= 0 && static_cast<std::size_t>(m_origin[i]) < oldCount)
             moved[static_cast<std::size_t>(m_origin[i])] = static_cast<int>(i);
     }
+    return moved;
+}
+
+bool CEquipmentsEdit::Apply(CLogbookDoc& doc) const
+{
     // The rigs first (the copy still carries the alarm as loaded), then the alarm.
     CEquipmentList rigs = m_rigs;
     rigs.SetAlarm(alarmOn, static_cast<int>(alarmDays), static_cast<int>(inspectionCycle));
-    return doc.ReplaceEquipment(rigs, moved);
+    return doc.ReplaceEquipment(rigs, NewPositions(doc));
+}
+
+std::size_t CEquipmentsEdit::SignedJumpsTouched(const CLogbookDoc& doc) const
+{
+    CLogbookSettings next = doc.GetSettings();
+    next.GetEquipmentList() = m_rigs;
+    const std::vector<int> moved = NewPositions(doc);
+    return CountSignedJumpsTouched(doc, next, &moved);
 }

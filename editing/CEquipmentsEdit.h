@@ -52,12 +52,18 @@ public:
     // a jump naming a later rig follows it to its new position; a jump naming a removed rig gets
     // the rig's display text as a free-text description. Returns whether anything changed.
     bool Apply(CLogbookDoc& doc) const;
+    // How many signed jumps would show another rig text after Apply (a renamed rig; a removed
+    // rig's jumps keep its text).
+    std::size_t SignedJumpsTouched(const CLogbookDoc& doc) const;
 
     bool alarmOn = false;
     long long alarmDays = kDefaultAlarmDays;
     long long inspectionCycle = CEquipmentList::kDefaultInspectionCycle;
 
 private:
+    // For each rig of the logbook its new position, -1 when removed.
+    std::vector<int> NewPositions(const CLogbookDoc& doc) const;
+
     CEquipmentList m_rigs;
     // For each working rig its position in the logbook's list when loaded, -1 for a new one.
     std::vector<int> m_origin;

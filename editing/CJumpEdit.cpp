@@ -95,6 +95,7 @@ void CJumpEdit::LoadJump(const CJump& jump)
     else
         jump.GetNoteText(m_values.note);
     m_values.signer = jump.GetSignature().GetName();
+    m_values.signerLicence = jump.GetSignature().GetLicence();
     m_values.strokes = jump.GetSignature().GetStrokes();
     m_viewOnly = jump.IsSigned();
 }
@@ -174,10 +175,43 @@ CJumpEdit::PickLists CJumpEdit::BuildPickLists() const
         if (jump->IsSigned())
             signer.Add(jump->GetSignature().GetName());
     }
+    for (const CKnownSigner& known : settings.GetSigners())
+        signer.Add(known.name);
     team.Sort();
     signer.Sort();
     return {equipment.Items(), malfunction.Items(), type.Items(), landing.Items(),
             place.Items(),     aircraft.Items(),    team.Items(), signer.Items()};
+}
+
+std::string CJumpEdit::KnownLicence(std::string_view signer) const
+{
+    if (signer.empty())
+        return {};
+    const std::string_view remembered = m_doc.GetSettings().GetSignerLicence(signer);
+    if (!remembered.empty())
+        return std::string(remembered);
+    for (std::size_t i = m_doc.GetJumpCount(); i-- > 0;) {
+        const CJumpSignature& signature = m_doc.GetJump(i).GetSignature();
+        if (signature.GetName() == signer && !signature.GetLicence().empty())
+            return signature.GetLicence();
+    }
+    return {};
+}
+
+SealState CJumpEdit::GetSealState() const
+{
+    return m_jump ? m_jump->GetSealState() : SealState::NotSigned;
+}
+
+bool CJumpEdit::RemoveSignature(CLogbookDoc& doc, std::size_t index, const CDateTime& now)
+{
+    return doc.ChangeJump(index, [&now](CJump& jump) {
+        if (!jump.IsSigned())
+            return false;
+        jump.Signature().Clear();
+        jump.SetModified(now);
+        return true;
+    });
 }
 
 void CJumpEdit::TakeImport(CJumpRecording recording, const CJumpFallrate& fallrate, const CZonedDateTime& exitTime)

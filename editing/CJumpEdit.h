@@ -4,6 +4,7 @@
 #include "editing/CJumpValues.h"
 #include "model/CJumpFallrate.h"
 #include "model/CJumpRecording.h"
+#include "model/CJumpSeal.h"
 
 #include <optional>
 #include <string>
@@ -48,6 +49,7 @@ public:
         FieldTeam,
         FieldNote,
         FieldSigner,
+        FieldLicence,
         FieldSignature,
     };
     // The pages in tab order.
@@ -154,8 +156,20 @@ public:
 
     // Writes the working values into the jump through the document (a new one is created and
     // added to it), keeping the stored precision of values the user did not change. Marks the document
-    // modified when something changed; view-only changes nothing.
+    // modified when something changed; view-only changes nothing. A jump that leaves with a
+    // signature is sealed (model/CJumpSeal.h), and a signer with a licence number is remembered in
+    // the logbook's settings.
     ApplyResult Apply();
+
+    // The licence number to fill in for a signer picked by name: the one the logbook's settings
+    // remember, else the one of the latest jump this signer signed with a number; empty if none.
+    std::string KnownLicence(std::string_view signer) const;
+    // The seal's state of the jump being edited (NotSigned for a new one).
+    SealState GetSealState() const;
+
+    // Takes the signature off the jump at index (signer, licence, seal and strokes), stamped
+    // with now: the jump can be edited and signed again. Returns whether it had one.
+    static bool RemoveSignature(CLogbookDoc& doc, std::size_t index, const CDateTime& now);
 
 private:
     void LoadJump(const CJump& jump);
@@ -168,6 +182,7 @@ private:
     CCheckResult ValidateInfo();
     CCheckResult ValidateSignature();
     bool WriteImport(CJump& jump) const;
+    void Seal(CJump& jump) const;
 
     // What the recording gave an imported jump, kept for a return to kind Import.
     struct ImportValues

@@ -176,6 +176,7 @@ CCheckResult CJumpEdit::ValidateInfo()
 CCheckResult CJumpEdit::ValidateSignature()
 {
     m_values.signer = TrimBlanks(m_values.signer);
+    m_values.signerLicence = TrimBlanks(m_values.signerLicence);
     // The name is what stands before the first comma: a leading comma leaves no name.
     const bool noSigner = m_values.signer.empty() || m_values.signer.front() == ',';
     const bool noStrokes = m_values.strokes.empty();
@@ -253,6 +254,8 @@ CJumpEdit::ApplyResult CJumpEdit::Apply()
     edits.keepNote = v.noteHasFormat;
     edits.noteText = v.note;
     edits.signer = v.signer;
+    // A licence number belongs to a signature; without one it is dropped.
+    edits.signerLicence = v.strokes.empty() && v.signer.empty() ? std::string() : v.signerLicence;
     edits.strokes = v.strokes;
 
     const CDateTime now = m_clock.Now();
@@ -265,14 +268,17 @@ CJumpEdit::ApplyResult CJumpEdit::Apply()
             result.changed = m_doc.ChangeJump(static_cast<std::size_t>(index), [&](CJump& jump) {
                 bool changed = jump.ApplyEdits(edits, rigs);
                 changed |= WriteImport(jump);
-                if (changed)
+                if (changed) {
                     jump.SetModified(now);
+                    Seal(jump);
+                }
                 return changed;
             });
         } else {
             auto jump = std::make_unique<CJump>(v.number, edits.timestamp, now);
             jump->ApplyEdits(edits, rigs);
             WriteImport(*jump);
+            Seal(*jump);
             result.jump = m_doc.AddJump(std::move(jump));
             result.changed = true;
             if (m_store) {
@@ -286,6 +292,22 @@ CJumpEdit::ApplyResult CJumpEdit::Apply()
         result.ok = false;
         result.error = error.what();
         result.jump = m_jump;
+        return result;
+    }
+    if (result.changed && !edits.signer.empty() && !edits.signerLicence.empty()) {
+        CLogbookSettings settings = m_doc.GetSettings();
+        if (settings.RememberSigner(edits.signer, edits.signerLicence))
+            m_doc.ReplaceSettings(settings);
     }
     return result;
+}
+
+void CJumpEdit::Seal(CJump& jump) const
+{
+    // Only an unsigned jump is edited, so a signature here was given in this editor: it is
+    // sealed over the jump as it now stands. A jump left without one keeps no id.
+    if (jump.IsSigned())
+        jump.Signature().SetId(JumpSeal::Compute(jump, m_doc.GetSettings()));
+    else
+        jump.Signature().Clear();
 }

@@ -43,5 +43,7 @@ struct CJumpValues
     std::string note;
     bool noteHasFormat = false;
     std::string signer;
+    // The signer's licence or rating number.
+    std::string signerLicence;
     std::vector<CJumpSignature::Stroke> strokes;
 };

@@ -1,6 +1,7 @@
 #include "editing/CPreferencesEdit.h"
 
 #include "document/CLogbookDoc.h"
+#include "document/SealTouch.h"
 #include "model/CLogbookSettings.h"
 #include "resources/StringTable.h"
 #include "units/CUnitSettings.h"
@@ -96,14 +97,25 @@ bool CPreferencesEdit::Apply(CUnitSettings& units, ISettingsStore* store, CLogbo
     if (store)
         units.Save(*store);
 
-    CLogbookSettings settings = doc.GetSettings();
+    // The document counts the totals again: custom jumps take their freefall time from the
+    // custom speed.
+    return doc.ReplaceSettings(NextSettings(units, doc.GetSettings()));
+}
+
+CLogbookSettings CPreferencesEdit::NextSettings(const CUnitSettings& units, const CLogbookSettings& current) const
+{
+    CLogbookSettings settings = current;
     if (customTenths != TenthsOf(settings.FallrateSpeed(Custom)))
         settings.SetCustomFallrateSpeed(units.SpeedFromDisplay(static_cast<double>(customTenths) * 0.1));
     if (previousJumps != settings.GetPreviousJumps())
         settings.SetPreviousJumps(static_cast<int>(previousJumps));
     if (previousDelay != settings.GetPreviousDelay())
         settings.SetPreviousDelay(previousDelay);
-    // The document counts the totals again: custom jumps take their freefall time from the
-    // custom speed.
-    return doc.ReplaceSettings(settings);
+    return settings;
+}
+
+std::size_t CPreferencesEdit::SignedJumpsTouched(const CLogbookDoc& doc) const
+{
+    const CUnitSettings units(m_units, m_speedDisplay, glideDisplay);
+    return CountSignedJumpsTouched(doc, NextSettings(units, doc.GetSettings()));
 }

@@ -2,6 +2,7 @@
 
 #include "editing/CCheckResult.h"
 
+#include <cstddef>
 #include <string>
 
 class CLogbookDoc;
@@ -45,6 +46,9 @@ public:
     // whose tenths did not change keeps the stored speed exactly; a changed one recomputes the
     // totals. Returns whether the logbook changed.
     bool Apply(CUnitSettings& units, ISettingsStore* store, CLogbookDoc& doc) const;
+    // How many signed jumps would show another freefall time after Apply (a new custom fall
+    // rate); switching units alone touches none.
+    std::size_t SignedJumpsTouched(const CLogbookDoc& doc) const;
 
     int glideDisplay = 0;
     // The custom fall rate in tenths of the shown unit (50 is 5.0).
@@ -56,6 +60,8 @@ public:
 private:
     // The stored speed in tenths of the unit the editor shows now.
     long long TenthsOf(double metresPerSecond) const;
+    // The logbook's settings with the values of this editor, speeds read in units.
+    CLogbookSettings NextSettings(const CUnitSettings& units, const CLogbookSettings& settings) const;
 
     int m_units = 0;
     int m_speedDisplay = 0;

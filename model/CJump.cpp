@@ -269,6 +269,10 @@ bool CJump::ApplyEdits(const CJumpEdits& edits, const CEquipmentList& rigs)
     if (!edits.keepNote)
         changed |= SetNoteText(edits.noteText);
     changed |= SetSignature(edits.signer, edits.strokes);
+    if (m_signature.GetLicence() != edits.signerLicence) {
+        m_signature.SetLicence(edits.signerLicence);
+        changed = true;
+    }
     return changed;
 }
 

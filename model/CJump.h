@@ -5,6 +5,7 @@
 #include "model/CJumpFallrate.h"
 #include "model/CJumpImage.h"
 #include "model/CJumpRecording.h"
+#include "model/CJumpSeal.h"
 #include "model/CJumpSignature.h"
 #include "model/CJumpVideo.h"
 #include "model/CJumpWind.h"
@@ -113,6 +114,11 @@ public:
     bool IsSigned() const { return !m_signature.IsEmpty(); }
     // Sets signer and strokes as the signature page gives them (the id is kept).
     bool SetSignature(std::string signer, std::vector<CJumpSignature::Stroke> strokes);
+    // The seal's state as the document last checked it (JumpSeal::Check); the document keeps it
+    // current through every change of the jump or of the settings a seal covers. Not written and
+    // not compared.
+    SealState GetSealState() const { return m_sealState; }
+    void SetSealState(SealState state) { m_sealState = state; }
 
     // --- Note ---
     // The note as stored: markup, one paragraph per line.
@@ -165,4 +171,5 @@ private:
     std::string m_note;
     CJumpRecording m_recording;
     CJumpSignature m_signature;
+    SealState m_sealState = SealState::NotSigned;
 };

@@ -36,5 +36,6 @@ struct CJumpEdits
     // The note as plain text, lines separated by "\r\n".
     std::string noteText;
     std::string signer;
+    std::string signerLicence;
     std::vector<CJumpSignature::Stroke> strokes;
 };

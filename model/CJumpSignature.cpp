@@ -10,6 +10,7 @@
 void CJumpSignature::Clear()
 {
     m_name.clear();
+    m_licence.clear();
     m_id.clear();
     m_strokes.clear();
 }
@@ -20,6 +21,9 @@ void CJumpSignature::Write(CXmlWriter& writer) const
         return;
     writer.StartElement(JumpElementName(JumpElement::Signature), "name", m_name);
     writer.WriteElement("id", m_id);
+    // Written only when given, so that a signature without one keeps the form other programs write.
+    if (!m_licence.empty())
+        writer.WriteElement("licence", m_licence);
     if (!m_strokes.empty()) {
         writer.StartElement("lines", "size", XmlIntToString(static_cast<int>(m_strokes.size()), true));
         for (const Stroke& stroke : m_strokes) {
@@ -92,6 +96,8 @@ bool CJumpSignature::OnCloseTag(CXmlParser& parser)
     const std::string_view name = parser.GetElementName();
     if (name == "id") {
         parser.GetElementText(m_id);
+    } else if (name == "licence") {
+        parser.GetElementText(m_licence);
     } else if (name == "line" && !m_strokes.empty()) {
         Stroke& stroke = m_strokes.back();
         if (stroke.capacity() > 2 * stroke.size() + 16)

@@ -39,6 +39,7 @@ void CLogbookSettings::Reset()
     m_awards.clear();
     m_equipment.Reset();
     m_customSpeed = kDefaultCustomSpeed;
+    m_signers.clear();
     for (std::size_t i = 0; i < m_keywords.size(); ++i)
         m_keywords[i] = kKeywordDefaults[i];
 }
@@ -58,6 +59,31 @@ bool CLogbookSettings::SetProfile(bool expires, const CDateTime& expiry, bool al
     assign(m_ratings, ratings);
     assign(m_awards, awards);
     return changed;
+}
+
+bool CLogbookSettings::RememberSigner(const std::string& name, const std::string& licence)
+{
+    if (name.empty() || licence.empty())
+        return false;
+    for (CKnownSigner& signer : m_signers) {
+        if (signer.name == name) {
+            if (signer.licence == licence)
+                return false;
+            signer.licence = licence;
+            return true;
+        }
+    }
+    m_signers.push_back({name, licence});
+    return true;
+}
+
+std::string_view CLogbookSettings::GetSignerLicence(std::string_view name) const
+{
+    for (const CKnownSigner& signer : m_signers) {
+        if (signer.name == name)
+            return signer.licence;
+    }
+    return {};
 }
 
 double CLogbookSettings::FallrateSpeed(int kind) const
@@ -110,6 +136,13 @@ void CLogbookSettings::Write(CXmlWriter& writer) const
 
     writer.WriteElement("previousJumps", XmlIntToString(m_previousJumps, false));
     writer.WriteElement("previousDelay", XmlIntToString(m_previousDelay, false));
+    // Last, and only when there is one: readers of the format skip children they do not know.
+    if (!m_signers.empty()) {
+        writer.StartElement("signers");
+        for (const CKnownSigner& signer : m_signers)
+            writer.WriteElement("signer", "", "name", signer.name, "licence", signer.licence);
+        writer.EndElement();
+    }
     writer.EndElement();
 }
 
@@ -126,6 +159,12 @@ bool CLogbookSettings::OnOpenTag(CXmlParser& parser)
         parser.Delegate(&m_membership);
     } else if (name == "equipments") {
         parser.Delegate(&m_equipment);
+    } else if (name == "signer") {
+        CKnownSigner signer;
+        if (parser.GetAttribute("name", signer.name) && !signer.name.empty()) {
+            parser.GetAttribute("licence", signer.licence);
+            m_signers.push_back(std::move(signer));
+        }
     } else if (name == "fallrate") {
         // Standard and Vertical are fixed speeds; only a Custom entry is taken from the file.
         std::string kind;
@@ -170,5 +209,5 @@ bool operator==(const CLogbookSettings& a, const CLogbookSettings& b)
     return a.m_ownerName == b.m_ownerName && a.m_previousJumps == b.m_previousJumps &&
            a.m_previousDelay == b.m_previousDelay && a.m_membership == b.m_membership && a.m_licenses == b.m_licenses &&
            a.m_ratings == b.m_ratings && a.m_awards == b.m_awards && a.m_equipment == b.m_equipment &&
-           a.m_customSpeed == b.m_customSpeed && a.m_keywords == b.m_keywords;
+           a.m_customSpeed == b.m_customSpeed && a.m_keywords == b.m_keywords && a.m_signers == b.m_signers;
 }

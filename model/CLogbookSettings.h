@@ -12,6 +12,16 @@
 
 class CXmlWriter;
 
+// A witness who signed jumps of this logbook, with the licence or rating number the signature page
+// fills in when the name is picked again.
+struct CKnownSigner
+{
+    std::string name;
+    std::string licence;
+
+    friend bool operator==(const CKnownSigner&, const CKnownSigner&) = default;
+};
+
 // The logbook's block that is not a jump: the owner's profile, the fall-rate speeds, the four
 // jump-kind labels, the jumps and delay made before the logbook and the rigs. Element "settings".
 class CLogbookSettings : public CXmlHandler
@@ -65,6 +75,15 @@ public:
     bool SetProfile(bool expires, const CDateTime& expiry, bool alarm, int alarmDays, std::vector<std::string> licenses,
                     std::vector<std::string> ratings, std::vector<std::string> awards);
 
+    // The signers remembered with their licence numbers, in the order first met.
+    const std::vector<CKnownSigner>& GetSigners() const { return m_signers; }
+    void SetSigners(std::vector<CKnownSigner> signers) { m_signers = std::move(signers); }
+    // Adds the signer, or gives a known one the new licence number; a signer without a name or
+    // without a number is not remembered. Returns whether anything changed.
+    bool RememberSigner(const std::string& name, const std::string& licence);
+    // The remembered licence number of the signer with exactly this name; empty when unknown.
+    std::string_view GetSignerLicence(std::string_view name) const;
+
     // The speed of Standard, Vertical or Custom in m/s; 0 for any other kind.
     double FallrateSpeed(int kind) const;
     // Only the Custom speed can change; Standard and Vertical are fixed.
@@ -94,4 +113,5 @@ private:
     CEquipmentList m_equipment;
     double m_customSpeed = kDefaultCustomSpeed;
     std::array<std::string, 4> m_keywords;
+    std::vector<CKnownSigner> m_signers;
 };

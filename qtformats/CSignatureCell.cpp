@@ -2,7 +2,9 @@
 
 #include "formats/CLogbookPagePlan.h"
 #include "model/CJump.h"
+#include "model/CJumpSeal.h"
 
+#include <QCoreApplication>
 #include <QFontMetricsF>
 #include <QPainter>
 #include <QPainterPath>
@@ -25,6 +27,12 @@ CSignatureCell CSignatureCell::FromJump(const CJump& jump)
     CSignatureCell cell;
     cell.strokes = jump.GetSignature().GetStrokes();
     cell.signer = QString::fromStdString(jump.GetSignature().GetName());
+    const std::string& licence = jump.GetSignature().GetLicence();
+    if (!licence.empty())
+        cell.lines << QCoreApplication::translate("CSignatureCell", "Licence %1").arg(QString::fromStdString(licence));
+    // The seal the document checked when it loaded or last changed the jump.
+    if (jump.GetSealState() == SealState::Changed)
+        cell.lines << QCoreApplication::translate("CSignatureCell", "changed after signing");
     return cell;
 }
 

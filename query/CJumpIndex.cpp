@@ -82,6 +82,9 @@ CJumpIndex::Entry CJumpIndex::MakeEntry(const CJump& jump) const
 
     const auto flag = [&entry](bool on, std::uint32_t bit) { entry.flags |= on ? bit : 0u; };
     flag(jump.IsSigned(), kFlagSigned);
+    flag(jump.GetSealState() == SealState::Intact, kFlagSealIntact);
+    flag(jump.GetSealState() == SealState::Changed, kFlagSealChanged);
+    flag(jump.GetSealState() == SealState::Unsealed, kFlagUnsealed);
     flag(jump.GetRecording().IsPresent(), kFlagRecording);
     flag(!jump.GetNote().empty(), kFlagNote);
     flag(!jump.GetImages().empty(), kFlagPicture);

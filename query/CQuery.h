@@ -43,6 +43,10 @@ enum QueryFlag : std::uint32_t
     kFlagVideo = 1u << 4,
     kFlagWind = 1u << 5,
     kFlagMalfunction = 1u << 6,
+    // The seal of a signed jump ("signed:sealed", "signed:changed", "signed:unsealed").
+    kFlagSealIntact = 1u << 7,
+    kFlagSealChanged = 1u << 8,
+    kFlagUnsealed = 1u << 9,
 };
 
 // One condition of a query.
@@ -99,7 +103,7 @@ enum class QueryProblem : std::uint8_t
     NotADuration,    // "ff:1:75"
     RangeWithoutEnd, // "n:.."
     RangeReversed,   // "n:200..100"
-    NotYesOrNo,      // "signed:maybe"
+    NotYesOrNo,      // "signed:maybe" (yes, no, sealed, changed, unsealed)
     UnknownHas,      // "has:dog"
     UnknownKind      // "kind:Belly"
 };

@@ -309,10 +309,14 @@ QueryProblem ReadTerm(const Token& token, const CUnitSettings& units, CQueryTerm
     const std::string value = Lower(token.value);
     if (key == "signed") {
         term.kind = CQueryTerm::Flag;
-        term.flag = kFlagSigned;
+        term.flag = value == "sealed"     ? kFlagSealIntact
+                    : value == "changed"  ? kFlagSealChanged
+                    : value == "unsealed" ? kFlagUnsealed
+                                          : kFlagSigned;
         if (value == "no")
             term.negated = !term.negated;
-        return value == "yes" || value == "no" ? QueryProblem::None : QueryProblem::NotYesOrNo;
+        return term.flag != kFlagSigned || value == "yes" || value == "no" ? QueryProblem::None
+                                                                           : QueryProblem::NotYesOrNo;
     }
     if (key == "has") {
         term.kind = CQueryTerm::Flag;
@@ -352,7 +356,7 @@ constexpr CQueryParser::TermHelp kTerms[] = {
     {"exit:", "exit:4000..", "exit height in the display units"},
     {"open:", "open:..800", "opening height in the display units"},
     {"ff:", "ff:60..", "freefall seconds (or M:SS)"},
-    {"signed:", "signed:no", "signed or not: yes, no"},
+    {"signed:", "signed:no", "signed or not: yes, no; the seal: sealed, changed (after signing), unsealed"},
     {"has:", "has:recording", "recording, note, picture, video, wind, malfunction"},
 };
 
@@ -386,7 +390,7 @@ std::string_view QueryProblemText(QueryProblem problem)
     case QueryProblem::RangeReversed:
         return "the range ends before it starts";
     case QueryProblem::NotYesOrNo:
-        return "yes or no";
+        return "yes, no, sealed, changed or unsealed";
     case QueryProblem::UnknownHas:
         return "recording, note, picture, video, wind or malfunction";
     case QueryProblem::UnknownKind:

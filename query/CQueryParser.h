@@ -19,7 +19,8 @@ class CUnitSettings;
 //   year:2022         a year or a range of years
 //   exit: open:       heights in the display units, single or ranges
 //   ff:60..           freefall seconds (or M:SS) as the list shows them
-//   signed:yes|no     has:recording|note|picture|video|wind|malfunction
+//   signed:yes|no     signed or not; signed:sealed|changed|unsealed: what a signed jump's seal says
+//   has:recording|note|picture|video|wind|malfunction
 // A "-" in front of a term turns it around. The first term that cannot be read is reported with
 // the reason; nothing is ignored silently.
 class CQueryParser

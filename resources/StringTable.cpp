@@ -97,6 +97,9 @@ constexpr std::array kEntries = {
     Entry{6027, "Info"},
     Entry{6028, "Note"},
     Entry{6029, "Signature"},
+    Entry{6100, "Sealed"},
+    Entry{6101, "Changed after signing"},
+    Entry{6102, "Signed, not sealed"},
 };
 
 static_assert(std::is_sorted(kEntries.begin(), kEntries.end(),

@@ -91,6 +91,10 @@ enum MessageId : int
     IDS_INFO = 6027,
     IDS_NOTE = 6028,
     IDS_SIGNATURE = 6029,
+    // The state of a signed jump's seal.
+    IDS_SEAL_INTACT = 6100,
+    IDS_SEAL_CHANGED = 6101,
+    IDS_SEAL_NONE = 6102,
 };
 
 // The maker's support address, which ends message 4015.

@@ -5,7 +5,7 @@ set -euo pipefail
 
 packages=(
   build-essential cmake ninja-build pkg-config git ccache
-  zlib1g-dev libgtest-dev libexpat1-dev
+  zlib1g-dev libssl-dev libgtest-dev libexpat1-dev
   qt6-base-dev qt6-base-dev-tools qt6-svg-dev libgl-dev
   qt6-l10n-tools qt6-tools-dev qt6-tools-dev-tools qt6-translations-l10n
   clang clang-format libclang-rt-14-dev

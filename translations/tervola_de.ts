@@ -222,6 +222,22 @@
         <source>Signature</source>
         <translation>Unterschrift</translation>
     </message>
+    <message>
+        <source>Licence no.</source>
+        <translation>Lizenz-Nr.</translation>
+    </message>
+    <message>
+        <source>Sealed: nothing has changed since the jump was signed.</source>
+        <translation>Versiegelt: Seit der Unterschrift hat sich nichts geändert.</translation>
+    </message>
+    <message>
+        <source>Changed after signing: the jump no longer matches its seal. What changed cannot be told, only that something did.</source>
+        <translation>Nach der Unterschrift geändert: Der Sprung passt nicht mehr zu seinem Siegel. Was sich geändert hat, lässt sich nicht sagen, nur dass sich etwas geändert hat.</translation>
+    </message>
+    <message>
+        <source>Signed without a seal: changes to this jump cannot be detected.</source>
+        <translation>Ohne Siegel unterschrieben: Änderungen an diesem Sprung lassen sich nicht erkennen.</translation>
+    </message>
 </context>
 <context>
     <name>CDlgPreferences</name>
@@ -606,6 +622,10 @@
         <source>Jump %1</source>
         <translation>Sprung %1</translation>
     </message>
+    <message>
+        <source>%1 (licence %2)</source>
+        <translation>%1 (Lizenz %2)</translation>
+    </message>
 </context>
 <context>
     <name>CJumpTableModel</name>
@@ -688,6 +708,10 @@
     <message>
         <source>Note</source>
         <translation>Notiz</translation>
+    </message>
+    <message>
+        <source>Seal</source>
+        <translation>Siegel</translation>
     </message>
 </context>
 <context>
@@ -843,6 +867,14 @@
     <message>
         <source>Export selection...</source>
         <translation>Auswahl exportieren...</translation>
+    </message>
+    <message>
+        <source>Do you want to remove the signature of %1 from jump %2? The jump can then be changed, and it needs to be signed again.</source>
+        <translation>Möchten Sie die Unterschrift von %1 von Sprung %2 entfernen? Der Sprung kann danach geändert werden und muss erneut unterschrieben werden.</translation>
+    </message>
+    <message>
+        <source>Remove signature...</source>
+        <translation>Unterschrift entfernen...</translation>
     </message>
 </context>
 <context>
@@ -1152,6 +1184,10 @@ Das Sprungbuch für Fallschirmspringer.
         <source>Export PDF...</source>
         <translation>PDF exportieren...</translation>
     </message>
+    <message>
+        <source>Remove signature...</source>
+        <translation>Unterschrift entfernen...</translation>
+    </message>
 </context>
 <context>
     <name>CNumberPadDlg</name>
@@ -1374,6 +1410,28 @@ Das Sprungbuch für Fallschirmspringer.
     <message>
         <source>%1 jumps</source>
         <translation>%1 Sprünge</translation>
+    </message>
+</context>
+<context>
+    <name>CSettingsCommands</name>
+    <message>
+        <source>This changes what a signed jump shows. Its witness signed the values as they were, so the jump will show as changed after signing. Do you want to make the change?</source>
+        <translation>Dies ändert, was ein unterschriebener Sprung zeigt. Sein Zeuge hat die bisherigen Werte unterschrieben, daher wird der Sprung als nach der Unterschrift geändert angezeigt. Möchten Sie die Änderung vornehmen?</translation>
+    </message>
+    <message>
+        <source>This changes what %1 signed jumps show. Their witnesses signed the values as they were, so these jumps will show as changed after signing. Do you want to make the change?</source>
+        <translation>Dies ändert, was %1 unterschriebene Sprünge zeigen. Ihre Zeugen haben die bisherigen Werte unterschrieben, daher werden diese Sprünge als nach der Unterschrift geändert angezeigt. Möchten Sie die Änderung vornehmen?</translation>
+    </message>
+</context>
+<context>
+    <name>CSignatureCell</name>
+    <message>
+        <source>Licence %1</source>
+        <translation>Lizenz %1</translation>
+    </message>
+    <message>
+        <source>changed after signing</source>
+        <translation>nach der Unterschrift geändert</translation>
     </message>
 </context>
 <context>
@@ -1785,6 +1843,21 @@ Das Sprungbuch für Fallschirmspringer.
         <source>No jump is numbered from %1 to %2.</source>
         <comment>4301</comment>
         <translation>Kein Sprung hat eine Nummer von %1 bis %2.</translation>
+    </message>
+    <message>
+        <source>Sealed</source>
+        <comment>6100</comment>
+        <translation>Versiegelt</translation>
+    </message>
+    <message>
+        <source>Changed after signing</source>
+        <comment>6101</comment>
+        <translation>Nach Unterschrift geändert</translation>
+    </message>
+    <message>
+        <source>Signed, not sealed</source>
+        <comment>6102</comment>
+        <translation>Unterschrieben, ohne Siegel</translation>
     </message>
 </context>
 </TS>

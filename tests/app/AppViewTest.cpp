@@ -177,7 +177,7 @@ private slots:
             for (const QAction* action : menu->actions())
                 if (!action->isSeparator())
                     texts.append(action->text() + (action->isEnabled() ? "" : " (off)"));
-            QCOMPARE(texts, (QStringList{"View...", "Change...", "Add track...",
+            QCOMPARE(texts, (QStringList{"View...", "Change...", "Add track...", "Remove signature... (off)",
                                          row == 2 ? "Show picture..." : "Show picture... (off)", "Delete",
                                          "Export selection..."}));
         }

@@ -1,7 +1,11 @@
 #include "tests/cli/TestLogbooks.h"
 #include "tests/cli/ToolTest.h"
 
+#include "document/CLogbookDoc.h"
+#include "model/CJumpSeal.h"
+
 #include <filesystem>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -62,6 +66,32 @@ TEST_F(CheckCommand, PrintsCountsOrTheProgramsMessages)
         EXPECT_EQ(result.ErrLines(), (std::vector<std::string>{kRefused13, kOpenFailed}));
     }
     EXPECT_FALSE(std::filesystem::exists(out));
+}
+
+// A logbook whose jump 8 was changed after it was sealed: "check" names it and fails; the
+// sealed jump 7 and the unsealed jump 9 pass without a word.
+TEST_F(CheckCommand, NamesTheJumpsWhoseSealIsBroken)
+{
+    CLogbookDoc doc;
+    for (const int number : {7, 8, 9}) {
+        auto jump = std::make_unique<CJump>(number, CZonedDateTime{CDateTime(2024, 5, number, 10, 0, 0), 0},
+                                            CDateTime(2024, 5, number));
+        jump->SetPlace("Utti");
+        jump->SetSignature(number == 8 ? "Sanna Hämäläinen" : "Matti", {{{1, 2}, {3, 4}}});
+        if (number != 9)
+            jump->Signature().SetId(JumpSeal::Compute(*jump, doc.GetSettings()));
+        doc.AddJump(std::move(jump));
+    }
+    doc.ChangeJump(1, [](CJump& jump) { return jump.SetPlace("Kemi"); });
+    const std::string path = m_dir / "sealed.tvl";
+    ASSERT_TRUE(doc.Save(path));
+
+    const CToolResult result = Run({"check", path});
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_EQ(result.OutLines(),
+              (std::vector<std::string>{"3 jumps, last jump number 9",
+                                        "Jump 8: changed after signing (signed by Sanna Hämäläinen)"}));
+    EXPECT_TRUE(result.err.empty()) << result.err;
 }
 
 } // namespace

@@ -16,16 +16,19 @@
 #include "dialogs/CDlgEquipments.h"
 #include "dialogs/CDlgJump.h"
 #include "dialogs/CDlgJumpPageRecording.h"
+#include "dialogs/CDlgJumpPageSignature.h"
 #include "dialogs/CDlgPreferences.h"
 #include "dialogs/CDlgPrintOptions.h"
 #include "dialogs/CDlgUser.h"
 #include "dialogs/CDlgUserOwner.h"
 #include "document/CLogbookDoc.h"
 #include "document/IClock.h"
+#include "model/CJumpSeal.h"
 #include "units/CMemorySettingsStore.h"
 #include "units/CUnitSettings.h"
 
 #include <QComboBox>
+#include <QLabel>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QTabBar>
@@ -159,6 +162,52 @@ private slots:
             CDlgJump dialog(*m_doc, mode.units, &m_store, m_clock, mode.jump, &m_messages);
             Shoot(dialog, QStringLiteral("jump_") + mode.name,
                   [&dialog](QSize) { return dialog.sizeHint().expandedTo(QSize(480, 420)); });
+        }
+    }
+
+    // The Signature page of a jump sealed here, of one changed after signing and of one signed
+    // by another program (jump 42), at the handheld's and the desktop's size.
+    void signaturePageInEachSealState()
+    {
+        for (const int number : {43, 44}) {
+            auto jump = std::make_unique<CJump>(number, CZonedDateTime{CDateTime(2024, 7, 20, 12, 0, 0), 180},
+                                                CDateTime(2024, 7, 20));
+            jump->SetPlace("Utti");
+            jump->SetSignature("Mikko Virtanen", m_jumps[1]->GetSignature().GetStrokes());
+            jump->Signature().SetLicence("SIL-D-1042");
+            jump->Signature().SetId(JumpSeal::Compute(*jump, m_doc->GetSettings()));
+            if (number == 44)
+                jump->SetPlace("Utti East");
+            m_jumps.push_back(m_doc->AddJump(std::move(jump)));
+        }
+        const struct
+        {
+            const char* name;
+            const CJump* jump;
+            SealState state;
+        } states[] = {{"sealed", m_jumps[2], SealState::Intact},
+                      {"changed", m_jumps[3], SealState::Changed},
+                      {"unsealed", m_jumps[1], SealState::Unsealed}};
+        for (const auto& row : states) {
+            QCOMPARE(row.jump->GetSealState(), row.state);
+            const CUnitSettings units(CUnitSettings::Metric, 0, 0);
+            CDlgJump dialog(*m_doc, units, &m_store, m_clock, row.jump, &m_messages);
+            dialog.show();
+            QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+            dialog.StartOnPage(CJumpEdit::PageSignature);
+            const auto* seal = dialog.findChild<QLabel*>("jumpSeal");
+            QVERIFY(seal->isVisibleTo(&dialog));
+            QCOMPARE(seal->text(), CDlgJumpPageSignature::SealLine(row.state));
+            for (const QSize size : {QSize(240, 320), dialog.sizeHint().expandedTo(QSize(480, 420))}) {
+                dialog.resize(size);
+                QCoreApplication::processEvents();
+                const QString file =
+                    QStringLiteral("jump_seal_%1_%2x%3.png").arg(row.name).arg(size.width()).arg(size.height());
+                const QStringList problems =
+                    RenderCheck::Clipped(&dialog) + RenderCheck::ScrollsSideways(dialog.Tabs()->currentWidget());
+                QVERIFY(RenderCheck::Save(&dialog, file));
+                QVERIFY2(problems.isEmpty(), qPrintable(file + ": " + problems.join(QStringLiteral("; "))));
+            }
         }
     }
 

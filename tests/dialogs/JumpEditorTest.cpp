@@ -23,6 +23,8 @@
 
 #include <QComboBox>
 #include <QDialogButtonBox>
+#include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QTabWidget>
 #include <QTextBrowser>
@@ -154,6 +156,8 @@ private slots:
         QVERIFY(!h.Find<QComboBox>("jumpKind")->isEnabled());
         QVERIFY(editor->SignaturePage()->Signature()->IsReadOnly());
         QVERIFY(editor->SignaturePage()->UndoButton()->isHidden());
+        QVERIFY(!h.Find<QLineEdit>("jumpSignerLicence")->isEnabled());
+        QCOMPARE(h.Find<QLabel>("jumpSeal")->text(), CDlgJumpPageSignature::SealLine(SealState::Unsealed));
         // One button, "Close", and nothing changes.
         QCOMPARE(editor->Buttons()->buttons().size(), 1);
         editor->Buttons()->button(QDialogButtonBox::Close)->click();
@@ -179,6 +183,27 @@ private slots:
         QCOMPARE(h.jumps[1]->GetSignature().GetName(), std::string("Anna, D-1234"));
         QCOMPARE(int(h.jumps[1]->GetSignature().GetStrokes().size()), 1);
         QVERIFY(h.doc.IsModified());
+    }
+
+    // A signer the logbook knows brings the licence number it remembers; OK seals the jump with it.
+    void aKnownSignerBringsTheLicenceNumber()
+    {
+        CEditorHarness h;
+        CLogbookSettings settings = h.doc.GetSettings();
+        settings.RememberSigner("Sanna Hämäläinen", "SIL-D-3315");
+        h.doc.ReplaceSettings(settings);
+        CDlgJump& editor = h.Open(h.jumps[1]);
+        editor.Tabs()->setCurrentIndex(CJumpEdit::PageSignature);
+        QVERIFY(!h.Find<QLabel>("jumpSeal")->isVisible());
+        auto* signer = h.Find<QComboBox>("jumpSigner");
+        signer->setCurrentIndex(signer->findText(QStringLiteral("Sanna Hämäläinen")));
+        QCOMPARE(h.Find<QLineEdit>("jumpSignerLicence")->text(), QStringLiteral("SIL-D-3315"));
+        CSignatureCtrl* area = editor.SignaturePage()->Signature();
+        QTest::mouseClick(area, Qt::LeftButton, {}, area->rect().center());
+        h.PressOk();
+        QCOMPARE(editor.result(), int(QDialog::Accepted));
+        QCOMPARE(h.jumps[1]->GetSignature().GetLicence(), std::string("SIL-D-3315"));
+        QCOMPARE(h.jumps[1]->GetSealState(), SealState::Intact);
     }
 
     // The Fallrate page shows what the heights just typed on Details give, not the heights the

@@ -9,6 +9,7 @@
 #include "dialogs/CDlgEquipmentsPageEquipments.h"
 #include "dialogs/CDlgPreferences.h"
 #include "dialogs/CDlgUser.h"
+#include "model/CJumpSeal.h"
 
 #include <QAction>
 #include <QComboBox>
@@ -107,6 +108,63 @@ private slots:
         QCOMPARE(doc.GetSettings().GetEquipmentList().GetCount(), std::size_t(2));
         QCOMPARE(RigTexts(), before);
         QVERIFY(doc.IsModified());
+    }
+
+    // A rig renamed under signed jumps changes what they show: the command asks with their
+    // number first, and No leaves rigs and seals alone. Removing a rig asks nothing.
+    void aChangeToWhatSignedJumpsShowIsAskedFirst()
+    {
+        QVERIFY(!h->StartWith(Logbook()).isEmpty());
+        CLogbookDoc& doc = h->Frame()->GetDocument();
+        for (std::size_t i = 0; i < 3; ++i)
+            doc.ChangeJump(i, [&doc, i](CJump& jump) {
+                jump.SetEquipmentByIndex(i == 2 ? 1 : 0);
+                jump.SetSignature("Anna", {{{1, 1}}});
+                jump.Signature().SetId(JumpSeal::Compute(jump, doc.GetSettings()));
+                return true;
+            });
+        const auto rename = [this](int row) {
+            h->dialogs.steps = {CScriptedDialogs::Ok<CDlgEquipments>([row](CDlgEquipments& dlg) {
+                                    dlg.InitialisePages();
+                                    dlg.EquipmentsPage()->OpenRow(row);
+                                }),
+                                CScriptedDialogs::Ok<CDlgEquipment>([](CDlgEquipment& dlg) {
+                                    dlg.findChild<QLineEdit*>("harnessEdit")->setText("Mirage");
+                                    dlg.findChild<QLineEdit*>("mainEdit")->setText("Sabre");
+                                })};
+            Action("equipmentAction")->trigger();
+        };
+        const auto states = [&doc] {
+            QList<SealState> all;
+            for (const auto& jump : doc.GetJumps())
+                all.append(jump->GetSealState());
+            return all;
+        };
+        h->messages.yesNoAnswer = false;
+        rename(0);
+        QCOMPARE(h->messages.Texts(CRecordingMessages::Kind::YesNo),
+                 QStringList{"This changes what 2 signed jumps show. Their witnesses signed the values as they were, "
+                             "so these jumps will show as changed after signing. Do you want to make the change?"});
+        QCOMPARE(RigTexts(), (QStringList{"[1] Rig 1", "[1] Rig 1", "[2] Rig 2"}));
+        QCOMPARE(states(), (QList<SealState>{SealState::Intact, SealState::Intact, SealState::Intact}));
+
+        h->messages.boxes.clear();
+        h->messages.yesNoAnswer = true;
+        rename(1);
+        QCOMPARE(h->messages.Texts(CRecordingMessages::Kind::YesNo).size(), 1);
+        QCOMPARE(states(), (QList<SealState>{SealState::Intact, SealState::Intact, SealState::Changed}));
+
+        h->messages.boxes.clear();
+        h->dialogs.steps.append(CScriptedDialogs::Ok<CDlgEquipments>([](CDlgEquipments& dlg) {
+            dlg.InitialisePages();
+            dlg.EquipmentsPage()->List()->setCurrentRow(0);
+            dlg.EquipmentsPage()->RemoveButton()->click();
+        }));
+        Action("equipmentAction")->trigger();
+        const QStringList asked = h->messages.Texts(CRecordingMessages::Kind::YesNo);
+        QCOMPARE(asked.size(), 1);
+        QVERIFY2(asked[0].startsWith("Do you want to remove the equipment"), qPrintable(asked[0]));
+        QCOMPARE(states(), (QList<SealState>{SealState::Intact, SealState::Intact, SealState::Changed}));
     }
 
     // Values at and beyond the ends of the fields' ranges, as a file may hold them, are shown as

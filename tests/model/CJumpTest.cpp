@@ -56,7 +56,10 @@ TEST(CJumpWrite, ChildrenFollowTheWriterRules)
         {"empty description is no rig", [](CJump& j) { j.SetEquipmentByIndex(3), j.SetEquipmentByDescription(""); },
          standard},
         {"recording of kind none is not written",
-         [](CJump& j) { j.Recording().AddWind(CRecordingWind{1, 2.0, 3}), j.Recording().SetQne(1000); }, standard},
+         [](CJump& j) {
+             j.Recording().AddWind(CRecordingWind{1, 2.0, 3}), j.Recording().SetQne(1000);
+         },
+         standard},
         {"recording kind set but empty: type and qne only",
          [](CJump& j) { j.Recording().SetKind(CJumpRecording::Barometric), j.Recording().SetQne(1013.25); },
          standard + R"(<profile type="baro"><qne>1013.25</qne></profile>)"},

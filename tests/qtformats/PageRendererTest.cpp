@@ -9,6 +9,7 @@
 #include "controls/CRecordingPrint.h"
 #include "document/CLogbookDoc.h"
 #include "model/CJump.h"
+#include "model/CJumpSeal.h"
 #include "qtformats/CLogbookPageRenderer.h"
 #include "qtformats/CLogbookPdf.h"
 
@@ -118,6 +119,14 @@ private slots:
         jump->SetFallrate(Manual, 4500, 900, 5999, 0.0, 0.0);
         jump->SetSignature("Maximiliane " + longText, {{{0, 0}, {400, 10}, {10, 80}}, {{5, 5}}});
         m_doc.AddJump(std::move(jump));
+        // A sealed jump whose place changed after signing, with the signer's licence number.
+        auto changed = std::make_unique<CJump>(10000, when, when.dateTime);
+        changed->SetPlace("Kiviniemi");
+        changed->SetSignature("Aino Sealed", {{{0, 0}, {40, 10}}});
+        changed->Signature().SetLicence("D-12345");
+        changed->Signature().SetId(JumpSeal::Compute(*changed, m_doc.GetSettings()));
+        changed->SetPlace("Elsewhere");
+        m_doc.AddJump(std::move(changed));
     }
 
     void pagesKeepEveryTextInItsCell()
@@ -181,6 +190,11 @@ private slots:
             }
         }
         QVERIFY2(missing.isEmpty(), qPrintable(missing.mid(0, 10).join(QLatin1Char('\n'))));
+        // The signature cell of the jump changed after signing says so, under its licence number.
+        const QString last = pages[renderer.PageCount() - 1].simplified();
+        QVERIFY2(last.contains(QStringLiteral("Licence D-12345")) &&
+                     last.contains(QStringLiteral("changed after signing")),
+                 qPrintable(last));
 
         const QStringList fonts = Run(QStringLiteral("pdffonts"), {path}).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
         QVERIFY(fonts.size() > 2);

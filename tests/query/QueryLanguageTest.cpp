@@ -1,5 +1,6 @@
 #include "QueryTestLogbook.h"
 
+#include "model/CJumpSeal.h"
 #include "query/CJumpIndex.h"
 #include "query/CQueryParser.h"
 #include "units/CUnitSettings.h"
@@ -148,7 +149,7 @@ TEST_F(QueryLanguage, MalformedTermsAreNamedWithTheirReason)
         {"n:200..100", "n:200..100: the range ends before it starts"},
         {"exit:1.5", "exit:1.5: not a whole number"},
         {"ff:1:75", "ff:1:75: not a number of seconds or M:SS"},
-        {"signed:maybe", "signed:maybe: yes or no"},
+        {"signed:maybe", "signed:maybe: yes, no, sealed, changed or unsealed"},
         {"has:dog", "has:dog: recording, note, picture, video, wind or malfunction"},
         {"kind:belly", "kind:belly: Standard, Vertical, Custom, Manual or Import"},
         {"foo:bar", "foo:bar: no such term"},
@@ -162,6 +163,25 @@ TEST_F(QueryLanguage, MalformedTermsAreNamedWithTheirReason)
         EXPECT_EQ(Find(row.query), row.found) << row.query;
         EXPECT_TRUE(CQueryParser::Parse(row.query, kMetric).query.IsEmpty()) << row.query;
     }
+}
+
+TEST_F(QueryLanguage, SealTermsFollowTheSealOfEachSignedJump)
+{
+    // Jump 1 is signed without a seal; 2 is sealed; 3 is sealed and then changed.
+    for (const std::size_t index : {1u, 2u}) {
+        m_doc.ChangeJump(index, [this](CJump& jump) {
+            jump.SetSignature("Sanna", {{{1, 2}}});
+            jump.Signature().SetId(JumpSeal::Compute(jump, m_doc.GetSettings()));
+            return true;
+        });
+    }
+    m_doc.ChangeJump(2, [](CJump& jump) { return jump.SetPlace("Spa East"); });
+    const Row rows[] = {
+        {"signed:sealed", "2"},  {"signed:CHANGED", "3"},           {"signed:unsealed", "1"},
+        {"signed:yes", "1 2 3"}, {"-signed:sealed", "1 3 100 400"},
+    };
+    for (const Row& row : rows)
+        EXPECT_EQ(Find(row.query), row.found) << row.query;
 }
 
 } // namespace
