@@ -6,6 +6,7 @@
 #include "cli/CExportCommand.h"
 #include "cli/CGenerateCommand.h"
 #include "cli/CImportCommand.h"
+#include "cli/CImportCsvCommand.h"
 #include "cli/CInfoCommand.h"
 #include "cli/CListCommand.h"
 #include "cli/CStatsCommand.h"
@@ -20,6 +21,7 @@ CCommandLineTool::CCommandLineTool()
     m_commands.push_back(std::make_unique<CExportCommand>());
     m_commands.push_back(std::make_unique<CConvertCommand>());
     m_commands.push_back(std::make_unique<CImportCommand>());
+    m_commands.push_back(std::make_unique<CImportCsvCommand>());
     m_commands.push_back(std::make_unique<CGenerateCommand>());
 }
 

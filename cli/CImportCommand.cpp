@@ -80,7 +80,9 @@ QString CImportCommand::Details() const
                           "  Freefall     seconds, and Canopy seconds\n"
                           "  Speed        maximum and average vertical freefall speed in m/s\n"
                           "\n"
-                          "A track that cannot be read or holds no jump prints why (with the line at fault) and the\n"
+                          "A damaged line in the middle of a track (a flipped byte on the card) is skipped; how many\n"
+                          "and which are printed. A track whose header cannot be used, that holds no jump or where\n"
+                          "more than one line in a hundred is damaged prints why (with the line at fault) and the\n"
                           "logbook is left as it was.\n"
                           "\n"
                           "A logbook that the window program (or another tool) has open, as its lock file beside it\n"
@@ -162,6 +164,8 @@ int CImportCommand::Execute(const QCommandLineParser& parser)
     CConsole::OutLine("Track: " + imported.format + ", " + std::to_string(imported.fixCount) + " fixes, " +
                       std::to_string(imported.jump.recording.GetSamples().size()) + " kept" +
                       (d.landed ? "" : ", ends in the air"));
+    if (imported.skippedLines > 0)
+        CConsole::OutLine(imported.skippedText);
     CConsole::OutLine("Exit: " + ZonedText(imported.jump.exitTime) + ", " + std::to_string(f.exitHeight) + " m");
     CConsole::OutLine("Opening: " + std::to_string(f.openHeight) + " m");
     CConsole::OutLine("Freefall: " + std::to_string(f.freefallTime) + " s");

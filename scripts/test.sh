@@ -74,8 +74,8 @@ step "fuzz build (clang, libFuzzer)"
 fuzz="$root/build-fuzz"
 CC=clang CXX=clang++ cmake -S "$root" -B "$fuzz" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo \
   -DTERVOLA_FUZZ=ON -DTERVOLA_BUILD_GUI=OFF -DTERVOLA_BUILD_BENCH=OFF >/dev/null
-cmake --build "$fuzz" -j"$jobs" --target fuzz_xml_parser fuzz_document_load fuzz_xml_values fuzz_query
-for target in xml_parser document_load xml_values query; do
+cmake --build "$fuzz" -j"$jobs" --target fuzz_xml_parser fuzz_document_load fuzz_xml_values fuzz_query fuzz_flysight_track fuzz_csv_jumps
+for target in xml_parser document_load xml_values query flysight_track csv_jumps; do
   step "fuzzing $target for $fuzz_seconds s"
   log="$fuzz/fuzz-$target.log"
   if ! TERVOLA_FUZZ_NO_BUILD=1 "$root/scripts/fuzz.sh" "$target" "$fuzz_seconds" >"$log" 2>&1; then

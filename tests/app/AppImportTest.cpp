@@ -83,15 +83,17 @@ private slots:
     }
 
     // The reader's refusal in the user's language; the file's name, the line and the file's own
-    // words stay as they are.
+    // numbers stay as they are. One damaged line of two is more than a damaged file may have.
     void badTrackIsRefusedWithItsLine()
     {
         const QByteArray badHeight = "time,lat,lon,hMSL,velN,velE,velD\r\n,(deg),(deg),(m),(m/s),(m/s),(m/s)\r\n"
                                      "2021-04-20T04:20:00.00Z,61.5,24.0,abc,0,0,0\r\n"
                                      "2021-04-20T04:20:00.20Z,61.5,24.0,100,0,0,0\r\n";
         using Row = std::tuple<QByteArray, QString>; // the file, the error
-        const Row rows[] = {{badHeight, "notes.csv: Zeile 3: der Wert \"abc\" in der Spalte hMSL ist keine Zahl."},
-                            {QByteArray(), "notes.csv: Die Datei ist leer."}};
+        const Row rows[] = {
+            {badHeight, "notes.csv: Zeile 3: 1 der 2 Datenzeilen der Spur sind beschädigt, mehr als eine von hundert; "
+                        "dies ist die erste."},
+            {QByteArray(), "notes.csv: Die Datei ist leer."}};
         for (const auto& [content, error] : rows) {
             const CRow trace{error};
             // The program takes its language from the default locale when it starts.

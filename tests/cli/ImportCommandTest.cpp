@@ -43,9 +43,14 @@ protected:
 
 TEST_F(ImportCommand, LogsTheTrackAsANewJumpOrIntoAJumpWithoutRecording)
 {
-    // A FlySight 1 file as a new jump at every fix, a FlySight 2 session folder (lower-case
-    // names) into jump 499 thinned to one sample a second.
-    const std::string fs1 = Write("10-20-30.CSV", WriteFlySight1(m_track, FlySight1Columns(), "\r\n"));
+    // A FlySight 1 file with a damaged line 103 as a new jump at every fix, a FlySight 2 session
+    // folder (lower-case names) into jump 499 thinned to one sample a second.
+    std::string fs1Text = WriteFlySight1(m_track, FlySight1Columns(), "\r\n");
+    std::size_t line103 = 0;
+    for (int line = 1; line < 103; ++line)
+        line103 = fs1Text.find('\n', line103) + 1;
+    fs1Text.insert(line103, "2024-04-20T04:0?:00.00Z,61.5\r\n");
+    const std::string fs1 = Write("10-20-30.CSV", fs1Text);
     std::filesystem::create_directory(m_dir / "session");
     std::vector<CBaroReading> baro;
     const std::string fs2 = Write("session/track.csv", WriteFlySight2(m_track));
@@ -65,6 +70,8 @@ TEST_F(ImportCommand, LogsTheTrackAsANewJumpOrIntoAJumpWithoutRecording)
         ASSERT_EQ(result.exitCode, 0) << result.err;
         EXPECT_NE(result.out.find("Jump: " + std::to_string(c.number) + "\n"), std::string::npos) << result.out;
         EXPECT_NE(result.out.find("Freefall: "), std::string::npos);
+        EXPECT_EQ(result.out.find("Damaged lines skipped: 1 (line 103).") != std::string::npos, c.track == fs1)
+            << result.out;
 
         const QJsonObject jump = ExportedJump(c.number);
         EXPECT_EQ(jump["fallrate"].toString(), "Import");
