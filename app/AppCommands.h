@@ -30,6 +30,10 @@ enum Id : int
     ID_JUMP_ADD_TRACK = 32835,
     // The statistics, licence progress and currency.
     ID_VIEW_STATISTICS = 32836,
+    // Jumps from a spreadsheet (CSV).
+    ID_FILE_IMPORT_CSV = 32837,
+    // The new jumps of a folder of tracks (a logger's card).
+    ID_JUMP_IMPORT_CARD = 32838,
 };
 
 // The list control's id, used as its object name suffix.

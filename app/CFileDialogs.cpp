@@ -25,6 +25,18 @@ QString CFileDialogs::ChooseTrack(const QString& startPath)
     return Run(Purpose::Track, startPath);
 }
 
+QString CFileDialogs::ChooseCsv(const QString& startPath)
+{
+    return Run(Purpose::Csv, startPath);
+}
+
+QString CFileDialogs::ChooseTrackFolder(const QString& startPath)
+{
+    QWidget* parent = m_parent ? m_parent.data() : QApplication::activeWindow();
+    return QFileDialog::getExistingDirectory(parent, QCoreApplication::translate("CFileDialogs", "Import tracks"),
+                                             startPath);
+}
+
 QString CFileDialogs::Run(Purpose purpose, const QString& startPath)
 {
     QWidget* parent = m_parent ? m_parent.data() : QApplication::activeWindow();
@@ -33,12 +45,16 @@ QString CFileDialogs::Run(Purpose purpose, const QString& startPath)
         start = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
 
     const bool save = purpose == Purpose::Save;
-    const bool track = purpose == Purpose::Track;
+    const bool csv = purpose == Purpose::Csv;
+    const bool track = purpose == Purpose::Track || csv;
     const QString title = save    ? QCoreApplication::translate("CFileDialogs", "Save as")
+                          : csv   ? QCoreApplication::translate("CFileDialogs", "Import CSV")
                           : track ? QCoreApplication::translate("CFileDialogs", "Import track")
                                   : QCoreApplication::translate("CFileDialogs", "Open");
     // Loggers write upper-case names (TRACK.CSV) and file systems may tell case apart.
-    const QString filter = track ? QCoreApplication::translate("CFileDialogs", "GPS tracks (*.csv *.CSV)") : Filter();
+    const QString filter = csv ? QCoreApplication::translate("CFileDialogs", "Spreadsheets (*.csv *.CSV *.txt *.tsv)")
+                           : track ? QCoreApplication::translate("CFileDialogs", "GPS tracks (*.csv *.CSV)")
+                                   : Filter();
     QFileDialog dialog(parent, title, start, filter);
     dialog.setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     // Open: only existing files. Save: the folder must exist; replacing a file is confirmed.

@@ -20,6 +20,10 @@ public:
     QString ChooseSave(const QString& startPath) override;
     // An existing CSV file of a GPS logger, starting at startPath.
     QString ChooseTrack(const QString& startPath) override;
+    // An existing spreadsheet of jumps, starting at startPath.
+    QString ChooseCsv(const QString& startPath) override;
+    // An existing folder of tracks, starting at startPath.
+    QString ChooseTrackFolder(const QString& startPath) override;
 
     // The name filter of both dialogs.
     static QString Filter();
@@ -29,7 +33,8 @@ private:
     {
         Open,
         Save,
-        Track
+        Track,
+        Csv
     };
     QString Run(Purpose purpose, const QString& startPath);
     QPointer<QWidget> m_parent;

@@ -87,6 +87,8 @@ void CMainFrame::CreateMenuAndCommandBar()
     m_saveAction =
         MakeAction(QStringLiteral("fileSaveAction"), tr("Save"), AppCommands::ID_FILE_SAVE, QStringLiteral("save.svg"));
     m_saveAsAction = MakeAction(QStringLiteral("fileSaveAsAction"), tr("Save as..."), AppCommands::ID_FILE_SAVE_AS);
+    m_importCsvAction =
+        MakeAction(QStringLiteral("fileImportCsvAction"), tr("Import CSV..."), AppCommands::ID_FILE_IMPORT_CSV);
     m_aboutAction = MakeAction(QStringLiteral("aboutAction"), tr("About Tervola Pocket..."), AppCommands::ID_APP_ABOUT,
                                QStringLiteral("about.svg"));
     m_exitAction = MakeAction(QStringLiteral("exitAction"), tr("E&xit"), AppCommands::ID_APP_EXIT);
@@ -102,6 +104,8 @@ void CMainFrame::CreateMenuAndCommandBar()
     m_jumpImportAction =
         MakeAction(QStringLiteral("jumpImportTrackAction"), tr("Import track..."), AppCommands::ID_JUMP_IMPORT_TRACK);
     m_jumpImportAction->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_I));
+    m_jumpImportCardAction = MakeAction(QStringLiteral("jumpImportCardAction"), tr("Import tracks from a folder..."),
+                                        AppCommands::ID_JUMP_IMPORT_CARD);
     m_jumpAddTrackAction =
         MakeAction(QStringLiteral("jumpAddTrackAction"), tr("Add track..."), AppCommands::ID_JUMP_ADD_TRACK);
     m_jumpViewAction = MakeAction(QStringLiteral("jumpViewAction"), tr("View..."), AppCommands::ID_JUMP_VIEW);
@@ -112,9 +116,9 @@ void CMainFrame::CreateMenuAndCommandBar()
     m_jumpDeleteAction->setShortcut(QKeySequence::Delete);
 
     // Every command action carries its id; the commands controller carries it out.
-    for (QAction* action :
-         {m_newAction, m_openAction, m_saveAction, m_saveAsAction, m_jumpNewAction, m_jumpImportAction,
-          m_jumpViewAction, m_jumpChangeAction, m_jumpAddTrackAction, m_jumpPictureAction, m_jumpDeleteAction})
+    for (QAction* action : {m_newAction, m_openAction, m_saveAction, m_saveAsAction, m_importCsvAction, m_jumpNewAction,
+                            m_jumpImportAction, m_jumpImportCardAction, m_jumpViewAction, m_jumpChangeAction,
+                            m_jumpAddTrackAction, m_jumpPictureAction, m_jumpDeleteAction})
         connect(action, &QAction::triggered, m_commands,
                 [this, action] { m_commands->Execute(action->data().toInt()); });
     connect(m_aboutAction, &QAction::triggered, this, &CMainFrame::OnAbout);
@@ -127,6 +131,8 @@ void CMainFrame::CreateMenuAndCommandBar()
     file->addAction(m_saveAction);
     file->addAction(m_saveAsAction);
     file->addSeparator();
+    file->addAction(m_importCsvAction);
+    file->addSeparator();
     file->addAction(m_aboutAction);
     file->addSeparator();
     file->addAction(m_exitAction);
@@ -135,6 +141,7 @@ void CMainFrame::CreateMenuAndCommandBar()
     jump->setObjectName(QStringLiteral("jumpMenu"));
     jump->addAction(m_jumpNewAction);
     jump->addAction(m_jumpImportAction);
+    jump->addAction(m_jumpImportCardAction);
     jump->addSeparator();
     jump->addAction(m_jumpViewAction);
     jump->addAction(m_jumpChangeAction);
@@ -224,6 +231,8 @@ void CMainFrame::UpdateCommands()
     m_saveAsAction->setEnabled(m_commands->CanSaveAs());
     m_jumpNewAction->setEnabled(open);
     m_jumpImportAction->setEnabled(open);
+    m_importCsvAction->setEnabled(open);
+    m_jumpImportCardAction->setEnabled(open);
     const CJump* selected = m_view->SelectedJump();
     m_jumpViewAction->setEnabled(selected != nullptr);
     m_jumpChangeAction->setEnabled(selected != nullptr);

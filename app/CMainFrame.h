@@ -83,6 +83,8 @@ private:
     QAction* m_openAction = nullptr;
     QAction* m_saveAction = nullptr;
     QAction* m_saveAsAction = nullptr;
+    QAction* m_importCsvAction = nullptr;
+    QAction* m_jumpImportCardAction = nullptr;
     QAction* m_aboutAction = nullptr;
     QAction* m_exitAction = nullptr;
     QAction* m_jumpNewAction = nullptr;

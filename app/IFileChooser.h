@@ -15,4 +15,9 @@ public:
     virtual QString ChooseSave(const QString& startPath) = 0;
     // A logger's track (a CSV file) to import, or the empty text when the user cancels.
     virtual QString ChooseTrack(const QString& startPath) = 0;
+    // A spreadsheet (CSV) of jumps to import, or the empty text when the user cancels.
+    virtual QString ChooseCsv(const QString& startPath) = 0;
+    // A folder of tracks (a logger's card or a copy of it), or the empty text when the user
+    // cancels.
+    virtual QString ChooseTrackFolder(const QString& startPath) = 0;
 };

@@ -32,6 +32,8 @@ public:
     QString ChooseOpen(const QString&) override { return {}; }
     QString ChooseSave(const QString&) override { return {}; }
     QString ChooseTrack(const QString&) override { return {}; }
+    QString ChooseCsv(const QString&) override { return {}; }
+    QString ChooseTrackFolder(const QString&) override { return {}; }
     bool Open(const QString&) override { return false; }
 
     QStringList errors;

@@ -33,8 +33,10 @@ public:
     QString ChooseOpen(const QString& startPath) override { return Take(openAnswers, startPath); }
     QString ChooseSave(const QString& startPath) override { return Take(saveAnswers, startPath); }
     QString ChooseTrack(const QString& startPath) override { return Take(trackAnswers, startPath); }
+    QString ChooseCsv(const QString& startPath) override { return Take(csvAnswers, startPath); }
+    QString ChooseTrackFolder(const QString& startPath) override { return Take(folderAnswers, startPath); }
 
-    QStringList openAnswers, saveAnswers, trackAnswers;
+    QStringList openAnswers, saveAnswers, trackAnswers, csvAnswers, folderAnswers;
     QStringList asked;
 
 private:

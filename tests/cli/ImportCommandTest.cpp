@@ -165,3 +165,37 @@ TEST_F(ImportCommand, LeavesALogbookThatAWindowHoldsUnlessForced)
 }
 
 } // namespace
+
+namespace {
+
+// A card: a FlySight 1 jump, a FlySight 2 session a day later and a car ride. The new jumps come
+// in in the order of their exits; imported again, the card brings nothing new.
+TEST_F(ImportCommand, ImportsEveryNewJumpOfACardFolder)
+{
+    CTrack later = m_track;
+    for (CTrackFix& fix : later.fixes)
+        fix.time += 86400;
+    std::filesystem::create_directories(m_dir.Path() / "card" / "24-04-21" / "FS2");
+    std::filesystem::create_directories(m_dir.Path() / "card" / "24-04-20");
+    Write("card/24-04-21/FS2/TRACK.CSV", WriteFlySight2(later));
+    Write("card/24-04-20/10-20-30.CSV", WriteFlySight1(m_track, FlySight1Columns(), "\r\n"));
+    Write("card/24-04-20/11-00-00.CSV", WriteFlySight1(MakeCarRide(5), FlySight1Columns(), "\r\n"));
+    const std::string card = m_dir / "card";
+
+    const CToolResult first = Import(card);
+    ASSERT_EQ(first.exitCode, 0) << first.err;
+    EXPECT_NE(first.out.find("Jump 501: 24-04-20/10-20-30.CSV, exit 2024-04-20"), std::string::npos) << first.out;
+    EXPECT_NE(first.out.find("Jump 502: 24-04-21/FS2/TRACK.CSV, exit 2024-04-21"), std::string::npos) << first.out;
+    EXPECT_NE(first.out.find("Skipped 24-04-20/11-00-00.CSV: No freefall found"), std::string::npos) << first.out;
+    EXPECT_NE(first.out.find("Tracks: 3 found, 2 imported, 1 skipped"), std::string::npos) << first.out;
+
+    const std::string saved = ReadBytes(m_logbook);
+    const CToolResult again = Import(card);
+    EXPECT_EQ(again.exitCode, 0) << again.err;
+    EXPECT_NE(again.out.find("already in the logbook as jump 502"), std::string::npos) << again.out;
+    EXPECT_NE(again.out.find("Tracks: 3 found, 0 imported, 3 skipped"), std::string::npos) << again.out;
+    EXPECT_EQ(ReadBytes(m_logbook), saved);
+    EXPECT_EQ(Import(card, {"--jump", "499"}).exitCode, 1);
+}
+
+} // namespace
