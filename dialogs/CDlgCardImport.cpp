@@ -35,19 +35,17 @@ QScrollArea* Scrolling(QWidget* inner)
 // Why a track is not offered, in the user's language.
 QString SkipReason(const CCardTrack& track)
 {
-    switch (track.skip) {
-    case CCardTrack::Skip::InLogbook:
-        return MessageText::Format(StringTable::IDS_CARD_IN_LOGBOOK, QString::number(track.sameAs));
-    case CCardTrack::Skip::Twice:
-        return MessageText::Format(StringTable::IDS_CARD_TWICE, DialogText::ToQt(track.sameAsFile.filename().string()));
-    default:
-        break;
-    }
     const CTrackMessage& reason = track.import.reason;
-    QString text = MessageText::Format(reason.id, DialogText::ToQt(reason.arg1), DialogText::ToQt(reason.arg2));
+    QString text;
+    if (track.skip == CCardTrack::Skip::InLogbook)
+        text = MessageText::Format(StringTable::IDS_CARD_IN_LOGBOOK, QString::number(track.sameAs));
+    else if (track.skip == CCardTrack::Skip::Twice)
+        text = MessageText::Format(StringTable::IDS_CARD_TWICE, DialogText::ToQt(track.sameAsFile.filename().string()));
+    else
+        text = MessageText::Format(reason.id, DialogText::ToQt(reason.arg1), DialogText::ToQt(reason.arg2));
     if (text.isEmpty())
         return DialogText::ToQt(track.SkipReason());
-    if (reason.line > 0)
+    if (track.skip != CCardTrack::Skip::InLogbook && track.skip != CCardTrack::Skip::Twice && reason.line > 0)
         return MessageText::Format(StringTable::IDS_TRACK_LINE, QString::number(reason.line), text);
     text[0] = text[0].toUpper();
     return text;
@@ -71,15 +69,17 @@ CDlgCardImport::CDlgCardImport(CCardImportEdit& edit, const std::vector<CCardTra
         const CCardImportEdit::Row& row = rows[i];
         const CImportedJump& jump = row.track.import.jump;
         const CDateTime& when = jump.exitTime.dateTime;
-        const QString text = tr("%1 %2 \u00b7 exit %3 %4 \u00b7 freefall %5")
-                                 .arg(locale.toString(DialogText::ToQDate(when), QLocale::ShortFormat))
-                                 .arg(QStringLiteral("%1:%2")
-                                          .arg(when.Hour(), 2, 10, QLatin1Char('0'))
-                                          .arg(when.Minute(), 2, 10, QLatin1Char('0')))
-                                 .arg(locale.toString(std::lround(units.HeightToDisplay(jump.fallrate.exitHeight))))
-                                 .arg(heightUnit)
-                                 .arg(DialogText::ToQt(DurationToText(jump.fallrate.freefallTime, true)));
-        auto* tick = new QCheckBox(text, tracks);
+        const QString day = tr("%1 %2")
+                                .arg(locale.toString(DialogText::ToQDate(when), QLocale::ShortFormat))
+                                .arg(QStringLiteral("%1:%2")
+                                         .arg(when.Hour(), 2, 10, QLatin1Char('0'))
+                                         .arg(when.Minute(), 2, 10, QLatin1Char('0')));
+        const QString details = tr("exit %1 %2 \u00b7 freefall %3 \u00b7 %4")
+                                    .arg(locale.toString(std::lround(units.HeightToDisplay(jump.fallrate.exitHeight))))
+                                    .arg(heightUnit)
+                                    .arg(DialogText::ToQt(DurationToText(jump.fallrate.freefallTime, true)))
+                                    .arg(DialogText::ToQt(row.track.path.filename().string()));
+        auto* tick = new QCheckBox(day, tracks);
         tick->setObjectName(QStringLiteral("track_%1").arg(i));
         tick->setChecked(row.ticked);
         auto* into = new QComboBox(tracks);
@@ -91,17 +91,17 @@ CDlgCardImport::CDlgCardImport(CCardImportEdit& edit, const std::vector<CCardTra
         into->setMinimumContentsLength(10);
         into->setMaximumWidth(420);
         into->setEnabled(row.candidates.size() > 0);
-        auto* file = new QLabel(DialogText::ToQt(row.track.path.filename().string()), tracks);
-        file->setEnabled(false);
+        auto* about = new QLabel(details, tracks);
+        about->setWordWrap(true);
+        about->setContentsMargins(24, 0, 0, 0);
         connect(tick, &QCheckBox::toggled, this, [this, i](bool on) { m_edit.SetTicked(i, on); });
         connect(into, &QComboBox::currentIndexChanged, this,
                 [this, i, into](int index) { m_edit.SetInto(i, into->itemData(index).toInt()); });
         trackLayout->addWidget(tick);
+        trackLayout->addWidget(about);
         auto* line = new QHBoxLayout;
         line->setContentsMargins(24, 0, 0, 6);
         line->addWidget(into, 1);
-        line->addWidget(file);
-        line->addStretch(0);
         trackLayout->addLayout(line);
         m_ticks.push_back(tick);
         m_into.push_back(into);

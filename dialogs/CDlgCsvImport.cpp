@@ -10,7 +10,6 @@
 #include "units/CUnitSettings.h"
 #include "units/DurationText.h"
 
-#include <QCheckBox>
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QFormLayout>
@@ -67,8 +66,13 @@ QWidget* CDlgCsvImport::MakePreviewPage()
     m_units = new QComboBox(page);
     m_units->setObjectName(QStringLiteral("unitsCombo"));
     m_units->addItems({tr("Metres"), tr("Feet")});
-    m_replace = new QCheckBox(tr("Replace unsigned jumps of the same number"), page);
-    m_replace->setObjectName(QStringLiteral("replaceCheck"));
+    m_replace = new QComboBox(page);
+    m_replace->setObjectName(QStringLiteral("replaceCombo"));
+    m_replace->addItems({tr("Skip the row"), tr("Replace an unsigned jump")});
+    for (QComboBox* combo : {m_dates, m_units, m_replace}) {
+        combo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+        combo->setMinimumContentsLength(8);
+    }
     m_summary = new QLabel(page);
     m_summary->setObjectName(QStringLiteral("summaryLabel"));
     m_summary->setWordWrap(true);
@@ -84,7 +88,7 @@ QWidget* CDlgCsvImport::MakePreviewPage()
         if (kDateOrders[i] == mapping.dates)
             m_dates->setCurrentIndex(i);
     m_units->setCurrentIndex(mapping.units == CsvHeightUnit::Feet ? 1 : 0);
-    m_replace->setChecked(mapping.replaceUnsigned);
+    m_replace->setCurrentIndex(mapping.replaceUnsigned ? 1 : 0);
     connect(m_dates, &QComboBox::currentIndexChanged, this, [this](int index) {
         if (index >= 0 && index < 4)
             m_edit.SetDates(kDateOrders[index]);
@@ -94,8 +98,8 @@ QWidget* CDlgCsvImport::MakePreviewPage()
         m_edit.SetUnits(index == 1 ? CsvHeightUnit::Feet : CsvHeightUnit::Metres);
         ShowPreview();
     });
-    connect(m_replace, &QCheckBox::toggled, this, [this](bool on) {
-        m_edit.SetReplaceUnsigned(on);
+    connect(m_replace, &QComboBox::currentIndexChanged, this, [this](int index) {
+        m_edit.SetReplaceUnsigned(index == 1);
         ShowPreview();
     });
 
@@ -103,10 +107,10 @@ QWidget* CDlgCsvImport::MakePreviewPage()
     form->setRowWrapPolicy(QFormLayout::WrapLongRows);
     form->addRow(tr("Dates"), m_dates);
     form->addRow(tr("Heights"), m_units);
+    form->addRow(tr("Same number"), m_replace);
     auto* layout = new QVBoxLayout(page);
     layout->setContentsMargins(4, 4, 4, 4);
     layout->addLayout(form);
-    layout->addWidget(m_replace);
     layout->addWidget(m_summary);
     layout->addWidget(m_preview, 1);
     return page;

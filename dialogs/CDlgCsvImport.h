@@ -10,7 +10,6 @@ class CCsvImportEdit;
 class CLogbookDoc;
 class CUnitSettings;
 class IMessageSink;
-class QCheckBox;
 class QComboBox;
 class QLabel;
 class QListWidget;
@@ -37,7 +36,8 @@ public:
     QComboBox* ColumnCombo(CsvField field) const { return m_columns[static_cast<std::size_t>(field)]; }
     QComboBox* DatesCombo() const { return m_dates; }
     QComboBox* UnitsCombo() const { return m_units; }
-    QCheckBox* ReplaceCheck() const { return m_replace; }
+    // Rows whose number the logbook has: skipped (0) or replacing an unsigned jump (1).
+    QComboBox* ReplaceCombo() const { return m_replace; }
     QListWidget* PreviewList() const { return m_preview; }
     QLabel* SummaryLabel() const { return m_summary; }
 
@@ -58,7 +58,7 @@ private:
     std::array<QComboBox*, kCsvFieldCount> m_columns{};
     QComboBox* m_dates = nullptr;
     QComboBox* m_units = nullptr;
-    QCheckBox* m_replace = nullptr;
+    QComboBox* m_replace = nullptr;
     QLabel* m_summary = nullptr;
     QListWidget* m_preview = nullptr;
 };

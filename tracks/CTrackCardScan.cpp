@@ -37,9 +37,9 @@ std::string CCardTrack::SkipReason() const
     case Skip::NoJump:
         return TrackMessageText(import.reason);
     case Skip::InLogbook:
-        return StringTable::Format(StringTable::IDS_CARD_IN_LOGBOOK, std::to_string(sameAs));
+        return LineMessage(0, StringTable::Format(StringTable::IDS_CARD_IN_LOGBOOK, std::to_string(sameAs)));
     case Skip::Twice:
-        return StringTable::Format(StringTable::IDS_CARD_TWICE, sameAsFile.filename().string());
+        return LineMessage(0, StringTable::Format(StringTable::IDS_CARD_TWICE, sameAsFile.filename().string()));
     }
     return {};
 }

@@ -15,10 +15,6 @@
         <translation>Tracks importieren</translation>
     </message>
     <message>
-        <source>%1 %2 · exit %3 %4 · freefall %5</source>
-        <translation>%1 %2 · Absprung %3 %4 · Freifall %5</translation>
-    </message>
-    <message>
         <source>New jump</source>
         <translation>Neuer Sprung</translation>
     </message>
@@ -41,6 +37,14 @@
     <message>
         <source>Import</source>
         <translation>Importieren</translation>
+    </message>
+    <message>
+        <source>%1 %2</source>
+        <translation>%1 %2</translation>
+    </message>
+    <message>
+        <source>exit %1 %2 · freefall %3 · %4</source>
+        <translation>Absprung %1 %2 · Freifall %3 · %4</translation>
     </message>
 </context>
 <context>
@@ -84,10 +88,6 @@
     <message>
         <source>Feet</source>
         <translation>Fuß</translation>
-    </message>
-    <message>
-        <source>Replace unsigned jumps of the same number</source>
-        <translation>Nicht unterschriebene Sprünge gleicher Nummer ersetzen</translation>
     </message>
     <message>
         <source>Dates</source>
@@ -212,6 +212,18 @@
     <message>
         <source>No row of the file can be imported.</source>
         <translation>Keine Zeile der Datei kann importiert werden.</translation>
+    </message>
+    <message>
+        <source>Skip the row</source>
+        <translation>Zeile überspringen</translation>
+    </message>
+    <message>
+        <source>Replace an unsigned jump</source>
+        <translation>Nicht unterschriebenen Sprung ersetzen</translation>
+    </message>
+    <message>
+        <source>Same number</source>
+        <translation>Gleiche Nummer</translation>
     </message>
 </context>
 <context>

@@ -94,8 +94,9 @@ private slots:
                                      "2021-04-20T04:20:00.20Z,61.5,24.0,100,0,0,0\r\n";
         using Row = std::tuple<QByteArray, QString>; // the file, the error
         const Row rows[] = {
-            {badHeight, "notes.csv: Zeile 3: 1 der 2 Datenzeilen des Tracks sind beschädigt, mehr als eine von hundert; "
-                        "dies ist die erste."},
+            {badHeight,
+             "notes.csv: Zeile 3: 1 der 2 Datenzeilen des Tracks sind beschädigt, mehr als eine von hundert; "
+             "dies ist die erste."},
             {QByteArray(), "notes.csv: Die Datei ist leer."}};
         for (const auto& [content, error] : rows) {
             const CRow trace{error};

@@ -89,7 +89,7 @@ private slots:
         QVERIFY(edit.Rows()[2].candidates.empty());
         CDlgCardImport dialog(edit, Skipped(), m_units, &m_messages);
         QVERIFY(!dialog.IntoOf(2)->isEnabled());
-        QVERIFY(dialog.TickOf(0)->text().contains(QStringLiteral("exit 4,000 m")));
+        QCOMPARE(dialog.TickOf(0)->text(), QStringLiteral("01/06/2024 10:15"));
 
         // Two tracks cannot go into jump 41.
         dialog.IntoOf(0)->setCurrentIndex(1);
