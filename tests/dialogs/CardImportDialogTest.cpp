@@ -99,7 +99,11 @@ private slots:
                  QStringList{QStringLiteral("Jump 41 can take only one track.")});
         QCOMPARE(dialog.result(), int(QDialog::Rejected));
         m_messages.boxes.clear();
-        dialog.TickOf(1)->setChecked(false);
+        for (int row : {0, 1, 2})
+            dialog.TickOf(row)->setChecked(false);
+        QCOMPARE(edit.Check().messageId, int(StringTable::IDS_CARD_NONE_TICKED));
+        dialog.TickOf(0)->setChecked(true);
+        dialog.TickOf(2)->setChecked(true);
         dialog.findChild<QPushButton*>(QStringLiteral("importButton"))->click();
         QCOMPARE(dialog.result(), int(QDialog::Accepted));
 
@@ -120,15 +124,6 @@ private slots:
         QCOMPARE(doc.GetJump(0).GetExitHeight(), 4000);
         QCOMPARE(doc.GetJump(2).GetNumber(), 43);
         QCOMPARE(doc.GetJump(2).GetExitHeight(), 3000);
-    }
-
-    void nothingTickedIsRefused()
-    {
-        CLogbookDoc doc;
-        CCardImportEdit edit(doc, Found());
-        for (std::size_t i = 0; i < 3; ++i)
-            edit.SetTicked(i, false);
-        QCOMPARE(edit.Check().messageId, int(StringTable::IDS_CARD_NONE_TICKED));
     }
 
     void pictures()

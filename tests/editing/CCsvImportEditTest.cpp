@@ -43,17 +43,4 @@ TEST(CsvImportEdit, ChecksTheDateFormAndColumnBeforeApplying)
     }
 }
 
-// A column is one field's: giving it to another field takes it from the first.
-TEST(CsvImportEdit, AColumnMovesToTheFieldItIsGivenTo)
-{
-    CLogbookDoc doc;
-    CCsvImportEdit edit(doc, CDateTime(2024, 7, 1), 0);
-    ASSERT_EQ(edit.Load("Date,DZ,Plane\n2024-01-02,A,B\n"), 0);
-    EXPECT_EQ(edit.Mapping()[CsvField::Place], 1);
-    edit.SetColumn(CsvField::Aircraft, 1);
-    EXPECT_EQ(edit.Mapping()[CsvField::Place], -1);
-    EXPECT_EQ(edit.Mapping()[CsvField::Aircraft], 1);
-    EXPECT_EQ(edit.Preview().rows[0].jump->GetAircraft(), "A");
-}
-
 } // namespace
