@@ -35,6 +35,10 @@ enum Id : int
     // Takes the signature off the selected jump, after a question, so that it can be corrected
     // and signed again.
     ID_JUMP_REMOVE_SIGNATURE = 32846,
+    // Jumps from a spreadsheet (CSV).
+    ID_FILE_IMPORT_CSV = 32837,
+    // The new jumps of a folder of tracks (a logger's card).
+    ID_JUMP_IMPORT_CARD = 32838,
 };
 
 // The list control's id, used as its object name suffix.

@@ -35,6 +35,18 @@ QString CFileDialogs::ChoosePdf(const QString& startPath)
     return Run(Purpose::Pdf, startPath);
 }
 
+QString CFileDialogs::ChooseCsv(const QString& startPath)
+{
+    return Run(Purpose::Csv, startPath);
+}
+
+QString CFileDialogs::ChooseTrackFolder(const QString& startPath)
+{
+    QWidget* parent = m_parent ? m_parent.data() : QApplication::activeWindow();
+    return QFileDialog::getExistingDirectory(parent, QCoreApplication::translate("CFileDialogs", "Import tracks"),
+                                             startPath);
+}
+
 QString CFileDialogs::Run(Purpose purpose, const QString& startPath)
 {
     QWidget* parent = m_parent ? m_parent.data() : QApplication::activeWindow();
@@ -44,20 +56,24 @@ QString CFileDialogs::Run(Purpose purpose, const QString& startPath)
 
     const bool exporting = purpose == Purpose::Export;
     const bool pdf = purpose == Purpose::Pdf;
+    const bool csvIn = purpose == Purpose::Csv;
     const bool save = purpose == Purpose::Save || exporting || pdf;
-    const bool track = purpose == Purpose::Track;
+    const bool track = purpose == Purpose::Track || csvIn;
     const QString title = exporting ? QCoreApplication::translate("CFileDialogs", "Export selection")
                           : pdf     ? QCoreApplication::translate("CFileDialogs", "Export PDF")
                           : save    ? QCoreApplication::translate("CFileDialogs", "Save as")
+                          : csvIn   ? QCoreApplication::translate("CFileDialogs", "Import CSV")
                           : track   ? QCoreApplication::translate("CFileDialogs", "Import track")
                                     : QCoreApplication::translate("CFileDialogs", "Open");
     const QString csv = QCoreApplication::translate("CFileDialogs", "CSV tables (*.csv)");
     const QString json = QCoreApplication::translate("CFileDialogs", "JSON files (*.json)");
     // Loggers write upper-case names (TRACK.CSV) and file systems may tell case apart.
     const QString filter = exporting ? csv + QStringLiteral(";;") + json
-                           : track   ? QCoreApplication::translate("CFileDialogs", "GPS tracks (*.csv *.CSV)")
-                           : pdf     ? QCoreApplication::translate("CFileDialogs", "PDF files (*.pdf)")
-                                     : Filter();
+                           : csvIn
+                               ? QCoreApplication::translate("CFileDialogs", "Spreadsheets (*.csv *.CSV *.txt *.tsv)")
+                           : track ? QCoreApplication::translate("CFileDialogs", "GPS tracks (*.csv *.CSV)")
+                           : pdf   ? QCoreApplication::translate("CFileDialogs", "PDF files (*.pdf)")
+                                   : Filter();
     QFileDialog dialog(parent, title, start, filter);
     dialog.setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     // Open: only existing files. Save: the folder must exist; replacing a file is confirmed.

@@ -24,6 +24,10 @@ public:
     QString ChooseExport(const QString& startPath) override;
     // "Export PDF": a PDF file to write.
     QString ChoosePdf(const QString& startPath) override;
+    // An existing spreadsheet of jumps, starting at startPath.
+    QString ChooseCsv(const QString& startPath) override;
+    // An existing folder of tracks, starting at startPath.
+    QString ChooseTrackFolder(const QString& startPath) override;
 
     // The name filter of both dialogs.
     static QString Filter();
@@ -35,7 +39,8 @@ private:
         Save,
         Track,
         Export,
-        Pdf
+        Pdf,
+        Csv
     };
     QString Run(Purpose purpose, const QString& startPath);
     QPointer<QWidget> m_parent;

@@ -71,6 +71,12 @@ void CLogbookCommands::Execute(int command)
     case AppCommands::ID_JUMP_IMPORT_TRACK:
         OnJumpImportTrack();
         break;
+    case AppCommands::ID_FILE_IMPORT_CSV:
+        OnFileImportCsv();
+        break;
+    case AppCommands::ID_JUMP_IMPORT_CARD:
+        OnJumpImportCard();
+        break;
     case AppCommands::ID_JUMP_ADD_TRACK:
         OnJumpImportTrackInto();
         break;

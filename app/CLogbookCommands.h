@@ -87,6 +87,12 @@ public slots:
     // "Import track...": a logger's track chosen in a file dialog becomes a new jump, shown in the
     // jump editor to be checked and completed; nothing is added without OK.
     void OnJumpImportTrack();
+    // "Import CSV...": jumps of a spreadsheet, shown in the import dialog, join the logbook on
+    // Import.
+    void OnFileImportCsv();
+    // "Import tracks from a folder...": the new jumps of a logger's card, read with progress,
+    // listed to tick and imported in the order of their exits.
+    void OnJumpImportCard();
     // The same for the list's selected jump, when it has no recording and is not signed.
     void OnJumpImportTrackInto();
     // The jump editor on the selected jump of the jump list ("View..." and "Change...").

@@ -85,6 +85,12 @@ void CLogbookCommands::ImportTrack(const CJump* target)
             m_services.messages->Error(Refusal(imported));
         return;
     }
+    if (imported.skippedLines > 0 && m_services.messages) {
+        const CTrackMessage& note = imported.skipped;
+        m_services.messages->Information(
+            QString::fromStdString(imported.fileName) + QStringLiteral(": ") +
+            MessageText::Format(note.id, QString::fromStdString(note.arg1), QString::fromStdString(note.arg2)));
+    }
 
     const auto take = [&imported](CDlgJump& dialog) {
         dialog.Edit().TakeImport(imported.jump.recording, imported.jump.fallrate, imported.jump.exitTime);

@@ -92,6 +92,8 @@ void CMainFrame::CreateMenuAndCommandBar()
     m_saveAsAction = MakeAction(QStringLiteral("fileSaveAsAction"), tr("Save as..."), AppCommands::ID_FILE_SAVE_AS);
     m_exportSelectionAction = MakeAction(QStringLiteral("fileExportSelectionAction"), tr("Export selection..."),
                                          AppCommands::ID_FILE_EXPORT_SELECTION);
+    m_importCsvAction =
+        MakeAction(QStringLiteral("fileImportCsvAction"), tr("Import CSV..."), AppCommands::ID_FILE_IMPORT_CSV);
     m_aboutAction = MakeAction(QStringLiteral("aboutAction"), tr("About Tervola Pocket..."), AppCommands::ID_APP_ABOUT,
                                QStringLiteral("about.svg"));
     m_exitAction = MakeAction(QStringLiteral("exitAction"), tr("E&xit"), AppCommands::ID_APP_EXIT);
@@ -107,6 +109,8 @@ void CMainFrame::CreateMenuAndCommandBar()
     m_jumpImportAction =
         MakeAction(QStringLiteral("jumpImportTrackAction"), tr("Import track..."), AppCommands::ID_JUMP_IMPORT_TRACK);
     m_jumpImportAction->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_I));
+    m_jumpImportCardAction = MakeAction(QStringLiteral("jumpImportCardAction"), tr("Import tracks from a folder..."),
+                                        AppCommands::ID_JUMP_IMPORT_CARD);
     m_jumpAddTrackAction =
         MakeAction(QStringLiteral("jumpAddTrackAction"), tr("Add track..."), AppCommands::ID_JUMP_ADD_TRACK);
     m_jumpRemoveSignatureAction = MakeAction(QStringLiteral("jumpRemoveSignatureAction"), tr("Remove signature..."),
@@ -119,9 +123,10 @@ void CMainFrame::CreateMenuAndCommandBar()
     m_jumpDeleteAction->setShortcut(QKeySequence::Delete);
 
     // Every command action carries its id; the commands controller carries it out.
-    for (QAction* action : {m_newAction, m_openAction, m_saveAction, m_saveAsAction, m_exportSelectionAction,
-                            m_jumpNewAction, m_jumpImportAction, m_jumpViewAction, m_jumpChangeAction,
-                            m_jumpAddTrackAction, m_jumpRemoveSignatureAction, m_jumpPictureAction, m_jumpDeleteAction})
+    for (QAction* action :
+         {m_newAction, m_openAction, m_saveAction, m_saveAsAction, m_importCsvAction, m_exportSelectionAction,
+          m_jumpNewAction, m_jumpImportAction, m_jumpImportCardAction, m_jumpViewAction, m_jumpChangeAction,
+          m_jumpAddTrackAction, m_jumpRemoveSignatureAction, m_jumpPictureAction, m_jumpDeleteAction})
         connect(action, &QAction::triggered, m_commands,
                 [this, action] { m_commands->Execute(action->data().toInt()); });
     // The printed pages: the whole logbook, a range of numbers or the jumps the list shows.
@@ -158,7 +163,9 @@ void CMainFrame::CreateMenuAndCommandBar()
     file->addAction(m_saveAction);
     file->addAction(m_saveAsAction);
     file->addSeparator();
+    file->addAction(m_importCsvAction);
     file->addAction(m_exportSelectionAction);
+    file->addSeparator();
     file->addAction(m_printAction);
     file->addAction(m_printPreviewAction);
     file->addAction(m_exportPdfAction);
@@ -171,6 +178,7 @@ void CMainFrame::CreateMenuAndCommandBar()
     jump->setObjectName(QStringLiteral("jumpMenu"));
     jump->addAction(m_jumpNewAction);
     jump->addAction(m_jumpImportAction);
+    jump->addAction(m_jumpImportCardAction);
     jump->addSeparator();
     jump->addAction(m_jumpViewAction);
     jump->addAction(m_jumpChangeAction);
@@ -262,6 +270,8 @@ void CMainFrame::UpdateCommands()
     m_exportSelectionAction->setEnabled(m_commands->CanExportSelection());
     m_jumpNewAction->setEnabled(open);
     m_jumpImportAction->setEnabled(open);
+    m_importCsvAction->setEnabled(open);
+    m_jumpImportCardAction->setEnabled(open);
     const CJump* selected = m_view->SelectedJump();
     m_jumpViewAction->setEnabled(selected != nullptr);
     m_jumpChangeAction->setEnabled(selected != nullptr);

@@ -91,6 +91,8 @@ private:
     QAction* m_printAction = nullptr;
     QAction* m_printPreviewAction = nullptr;
     QAction* m_exportPdfAction = nullptr;
+    QAction* m_importCsvAction = nullptr;
+    QAction* m_jumpImportCardAction = nullptr;
     QAction* m_aboutAction = nullptr;
     QAction* m_exitAction = nullptr;
     QAction* m_jumpNewAction = nullptr;

@@ -21,4 +21,9 @@ public:
     virtual QString ChooseExport(const QString& startPath) = 0;
     // A PDF file to write the printed pages to (replacing it agreed), or the empty text.
     virtual QString ChoosePdf(const QString& startPath) = 0;
+    // A spreadsheet (CSV) of jumps to import, or the empty text when the user cancels.
+    virtual QString ChooseCsv(const QString& startPath) = 0;
+    // A folder of tracks (a logger's card or a copy of it), or the empty text when the user
+    // cancels.
+    virtual QString ChooseTrackFolder(const QString& startPath) = 0;
 };

@@ -34,6 +34,8 @@ public:
     QString ChooseTrack(const QString&) override { return {}; }
     QString ChooseExport(const QString&) override { return {}; }
     QString ChoosePdf(const QString&) override { return {}; }
+    QString ChooseCsv(const QString&) override { return {}; }
+    QString ChooseTrackFolder(const QString&) override { return {}; }
     bool Open(const QString&) override { return false; }
 
     QStringList errors;

@@ -6,6 +6,7 @@
 #include "cli/CExportCommand.h"
 #include "cli/CGenerateCommand.h"
 #include "cli/CImportCommand.h"
+#include "cli/CImportCsvCommand.h"
 #include "cli/CInfoCommand.h"
 #include "cli/CListCommand.h"
 #include "cli/CPrintCommand.h"
@@ -22,6 +23,7 @@ CCommandLineTool::CCommandLineTool()
     m_commands.push_back(std::make_unique<CPrintCommand>());
     m_commands.push_back(std::make_unique<CConvertCommand>());
     m_commands.push_back(std::make_unique<CImportCommand>());
+    m_commands.push_back(std::make_unique<CImportCsvCommand>());
     m_commands.push_back(std::make_unique<CGenerateCommand>());
 }
 

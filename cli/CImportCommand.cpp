@@ -6,14 +6,17 @@
 #include "document/CLogbookDoc.h"
 #include "document/CLogbookLock.h"
 #include "document/IClock.h"
+#include "editing/CCardImportEdit.h"
 #include "editing/CJumpEdit.h"
 #include "resources/StringTable.h"
+#include "tracks/CTrackCardScan.h"
 #include "tracks/CTrackFileImport.h"
 #include "units/CUnitSettings.h"
 
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
 
 namespace {
 
@@ -40,6 +43,27 @@ std::string OneDecimal(double value)
     return text;
 }
 
+// A track as a new jump, filled as the window's editor fills it; false with the message printed.
+bool LogNewJump(CLogbookDoc& doc, const CTrackFileImport& imported, int& number)
+{
+    const CSystemClock clock;
+    const CUnitSettings units;
+    CJumpEdit edit(doc, units, nullptr, clock, nullptr);
+    edit.TakeImport(imported.jump.recording, imported.jump.fallrate, imported.jump.exitTime);
+    const CCheckResult check = edit.ValidateAll();
+    if (!check.Passed()) {
+        CConsole::ErrLine(check.message);
+        return false;
+    }
+    const CJumpEdit::ApplyResult applied = edit.Apply();
+    if (!applied.ok || !applied.jump) {
+        CConsole::ErrLine(applied.error);
+        return false;
+    }
+    number = applied.jump->GetNumber();
+    return true;
+}
+
 } // namespace
 
 QString CImportCommand::Summary() const
@@ -51,7 +75,8 @@ void CImportCommand::Configure(QCommandLineParser& parser)
 {
     parser.addPositionalArgument(QStringLiteral("LOGBOOK"), QStringLiteral("The logbook (.tvz or .tvl)."));
     parser.addPositionalArgument(QStringLiteral("TRACK"),
-                                 QStringLiteral("A FlySight 1 CSV file or a FlySight 2 TRACK.CSV."));
+                                 QStringLiteral("A FlySight 1 CSV file or a FlySight 2 TRACK.CSV, or a folder (a "
+                                                "FlySight card or a copy of it) to import every new jump of."));
     parser.addOption({kJump,
                       QStringLiteral("Give the track to jump N (which has no recording yet) instead of "
                                      "logging a new jump."),
@@ -80,8 +105,16 @@ QString CImportCommand::Details() const
                           "  Freefall     seconds, and Canopy seconds\n"
                           "  Speed        maximum and average vertical freefall speed in m/s\n"
                           "\n"
-                          "A track that cannot be read or holds no jump prints why (with the line at fault) and the\n"
+                          "A damaged line in the middle of a track (a flipped byte on the card) is skipped; how many\n"
+                          "and which are printed. A track whose header cannot be used, that holds no jump or where\n"
+                          "more than one line in a hundred is damaged prints why (with the line at fault) and the\n"
                           "logbook is left as it was.\n"
+                          "\n"
+                          "A folder is searched for every FlySight 1 file and FlySight 2 session. Tracks without a\n"
+                          "jump, files that are no track and jumps the logbook already holds (an exit within a\n"
+                          "minute) are skipped, each printed with its reason; the rest become new jumps in the\n"
+                          "order of their exits, and the logbook is saved once. Printed: a line per imported jump\n"
+                          "(Jump N: the file and the exit) and per skipped file, then the counts.\n"
                           "\n"
                           "A logbook that the window program (or another tool) has open, as its lock file beside it\n"
                           "tells, is refused with a message naming that process; --force writes it all the same.\n"
@@ -129,7 +162,16 @@ int CImportCommand::Execute(const QCommandLineParser& parser)
         }
     }
 
-    const CTrackFileImport imported = CTrackFileImport::Run(CorePaths::LocalPath(arguments.at(1)), options);
+    const std::string trackPath = CorePaths::LocalPath(arguments.at(1));
+    std::error_code folderError;
+    if (std::filesystem::is_directory(trackPath, folderError)) {
+        if (target) {
+            CConsole::ErrLine(std::string("--jump takes a single track, not a folder."));
+            return Failure;
+        }
+        return ImportFolder(doc, logbook, trackPath, options);
+    }
+    const CTrackFileImport imported = CTrackFileImport::Run(trackPath, options);
     if (!imported.ok) {
         CConsole::ErrLine(imported.message);
         return Failure;
@@ -162,10 +204,42 @@ int CImportCommand::Execute(const QCommandLineParser& parser)
     CConsole::OutLine("Track: " + imported.format + ", " + std::to_string(imported.fixCount) + " fixes, " +
                       std::to_string(imported.jump.recording.GetSamples().size()) + " kept" +
                       (d.landed ? "" : ", ends in the air"));
+    if (imported.skippedLines > 0)
+        CConsole::OutLine(imported.skippedText);
     CConsole::OutLine("Exit: " + ZonedText(imported.jump.exitTime) + ", " + std::to_string(f.exitHeight) + " m");
     CConsole::OutLine("Opening: " + std::to_string(f.openHeight) + " m");
     CConsole::OutLine("Freefall: " + std::to_string(f.freefallTime) + " s");
     CConsole::OutLine("Canopy: " + std::to_string(f.canopyTime) + " s");
     CConsole::OutLine("Speed: max " + OneDecimal(f.maxSpeed) + " m/s, average " + OneDecimal(f.avgSpeed) + " m/s");
+    return Success;
+}
+
+int CImportCommand::ImportFolder(CLogbookDoc& doc, const std::string& logbook, const std::string& folder,
+                                 const CTrackImportOptions& options)
+{
+    const CCardScan scan = CTrackCardScan::Scan(folder, CCardImportEdit::KnownExits(doc), options);
+    std::size_t imported = 0;
+    for (const CCardTrack& track : scan.found) {
+        int number = 0;
+        if (!LogNewJump(doc, track.import, number))
+            return Failure;
+        ++imported;
+        const std::string relative = std::filesystem::relative(track.path, folder).generic_string();
+        CConsole::OutLine("Jump " + std::to_string(number) + ": " + relative + ", exit " +
+                          ZonedText(track.import.jump.exitTime) + ", " +
+                          std::to_string(track.import.jump.fallrate.exitHeight) + " m, freefall " +
+                          std::to_string(track.import.jump.fallrate.freefallTime) + " s");
+        if (track.import.skippedLines > 0)
+            CConsole::OutLine("  " + track.import.skippedText);
+    }
+    for (const CCardTrack& track : scan.skipped)
+        CConsole::OutLine("Skipped " + std::filesystem::relative(track.path, folder).generic_string() + ": " +
+                          track.SkipReason());
+    CConsole::OutLine("Tracks: " + std::to_string(scan.found.size() + scan.skipped.size()) + " found, " +
+                      std::to_string(imported) + " imported, " + std::to_string(scan.skipped.size()) + " skipped");
+    if (imported > 0 && !doc.Save(logbook)) {
+        CConsole::ErrLine(StringTable::Text(StringTable::IDS_SAVE_FAILED));
+        return Failure;
+    }
     return Success;
 }

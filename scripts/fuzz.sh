@@ -1,9 +1,9 @@
 #!/usr/bin/env bash
 # Runs one fuzz target for a given time with AddressSanitizer and UndefinedBehaviorSanitizer:
 #   scripts/fuzz.sh TARGET SECONDS [libFuzzer options ...]
-# TARGET is xml_parser, document_load, xml_values or query. The fuzz build (build-fuzz, clang) is
-# configured and brought up to date first. The seeds in tests/fuzz/corpus/TARGET are read but
-# never changed; what the fuzzer adds goes to build-fuzz/fuzz-corpus/TARGET, and the input of a
+# TARGET is xml_parser, document_load, xml_values, query, flysight_track or csv_jumps. The fuzz
+# build (build-fuzz, clang) is configured and brought up to date first. The seeds in
+# tests/fuzz/corpus/TARGET are read but never changed; what the fuzzer adds goes to build-fuzz/fuzz-corpus/TARGET, and the input of a
 # finding to build-fuzz/fuzz-findings/TARGET (check it in under tests/fuzz/regressions/TARGET
 # once it is fixed). Exits non-zero on a finding.
 set -euo pipefail
@@ -17,8 +17,8 @@ target=$1
 seconds=$2
 shift 2
 case "$target" in
-  xml_parser|document_load|xml_values|query) ;;
-  *) echo "unknown fuzz target: $target (xml_parser, document_load, xml_values, query)" >&2; exit 2 ;;
+  xml_parser|document_load|xml_values|query|flysight_track|csv_jumps) ;;
+  *) echo "unknown fuzz target: $target (xml_parser, document_load, xml_values, query, flysight_track, csv_jumps)" >&2; exit 2 ;;
 esac
 
 build="$root/build-fuzz"

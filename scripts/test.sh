@@ -73,7 +73,7 @@ grep -E 'tests passed|Total Test time' "$asan/ctest.log"
 
 step "fuzz build (clang, libFuzzer)"
 fuzz="$root/build-fuzz"
-fuzz_targets=(xml_parser document_load xml_values query)
+fuzz_targets=(xml_parser document_load xml_values query flysight_track csv_jumps)
 CC=clang CXX=clang++ cmake -S "$root" -B "$fuzz" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo \
   -DTERVOLA_FUZZ=ON -DTERVOLA_BUILD_GUI=OFF -DTERVOLA_BUILD_BENCH=OFF >/dev/null
 cmake --build "$fuzz" -j"$jobs" --target "${fuzz_targets[@]/#/fuzz_}"

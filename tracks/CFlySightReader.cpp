@@ -35,8 +35,10 @@ constexpr std::string_view kColumnNames[ColumnCount] = {"time", "lat",  "lon",  
 // messages about missing columns list them.
 constexpr Column kRequired[] = {Time, Lat, Lon, HMsl, VelN, VelE, VelD};
 
-// Bytes looked at for binary content: the headers and the first few hundred rows.
-constexpr std::size_t kBinaryProbe = 64 * 1024;
+// Bytes looked at for binary content: the start of the headers, where the files a picker offers
+// by mistake (pictures, videos, archives) show their control bytes. A control byte further in
+// is a damaged line like any other.
+constexpr std::size_t kBinaryProbe = 256;
 // The largest file taken for a track (an hour at 5 Hz is about 2 MB): a video or a disk image
 // picked by mistake is refused before it is read into memory.
 constexpr std::uintmax_t kLargestFile = 512ull * 1024 * 1024;
@@ -142,40 +144,87 @@ bool ReadHeader(CTrackReadResult& result, CCsvColumns& columns, std::string_view
     return true;
 }
 
-// Reads one data row into the track; false when the row refuses the file.
-bool AddRow(CTrackReadResult& result, const CCsvColumns& columns, std::string_view row, std::size_t skip, int line)
+// Counts a damaged data line as skipped, keeping the first line numbers and the first reason.
+void SkipDamaged(CTrackReadResult& result, int line, CTrackMessage why)
 {
-    std::string_view values[ColumnCount];
-    const std::size_t fields = columns.ReadRow(row, skip, values);
-    if (fields < columns.FieldsNeeded()) {
-        return Refuse(
-            result, line,
-            {StringTable::IDS_TRACK_SHORT_ROW, std::to_string(fields), std::to_string(columns.FieldsNeeded())});
+    if (result.skippedLines == 0) {
+        why.line = line;
+        result.firstSkip = std::move(why);
     }
-    CTrackFix fix;
-    CTrackMessage why;
-    switch (ParseFix(values, fix, why)) {
-    case RowOutcome::Skip:
-        return true;
-    case RowOutcome::Refuse:
-        return Refuse(result, line, why);
-    case RowOutcome::Fix:
-        break;
-    }
-    std::vector<CTrackFix>& fixes = result.track.fixes;
-    if (!fixes.empty()) {
-        if (fix.time < fixes.back().time)
-            return Refuse(result, line, {StringTable::IDS_TRACK_TIME_BACKWARDS, QuoteField(values[Time])});
-        // A fix stamped twice: the first row of it stays.
-        if (fix.time == fixes.back().time)
-            return true;
-    }
-    fixes.push_back(fix);
-    return true;
+    ++result.skippedLines;
+    if (result.skippedAt.size() < CTrackReadResult::kSkippedLinesKept)
+        result.skippedAt.push_back(line);
 }
+
+// Reads the data rows of one track into the result, skipping damaged ones.
+class CRowReader
+{
+public:
+    CRowReader(CTrackReadResult& result, const CCsvColumns& columns) : m_result(result), m_columns(columns) {}
+
+    void Add(std::string_view row, std::size_t skip, int line)
+    {
+        ++m_result.dataLines;
+        std::string_view values[ColumnCount];
+        const std::size_t fields = m_columns.ReadRow(row, skip, values);
+        if (fields < m_columns.FieldsNeeded()) {
+            SkipDamaged(
+                m_result, line,
+                {StringTable::IDS_TRACK_SHORT_ROW, std::to_string(fields), std::to_string(m_columns.FieldsNeeded())});
+            return;
+        }
+        CTrackFix fix;
+        CTrackMessage why;
+        switch (ParseFix(values, fix, why)) {
+        case RowOutcome::Skip:
+            return;
+        case RowOutcome::Refuse:
+            SkipDamaged(m_result, line, std::move(why));
+            return;
+        case RowOutcome::Fix:
+            break;
+        }
+        std::vector<CTrackFix>& fixes = m_result.track.fixes;
+        if (!fixes.empty() && fix.time < fixes.back().time) {
+            // A time stamp flipped forwards shows itself when the next row goes back to the
+            // times before it: then that earlier fix is the damaged one.
+            if (fixes.size() >= 2 && fix.time > fixes[fixes.size() - 2].time) {
+                SkipDamaged(m_result, m_lastFixLine, {StringTable::IDS_TRACK_TIME_BACKWARDS, QuoteField(values[Time])});
+                fixes.pop_back();
+            } else {
+                SkipDamaged(m_result, line, {StringTable::IDS_TRACK_TIME_BACKWARDS, QuoteField(values[Time])});
+                return;
+            }
+        }
+        // A fix stamped twice: the first row of it stays.
+        if (!fixes.empty() && fix.time == fixes.back().time)
+            return;
+        fixes.push_back(fix);
+        m_lastFixLine = line;
+    }
+
+    // A line that is no data row at all, where one was expected.
+    void AddDamaged(int line, CTrackMessage why)
+    {
+        ++m_result.dataLines;
+        SkipDamaged(m_result, line, std::move(why));
+    }
+
+private:
+    CTrackReadResult& m_result;
+    const CCsvColumns& m_columns;
+    int m_lastFixLine = 0;
+};
 
 void Finish(CTrackReadResult& result, int lastLine)
 {
+    // More than one damaged line in a hundred is a damaged file, not a flipped byte.
+    if (result.skippedLines > 0 && static_cast<long long>(result.skippedLines) * 100 > result.dataLines) {
+        Refuse(result, result.firstSkip.line,
+               {StringTable::IDS_TRACK_TOO_DAMAGED, std::to_string(result.skippedLines),
+                std::to_string(result.dataLines)});
+        return;
+    }
     if (result.track.fixes.empty()) {
         Refuse(result, lastLine, {StringTable::IDS_TRACK_NO_FIX});
         return;
@@ -194,6 +243,7 @@ void ReadFlySight1(CTextLines& lines, const CTextLine& header, CTrackReadResult&
     CCsvColumns columns(kColumnNames, ColumnCount);
     if (!ReadHeader(result, columns, header.text, 0, header.number))
         return;
+    CRowReader rows(result, columns);
     bool firstRow = true;
     CTextLine line;
     std::string_view values[ColumnCount];
@@ -209,8 +259,7 @@ void ReadFlySight1(CTextLines& lines, const CTextLine& header, CTrackReadResult&
             if (values[Time].empty())
                 continue;
         }
-        if (!AddRow(result, columns, line.text, 0, line.number))
-            return;
+        rows.Add(line.text, 0, line.number);
     }
     Finish(result, lines.LastNumber());
 }
@@ -221,6 +270,7 @@ void ReadFlySight2(CTextLines& lines, CTrackReadResult& result)
 {
     result.track.format = "FlySight 2";
     CCsvColumns columns(kColumnNames, ColumnCount);
+    CRowReader rows(result, columns);
     CTextLine line;
     while (lines.Next(line)) {
         const std::string_view text = TrimField(line.text);
@@ -233,16 +283,14 @@ void ReadFlySight2(CTextLines& lines, CTrackReadResult& result)
                 Refuse(result, line.number, {StringTable::IDS_TRACK_GNSS_BEFORE_COLUMNS});
                 return;
             }
-            if (!AddRow(result, columns, text, 1, line.number))
-                return;
+            rows.Add(text, 1, line.number);
         } else if (text.substr(0, 10) == "$COL,GNSS,") {
             if (!ReadHeader(result, columns, text, 2, line.number))
                 return;
         } else if (text.front() != '$') {
             if (!line.terminated)
                 break;
-            Refuse(result, line.number, {StringTable::IDS_TRACK_NOT_A_SENTENCE});
-            return;
+            rows.AddDamaged(line.number, {StringTable::IDS_TRACK_NOT_A_SENTENCE});
         }
     }
     if (!columns.HasHeader()) {

@@ -20,12 +20,23 @@ struct CTrackReadResult
     // The same as a numbered message, for the window to show in the user's language.
     CTrackMessage reason;
     CTrack track;
+    // Damaged data lines that were skipped (a flipped byte on the card): how many, the first
+    // kSkippedLinesKept of their line numbers and why the first was refused.
+    static constexpr std::size_t kSkippedLinesKept = 10;
+    int skippedLines = 0;
+    std::vector<int> skippedAt;
+    CTrackMessage firstSkip;
+    // The data lines looked at (fixes, rows without a 3D fix and damaged lines).
+    int dataLines = 0;
 };
 
 // Reads the track files of the FlySight loggers. Columns are found by their names, so extra
 // columns and another column order are read as well; blank lines, CRLF or LF line ends and a
 // last row cut short by a power loss (dropped) are tolerated. Rows of FlySight 1 without a 3D
-// fix are skipped; a repeated time stamp keeps the first row of it.
+// fix are skipped; a repeated time stamp keeps the first row of it. A damaged data line (a value
+// that is not a number or out of range, too few fields, a time that goes backwards, a line that
+// is no sentence) is skipped and counted; the track is refused when more than one data line in
+// a hundred is damaged.
 //
 // Required columns: time, lat, lon, hMSL (every fix needs them) and velN, velE, velD (exit,
 // opening and landing are told by the speeds; every firmware of both loggers writes them).

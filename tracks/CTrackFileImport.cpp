@@ -1,5 +1,6 @@
 #include "tracks/CTrackFileImport.h"
 
+#include "resources/StringTable.h"
 #include "tracks/CFlySightReader.h"
 
 CTrackFileImport CTrackFileImport::Run(const std::filesystem::path& path, const CTrackImportOptions& options)
@@ -16,6 +17,16 @@ CTrackFileImport CTrackFileImport::Run(const std::filesystem::path& path, const 
     if (!read.ok)
         return refuse(read.reason);
     result.format = read.track.format;
+    result.skippedLines = read.skippedLines;
+    if (read.skippedLines > 0) {
+        std::string where;
+        for (int line : read.skippedAt)
+            where += (where.empty() ? "" : ", ") + std::to_string(line);
+        if (static_cast<std::size_t>(read.skippedLines) > read.skippedAt.size())
+            where += ", ...";
+        result.skipped = {StringTable::IDS_TRACK_SKIPPED_LINES, std::to_string(read.skippedLines), where};
+        result.skippedText = TrackMessageText(result.skipped);
+    }
     result.fixCount = read.track.fixes.size();
     result.detection = DetectJump(read.track.fixes);
     if (!result.detection.ok)

@@ -28,6 +28,11 @@ public:
     std::string format;
     // How many fixes the file held.
     std::size_t fixCount = 0;
+    // Damaged lines the reader skipped (0: none), and the note saying how many and where
+    // ("Damaged lines skipped: 2 (line 57, 1203)."), as a numbered message and in English.
+    int skippedLines = 0;
+    CTrackMessage skipped;
+    std::string skippedText;
     CJumpDetection detection;
     CImportedJump jump;
 };

@@ -9,6 +9,224 @@
     </message>
 </context>
 <context>
+    <name>CDlgCardImport</name>
+    <message>
+        <source>Import tracks</source>
+        <translation>Tracks importieren</translation>
+    </message>
+    <message>
+        <source>%1 %2</source>
+        <translation>%1 %2</translation>
+    </message>
+    <message>
+        <source>exit %1 %2 · freefall %3 · %4</source>
+        <translation>Absprung %1 %2 · Freifall %3 · %4</translation>
+    </message>
+    <message>
+        <source>New jump</source>
+        <translation>Neuer Sprung</translation>
+    </message>
+    <message>
+        <source>Into jump %1 (same day, no recording)</source>
+        <translation>In Sprung %1 (gleicher Tag, ohne Aufzeichnung)</translation>
+    </message>
+    <message>
+        <source>No new jump was found.</source>
+        <translation>Kein neuer Sprung gefunden.</translation>
+    </message>
+    <message>
+        <source>Jumps (%1)</source>
+        <translation>Sprünge (%1)</translation>
+    </message>
+    <message>
+        <source>Skipped (%1)</source>
+        <translation>Übersprungen (%1)</translation>
+    </message>
+    <message>
+        <source>Import</source>
+        <translation>Importieren</translation>
+    </message>
+</context>
+<context>
+    <name>CDlgCsvImport</name>
+    <message>
+        <source>Import CSV - %1</source>
+        <translation>CSV importieren - %1</translation>
+    </message>
+    <message>
+        <source>Preview</source>
+        <translation>Vorschau</translation>
+    </message>
+    <message>
+        <source>Columns</source>
+        <translation>Spalten</translation>
+    </message>
+    <message>
+        <source>Import</source>
+        <translation>Importieren</translation>
+    </message>
+    <message>
+        <source>Please choose</source>
+        <translation>Bitte wählen</translation>
+    </message>
+    <message>
+        <source>Year-month-day (2024-12-31)</source>
+        <translation>Jahr-Monat-Tag (2024-12-31)</translation>
+    </message>
+    <message>
+        <source>Day first (31.12.2024)</source>
+        <translation>Tag zuerst (31.12.2024)</translation>
+    </message>
+    <message>
+        <source>Month first (12/31/2024)</source>
+        <translation>Monat zuerst (12/31/2024)</translation>
+    </message>
+    <message>
+        <source>Metres</source>
+        <translation>Meter</translation>
+    </message>
+    <message>
+        <source>Feet</source>
+        <translation>Fuß</translation>
+    </message>
+    <message>
+        <source>Skip the row</source>
+        <translation>Zeile überspringen</translation>
+    </message>
+    <message>
+        <source>Replace an unsigned jump</source>
+        <translation>Nicht unterschriebenen Sprung ersetzen</translation>
+    </message>
+    <message>
+        <source>Dates</source>
+        <translation>Datumsform</translation>
+    </message>
+    <message>
+        <source>Heights</source>
+        <translation>Höhen</translation>
+    </message>
+    <message>
+        <source>Same number</source>
+        <translation>Gleiche Nummer</translation>
+    </message>
+    <message>
+        <source>Jump number</source>
+        <translation>Sprungnummer</translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation>Datum</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>Uhrzeit</translation>
+    </message>
+    <message>
+        <source>Place</source>
+        <translation>Sprungplatz</translation>
+    </message>
+    <message>
+        <source>Aircraft</source>
+        <translation>Flugzeug</translation>
+    </message>
+    <message>
+        <source>Jump type</source>
+        <translation>Sprungart</translation>
+    </message>
+    <message>
+        <source>Exit height</source>
+        <translation>Absprunghöhe</translation>
+    </message>
+    <message>
+        <source>Opening height</source>
+        <translation>Öffnungshöhe</translation>
+    </message>
+    <message>
+        <source>Freefall time</source>
+        <translation>Freifallzeit</translation>
+    </message>
+    <message>
+        <source>Fall rate</source>
+        <translation>Fallrate</translation>
+    </message>
+    <message>
+        <source>Wind direction</source>
+        <translation>Windrichtung</translation>
+    </message>
+    <message>
+        <source>Wind speed</source>
+        <translation>Windgeschwindigkeit</translation>
+    </message>
+    <message>
+        <source>Equipment</source>
+        <translation>Ausrüstung</translation>
+    </message>
+    <message>
+        <source>Landing</source>
+        <translation>Landung</translation>
+    </message>
+    <message>
+        <source>Team</source>
+        <translation>Team</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>Gruppengröße</translation>
+    </message>
+    <message>
+        <source>Points</source>
+        <translation>Punkte</translation>
+    </message>
+    <message>
+        <source>Malfunction</source>
+        <translation>Störung</translation>
+    </message>
+    <message>
+        <source>Signed by</source>
+        <translation>Unterschrieben von</translation>
+    </message>
+    <message>
+        <source>Note</source>
+        <translation>Notiz</translation>
+    </message>
+    <message>
+        <source>(none)</source>
+        <translation>(keine)</translation>
+    </message>
+    <message>
+        <source>Column %1</source>
+        <translation>Spalte %1</translation>
+    </message>
+    <message>
+        <source>%1 rows: %2 new jumps, %3 replaced, %4 skipped.</source>
+        <translation>%1 Zeilen: %2 neue Sprünge, %3 ersetzt, %4 übersprungen.</translation>
+    </message>
+    <message>
+        <source>Line %1</source>
+        <translation>Zeile %1</translation>
+    </message>
+    <message>
+        <source>Jump %1</source>
+        <translation>Sprung %1</translation>
+    </message>
+    <message>
+        <source>Exit %1 %2</source>
+        <translation>Absprung %1 %2</translation>
+    </message>
+    <message>
+        <source>Freefall %1</source>
+        <translation>Freifall %1</translation>
+    </message>
+    <message>
+        <source>replaces the jump of the logbook</source>
+        <translation>ersetzt den Sprung im Sprungbuch</translation>
+    </message>
+    <message>
+        <source>No row of the file can be imported.</source>
+        <translation>Keine Zeile der Datei kann importiert werden.</translation>
+    </message>
+</context>
+<context>
     <name>CDlgEquipment</name>
     <message>
         <source>Equipment</source>
@@ -611,6 +829,18 @@
         <source>PDF files (*.pdf)</source>
         <translation>PDF-Dateien (*.pdf)</translation>
     </message>
+    <message>
+        <source>Import tracks</source>
+        <translation>Tracks importieren</translation>
+    </message>
+    <message>
+        <source>Import CSV</source>
+        <translation>CSV importieren</translation>
+    </message>
+    <message>
+        <source>Spreadsheets (*.csv *.CSV *.txt *.tsv)</source>
+        <translation>Tabellen (*.csv *.CSV *.txt *.tsv)</translation>
+    </message>
 </context>
 <context>
     <name>CJumpDetailsPane</name>
@@ -875,6 +1105,18 @@
     <message>
         <source>Remove signature...</source>
         <translation>Unterschrift entfernen...</translation>
+    </message>
+    <message>
+        <source>Reading the tracks...</source>
+        <translation>Die Tracks werden gelesen...</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Importing the tracks...</source>
+        <translation>Die Tracks werden importiert...</translation>
     </message>
 </context>
 <context>
@@ -1187,6 +1429,14 @@ Das Sprungbuch für Fallschirmspringer.
     <message>
         <source>Remove signature...</source>
         <translation>Unterschrift entfernen...</translation>
+    </message>
+    <message>
+        <source>Import CSV...</source>
+        <translation>CSV importieren...</translation>
+    </message>
+    <message>
+        <source>Import tracks from a folder...</source>
+        <translation>Tracks aus einem Ordner importieren...</translation>
     </message>
 </context>
 <context>
@@ -1858,6 +2108,136 @@ Das Sprungbuch für Fallschirmspringer.
         <source>Signed, not sealed</source>
         <comment>6102</comment>
         <translation>Unterschrieben, ohne Siegel</translation>
+    </message>
+    <message>
+        <source>%1 of the track&apos;s %2 data lines are damaged, more than one in a hundred; this is the first.</source>
+        <comment>4128</comment>
+        <translation>%1 der %2 Datenzeilen des Tracks sind beschädigt, mehr als eine von hundert; dies ist die erste.</translation>
+    </message>
+    <message>
+        <source>Damaged lines skipped: %1 (line %2).</source>
+        <comment>4129</comment>
+        <translation>Übersprungene beschädigte Zeilen: %1 (Zeile %2).</translation>
+    </message>
+    <message>
+        <source>The file is empty.</source>
+        <comment>4200</comment>
+        <translation>Die Datei ist leer.</translation>
+    </message>
+    <message>
+        <source>The file holds binary data, not a table of text.</source>
+        <comment>4201</comment>
+        <translation>Die Datei enthält Binärdaten, keine Tabelle aus Text.</translation>
+    </message>
+    <message>
+        <source>The file is too large for a table of jumps.</source>
+        <comment>4202</comment>
+        <translation>Die Datei ist zu groß für eine Tabelle von Sprüngen.</translation>
+    </message>
+    <message>
+        <source>a quote is not closed.</source>
+        <comment>4203</comment>
+        <translation>ein Anführungszeichen wird nicht geschlossen.</translation>
+    </message>
+    <message>
+        <source>a cell is longer than 65536 characters.</source>
+        <comment>4204</comment>
+        <translation>eine Zelle ist länger als 65536 Zeichen.</translation>
+    </message>
+    <message>
+        <source>the row has %1 cells where the header has %2.</source>
+        <comment>4205</comment>
+        <translation>die Zeile hat %1 Zellen, die Kopfzeile aber %2.</translation>
+    </message>
+    <message>
+        <source>the jump number %1 is not a whole number above 0.</source>
+        <comment>4206</comment>
+        <translation>die Sprungnummer %1 ist keine ganze Zahl über 0.</translation>
+    </message>
+    <message>
+        <source>the date %1 cannot be read.</source>
+        <comment>4207</comment>
+        <translation>das Datum %1 kann nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>the time %1 cannot be read.</source>
+        <comment>4208</comment>
+        <translation>die Uhrzeit %1 kann nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>the height %1 is not a number from 0 to 15000 m.</source>
+        <comment>4209</comment>
+        <translation>die Höhe %1 ist keine Zahl von 0 bis 15000 m.</translation>
+    </message>
+    <message>
+        <source>the freefall time %1 is neither seconds nor m:ss.</source>
+        <comment>4210</comment>
+        <translation>die Freifallzeit %1 ist weder in Sekunden noch als m:ss angegeben.</translation>
+    </message>
+    <message>
+        <source>the value %2 in the column &quot;%1&quot; is not a number.</source>
+        <comment>4211</comment>
+        <translation>der Wert %2 in der Spalte „%1“ ist keine Zahl.</translation>
+    </message>
+    <message>
+        <source>jump %1 is already in the logbook.</source>
+        <comment>4212</comment>
+        <translation>Sprung %1 ist schon im Sprungbuch.</translation>
+    </message>
+    <message>
+        <source>jump %1 is already in the logbook and signed; it stays as it is.</source>
+        <comment>4213</comment>
+        <translation>Sprung %1 ist schon im Sprungbuch und unterschrieben; er bleibt, wie er ist.</translation>
+    </message>
+    <message>
+        <source>jump %1 comes twice in the file.</source>
+        <comment>4214</comment>
+        <translation>Sprung %1 kommt zweimal in der Datei vor.</translation>
+    </message>
+    <message>
+        <source>No column of the file holds the jumps&apos; dates.</source>
+        <comment>4215</comment>
+        <translation>Keine Spalte der Datei enthält das Datum der Sprünge.</translation>
+    </message>
+    <message>
+        <source>The file&apos;s dates can be read day-first or month-first; please choose which.</source>
+        <comment>4216</comment>
+        <translation>Die Datumsangaben der Datei lassen sich mit dem Tag oder mit dem Monat zuerst lesen; bitte wählen Sie eine Form.</translation>
+    </message>
+    <message>
+        <source>The file&apos;s dates are day-first in some rows and month-first in others; please choose which.</source>
+        <comment>4217</comment>
+        <translation>Die Datumsangaben der Datei stehen in manchen Zeilen mit dem Tag, in anderen mit dem Monat zuerst; bitte wählen Sie eine Form.</translation>
+    </message>
+    <message>
+        <source>the date is missing.</source>
+        <comment>4218</comment>
+        <translation>das Datum fehlt.</translation>
+    </message>
+    <message>
+        <source>the fall rate %1 is none of Standard, Vertical, Custom, Manual and Import.</source>
+        <comment>4219</comment>
+        <translation>die Fallrate %1 ist keine von Standard, Vertical, Custom, Manual und Import.</translation>
+    </message>
+    <message>
+        <source>the jump is already in the logbook as jump %1.</source>
+        <comment>4230</comment>
+        <translation>der Sprung ist schon als Sprung %1 im Sprungbuch.</translation>
+    </message>
+    <message>
+        <source>the jump is the same as the one of %1.</source>
+        <comment>4231</comment>
+        <translation>der Sprung ist derselbe wie der von %1.</translation>
+    </message>
+    <message>
+        <source>Please tick the tracks to import.</source>
+        <comment>4232</comment>
+        <translation>Bitte haken Sie die Tracks an, die importiert werden sollen.</translation>
+    </message>
+    <message>
+        <source>Jump %1 can take only one track.</source>
+        <comment>4233</comment>
+        <translation>Sprung %1 kann nur einen Track aufnehmen.</translation>
     </message>
 </context>
 </TS>

@@ -8,10 +8,13 @@
 #include "tests/tracks/SyntheticTrack.h"
 
 #include "controls/CKqSpinBox.h"
+#include "dialogs/CDlgCardImport.h"
+#include "dialogs/CDlgCsvImport.h"
 #include "dialogs/CDlgJump.h"
 #include "translations/CTranslations.h"
 
 #include <QAction>
+#include <QCheckBox>
 #include <QComboBox>
 #include <QMenu>
 #include <QtTest>
@@ -83,15 +86,18 @@ private slots:
     }
 
     // The reader's refusal in the user's language; the file's name, the line and the file's own
-    // words stay as they are.
+    // numbers stay as they are. One damaged line of two is more than a damaged file may have.
     void badTrackIsRefusedWithItsLine()
     {
         const QByteArray badHeight = "time,lat,lon,hMSL,velN,velE,velD\r\n,(deg),(deg),(m),(m/s),(m/s),(m/s)\r\n"
                                      "2021-04-20T04:20:00.00Z,61.5,24.0,abc,0,0,0\r\n"
                                      "2021-04-20T04:20:00.20Z,61.5,24.0,100,0,0,0\r\n";
         using Row = std::tuple<QByteArray, QString>; // the file, the error
-        const Row rows[] = {{badHeight, "notes.csv: Zeile 3: der Wert \"abc\" in der Spalte hMSL ist keine Zahl."},
-                            {QByteArray(), "notes.csv: Die Datei ist leer."}};
+        const Row rows[] = {
+            {badHeight,
+             "notes.csv: Zeile 3: 1 der 2 Datenzeilen des Tracks sind beschädigt, mehr als eine von hundert; "
+             "dies ist die erste."},
+            {QByteArray(), "notes.csv: Die Datei ist leer."}};
         for (const auto& [content, error] : rows) {
             const CRow trace{error};
             // The program takes its language from the default locale when it starts.
@@ -135,6 +141,59 @@ private slots:
         QCOMPARE(target->GetFallrateKind(), int(Import));
         QVERIFY(target->GetRecording().IsPresent());
         QCOMPARE(target->GetTimestamp().dateTime.Month(), 4); // the track's exit time
+    }
+
+    // A spreadsheet's readable rows join on Import, the unreadable one is skipped; Cancel and a
+    // file that is no table change nothing.
+    void spreadsheetJoinsOnImportOnly()
+    {
+        const QByteArray csv = "No.;Date;DZ;Exit [ft]\r\n10;2024-05-17;Eloy;13000\r\n11;2024-05-18;Eloy;x\r\n";
+        using Row = std::tuple<QByteArray, bool, int>; // the file, Import, jumps after
+        for (const auto& [content, ok, jumps] : {Row{csv, false, 2}, Row{csv, true, 3}, Row{"\x01\x02\0", true, 2}}) {
+            const CRow trace{QString::number(jumps) + (ok ? " Import" : " Cancel")};
+            CAppHarness harness;
+            harness.StartWith(Logbook());
+            harness.View()->OnViewJumpList();
+            harness.files.csvAnswers = {harness.WriteFile("old.csv", content)};
+            if (ok)
+                harness.dialogs.steps.append(CScriptedDialogs::Ok<CDlgCsvImport>([](CDlgCsvImport&) {}));
+            harness.Frame()->findChild<QAction*>("fileImportCsvAction")->trigger();
+            const bool table = content == csv;
+            QCOMPARE(harness.dialogs.ran, table ? QStringList{QStringLiteral("dlgCsvImport")} : QStringList());
+            QCOMPARE(harness.messages.Texts(CRecordingMessages::Kind::Error).size(), table ? 0 : 1);
+            QCOMPARE(int(harness.Doc().GetJumpCount()), jumps);
+            QCOMPARE(harness.View()->GetList()->RowCount(), jumps);
+            QCOMPARE(harness.Doc().IsModified(), jumps == 3);
+            if (jumps == 3) {
+                QCOMPARE(harness.Doc().GetLastJump()->GetNumber(), 10);
+                QCOMPARE(harness.Doc().GetLastJump()->GetExitHeight(), 3962);
+            }
+        }
+    }
+
+    // A folder of tracks: the new jump is listed and imported; the same folder again offers
+    // nothing new.
+    void cardFolderBringsItsNewJumps()
+    {
+        CAppHarness harness;
+        harness.StartWith(Logbook());
+        WriteTrack(harness);
+        harness.WriteFile("21-04-20/CAR.CSV",
+                          QByteArray::fromStdString(WriteFlySight1(MakeCarRide(2), FlySight1Columns(), "\r\n")));
+        int listed = -1;
+        harness.dialogs.steps.append(CScriptedDialogs::Ok<CDlgCardImport>(
+            [&listed](CDlgCardImport& dialog) { listed = dialog.findChildren<QCheckBox*>().size(); }));
+        harness.files.folderAnswers = {harness.Path(QString()), harness.Path(QString())};
+        QAction* action = harness.Frame()->findChild<QAction*>("jumpImportCardAction");
+        action->trigger();
+        QCOMPARE(listed, 1);
+        QCOMPARE(int(harness.Doc().GetJumpCount()), 3);
+        QVERIFY(harness.Doc().GetLastJump()->GetRecording().IsPresent());
+        harness.dialogs.steps.append(CScriptedDialogs::Ok<CDlgCardImport>(
+            [&listed](CDlgCardImport& dialog) { listed = dialog.findChildren<QCheckBox*>().size(); }));
+        action->trigger();
+        QCOMPARE(listed, 0);
+        QCOMPARE(int(harness.Doc().GetJumpCount()), 3);
     }
 };
 

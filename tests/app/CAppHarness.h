@@ -35,8 +35,10 @@ public:
     QString ChooseTrack(const QString& startPath) override { return Take(trackAnswers, startPath); }
     QString ChooseExport(const QString& startPath) override { return Take(exportAnswers, startPath); }
     QString ChoosePdf(const QString& startPath) override { return Take(pdfAnswers, startPath); }
+    QString ChooseCsv(const QString& startPath) override { return Take(csvAnswers, startPath); }
+    QString ChooseTrackFolder(const QString& startPath) override { return Take(folderAnswers, startPath); }
 
-    QStringList openAnswers, saveAnswers, trackAnswers, exportAnswers, pdfAnswers;
+    QStringList openAnswers, saveAnswers, trackAnswers, exportAnswers, pdfAnswers, csvAnswers, folderAnswers;
     QStringList asked;
 
 private:

@@ -18,6 +18,7 @@ TEST_F(CommandLine, EachCommandShowsItsUsageAndDetails)
                  {"export", {"--format <json|csv|gpx>", "RFC 4180", "GPX", "[QUERY...]"}},
                  {"list", {"[QUERY...]", "--sort <COLUMN>", "date:2024-05", "Examples"}},
                  {"import", {"LOGBOOK", "TRACK", "SENSOR.CSV"}},
+                 {"import-csv", {"--map <FIELD=COLUMN>", "--dates <dmy|mdy|iso>", "--dry-run", "Bemerkung"}},
                  {"convert", {"IN", "OUT", "bak"}},
                  {"generate", {"--jumps <N>", "--seed <K>"}},
                  {"stats", {"--as-of <YYYY-MM-DD>", "--format <text|json>", "perMonth"}},

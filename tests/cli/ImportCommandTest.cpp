@@ -43,9 +43,14 @@ protected:
 
 TEST_F(ImportCommand, LogsTheTrackAsANewJumpOrIntoAJumpWithoutRecording)
 {
-    // A FlySight 1 file as a new jump at every fix, a FlySight 2 session folder (lower-case
-    // names) into jump 499 thinned to one sample a second.
-    const std::string fs1 = Write("10-20-30.CSV", WriteFlySight1(m_track, FlySight1Columns(), "\r\n"));
+    // A FlySight 1 file with a damaged line 103 as a new jump at every fix, a FlySight 2 session
+    // folder (lower-case names) into jump 499 thinned to one sample a second.
+    std::string fs1Text = WriteFlySight1(m_track, FlySight1Columns(), "\r\n");
+    std::size_t line103 = 0;
+    for (int line = 1; line < 103; ++line)
+        line103 = fs1Text.find('\n', line103) + 1;
+    fs1Text.insert(line103, "2024-04-20T04:0?:00.00Z,61.5\r\n");
+    const std::string fs1 = Write("10-20-30.CSV", fs1Text);
     std::filesystem::create_directory(m_dir / "session");
     std::vector<CBaroReading> baro;
     const std::string fs2 = Write("session/track.csv", WriteFlySight2(m_track));
@@ -65,6 +70,8 @@ TEST_F(ImportCommand, LogsTheTrackAsANewJumpOrIntoAJumpWithoutRecording)
         ASSERT_EQ(result.exitCode, 0) << result.err;
         EXPECT_NE(result.out.find("Jump: " + std::to_string(c.number) + "\n"), std::string::npos) << result.out;
         EXPECT_NE(result.out.find("Freefall: "), std::string::npos);
+        EXPECT_EQ(result.out.find("Damaged lines skipped: 1 (line 103).") != std::string::npos, c.track == fs1)
+            << result.out;
 
         const QJsonObject jump = ExportedJump(c.number);
         EXPECT_EQ(jump["fallrate"].toString(), "Import");
@@ -155,6 +162,40 @@ TEST_F(ImportCommand, LeavesALogbookThatAWindowHoldsUnlessForced)
     }
     // The window's lock is still there for the window.
     EXPECT_TRUE(std::filesystem::exists(CLogbookLock::LockPathOf(m_logbook)));
+}
+
+} // namespace
+
+namespace {
+
+// A card: a FlySight 1 jump, a FlySight 2 session a day later and a car ride. The new jumps come
+// in in the order of their exits; imported again, the card brings nothing new.
+TEST_F(ImportCommand, ImportsEveryNewJumpOfACardFolder)
+{
+    CTrack later = m_track;
+    for (CTrackFix& fix : later.fixes)
+        fix.time += 86400;
+    std::filesystem::create_directories(m_dir.Path() / "card" / "24-04-21" / "FS2");
+    std::filesystem::create_directories(m_dir.Path() / "card" / "24-04-20");
+    Write("card/24-04-21/FS2/TRACK.CSV", WriteFlySight2(later));
+    Write("card/24-04-20/10-20-30.CSV", WriteFlySight1(m_track, FlySight1Columns(), "\r\n"));
+    Write("card/24-04-20/11-00-00.CSV", WriteFlySight1(MakeCarRide(5), FlySight1Columns(), "\r\n"));
+    const std::string card = m_dir / "card";
+
+    const CToolResult first = Import(card);
+    ASSERT_EQ(first.exitCode, 0) << first.err;
+    EXPECT_NE(first.out.find("Jump 501: 24-04-20/10-20-30.CSV, exit 2024-04-20"), std::string::npos) << first.out;
+    EXPECT_NE(first.out.find("Jump 502: 24-04-21/FS2/TRACK.CSV, exit 2024-04-21"), std::string::npos) << first.out;
+    EXPECT_NE(first.out.find("Skipped 24-04-20/11-00-00.CSV: No freefall found"), std::string::npos) << first.out;
+    EXPECT_NE(first.out.find("Tracks: 3 found, 2 imported, 1 skipped"), std::string::npos) << first.out;
+
+    const std::string saved = ReadBytes(m_logbook);
+    const CToolResult again = Import(card);
+    EXPECT_EQ(again.exitCode, 0) << again.err;
+    EXPECT_NE(again.out.find("already in the logbook as jump 502"), std::string::npos) << again.out;
+    EXPECT_NE(again.out.find("Tracks: 3 found, 0 imported, 3 skipped"), std::string::npos) << again.out;
+    EXPECT_EQ(ReadBytes(m_logbook), saved);
+    EXPECT_EQ(Import(card, {"--jump", "499"}).exitCode, 1);
 }
 
 } // namespace

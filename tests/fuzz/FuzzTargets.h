@@ -19,6 +19,12 @@ std::string FuzzDocumentLoad(const std::uint8_t* data, std::size_t size);
 std::string FuzzXmlValues(const std::uint8_t* data, std::size_t size);
 // The search language: a query or a message for every input, and consistent matches.
 std::string FuzzQuery(const std::uint8_t* data, std::size_t size);
+// The FlySight track reader (both generations) and the sensor reader: a track or a refusal with
+// its message, fixes in rising time order, the damaged lines counted within the file's lines.
+std::string FuzzFlySight(const std::uint8_t* data, std::size_t size);
+// The spreadsheet reader and the jump import on a fresh logbook: rows numbered by rising lines,
+// every row taken or refused with a reason, the logbook taking every planned jump.
+std::string FuzzCsvJumps(const std::uint8_t* data, std::size_t size);
 
 // One fuzz target by name, as the scripts and the folders of checked-in inputs name them.
 struct FuzzTarget
@@ -27,8 +33,6 @@ struct FuzzTarget
     std::string (*body)(const std::uint8_t*, std::size_t);
 };
 inline constexpr FuzzTarget kFuzzTargets[] = {
-    {"xml_parser", &FuzzXmlParser},
-    {"document_load", &FuzzDocumentLoad},
-    {"xml_values", &FuzzXmlValues},
-    {"query", &FuzzQuery},
+    {"xml_parser", &FuzzXmlParser}, {"document_load", &FuzzDocumentLoad}, {"xml_values", &FuzzXmlValues},
+    {"query", &FuzzQuery},          {"flysight_track", &FuzzFlySight},    {"csv_jumps", &FuzzCsvJumps},
 };

@@ -108,6 +108,8 @@ TEST(FlySightReader, RefusalsNameTheLine)
         std::string text;
         int line;
         const char* says;
+        // A damaged line in a short track: more than one in a hundred, the first one says why.
+        bool damaged = false;
     } cases[] = {
         {"empty", "\r\n\r\n", 0, "The file is empty"},
         {"only headers", Fs1(Fixes(0)), 2, "without a single usable position fix"},
@@ -115,15 +117,16 @@ TEST(FlySightReader, RefusalsNameTheLine)
         {"binary", std::string("\x89PNG\r\n\x1a\n\0\0\0\rIHDR", 16), 2, "binary data"},
         {"no header", Fs1(Fixes(5)).substr(Fs1(Fixes(0)).size()), 1, "no column names"},
         {"missing velD", "time,lat,lon,hMSL,velN,velE\r\n", 1, "\"velD\" is missing"},
-        {"time backwards", fs1With([](CTrack& t) { t.fixes[10].time -= 5; }), 13, "the time goes backwards"},
-        {"height", fs1With([](CTrack& t) { t.fixes[20].hMSL = 20000; }), 23, "height 20000.000 is outside"},
-        {"latitude", fs1With([](CTrack& t) { t.fixes[5].lat = 95; }), 8, "latitude 95.0000000 is outside"},
-        {"not a number", fs1With([](CTrack& t) { t.fixes[7].velD = NAN; }), 10, "velD value \"nan\" is not a number"},
-        {"short row", Fs1(Fixes(3)) + "2024-04-20T04:00:09.00Z,61.5\r\n", 6, "the row has 2 fields"},
+        {"time backwards", fs1With([](CTrack& t) { t.fixes[10].time -= 5; }), 13, "the time goes backwards", true},
+        {"height", fs1With([](CTrack& t) { t.fixes[20].hMSL = 20000; }), 23, "height 20000.000 is outside", true},
+        {"latitude", fs1With([](CTrack& t) { t.fixes[5].lat = 95; }), 8, "latitude 95.0000000 is outside", true},
+        {"not a number", fs1With([](CTrack& t) { t.fixes[7].velD = NAN; }), 10, "velD value \"nan\" is not a number",
+         true},
+        {"short row", Fs1(Fixes(3)) + "2024-04-20T04:00:09.00Z,61.5\r\n", 6, "the row has 2 fields", true},
         {"FlySight 2 speed",
          WriteFlySight2(Fixes(9)).insert(fs2.find("$GNSS"),
                                          "$GNSS,2024-04-20T04:00:00.100Z,61.5,24,100,0,0,200,1,1,0.3,9\r\n"),
-         8, "vertical speed 200 is outside"},
+         8, "vertical speed 200 is outside", true},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.name);
@@ -131,11 +134,73 @@ TEST(FlySightReader, RefusalsNameTheLine)
         EXPECT_FALSE(read.ok);
         EXPECT_TRUE(read.track.fixes.empty());
         EXPECT_EQ(read.line, c.line);
-        EXPECT_NE(read.message.find(c.says), std::string::npos) << read.message;
+        const std::string why = c.damaged ? TrackMessageText(read.firstSkip) : read.message;
+        EXPECT_NE(why.find(c.says), std::string::npos) << why;
+        if (c.damaged) {
+            EXPECT_NE(read.message.find("data lines are damaged"), std::string::npos) << read.message;
+            EXPECT_EQ(read.firstSkip.line, c.line);
+        }
         if (c.line > 0) {
             EXPECT_EQ(read.message.rfind("Line " + std::to_string(c.line) + ": ", 0), 0u) << read.message;
         }
     }
+}
+
+// The text with the character at column of the given 1-based line replaced.
+std::string Damage(std::string text, int line, std::size_t column, char replacement)
+{
+    std::size_t start = 0;
+    for (int i = 1; i < line; ++i)
+        start = text.find('\n', start) + 1;
+    text[start + column] = replacement;
+    return text;
+}
+
+TEST(FlySightReader, DamagedLinesAreSkippedUpToOneInAHundred)
+{
+    // 3000 rows: FlySight 1 row i on line i + 3, so lines 3 to 3002; FlySight 2 row i on line i + 8.
+    const CTrack track = Fixes(3000);
+    const std::string fs1 = Fs1(track);
+    const std::string fs2 = WriteFlySight2(track);
+    std::string many = fs1;
+    for (int i = 0; i < 31; ++i)
+        many = Damage(many, 100 + 50 * i, 25, 'x');
+    const struct
+    {
+        const char* name;
+        std::string text;
+        std::vector<int> skippedAt;
+        bool ok;
+    } cases[] = {
+        {"year flipped forwards", Damage(fs1, 503, 3, '5'), {503}, true},
+        {"minute flipped backwards", Damage(fs1, 1603, 15, '0'), {1603}, true},
+        {"time no longer a time", Damage(fs1, 703, 10, ':'), {703}, true},
+        {"comma lost", Damage(Damage(fs1, 803, 23, ';'), 2003, 23, ';'), {803, 2003}, true},
+        {"control byte", Damage(fs1, 2503, 30, '\x01'), {2503}, true},
+        {"31 in 3000", many, {}, false},
+        {"FlySight 2 line lost its $", Damage(fs2, 908, 0, 'G'), {908}, true},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        const CTrackReadResult read = CFlySightReader::ReadText(c.text);
+        EXPECT_EQ(read.ok, c.ok) << read.message;
+        if (!c.ok) {
+            EXPECT_EQ(read.skippedLines, 31);
+            EXPECT_EQ(read.line, 100);
+            EXPECT_NE(read.message.find("31 of the track's 3000 data lines"), std::string::npos) << read.message;
+            continue;
+        }
+        EXPECT_EQ(read.skippedAt, c.skippedAt);
+        EXPECT_EQ(read.track.fixes.size(), track.fixes.size() - c.skippedAt.size());
+    }
+    // Exactly one in a hundred is still taken.
+    std::string thirty = fs1;
+    for (int i = 0; i < 30; ++i)
+        thirty = Damage(thirty, 100 + 50 * i, 25, 'x');
+    const CTrackReadResult read = CFlySightReader::ReadText(thirty);
+    EXPECT_TRUE(read.ok) << read.message;
+    EXPECT_EQ(read.skippedLines, 30);
+    EXPECT_EQ(read.skippedAt.size(), CTrackReadResult::kSkippedLinesKept);
 }
 
 TEST(FlySightReader, SensorBarometerIsPlacedInUtcThroughItsTimeRows)
