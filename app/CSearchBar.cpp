@@ -43,7 +43,7 @@ constexpr TermText kTermTexts[] = {
     {"exit:", QT_TRANSLATE_NOOP("CSearchBar", "exit height in the display units")},
     {"open:", QT_TRANSLATE_NOOP("CSearchBar", "opening height in the display units")},
     {"ff:", QT_TRANSLATE_NOOP("CSearchBar", "freefall seconds (or M:SS)")},
-    {"signed:", QT_TRANSLATE_NOOP("CSearchBar", "signed or not: yes, no")},
+    {"signed:", QT_TRANSLATE_NOOP("CSearchBar", "signed or not, and the seal: yes, no, sealed, changed, unsealed")},
     {"has:", QT_TRANSLATE_NOOP("CSearchBar", "recording, note, picture, video, wind, malfunction")},
 };
 

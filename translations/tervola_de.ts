@@ -1570,8 +1570,8 @@ Das Sprungbuch für Fallschirmspringer.
         <translation>Freifall in Sekunden (oder M:SS)</translation>
     </message>
     <message>
-        <source>signed or not: yes, no</source>
-        <translation>unterschrieben oder nicht: yes, no</translation>
+        <source>signed or not, and the seal: yes, no, sealed, changed, unsealed</source>
+        <translation>unterschrieben oder nicht, und das Siegel: yes, no, sealed, changed, unsealed</translation>
     </message>
     <message>
         <source>recording, note, picture, video, wind, malfunction</source>
