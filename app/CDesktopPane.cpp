@@ -1,11 +1,13 @@
 #include "app/CDesktopPane.h"
 
+#include "app/CDateText.h"
 #include "app/CJumpDetailsPane.h"
 #include "app/CJumpTableModel.h"
 #include "app/CLicenceStatusPane.h"
 #include "app/CSearchBar.h"
 #include "app/CSummaryPane.h"
 #include "units/ISettingsStore.h"
+#include "xml/CDateTime.h"
 
 #include <QEvent>
 #include <QHeaderView>
@@ -82,6 +84,10 @@ CDesktopPane::CDesktopPane(CJumpTableModel* model, const CUnitSettings& units, I
         const int title = metrics.horizontalAdvance(model->headerData(column, Qt::Horizontal).toString()) + 2 * em;
         m_table->setColumnWidth(column, std::max(widths[column] * em, title));
     }
+    // The date column takes a wide date of the user's short form whole ("28 Sep 2025").
+    const int date = metrics.horizontalAdvance(CDateText::ShortDate(CDateTime(2028, 9, 28, 0, 0, 0))) + em;
+    m_table->setColumnWidth(CJumpTableModel::DateColumn,
+                            std::max(m_table->columnWidth(CJumpTableModel::DateColumn), date));
     for (int column : {CJumpTableModel::LandingColumn, CJumpTableModel::TeamColumn, CJumpTableModel::MalfunctionColumn,
                        CJumpTableModel::FallrateColumn})
         m_table->setColumnHidden(column, true);
