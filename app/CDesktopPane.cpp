@@ -11,10 +11,12 @@
 
 #include <QEvent>
 #include <QHeaderView>
+#include <QLineEdit>
 #include <QMenu>
 #include <QScrollArea>
 #include <QSplitter>
 #include <QTableView>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 #include <algorithm>

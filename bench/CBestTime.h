@@ -1,5 +1,7 @@
 #pragma once
 
+#include "BenchClock.h"
+
 #include <algorithm>
 #include <chrono>
 #include <ctime>
@@ -31,12 +33,7 @@ public:
     double Cpu() const { return m_cpu; }
 
 private:
-    static double ProcessSeconds()
-    {
-        timespec now{};
-        clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &now);
-        return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) * 1e-9;
-    }
+    static double ProcessSeconds() { return BenchClock::CpuSeconds(); }
 
     double m_wall = 0;
     double m_cpu = 0;

@@ -4,6 +4,7 @@
 // added through the document. Median of several runs in milliseconds, wall clock and processor
 // time. Target: at most 1 s for the 10,000 rows.
 
+#include "bench/BenchClock.h"
 #include "cli/generator/CLogbookGenerator.h"
 #include "document/CLogbookDoc.h"
 #include "formats/CCsvExporter.h"
@@ -19,19 +20,8 @@
 
 namespace {
 
-double CpuSeconds()
-{
-    timespec now{};
-    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &now);
-    return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) * 1e-9;
-}
-
-double Median(std::vector<double> values)
-{
-    std::sort(values.begin(), values.end());
-    const std::size_t n = values.size();
-    return n % 2 ? values[n / 2] : (values[n / 2 - 1] + values[n / 2]) / 2;
-}
+using BenchClock::CpuSeconds;
+using BenchClock::Median;
 
 } // namespace
 

@@ -174,10 +174,15 @@ int main(int argc, char** argv)
 
     // An edit's OK, sorted by place so that the changed jump also moves in the table.
     table->sortByColumn(CJumpTableModel::PlaceColumn, Qt::AscendingOrder);
-    // A jump from the middle that the editor changes: not signed (a signed jump is only viewed)
-    // and with a number it accepts (numbers end at 99,999).
+    // A jump from the middle that the editor changes: not signed (a signed jump is only viewed),
+    // with a number it accepts (numbers end at 99,999) and a date its date field can show (the
+    // generated logbook's first jumps go back to before 1900, the field's "no date").
+    const auto editable = [&](int r) {
+        const CJump* jump = model->JumpAt(r);
+        return jump->GetNumber() <= 99999 && !jump->IsSigned() && jump->GetTimestamp().dateTime.Year() >= 1900;
+    };
     int row = model->rowCount() / 2;
-    while (row + 1 < model->rowCount() && (model->JumpAt(row)->GetNumber() > 99999 || model->JumpAt(row)->IsSigned()))
+    while (row + 1 < model->rowCount() && !editable(row))
         ++row;
     const CJump* edited = model->JumpAt(row);
     for (int run = 0; run < repeats; ++run) {

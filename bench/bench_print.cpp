@@ -4,6 +4,7 @@
 // pages, and the process's peak resident memory (everything: Qt, fonts, the logbook and the
 // runs). Targets: at most 5 s and at most 100 MB.
 
+#include "bench/BenchClock.h"
 #include "cli/generator/CLogbookGenerator.h"
 #include "document/CLogbookDoc.h"
 #include "qtformats/CLogbookPageRenderer.h"
@@ -25,19 +26,8 @@
 
 namespace {
 
-double CpuSeconds()
-{
-    timespec now{};
-    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &now);
-    return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) * 1e-9;
-}
-
-double Median(std::vector<double> values)
-{
-    std::sort(values.begin(), values.end());
-    const std::size_t n = values.size();
-    return n % 2 ? values[n / 2] : (values[n / 2 - 1] + values[n / 2]) / 2;
-}
+using BenchClock::CpuSeconds;
+using BenchClock::Median;
 
 // The process's peak resident memory in megabytes (getrusage's maximum resident set).
 double PeakMegabytes()

@@ -6,6 +6,7 @@
 // waited for a processor (both are printed). The last column is the licence progress and
 // currency alone, as the home page works them out after every change.
 
+#include "bench/BenchClock.h"
 #include "cli/generator/CLogbookGenerator.h"
 #include "document/CLogbookDoc.h"
 #include "stats/CLicenceRules.h"
@@ -20,19 +21,8 @@
 
 namespace {
 
-double CpuSeconds()
-{
-    timespec now{};
-    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &now);
-    return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) * 1e-9;
-}
-
-double Median(std::vector<double> values)
-{
-    std::sort(values.begin(), values.end());
-    const std::size_t n = values.size();
-    return n % 2 ? values[n / 2] : (values[n / 2 - 1] + values[n / 2]) / 2;
-}
+using BenchClock::CpuSeconds;
+using BenchClock::Median;
 
 } // namespace
 

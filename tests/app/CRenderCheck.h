@@ -4,11 +4,13 @@
 
 #include <QAbstractButton>
 #include <QAbstractScrollArea>
+#include <QCoreApplication>
 #include <QDir>
 #include <QLabel>
 #include <QLocale>
 #include <QScrollBar>
 #include <QStringList>
+#include <QTabWidget>
 #include <QWidget>
 
 // Looks at a rendered window as a person would: texts cut short, parts outside their window or
@@ -91,6 +93,26 @@ inline QStringList ScrollsSideways(QWidget* root)
             area->horizontalScrollBar()->maximum() > 0)
             wide.append(area->objectName());
     return wide;
+}
+
+// Shows each page of tabs at every size of kSizes, saves a picture of each ("NAME_PAGE_WxH.png")
+// and returns what is clipped or scrolls sideways, each problem led by its picture's name.
+inline QStringList EveryPageAtEverySize(QWidget& dialog, QTabWidget& tabs, const QString& name)
+{
+    QStringList problems;
+    for (const QSize& size : kSizes) {
+        dialog.resize(size);
+        for (int page = 0; page < tabs.count(); ++page) {
+            tabs.setCurrentIndex(page);
+            QCoreApplication::processEvents();
+            const QString file = QStringLiteral("%1_%2_%3x%4.png").arg(name).arg(page).arg(size.width()).arg(size.height());
+            if (!Save(&dialog, file))
+                problems << file + QStringLiteral(": not saved");
+            for (const QString& problem : Clipped(&dialog) + ScrollsSideways(tabs.currentWidget()))
+                problems << file + QStringLiteral(": ") + problem;
+        }
+    }
+    return problems;
 }
 
 } // namespace RenderCheck

@@ -113,19 +113,8 @@ private slots:
         dialog.DatesCombo()->setCurrentIndex(2);
         dialog.show();
         QVERIFY(QTest::qWaitForWindowExposed(&dialog));
-        for (const QSize& size : RenderCheck::kSizes) {
-            dialog.resize(size);
-            for (int page = 0; page < 2; ++page) {
-                dialog.Tabs()->setCurrentIndex(page);
-                QCoreApplication::processEvents();
-                const QString file =
-                    QStringLiteral("csv_import_%1_%2x%3.png").arg(page).arg(size.width()).arg(size.height());
-                const QStringList problems =
-                    RenderCheck::Clipped(&dialog) + RenderCheck::ScrollsSideways(dialog.Tabs()->currentWidget());
-                QVERIFY(RenderCheck::Save(&dialog, file));
-                QVERIFY2(problems.isEmpty(), qPrintable(file + ": " + problems.join(QStringLiteral("; "))));
-            }
-        }
+        const QStringList problems = RenderCheck::EveryPageAtEverySize(dialog, *dialog.Tabs(), QStringLiteral("csv_import"));
+        QVERIFY2(problems.isEmpty(), qPrintable(problems.join(QLatin1Char('\n'))));
     }
 };
 
