@@ -15,11 +15,13 @@
 #include "stats/CLicenceRules.h"
 
 #include <QAction>
+#include <QLineEdit>
 #include <QPainter>
 #include <QResizeEvent>
 #include <QShortcut>
 #include <QStyle>
 #include <QTableView>
+#include <QToolButton>
 
 #include <algorithm>
 

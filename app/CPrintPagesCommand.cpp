@@ -10,6 +10,7 @@
 #include "qtformats/CLogbookPageRenderer.h"
 #include "qtformats/CLogbookPdf.h"
 
+#include <QDir>
 #include <QFileInfo>
 #include <QLocale>
 #include <QPainter>

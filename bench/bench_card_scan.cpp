@@ -4,8 +4,8 @@
 // as "Import tracks..." and "tervola import LOGBOOK FOLDER" do before showing the list. Median
 // of several runs in milliseconds, wall clock and processor time. Target: at most 10 s.
 
-#include "bench/BenchClock.h"
 #include "SyntheticTrack.h"
+#include "bench/BenchClock.h"
 #include "tests/common/CScratchFolder.h"
 #include "tracks/CTrackCardScan.h"
 

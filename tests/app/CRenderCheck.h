@@ -105,7 +105,8 @@ inline QStringList EveryPageAtEverySize(QWidget& dialog, QTabWidget& tabs, const
         for (int page = 0; page < tabs.count(); ++page) {
             tabs.setCurrentIndex(page);
             QCoreApplication::processEvents();
-            const QString file = QStringLiteral("%1_%2_%3x%4.png").arg(name).arg(page).arg(size.width()).arg(size.height());
+            const QString file =
+                QStringLiteral("%1_%2_%3x%4.png").arg(name).arg(page).arg(size.width()).arg(size.height());
             if (!Save(&dialog, file))
                 problems << file + QStringLiteral(": not saved");
             for (const QString& problem : Clipped(&dialog) + ScrollsSideways(tabs.currentWidget()))

@@ -134,7 +134,8 @@ private slots:
         CDlgCardImport dialog(edit, Skipped(), m_units, &m_messages);
         dialog.show();
         QVERIFY(QTest::qWaitForWindowExposed(&dialog));
-        const QStringList problems = RenderCheck::EveryPageAtEverySize(dialog, *dialog.Tabs(), QStringLiteral("card_import"));
+        const QStringList problems =
+            RenderCheck::EveryPageAtEverySize(dialog, *dialog.Tabs(), QStringLiteral("card_import"));
         QVERIFY2(problems.isEmpty(), qPrintable(problems.join(QLatin1Char('\n'))));
     }
 };

@@ -113,7 +113,8 @@ private slots:
         dialog.DatesCombo()->setCurrentIndex(2);
         dialog.show();
         QVERIFY(QTest::qWaitForWindowExposed(&dialog));
-        const QStringList problems = RenderCheck::EveryPageAtEverySize(dialog, *dialog.Tabs(), QStringLiteral("csv_import"));
+        const QStringList problems =
+            RenderCheck::EveryPageAtEverySize(dialog, *dialog.Tabs(), QStringLiteral("csv_import"));
         QVERIFY2(problems.isEmpty(), qPrintable(problems.join(QLatin1Char('\n'))));
     }
 };
