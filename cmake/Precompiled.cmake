@@ -4,13 +4,14 @@
 # target, and the targets of the group reuse the host's header (REUSE_FROM), so a test program
 # of one source file does not pay for a header of its own.
 #
-# Only with GCC: it checks a precompiled header against the compile and quietly reads the plain
-# headers when they do not match, so a target that differs in a definition still builds. Clang
-# refuses such a mismatch instead, and the clang builds (fuzzing) build the small core only.
+# GCC checks a precompiled header against each compile and quietly reads the plain headers when
+# they do not match. Clang refuses a header built with other language or code options, so every
+# flag a target adds of its own (the core's optimisation in a sanitizer build, say) is given to
+# its group's host too; definitions a target adds beyond the host's are accepted by both.
 option(TERVOLA_PCH "Precompile the headers every source of a group reads" ON)
 
 set(_tervola_pch_enabled OFF)
-if(TERVOLA_PCH AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+if(TERVOLA_PCH AND CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
   set(_tervola_pch_enabled ON)
 endif()
 

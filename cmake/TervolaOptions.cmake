@@ -11,6 +11,14 @@ if(TERVOLA_CCACHE AND TERVOLA_CCACHE_PROGRAM AND NOT CMAKE_CXX_COMPILER_LAUNCHER
   set(CMAKE_CXX_COMPILER_LAUNCHER ${launcher})
 endif()
 
+# LLVM's linker, when installed, links the many test programs (each holds the whole window)
+# several times faster than the system's. TERVOLA_LLD=OFF keeps the system's linker.
+option(TERVOLA_LLD "Link with ld.lld when it is installed" ON)
+find_program(TERVOLA_LLD_PROGRAM ld.lld)
+if(TERVOLA_LLD AND TERVOLA_LLD_PROGRAM AND CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
+  add_link_options(-fuse-ld=lld)
+endif()
+
 # Compile options shared by every target of the project, core and UI alike.
 add_library(tervola_options INTERFACE)
 target_compile_features(tervola_options INTERFACE cxx_std_20)

@@ -8,7 +8,7 @@ packages=(
   zlib1g-dev libssl-dev libgtest-dev libexpat1-dev
   qt6-base-dev qt6-base-dev-tools qt6-svg-dev libgl-dev
   qt6-l10n-tools qt6-tools-dev qt6-tools-dev-tools qt6-translations-l10n
-  clang clang-format libclang-rt-14-dev
+  clang clang-format libclang-rt-14-dev lld
   fonts-dejavu-core
   desktop-file-utils appstream shared-mime-info libxml2-utils dpkg-dev groff-base
   poppler-utils
