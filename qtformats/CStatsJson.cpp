@@ -1,4 +1,4 @@
-#include "cli/CStatsJson.h"
+#include "qtformats/CStatsJson.h"
 
 #include "stats/CLicenceRules.h"
 #include "stats/CLogbookStats.h"
