@@ -354,12 +354,10 @@ void CRecordingPlot::PaintGroundScale(QPainter& painter, double metresPerPixel) 
     const double perUnit = m_units.HeightToDisplay(1.0);
     const double wanted = m_groundArea.width() / 4 * metresPerPixel * perUnit;
     const double length = CPlotAxis::NiceStep(wanted, 1);
-    const bool metric = m_units.IsMetric();
-    const double bigUnit = metric ? 1000.0 : 5280.0;
+    const double bigUnit = m_units.HeightUnitsPerLongDistance();
     QString label;
     if (length >= bigUnit / 2 && std::fmod(length, bigUnit / 2) == 0.0)
-        label = QStringLiteral("%1 %2").arg(QLocale().toString(length / bigUnit),
-                                            metric ? QStringLiteral("km") : QStringLiteral("mi"));
+        label = QStringLiteral("%1 %2").arg(QLocale().toString(length / bigUnit), ToQt(m_units.LongDistanceLabel()));
     else
         label = QStringLiteral("%1 %2").arg(QLocale().toString(length), ToQt(m_units.HeightLabel()));
     const double pixels = length / perUnit / metresPerPixel;
