@@ -2,6 +2,7 @@
 
 #include "app/CDateText.h"
 #include "app/CLicenceStatusPane.h"
+#include "bridge/CoreText.h"
 #include "controls/CBarChart.h"
 #include "units/DurationText.h"
 
@@ -21,14 +22,11 @@
 
 namespace {
 
-QString Sv(std::string_view text)
-{
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
+using CoreText::ToQt;
 
 QString Duration(int64_t seconds)
 {
-    return QString::fromStdString(DurationToText(static_cast<int>(std::min<int64_t>(seconds, INT32_MAX)), true));
+    return ToQt(DurationToText(static_cast<int>(std::min<int64_t>(seconds, INT32_MAX)), true));
 }
 
 QString Number(int64_t value)
@@ -125,7 +123,7 @@ QWidget* CDlgStatistics::MakeTotalsPage()
     grid->setHorizontalSpacing(8);
     const CStatsFigures& f = m_stats.logged;
     const CStatsRhythm& r = m_stats.rhythm;
-    const QString distance = Sv(m_units.DistanceLabel());
+    const QString distance = ToQt(m_units.DistanceLabel());
     AddTotal(grid, QStringLiteral("totalJumps"), tr("Jumps"), Number(m_stats.totalJumps));
     AddTotal(grid, QStringLiteral("loggedJumps"), tr("Logged jumps"), Number(f.jumps));
     AddTotal(grid, QStringLiteral("previousJumps"), tr("Jumps before this logbook"), Number(m_stats.previousJumps));
@@ -138,10 +136,10 @@ QWidget* CDlgStatistics::MakeTotalsPage()
              Decimal(m_units.DistanceToDisplay(static_cast<double>(f.freefallMetres)), 1));
     AddTotal(grid, QStringLiteral("canopyDistance"), tr("Canopy distance") + distance,
              Decimal(m_units.DistanceToDisplay(static_cast<double>(f.canopyMetres)), 1));
-    AddTotal(grid, QStringLiteral("highestExit"), tr("Highest exit [%1]").arg(Sv(m_units.HeightLabel())),
+    AddTotal(grid, QStringLiteral("highestExit"), tr("Highest exit [%1]").arg(ToQt(m_units.HeightLabel())),
              Number(qRound(m_units.HeightToDisplay(f.highestExitMetres))));
     AddTotal(grid, QStringLiteral("longestFreefall"), tr("Longest freefall"), Duration(f.longestFreefallSeconds));
-    AddTotal(grid, QStringLiteral("fastestSpeed"), tr("Fastest speed [%1]").arg(Sv(m_units.SpeedLabel())),
+    AddTotal(grid, QStringLiteral("fastestSpeed"), tr("Fastest speed [%1]").arg(ToQt(m_units.SpeedLabel())),
              Decimal(m_units.SpeedToDisplay(f.fastestSpeed), 1));
     AddTotal(grid, QStringLiteral("cutaways"), tr("Cutaways"), Number(f.cutaways));
     AddTotal(grid, QStringLiteral("signedJumps"), tr("Signed jumps"), Number(f.signedJumps));
@@ -206,7 +204,7 @@ QWidget* CDlgStatistics::MakeChartsPage()
         QStringList names;
         QList<double> counts;
         for (std::size_t i = 0; i < groups.size() && i < static_cast<std::size_t>(kTopCount); ++i) {
-            names.append(groups[i].name.empty() ? tr("(none)") : QString::fromStdString(groups[i].name));
+            names.append(groups[i].name.empty() ? tr("(none)") : ToQt(groups[i].name));
             counts.append(groups[i].jumps);
         }
         add(CBarChart::Orientation::Rows, name, title)->SetBars(names, counts, [](double v) {
@@ -285,7 +283,7 @@ void CDlgStatistics::ShowBreakdown(int breakdown)
         m_table->setRowCount(static_cast<int>(list.size()));
         for (int row = 0; row < static_cast<int>(list.size()); ++row) {
             const CStatsGroup& g = list[static_cast<std::size_t>(row)];
-            auto* name = new QTableWidgetItem(g.name.empty() ? tr("(none)") : QString::fromStdString(g.name));
+            auto* name = new QTableWidgetItem(g.name.empty() ? tr("(none)") : ToQt(g.name));
             m_table->setItem(row, 0, name);
             m_table->setItem(row, 1, number(g.jumps));
             m_table->setItem(row, 2, duration(g.freefallSeconds));

@@ -9,8 +9,8 @@
 #include "controls/IMessageSink.h"
 #include "dialogs/CDlgJump.h"
 #include "document/CLogbookDoc.h"
+#include "formats/CTrackFileImport.h"
 #include "resources/StringTable.h"
-#include "tracks/CTrackFileImport.h"
 #include "translations/MessageText.h"
 #include "units/ISettingsStore.h"
 

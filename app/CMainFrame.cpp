@@ -12,6 +12,7 @@
 #include "app/CSplashWnd.h"
 #include "app/CStatisticsCommand.h"
 #include "bridge/CorePaths.h"
+#include "bridge/CoreText.h"
 #include "controls/IMessageSink.h"
 #include "document/CReminders.h"
 #include "document/IClock.h"
@@ -322,12 +323,10 @@ void CMainFrame::OnAbout()
 {
     if (!m_services.messages)
         return;
-    m_services.messages->About(tr("About Tervola Pocket"),
-                               tr("Tervola Pocket %1\nThe skydiver's logbook.\n%2")
-                                   .arg(QString::fromUtf8(StringTable::kProductVersion.data(),
-                                                          static_cast<qsizetype>(StringTable::kProductVersion.size())),
-                                        QString::fromUtf8(StringTable::kWebAddress.data(),
-                                                          static_cast<qsizetype>(StringTable::kWebAddress.size()))));
+    const QString text =
+        tr("Tervola Pocket %1\nThe skydiver's logbook.\n%2")
+            .arg(CoreText::ToQt(StringTable::kProductVersion), CoreText::ToQt(StringTable::kWebAddress));
+    m_services.messages->About(tr("About Tervola Pocket"), text);
 }
 
 void CMainFrame::closeEvent(QCloseEvent* event)

@@ -1,13 +1,12 @@
 #include "app/CQSettingsStore.h"
 
+#include "bridge/CoreText.h"
+
 #include <QSettings>
 
 namespace {
 
-QString FromUtf8(std::string_view text)
-{
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
+using CoreText::ToQt;
 
 } // namespace
 
@@ -25,7 +24,7 @@ CQSettingsStore::~CQSettingsStore() = default;
 
 QString CQSettingsStore::Key(std::string_view section, std::string_view name)
 {
-    return FromUtf8(section) + QLatin1Char('/') + FromUtf8(name);
+    return ToQt(section) + QLatin1Char('/') + ToQt(name);
 }
 
 std::string CQSettingsStore::GetString(std::string_view section, std::string_view name, std::string_view fallback) const
@@ -33,12 +32,12 @@ std::string CQSettingsStore::GetString(std::string_view section, std::string_vie
     const QVariant value = m_settings->value(Key(section, name));
     if (!value.isValid())
         return std::string(fallback);
-    return value.toString().toStdString();
+    return CoreText::FromQt(value.toString());
 }
 
 void CQSettingsStore::SetString(std::string_view section, std::string_view name, std::string_view value)
 {
-    m_settings->setValue(Key(section, name), FromUtf8(value));
+    m_settings->setValue(Key(section, name), ToQt(value));
 }
 
 int CQSettingsStore::GetInt(std::string_view section, std::string_view name, int fallback) const

@@ -1,6 +1,7 @@
 #include "app/CSearchBar.h"
 
 #include "app/CJumpTableModel.h"
+#include "bridge/CoreText.h"
 #include "query/CQueryParser.h"
 
 #include <QCoreApplication>
@@ -18,10 +19,7 @@
 
 namespace {
 
-QString FromUtf8(std::string_view text)
-{
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
+using CoreText::ToQt;
 
 // What each typed term finds, in the user's language.
 struct TermText
@@ -52,7 +50,7 @@ QString Describe(const CQueryParser::TermHelp& help)
     for (const TermText& text : kTermTexts)
         if (text.term == help.term)
             return QCoreApplication::translate("CSearchBar", text.description);
-    return FromUtf8(help.description);
+    return ToQt(help.description);
 }
 
 QString Reason(QueryProblem problem)
@@ -89,7 +87,7 @@ QString Reason(QueryProblem problem)
     case QueryProblem::UnknownKind:
         return CSearchBar::tr("Standard, Vertical, Custom, Manual or Import");
     }
-    return FromUtf8(QueryProblemText(problem));
+    return ToQt(QueryProblemText(problem));
 }
 
 } // namespace
@@ -124,10 +122,10 @@ CSearchBar::CSearchBar(const CUnitSettings& units, QWidget* parent)
     menu->setObjectName(QStringLiteral("searchTermsMenu"));
     menu->setToolTipsVisible(true);
     for (const CQueryParser::TermHelp& help : CQueryParser::Terms()) {
-        const QString term = FromUtf8(help.term);
+        const QString term = ToQt(help.term);
         QAction* action = menu->addAction(term);
         action->setData(term);
-        action->setToolTip(FromUtf8(help.example) + QStringLiteral(": ") + Describe(help));
+        action->setToolTip(ToQt(help.example) + QStringLiteral(": ") + Describe(help));
         connect(action, &QAction::triggered, this, [this, term] { InsertTerm(term); });
     }
     m_termsButton->setMenu(menu);
@@ -208,7 +206,7 @@ void CSearchBar::UnitsChanged()
 
 QString CSearchBar::ErrorText(const CQueryError& error)
 {
-    return FromUtf8(error.term) + QStringLiteral(": ") + Reason(error.problem);
+    return ToQt(error.term) + QStringLiteral(": ") + Reason(error.problem);
 }
 
 void CSearchBar::ReadText()
@@ -238,8 +236,8 @@ QMenu* CSearchBar::FitTermsMenu(int room)
         const QList<QAction*> actions = menu->actions();
         for (qsizetype i = 0; i < actions.size() && i < static_cast<qsizetype>(terms.size()); ++i) {
             const CQueryParser::TermHelp& help = terms[static_cast<std::size_t>(i)];
-            actions[i]->setText(described ? FromUtf8(help.term) + QStringLiteral("  ") + Describe(help)
-                                          : FromUtf8(help.example));
+            actions[i]->setText(described ? ToQt(help.term) + QStringLiteral("  ") + Describe(help)
+                                          : ToQt(help.example));
         }
         menu->adjustSize();
         if (room <= 0 || menu->sizeHint().width() <= room)

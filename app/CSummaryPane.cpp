@@ -3,6 +3,7 @@
 #include "translations/MessageText.h"
 
 #include "app/CDateText.h"
+#include "bridge/CoreText.h"
 
 #include <QFontDatabase>
 #include <QFontInfo>
@@ -31,10 +32,7 @@ QFont TahomaOrSans(int pixels, int weight)
     return font;
 }
 
-QString FromUtf8(std::string_view text)
-{
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
+using CoreText::ToQt;
 
 } // namespace
 
@@ -96,7 +94,7 @@ QString CSummaryPane::ValueText(const CSummaryRow& row)
     case CSummaryRow::Kind::Date:
         return CDateText::ShortDate(row.date);
     case CSummaryRow::Kind::Duration:
-        return FromUtf8(row.value);
+        return ToQt(row.value);
     }
     return {};
 }
@@ -105,7 +103,7 @@ void CSummaryPane::SetSummary(const CSummaryRows::Rows& rows)
 {
     for (int row = 0; row < RowCount; ++row) {
         const CSummaryRow& shown = rows[static_cast<std::size_t>(row)];
-        m_labels[row]->setText(MessageText::Text(shown.labelId) + FromUtf8(shown.unit));
+        m_labels[row]->setText(MessageText::Text(shown.labelId) + ToQt(shown.unit));
         m_values[row]->setText(ValueText(shown));
     }
     ArrangeForWidth(m_availableWidth);

@@ -6,8 +6,8 @@
 
 #include "SyntheticTrack.h"
 #include "bench/BenchClock.h"
+#include "formats/CTrackCardScan.h"
 #include "tests/common/CScratchFolder.h"
-#include "tracks/CTrackCardScan.h"
 
 #include <algorithm>
 #include <chrono>

@@ -7,10 +7,10 @@
 #include "cli/CUnitsOption.h"
 #include "document/CLogbookDoc.h"
 #include "formats/CCsvExporter.h"
+#include "formats/CGpxWriter.h"
 #include "qtformats/CJsonExporter.h"
 #include "query/CQuery.h"
 #include "resources/StringTable.h"
-#include "tracks/CGpxWriter.h"
 
 #include <QJsonDocument>
 #include <QSaveFile>

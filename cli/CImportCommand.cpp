@@ -8,9 +8,9 @@
 #include "document/IClock.h"
 #include "editing/CCardImportEdit.h"
 #include "editing/CJumpEdit.h"
+#include "formats/CTrackCardScan.h"
+#include "formats/CTrackFileImport.h"
 #include "resources/StringTable.h"
-#include "tracks/CTrackCardScan.h"
-#include "tracks/CTrackFileImport.h"
 #include "units/CUnitSettings.h"
 
 #include <cmath>

@@ -1,5 +1,6 @@
 #include "cli/CJumpQuery.h"
 
+#include "bridge/CoreText.h"
 #include "cli/CConsole.h"
 #include "document/CLogbookDoc.h"
 #include "query/CJumpIndex.h"
@@ -14,7 +15,7 @@ void CJumpQuery::AddTo(QCommandLineParser& parser)
 
 std::string CJumpQuery::Text(const QCommandLineParser& parser)
 {
-    return parser.positionalArguments().mid(1).join(QLatin1Char(' ')).toStdString();
+    return CoreText::FromQt(parser.positionalArguments().mid(1).join(QLatin1Char(' ')));
 }
 
 bool CJumpQuery::ParseOrReport(const std::string& text, const CUnitSettings& units, CQuery& query)
@@ -48,9 +49,7 @@ QString CJumpQuery::HelpText()
         "note (case and accents ignored: \"jami\" finds Jämijärvi). Typed terms:\n");
     for (const CQueryParser::TermHelp& term : CQueryParser::Terms()) {
         text += QStringLiteral("  %1 %2\n")
-                    .arg(QString::fromUtf8(term.example.data(), static_cast<qsizetype>(term.example.size()))
-                             .leftJustified(20),
-                         QString::fromUtf8(term.description.data(), static_cast<qsizetype>(term.description.size())));
+                    .arg(CoreText::ToQt(term.example).leftJustified(20), CoreText::ToQt(term.description));
     }
     text += QStringLiteral(
         "Ranges are FROM..TO with either end left out; dates are 2024, 2024-05 or 2024-05-17; heights\n"

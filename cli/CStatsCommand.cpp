@@ -1,12 +1,13 @@
 #include "cli/CStatsCommand.h"
 
 #include "bridge/CorePaths.h"
+#include "bridge/CoreText.h"
 #include "cli/CConsole.h"
 #include "cli/CLogbookOpener.h"
-#include "cli/CStatsJson.h"
 #include "cli/CUnitsOption.h"
 #include "document/CLogbookDoc.h"
 #include "document/IClock.h"
+#include "qtformats/CStatsJson.h"
 #include "stats/CLicenceRules.h"
 #include "stats/CLogbookStats.h"
 #include "units/DurationText.h"
@@ -34,68 +35,60 @@ QString Line(const char* label, const QString& value)
     return QStringLiteral("%1: %2").arg(QLatin1String(label), value);
 }
 
-QString Str(const std::string& text)
-{
-    return QString::fromStdString(text);
-}
-
-QString Sv(std::string_view text)
-{
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
+using CoreText::ToQt;
 
 // The text report, in the display units.
 QStringList TextReport(const CLogbookStats& s, const CLicenceStatus& licence, const CUnitSettings& units)
 {
     QStringList out;
     const CStatsFigures& f = s.logged;
-    const QString height = QStringLiteral(" [%1]").arg(Sv(units.HeightLabel()));
-    out << QStringLiteral("Statistics as of %1").arg(Str(IsoDate(s.asOf)));
+    const QString height = QStringLiteral(" [%1]").arg(ToQt(units.HeightLabel()));
+    out << QStringLiteral("Statistics as of %1").arg(ToQt(IsoDate(s.asOf)));
     out << Line(
         "Jumps",
         QStringLiteral("%1 (%2 logged, %3 before this logbook)").arg(s.totalJumps).arg(f.jumps).arg(s.previousJumps));
     out << Line("Freefall time",
                 QStringLiteral("%1 (%2 before this logbook)")
-                    .arg(Str(Duration(s.totalFreefallSeconds)), Str(Duration(s.previousFreefallSeconds))));
+                    .arg(ToQt(Duration(s.totalFreefallSeconds)), ToQt(Duration(s.previousFreefallSeconds))));
     out << Line("Canopy time", QStringLiteral("%1 (%2 jumps with a recorded time)")
-                                   .arg(Str(Duration(f.canopySeconds)))
+                                   .arg(ToQt(Duration(f.canopySeconds)))
                                    .arg(f.canopyTimeJumps));
     out << QStringLiteral("Freefall distance%1: %2")
-               .arg(Sv(units.DistanceLabel()))
+               .arg(ToQt(units.DistanceLabel()))
                .arg(units.DistanceToDisplay(static_cast<double>(f.freefallMetres)), 0, 'f', 1);
     out << QStringLiteral("Canopy distance%1: %2")
-               .arg(Sv(units.DistanceLabel()))
+               .arg(ToQt(units.DistanceLabel()))
                .arg(units.DistanceToDisplay(static_cast<double>(f.canopyMetres)), 0, 'f', 1);
     out << QStringLiteral("Highest exit%1: %2").arg(height).arg(qRound(units.HeightToDisplay(f.highestExitMetres)));
-    out << Line("Longest freefall", Str(Duration(f.longestFreefallSeconds)));
+    out << Line("Longest freefall", ToQt(Duration(f.longestFreefallSeconds)));
     out << QStringLiteral("Fastest speed [%1]: %2")
-               .arg(Sv(units.SpeedLabel()))
+               .arg(ToQt(units.SpeedLabel()))
                .arg(units.SpeedToDisplay(f.fastestSpeed), 0, 'f', 1);
     out << Line("Cutaways", QString::number(f.cutaways));
     out << Line("Signed jumps", QStringLiteral("%1 (%2 unsigned)").arg(f.signedJumps).arg(f.unsignedJumps));
     out << Line("Last 12 months", QStringLiteral("%1 jumps, %2 freefall (%3 to %4)")
                                       .arg(s.last12Months.jumps)
-                                      .arg(Str(Duration(s.last12Months.freefallSeconds)),
-                                           Str(IsoDate(s.last12MonthsFrom)), Str(IsoDate(s.asOf))));
+                                      .arg(ToQt(Duration(s.last12Months.freefallSeconds)),
+                                           ToQt(IsoDate(s.last12MonthsFrom)), ToQt(IsoDate(s.asOf))));
     const CStatsRhythm& r = s.rhythm;
     out << Line("Jumping days", QStringLiteral("%1 (%2 jumps a day, at most %3)")
                                     .arg(r.jumpingDays)
                                     .arg(r.jumpsPerJumpingDay, 0, 'f', 1)
                                     .arg(r.mostJumpsInADay));
     out << Line("Longest streak",
-                QStringLiteral("%1 days from %2").arg(r.longestStreakDays).arg(Str(IsoDate(r.longestStreakStart))));
+                QStringLiteral("%1 days from %2").arg(r.longestStreakDays).arg(ToQt(IsoDate(r.longestStreakStart))));
     out << Line("Longest gap", QStringLiteral("%1 days (%2 to %3)")
                                    .arg(r.longestGapDays)
-                                   .arg(Str(IsoDate(r.longestGapFrom)), Str(IsoDate(r.longestGapTo))));
+                                   .arg(ToQt(IsoDate(r.longestGapFrom)), ToQt(IsoDate(r.longestGapTo))));
     out << Line("Days since the last jump",
                 r.daysSinceLastJump >= 0 ? QString::number(r.daysSinceLastJump) : QString());
     const CLicenceProgress& p = licence.progress;
     out << Line("Licence", p.levelName.empty()
                                ? QStringLiteral("none")
-                               : Str(p.levelName) + (p.levelFromProfile ? QStringLiteral(" (profile)")
-                                                                        : QStringLiteral(" (reached)")));
-    out << Line("Progress", Str(p.Text()));
-    out << Line("Currency", Str(licence.currency.Text()));
+                               : ToQt(p.levelName) + (p.levelFromProfile ? QStringLiteral(" (profile)")
+                                                                         : QStringLiteral(" (reached)")));
+    out << Line("Progress", ToQt(p.Text()));
+    out << Line("Currency", ToQt(licence.currency.Text()));
 
     const auto periods = [&](const char* title, const std::vector<CStatsPeriod>& list) {
         out << QString() << QLatin1String(title);
@@ -106,7 +99,7 @@ QStringList TextReport(const CLogbookStats& s, const CLicenceStatus& licence, co
             out << QStringLiteral("  %1 %2 %3")
                        .arg(name, -8)
                        .arg(period.figures.jumps, 6)
-                       .arg(Str(Duration(period.figures.freefallSeconds)), 10);
+                       .arg(ToQt(Duration(period.figures.freefallSeconds)), 10);
         }
     };
     periods("Per year (jumps, freefall):", s.perYear);
@@ -116,17 +109,17 @@ QStringList TextReport(const CLogbookStats& s, const CLicenceStatus& licence, co
         out << QString() << QLatin1String(title);
         qsizetype width = 12;
         for (const CStatsGroup& g : list)
-            width = std::max(width, Str(Name(g.name)).size());
+            width = std::max(width, ToQt(Name(g.name)).size());
         for (const CStatsGroup& g : list) {
             QString line = QStringLiteral("  %1 %2 %3 %4..%5")
-                               .arg(Str(Name(g.name)), -static_cast<int>(width))
+                               .arg(ToQt(Name(g.name)), -static_cast<int>(width))
                                .arg(g.jumps, 6)
-                               .arg(Str(Duration(g.freefallSeconds)), 10)
-                               .arg(Str(IsoDate(g.first)), Str(IsoDate(g.last)));
+                               .arg(ToQt(Duration(g.freefallSeconds)), 10)
+                               .arg(ToQt(IsoDate(g.first)), ToQt(IsoDate(g.last)));
             if (rigs && g.sinceInspection >= 0)
                 line += QStringLiteral(", %1 since the inspection of %2")
                             .arg(g.sinceInspection)
-                            .arg(Str(IsoDate(g.inspectionDate)));
+                            .arg(ToQt(IsoDate(g.inspectionDate)));
             out << line;
         }
     };

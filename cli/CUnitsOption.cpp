@@ -1,5 +1,6 @@
 #include "cli/CUnitsOption.h"
 
+#include "bridge/CoreText.h"
 #include "units/CMemorySettingsStore.h"
 
 #include <QSettings>
@@ -23,9 +24,7 @@ CUnitSettings CUnitsOption::StoredPreference()
     const QSettings settings(QStringLiteral("Orlithe"), QStringLiteral("Tervola Pocket"));
     CMemorySettingsStore store;
     for (std::string_view name : {CUnitSettings::kUnits, CUnitSettings::kSpeed, CUnitSettings::kGlide}) {
-        const QString key = QString::fromLatin1(CUnitSettings::kSection.data(),
-                                                static_cast<qsizetype>(CUnitSettings::kSection.size())) +
-                            QLatin1Char('/') + QString::fromLatin1(name.data(), static_cast<qsizetype>(name.size()));
+        const QString key = CoreText::ToQt(CUnitSettings::kSection) + QLatin1Char('/') + CoreText::ToQt(name);
         bool ok = false;
         const int value = settings.value(key).toString().trimmed().toInt(&ok);
         if (ok)

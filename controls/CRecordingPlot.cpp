@@ -1,5 +1,7 @@
 #include "controls/CRecordingPlot.h"
 
+#include "bridge/CoreText.h"
+
 #include <QEvent>
 #include <QFontMetricsF>
 #include <QKeyEvent>
@@ -79,10 +81,8 @@ QStringList CRecordingPlot::CursorTexts() const
     const QLocale locale;
     const auto whole = [&locale](double value) { return locale.toString(static_cast<qlonglong>(std::lround(value))); };
     return {locale.toString(v.time, 'f', 1) + QStringLiteral(" s"),
-            whole(m_units.HeightToDisplay(v.altitude)) + QLatin1Char(' ') +
-                QString::fromLatin1(m_units.HeightLabel().data(), static_cast<int>(m_units.HeightLabel().size())),
-            whole(m_units.SpeedToDisplay(v.verticalSpeed)) + QLatin1Char(' ') +
-                QString::fromLatin1(m_units.SpeedLabel().data(), static_cast<int>(m_units.SpeedLabel().size()))};
+            whole(m_units.HeightToDisplay(v.altitude)) + QLatin1Char(' ') + CoreText::ToQt(m_units.HeightLabel()),
+            whole(m_units.SpeedToDisplay(v.verticalSpeed)) + QLatin1Char(' ') + CoreText::ToQt(m_units.SpeedLabel())};
 }
 
 QPointF CRecordingPlot::GroundPointAt(double time) const
@@ -200,10 +200,7 @@ void CRecordingPlot::LayoutTimePanels(const QRectF& room)
         for (const CRecordingWind& wind : m_series.Winds())
             widest = std::max(
                 widest, metrics.horizontalAdvance(QString::number(std::lround(m_units.WindToDisplay(wind.speed)))));
-        const std::string_view unit = m_units.WindLabel();
-        winds = std::max(line + 1 + widest,
-                         metrics.horizontalAdvance(QString::fromLatin1(unit.data(), static_cast<int>(unit.size())))) +
-                kGap / 2;
+        winds = std::max(line + 1 + widest, metrics.horizontalAdvance(CoreText::ToQt(m_units.WindLabel()))) + kGap / 2;
     }
     const double left = room.left() + labels + 4;
     // Room on the right for half of the last time label.

@@ -1,6 +1,7 @@
 // The painting of CRecordingPlot: the two time panels with their axes, the marks, annotations
 // and winds, the ground track, and the cursor with its box.
 
+#include "bridge/CoreText.h"
 #include "controls/CRecordingPlot.h"
 
 #include <QFontMetricsF>
@@ -22,10 +23,7 @@ const QColor kClimbColour(0x9e, 0x9e, 0x9e);
 const QColor kGridColour(0xe3, 0xe3, 0xe3);
 const QColor kFrameColour(0xa0, 0xa0, 0xa0);
 
-QString Text(std::string_view text)
-{
-    return QString::fromLatin1(text.data(), static_cast<int>(text.size()));
-}
+using CoreText::ToQt;
 
 // A short text with a light backing, so that it reads over grid lines and curves.
 void PaintLabel(QPainter& painter, const QRectF& box, const QString& text, const QColor& colour)
@@ -48,9 +46,9 @@ void CRecordingPlot::paintEvent(QPaintEvent*)
     }
     painter.setFont(SmallFont());
     painter.setRenderHint(QPainter::Antialiasing);
-    PaintTimePanel(painter, m_altitudeArea, m_altitudeAxis, tr("Altitude (%1)").arg(Text(m_units.HeightLabel())),
+    PaintTimePanel(painter, m_altitudeArea, m_altitudeAxis, tr("Altitude (%1)").arg(ToQt(m_units.HeightLabel())),
                    m_series.Altitudes(), m_units.HeightToDisplay(1.0), kAltitudeColour);
-    PaintTimePanel(painter, m_speedArea, m_speedAxis, tr("Vertical speed (%1)").arg(Text(m_units.SpeedLabel())),
+    PaintTimePanel(painter, m_speedArea, m_speedAxis, tr("Vertical speed (%1)").arg(ToQt(m_units.SpeedLabel())),
                    m_series.VerticalSpeeds(), m_units.SpeedToDisplay(1.0), kSpeedColour);
     PaintTimeAxis(painter);
     QList<QRectF> taken;
@@ -164,8 +162,7 @@ void CRecordingPlot::PaintAnnotations(QPainter& painter, QList<QRectF>& taken) c
             QPolygonF({at + QPointF(0, -4), at + QPointF(4, 0), at + QPointF(0, 4), at + QPointF(-4, 0)}));
         // The text above and right of the point, else in another corner around it; left out
         // where no corner is free of other labels.
-        const QString text =
-            metrics.elidedText(QString::fromStdString(note.text), Qt::ElideRight, m_altitudeArea.width() / 2);
+        const QString text = metrics.elidedText(ToQt(note.text), Qt::ElideRight, m_altitudeArea.width() / 2);
         if (text.isEmpty())
             continue;
         const QSizeF size(metrics.horizontalAdvance(text) + 4, metrics.height());
@@ -194,7 +191,7 @@ void CRecordingPlot::PaintWinds(QPainter& painter) const
     const double line = metrics.height();
     painter.setPen(palette().color(QPalette::Text));
     painter.drawText(QRectF(m_windArea.left(), m_windArea.top() - line, m_windArea.width() + 4, line),
-                     Qt::AlignLeft | Qt::AlignVCenter, Text(m_units.WindLabel()));
+                     Qt::AlignLeft | Qt::AlignVCenter, ToQt(m_units.WindLabel()));
     // Each wind at its altitude, from the lowest up; a wind too close above the last one shown
     // is left out rather than drawn over it.
     double lastY = 1e9;
@@ -357,14 +354,12 @@ void CRecordingPlot::PaintGroundScale(QPainter& painter, double metresPerPixel) 
     const double perUnit = m_units.HeightToDisplay(1.0);
     const double wanted = m_groundArea.width() / 4 * metresPerPixel * perUnit;
     const double length = CPlotAxis::NiceStep(wanted, 1);
-    const bool metric = m_units.IsMetric();
-    const double bigUnit = metric ? 1000.0 : 5280.0;
+    const double bigUnit = m_units.HeightUnitsPerLongDistance();
     QString label;
     if (length >= bigUnit / 2 && std::fmod(length, bigUnit / 2) == 0.0)
-        label = QStringLiteral("%1 %2").arg(QLocale().toString(length / bigUnit),
-                                            metric ? QStringLiteral("km") : QStringLiteral("mi"));
+        label = QStringLiteral("%1 %2").arg(QLocale().toString(length / bigUnit), ToQt(m_units.LongDistanceLabel()));
     else
-        label = QStringLiteral("%1 %2").arg(QLocale().toString(length), Text(m_units.HeightLabel()));
+        label = QStringLiteral("%1 %2").arg(QLocale().toString(length), ToQt(m_units.HeightLabel()));
     const double pixels = length / perUnit / metresPerPixel;
     const QFontMetricsF metrics(painter.font());
     const double y = m_groundArea.bottom() - 5;

@@ -90,29 +90,31 @@ void CSignatureCtrl::UpdateUndoButton()
 
 QSize CSignatureCtrl::sizeHint() const
 {
-    return QSize(kLogicalWidth + 2 * kInset, kLogicalHeight + 2 * kInset);
+    return QSize(CJumpSignature::kLogicalWidth + 2 * kInset, CJumpSignature::kLogicalHeight + 2 * kInset);
 }
 
 QSize CSignatureCtrl::minimumSizeHint() const
 {
-    return QSize(kLogicalWidth * 2 / 3 + 2 * kInset, kLogicalHeight * 2 / 3 + 2 * kInset);
+    return QSize(CJumpSignature::kLogicalWidth * 2 / 3 + 2 * kInset,
+                 CJumpSignature::kLogicalHeight * 2 / 3 + 2 * kInset);
 }
 
 int CSignatureCtrl::heightForWidth(int width) const
 {
-    return (width - 2 * kInset) * kLogicalHeight / kLogicalWidth + 2 * kInset;
+    return (width - 2 * kInset) * CJumpSignature::kLogicalHeight / CJumpSignature::kLogicalWidth + 2 * kInset;
 }
 
 double CSignatureCtrl::Scale() const
 {
     const QRectF inner = QRectF(rect()).adjusted(kInset, kInset, -kInset, -kInset);
-    return std::max(0.01, std::min(inner.width() / kLogicalWidth, inner.height() / kLogicalHeight));
+    return std::max(
+        0.01, std::min(inner.width() / CJumpSignature::kLogicalWidth, inner.height() / CJumpSignature::kLogicalHeight));
 }
 
 QRectF CSignatureCtrl::Area() const
 {
     const double scale = Scale();
-    QRectF area(0, 0, kLogicalWidth * scale, kLogicalHeight * scale);
+    QRectF area(0, 0, CJumpSignature::kLogicalWidth * scale, CJumpSignature::kLogicalHeight * scale);
     area.moveCenter(QRectF(rect()).center());
     return area;
 }
@@ -123,7 +125,7 @@ bool CSignatureCtrl::ToLogical(const QPointF& position, CPoint& point) const
     const double scale = Scale();
     const int x = static_cast<int>(std::lround((position.x() - area.left()) / scale));
     const int y = static_cast<int>(std::lround((position.y() - area.top()) / scale));
-    if (x < 0 || y < 0 || x >= kLogicalWidth || y >= kLogicalHeight)
+    if (x < 0 || y < 0 || x >= CJumpSignature::kLogicalWidth || y >= CJumpSignature::kLogicalHeight)
         return false;
     point = {x, y};
     return true;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "controls/CFirstFinger.h"
+#include "model/CJumpSignature.h"
 #include "model/CPoint.h"
 
 #include <QPointer>
@@ -11,21 +12,17 @@
 class QAbstractButton;
 class QPainter;
 
-// The area a witness signs in with a finger, a pen or the mouse. Strokes are kept in one fixed
-// logical space of 240x100 points (the handheld's signature area in its own pixels, so
-// signatures already in logbooks keep their place); the control scales that space uniformly to
-// its size for drawing and input, so a signature looks the same on every screen.
+// The area a witness signs in with a finger, a pen or the mouse. Strokes are kept in the
+// signature's logical space (CJumpSignature::kLogicalWidth x kLogicalHeight); the control scales
+// that space uniformly to its size for drawing and input, so a signature looks the same on every
+// screen.
 class CSignatureCtrl : public QWidget
 {
     Q_OBJECT
 
 public:
     // One stroke: its points in the order they were drawn.
-    using Stroke = std::vector<CPoint>;
-
-    // The logical coordinate space of the strokes.
-    static constexpr int kLogicalWidth = 240;
-    static constexpr int kLogicalHeight = 100;
+    using Stroke = CJumpSignature::Stroke;
 
     // An empty, writable area.
     explicit CSignatureCtrl(QWidget* parent = nullptr);

@@ -6,6 +6,7 @@
 #include "dialogs/DialogText.h"
 #include "model/CEquipment.h"
 #include "resources/StringTable.h"
+#include "units/CUnitSettings.h"
 
 #include <QCheckBox>
 #include <QDateEdit>
@@ -49,7 +50,7 @@ CDlgEquipment::CDlgEquipment(const CEquipment& rig, IMessageSink* messages, QWid
         edit->setObjectName(name);
         edit->setValidator(digits);
         edit->setMaximumWidth(70);
-        auto* unit = new QLabel(QStringLiteral("ft²"), form);
+        auto* unit = new QLabel(DialogText::ToQt(CUnitSettings::kCanopySizeLabel), form);
         auto* box = new QHBoxLayout;
         box->addWidget(edit);
         box->addWidget(unit);

@@ -106,10 +106,9 @@ void CDlgPreferences::FillSpeedList()
 {
     m_filling = true;
     m_speed->clear();
-    if (m_edit.GetUnits() == CUnitSettings::Metric)
-        m_speed->addItems({QStringLiteral("m/s"), QStringLiteral("km/h")});
-    else
-        m_speed->addItems({QStringLiteral("ft/s"), QStringLiteral("mph")});
+    for (const int display : {CUnitSettings::PerSecond, CUnitSettings::PerHour})
+        m_speed->addItem(
+            DialogText::ToQt(CUnitSettings(m_edit.GetUnits(), display, CUnitSettings::Ratio).SpeedLabel()));
     m_speed->setCurrentIndex(m_edit.GetSpeedDisplay());
     m_filling = false;
 }

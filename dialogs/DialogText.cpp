@@ -7,16 +7,6 @@
 
 namespace DialogText {
 
-QString ToQt(std::string_view text)
-{
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
-
-std::string FromQt(const QString& text)
-{
-    return text.toStdString();
-}
-
 QString Message(int id)
 {
     return MessageText::Text(id);

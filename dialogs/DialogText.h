@@ -1,5 +1,6 @@
 #pragma once
 
+#include "bridge/CoreText.h"
 #include "xml/CDateTime.h"
 
 #include <QDate>
@@ -14,10 +15,9 @@ struct CCheckResult;
 // calendar days between CDateTime and QDate.
 namespace DialogText {
 
-// A UTF-8 text for a control.
-QString ToQt(std::string_view text);
-// A control's text as UTF-8.
-std::string FromQt(const QString& text);
+// A UTF-8 text for a control, and a control's text as UTF-8.
+using CoreText::FromQt;
+using CoreText::ToQt;
 // The string-table entry of a number, in the user's language.
 QString Message(int id);
 // The message of a refused check, in the user's language.

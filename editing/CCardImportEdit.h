@@ -1,7 +1,7 @@
 #pragma once
 
 #include "editing/CCheckResult.h"
-#include "tracks/CTrackCardScan.h"
+#include "formats/CTrackCardScan.h"
 
 #include <cstddef>
 #include <functional>

@@ -16,6 +16,11 @@ class CJumpSignature : public CXmlHandler
 public:
     using Stroke = std::vector<CPoint>;
 
+    // The space of the points: 240x100 logical points (the handheld's signature area in its own
+    // pixels, so signatures already in logbooks keep their place), x to the right and y down.
+    static constexpr int kLogicalWidth = 240;
+    static constexpr int kLogicalHeight = 100;
+
     const std::string& GetName() const { return m_name; }
     void SetName(std::string name) { m_name = std::move(name); }
     // The signer's licence or rating number; empty when not given.

@@ -1,5 +1,6 @@
 #include "qtformats/CJsonExporter.h"
 
+#include "bridge/CoreText.h"
 #include "document/CLogbookDoc.h"
 #include "formats/CTextFormat.h"
 #include "model/CGpsSample.h"
@@ -12,10 +13,8 @@
 
 namespace {
 
-QString Text(std::string_view text)
-{
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
+// The core's UTF-8 text as a QString.
+constexpr auto& Text = CoreText::ToQt;
 
 QJsonArray TextList(const std::vector<std::string>& list)
 {

@@ -1,5 +1,6 @@
 #include "qtformats/CLogbookPageRenderer.h"
 
+#include "bridge/CoreText.h"
 #include "document/CLogbookDoc.h"
 #include "formats/CTextFormat.h"
 #include "model/CJump.h"
@@ -30,10 +31,8 @@ constexpr int kTitleSize = 70;
 const QColor kRuleColour(0x80, 0x80, 0x80);
 const QColor kTitleFill(0xee, 0xee, 0xee);
 
-QString Qs(const std::string& text)
-{
-    return QString::fromStdString(text);
-}
+// The core's UTF-8 text as a QString.
+constexpr auto& Qs = CoreText::ToQt;
 
 QString Height(const CUnitSettings& units, int metres)
 {

@@ -1,5 +1,6 @@
 #include "qtformats/CSignatureCell.h"
 
+#include "bridge/CoreText.h"
 #include "formats/CLogbookPagePlan.h"
 #include "model/CJump.h"
 #include "model/CJumpSeal.h"
@@ -26,10 +27,10 @@ CSignatureCell CSignatureCell::FromJump(const CJump& jump)
 {
     CSignatureCell cell;
     cell.strokes = jump.GetSignature().GetStrokes();
-    cell.signer = QString::fromStdString(jump.GetSignature().GetName());
+    cell.signer = CoreText::ToQt(jump.GetSignature().GetName());
     const std::string& licence = jump.GetSignature().GetLicence();
     if (!licence.empty())
-        cell.lines << QCoreApplication::translate("CSignatureCell", "Licence %1").arg(QString::fromStdString(licence));
+        cell.lines << QCoreApplication::translate("CSignatureCell", "Licence %1").arg(CoreText::ToQt(licence));
     // The seal the document checked when it loaded or last changed the jump.
     if (jump.GetSealState() == SealState::Changed)
         cell.lines << QCoreApplication::translate("CSignatureCell", "changed after signing");

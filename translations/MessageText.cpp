@@ -1,5 +1,6 @@
 #include "translations/MessageText.h"
 
+#include "bridge/CoreText.h"
 #include "resources/StringTable.h"
 
 #include <QByteArray>
@@ -12,10 +13,7 @@
 namespace MessageText {
 namespace {
 
-QString ToQt(std::string_view text)
-{
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
+using CoreText::ToQt;
 
 // Every "%1" and "%2" of text replaced, once, by the argument; the arguments are not searched.
 QString Substitute(const QString& text, const QString& arg1, const QString& arg2)

@@ -20,6 +20,8 @@ constexpr double kWindMpsToMph = 2.236936292054402;
 constexpr double kWindMphToMps = 0.44704;
 constexpr double kMetresToKilometres = 0.001;
 constexpr double kMetresToMiles = 0.0006213711922000001;
+constexpr double kMetresPerKilometre = 1000.0;
+constexpr double kFeetPerMile = 5280.0;
 
 } // namespace
 
@@ -108,4 +110,14 @@ std::string_view CUnitSettings::WindLabel() const
 std::string_view CUnitSettings::DistanceLabel() const
 {
     return IsMetric() ? " [km]" : " [mi]";
+}
+
+std::string_view CUnitSettings::LongDistanceLabel() const
+{
+    return IsMetric() ? "km" : "mi";
+}
+
+double CUnitSettings::HeightUnitsPerLongDistance() const
+{
+    return IsMetric() ? kMetresPerKilometre : kFeetPerMile;
 }

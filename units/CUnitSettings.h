@@ -61,6 +61,12 @@ public:
     std::string_view SpeedLabel() const;    // "m/s", "km/h", "ft/s", "mph"
     std::string_view WindLabel() const;     // "kn" (metric) / "mph" (imperial)
     std::string_view DistanceLabel() const; // " [km]" / " [mi]"
+    // The long distance unit ("km" / "mi") and how many height units it holds (1000 / 5280), for
+    // a length that outgrows the height unit.
+    std::string_view LongDistanceLabel() const;
+    double HeightUnitsPerLongDistance() const;
+    // Canopy sizes are square feet in either unit system.
+    static constexpr std::string_view kCanopySizeLabel = "ft²";
 
     // The registry section and value names.
     static constexpr std::string_view kSection = "Preferences";

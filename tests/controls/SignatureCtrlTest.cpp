@@ -97,6 +97,9 @@ private slots:
             QVERIFY2(ctrl.Strokes() == c.expected, c.name);
             QVERIFY2(ctrl.IsEmpty() == c.expected.empty(), c.name);
         }
+        // A layout that gives the area its natural width gives it the signature's aspect.
+        const CSignatureCtrl ctrl;
+        QCOMPARE(ctrl.heightForWidth(ctrl.sizeHint().width()), ctrl.sizeHint().height());
     }
 
     // Points painted dark and points left in the face's colour (white, or the dialog's when

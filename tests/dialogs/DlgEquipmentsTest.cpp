@@ -11,6 +11,7 @@
 #include <QCalendarWidget>
 #include <QCheckBox>
 #include <QDateEdit>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
@@ -18,6 +19,7 @@
 #include <QSpinBox>
 #include <QTest>
 
+#include <algorithm>
 #include <memory>
 
 namespace {
@@ -120,6 +122,11 @@ private slots:
         dlg.show();
         QVERIFY(QTest::qWaitForWindowExposed(&dlg));
         QCOMPARE(dlg.DateEdit()->date(), QDate(2024, 2, 29));
+        // Both canopy sizes are square feet.
+        const QList<QLabel*> labels = dlg.findChildren<QLabel*>();
+        QCOMPARE(
+            std::count_if(labels.begin(), labels.end(), [](QLabel* l) { return l->text() == QStringLiteral("ft²"); }),
+            qsizetype(2));
         const struct
         {
             const char *harness, *main, *size, *focus, *message;

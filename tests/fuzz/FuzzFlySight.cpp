@@ -1,5 +1,5 @@
 #include "FuzzTargets.h"
-#include "tracks/CFlySightReader.h"
+#include "formats/CFlySightReader.h"
 
 #include <algorithm>
 #include <string_view>

@@ -26,6 +26,8 @@ TEST(UnitSettings, LoadsAndSavesTheThreeValues)
     EXPECT_EQ(units.SpeedLabel(), "ft/s");
     EXPECT_EQ(units.WindLabel(), "mph");
     EXPECT_EQ(units.DistanceLabel(), " [mi]");
+    EXPECT_EQ(units.LongDistanceLabel(), "mi");
+    EXPECT_EQ(units.HeightUnitsPerLongDistance(), 5280.0); // feet to the mile
 
     // Any non-zero value is metric, or per hour.
     store.SetInt("Preferences", "Units", 7);
@@ -36,6 +38,8 @@ TEST(UnitSettings, LoadsAndSavesTheThreeValues)
     EXPECT_EQ(units.GetUnits(), 7); // kept as stored, written back unchanged
     EXPECT_EQ(units.HeightLabel(), "m");
     EXPECT_EQ(units.WindLabel(), "kn");
+    EXPECT_EQ(units.LongDistanceLabel(), "km");
+    EXPECT_EQ(units.HeightUnitsPerLongDistance(), 1000.0);
 
     CUnitSettings(1, 1, 1).Save(store);
     EXPECT_EQ(store.GetInt("Preferences", "Units", -1), 1);

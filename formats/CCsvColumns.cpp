@@ -1,4 +1,4 @@
-#include "tracks/CCsvColumns.h"
+#include "formats/CCsvColumns.h"
 
 #include "tracks/TrackText.h"
 

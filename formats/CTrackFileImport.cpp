@@ -1,7 +1,7 @@
-#include "tracks/CTrackFileImport.h"
+#include "formats/CTrackFileImport.h"
 
+#include "formats/CFlySightReader.h"
 #include "resources/StringTable.h"
-#include "tracks/CFlySightReader.h"
 
 CTrackFileImport CTrackFileImport::Run(const std::filesystem::path& path, const CTrackImportOptions& options)
 {

@@ -1,4 +1,4 @@
-#include "tracks/CGpxWriter.h"
+#include "formats/CGpxWriter.h"
 
 #include "model/CGpsSample.h"
 #include "model/CJump.h"

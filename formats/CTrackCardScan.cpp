@@ -1,4 +1,4 @@
-#include "tracks/CTrackCardScan.h"
+#include "formats/CTrackCardScan.h"
 
 #include "resources/StringTable.h"
 #include "tracks/TrackText.h"

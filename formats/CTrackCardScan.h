@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tracks/CTrackFileImport.h"
+#include "formats/CTrackFileImport.h"
 
 #include <cstddef>
 #include <filesystem>

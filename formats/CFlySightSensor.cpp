@@ -1,10 +1,10 @@
 // The barometer of a FlySight 2: its SENSOR.CSV stamps readings with the device's own clock
 // (seconds since power-up); "$TIME" rows pair that clock with GPS time of week, which places
 // the readings in UTC.
-#include "tracks/CFlySightReader.h"
+#include "formats/CFlySightReader.h"
 
+#include "formats/CCsvColumns.h"
 #include "resources/StringTable.h"
-#include "tracks/CCsvColumns.h"
 #include "tracks/TrackText.h"
 
 #include <cmath>

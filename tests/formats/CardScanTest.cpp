@@ -1,6 +1,6 @@
 #include "SyntheticTrack.h"
+#include "formats/CTrackCardScan.h"
 #include "tests/common/CScratchFolder.h"
-#include "tracks/CTrackCardScan.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,6 @@
-#include "cli/CStatsJson.h"
+#include "qtformats/CStatsJson.h"
 
+#include "bridge/CoreText.h"
 #include "stats/CLicenceRules.h"
 #include "stats/CLogbookStats.h"
 
@@ -9,7 +10,7 @@ namespace {
 
 QJsonValue Date(const CDateTime& date)
 {
-    return date.IsValid() ? QJsonValue(QString::fromStdString(IsoDate(date))) : QJsonValue();
+    return date.IsValid() ? QJsonValue(CoreText::ToQt(IsoDate(date))) : QJsonValue();
 }
 
 QJsonValue Number(int64_t value)
@@ -37,7 +38,7 @@ QJsonArray Groups(const std::vector<CStatsGroup>& groups, bool rigs)
 {
     QJsonArray array;
     for (const CStatsGroup& g : groups) {
-        QJsonObject object{{"name", QString::fromStdString(g.name)},
+        QJsonObject object{{"name", CoreText::ToQt(g.name)},
                            {"jumps", g.jumps},
                            {"freefallSeconds", Number(g.freefallSeconds)},
                            {"first", Date(g.first)},
@@ -100,9 +101,7 @@ QJsonObject CStatsJson::Build(const CLogbookStats& stats, const CLicenceStatus& 
         {"lastJump", Date(r.lastJump)}};
 
     const CLicenceProgress& p = licence.progress;
-    const auto text = [](const std::string& s) {
-        return s.empty() ? QJsonValue() : QJsonValue(QString::fromStdString(s));
-    };
+    const auto text = [](const std::string& s) { return s.empty() ? QJsonValue() : QJsonValue(CoreText::ToQt(s)); };
     const QJsonObject licenceObject{
         {"level", text(p.levelName)},
         {"levelFromProfile", p.levelFromProfile},
@@ -112,17 +111,17 @@ QJsonObject CStatsJson::Build(const CLogbookStats& stats, const CLicenceStatus& 
         {"requiredJumps", p.hasNext ? QJsonValue(p.nextJumps) : QJsonValue()},
         {"requiredFreefallSeconds", p.hasNext ? Number(p.nextFreefallSeconds) : QJsonValue()},
         {"met", p.hasNext && p.Met()},
-        {"text", QString::fromStdString(p.Text())}};
+        {"text", CoreText::ToQt(p.Text())}};
 
     const CCurrency& c = licence.currency;
     const QJsonObject currency{
-        {"state", QString::fromUtf8(c.StateName().data(), static_cast<qsizetype>(c.StateName().size()))},
+        {"state", CoreText::ToQt(c.StateName())},
         {"limitDays", c.limitDays},
         {"daysSinceLastJump", c.daysSinceLastJump >= 0 ? QJsonValue(c.daysSinceLastJump) : QJsonValue()},
         {"lastJump", Date(c.lastJump)},
         {"currentUntil", Date(c.currentUntil)},
         {"lapsedSince", c.state == CCurrency::State::Lapsed ? Date(c.lapsedSince) : QJsonValue()},
-        {"text", QString::fromStdString(c.Text())}};
+        {"text", CoreText::ToQt(c.Text())}};
 
     return QJsonObject{{"asOf", Date(stats.asOf)},
                        {"totals", totals},

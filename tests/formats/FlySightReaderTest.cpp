@@ -1,6 +1,6 @@
 #include "SyntheticTrack.h"
+#include "formats/CFlySightReader.h"
 #include "tests/common/CScratchFolder.h"
-#include "tracks/CFlySightReader.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
-#include "tracks/CFlySightReader.h"
+#include "formats/CFlySightReader.h"
 
+#include "formats/CCsvColumns.h"
 #include "resources/StringTable.h"
-#include "tracks/CCsvColumns.h"
 #include "tracks/TrackText.h"
 
 #include <cmath>
