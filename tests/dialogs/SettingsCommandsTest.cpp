@@ -81,8 +81,8 @@ private slots:
         CSummaryPane* summary = h->View()->GetSummary();
         QCOMPARE(summary->LabelText(2), QStringLiteral("Freefall Dist. [mi]"));
         QCOMPARE(summary->ValueText(2), QStringLiteral("6"));
-        h->dialogs.steps.append(
-            CScriptedDialogs::Ok<CDlgPreferences>([](CDlgPreferences& dlg) { dlg.UnitsCombo()->setCurrentIndex(1); }));
+        h->dialogs.steps.append(CScriptedDialogs::Ok<CDlgPreferences>(
+            [](CDlgPreferences& dlg) { dlg.findChild<QComboBox*>("unitsCombo")->setCurrentIndex(1); }));
         Action("preferencesAction")->trigger();
         QCOMPARE(summary->LabelText(2), QStringLiteral("Freefall Dist. [km]"));
         QCOMPARE(summary->ValueText(2), QStringLiteral("9"));
@@ -198,10 +198,10 @@ private slots:
                                 }),
                                 CScriptedDialogs::Ok<CDlgEquipment>([&](CDlgEquipment& dlg) {
                                     record(dlg, "previousJumpsSpin");
-                                    shown["mainSize"] = dlg.MainSizeEdit()->text().toInt();
+                                    shown["mainSize"] = dlg.findChild<QLineEdit*>("mainSizeEdit")->text().toInt();
                                 }),
                                 CScriptedDialogs::Ok<CDlgPreferences>([&](CDlgPreferences& dlg) {
-                                    shown["previousJumps"] = dlg.PreviousJumpsSpin()->value();
+                                    shown["previousJumps"] = dlg.findChild<QSpinBox*>("previousJumpsSpin")->value();
                                 })};
             Action("userProfileAction")->trigger();
             Action("equipmentAction")->trigger();

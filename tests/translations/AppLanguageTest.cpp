@@ -126,7 +126,8 @@ private slots:
         harness.Doc().ReplaceSettings(settings);
         CUnitSettings units(1, 0, 1);
         CDlgPreferences preferences(units, nullptr, harness.Doc(), &harness.messages);
-        shown << preferences.FallrateLabel()->text() << preferences.FallrateButton()->text();
+        shown << preferences.findChild<QLabel*>("fallrateLabel")->text()
+              << preferences.findChild<QPushButton*>("fallrateButton")->text();
         QCOMPARE(shown, language == QLatin1String("de") ? kGerman : kEnglish);
 
         QMenuBar* menus = harness.Frame()->menuBar();
