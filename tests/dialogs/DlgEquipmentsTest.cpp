@@ -55,13 +55,13 @@ private slots:
         CRecordingMessages messages;
         CScriptedDialogs runner;
         runner.steps.append(CScriptedDialogs::Ok<CDlgEquipment>(
-            [](CDlgEquipment& rig) { rig.HarnessEdit()->setText(QStringLiteral("Infinity")); }));
+            [](CDlgEquipment& rig) { rig.findChild<QLineEdit*>("harnessEdit")->setText(QStringLiteral("Infinity")); }));
         runner.steps.append(CScriptedDialogs::Ok<CDlgEquipment>(
-            [](CDlgEquipment& rig) { rig.MainEdit()->setText(QStringLiteral("Pilot")); }));
+            [](CDlgEquipment& rig) { rig.findChild<QLineEdit*>("mainEdit")->setText(QStringLiteral("Pilot")); }));
         runner.steps.append(CScriptedDialogs::Ok<CDlgEquipment>([](CDlgEquipment& rig) {
-            QVERIFY(rig.ActiveBox()->isChecked());
-            rig.HarnessEdit()->setText(QStringLiteral(" Mirage "));
-            rig.MainEdit()->setText(QStringLiteral("Stiletto"));
+            QVERIFY(rig.findChild<QCheckBox*>("activeBox")->isChecked());
+            rig.findChild<QLineEdit*>("harnessEdit")->setText(QStringLiteral(" Mirage "));
+            rig.findChild<QLineEdit*>("mainEdit")->setText(QStringLiteral("Stiletto"));
         }));
         CDlgEquipments dlg(doc, &messages);
         dlg.SetDialogRunner(&runner);
@@ -109,8 +109,9 @@ private slots:
         QCOMPARE(rigs.Get(1).GetNumber(), 5);
     }
 
-    // Each refused value shows one message and puts the focus on its field, the editor staying
-    // open; mended, OK hands every value back.
+    // Each refused value shows one message (a missing name as an error, a number out of range as
+    // a warning) and puts the focus on its field, the editor staying open; mended, OK hands every
+    // value back.
     void rigEditorFocusesTheRefusedFieldAndKeepsEveryValueOnOk()
     {
         CEquipment rig(3);
@@ -119,28 +120,32 @@ private slots:
         CDlgEquipment dlg(rig, &messages);
         dlg.show();
         QVERIFY(QTest::qWaitForWindowExposed(&dlg));
-        QCOMPARE(dlg.DateEdit()->date(), QDate(2024, 2, 29));
+        QCOMPARE(dlg.findChild<CKqDateEdit*>("inspectionDate")->date(), QDate(2024, 2, 29));
         const struct
         {
             const char *harness, *main, *size, *focus, *message;
-        } cases[] = {{"   ", "Sabre2", "170", "harnessEdit", "Please enter a harness."},
-                     {"Javelin", " ", "170", "mainEdit", "Please enter a main canopy."},
-                     {"Javelin", "Sabre2", "1000", "mainSizeEdit", "Please enter a value between 0 and 999."}};
+            CRecordingMessages::Kind kind;
+        } cases[] = {
+            {"   ", "Sabre2", "170", "harnessEdit", "Please enter a harness.", CRecordingMessages::Kind::Error},
+            {"Javelin", " ", "170", "mainEdit", "Please enter a main canopy.", CRecordingMessages::Kind::Error},
+            {"Javelin", "Sabre2", "1000", "mainSizeEdit", "Please enter a value between 0 and 999.",
+             CRecordingMessages::Kind::Warning}};
         for (const auto& c : cases) {
-            dlg.HarnessEdit()->setText(QLatin1String(c.harness));
-            dlg.MainEdit()->setText(QLatin1String(c.main));
-            dlg.MainSizeEdit()->setText(QLatin1String(c.size));
+            dlg.findChild<QLineEdit*>("harnessEdit")->setText(QLatin1String(c.harness));
+            dlg.findChild<QLineEdit*>("mainEdit")->setText(QLatin1String(c.main));
+            dlg.findChild<QLineEdit*>("mainSizeEdit")->setText(QLatin1String(c.size));
             dlg.accept();
             QCOMPARE(messages.boxes.last().text, QLatin1String(c.message));
+            QVERIFY(messages.boxes.last().kind == c.kind);
             QCOMPARE(dlg.focusWidget()->objectName(), QLatin1String(c.focus));
         }
         QCOMPARE(messages.boxes.size(), qsizetype(3));
         QVERIFY(dlg.isVisible());
 
-        dlg.MainSizeEdit()->setText(QStringLiteral("0"));
-        dlg.ReserveSizeEdit()->setText(QStringLiteral("143"));
-        dlg.PreviousJumpsSpin()->setValue(32767);
-        dlg.ActiveBox()->setChecked(false);
+        dlg.findChild<QLineEdit*>("mainSizeEdit")->setText(QStringLiteral("0"));
+        dlg.findChild<QLineEdit*>("reserveSizeEdit")->setText(QStringLiteral("143"));
+        dlg.findChild<QSpinBox*>("previousJumpsSpin")->setValue(32767);
+        dlg.findChild<QCheckBox*>("activeBox")->setChecked(false);
         dlg.accept();
         QCOMPARE(dlg.result(), int(QDialog::Accepted));
         const auto result = dlg.Result();
@@ -161,8 +166,8 @@ private slots:
         CDlgEquipment dlg(rig, nullptr);
         dlg.show();
         QVERIFY(QTest::qWaitForWindowExposed(&dlg));
-        QCOMPARE(dlg.DateEdit()->text(), QStringLiteral("None"));
-        QCalendarWidget* calendar = dlg.DateEdit()->calendarWidget();
+        QCOMPARE(dlg.findChild<CKqDateEdit*>("inspectionDate")->text(), QStringLiteral("None"));
+        QCalendarWidget* calendar = dlg.findChild<CKqDateEdit*>("inspectionDate")->calendarWidget();
         QShowEvent shown;
         QCoreApplication::sendEvent(calendar, &shown);
         QCOMPARE(calendar->yearShown(), QDate::currentDate().year());
@@ -171,7 +176,7 @@ private slots:
         QVERIFY(!dlg.Result()->GetInspectionDate().IsValid());
 
         CDlgEquipment picked(rig, nullptr);
-        picked.DateEdit()->setDate(QDate(2024, 3, 1));
+        picked.findChild<CKqDateEdit*>("inspectionDate")->setDate(QDate(2024, 3, 1));
         picked.accept();
         QVERIFY(picked.Result()->GetInspectionDate().SameDay(CDateTime(2024, 3, 1)));
     }
