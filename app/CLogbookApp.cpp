@@ -23,7 +23,7 @@
 
 CLogbookApp::CLogbookApp()
 {
-    // The registry root: every value lives under the company key and the program's name.
+    // Where the settings store keeps its values: under the company and the program's name.
     QCoreApplication::setOrganizationName(QString::fromLatin1(kCompany));
     QCoreApplication::setApplicationName(QString::fromLatin1(kProgram));
     m_ownSettings = std::make_unique<CQSettingsStore>(QString::fromLatin1(kCompany), QString::fromLatin1(kProgram));
@@ -61,8 +61,8 @@ bool CLogbookApp::InitInstance(const QStringList& arguments)
     if (QCoreApplication::applicationName().isEmpty())
         QCoreApplication::setApplicationName(QString::fromLatin1(kProgram));
 
-    // 2.-3. The registry root is set above; the frame reads the unit preferences, builds its
-    // view and command bar and puts up the splash.
+    // 2.-3. The settings store's place is set above; the frame reads the unit preferences, builds
+    // its view and command bar and puts up the splash.
     m_frame = std::make_unique<CMainFrame>(m_services);
     if (m_ownMessages)
         m_ownMessages->SetParent(m_frame.get());

@@ -13,7 +13,7 @@ class CLogbookView;
 class QAction;
 class QToolBar;
 
-// The main window. It holds, in this order, the unit preferences (read from the registry when
+// The main window. It holds, in this order, the unit preferences (read from the settings store when
 // the frame is built), the one logbook document, the one view and the command bar with the
 // File menu. It shows the splash while it is built and runs the reminders.
 class CMainFrame : public QMainWindow

@@ -62,7 +62,7 @@ public:
     std::string_view WindLabel() const;     // "kn" (metric) / "mph" (imperial)
     std::string_view DistanceLabel() const; // " [km]" / " [mi]"
 
-    // The registry section and value names.
+    // The settings store's section and value names.
     static constexpr std::string_view kSection = "Preferences";
     static constexpr std::string_view kUnits = "Units";
     static constexpr std::string_view kSpeed = "DisplaySpeedAs";

@@ -1,5 +1,5 @@
 // Start-up of the real main window: the logbook used last, the command line, the splash, the
-// registry on QSettings and the reminders.
+// settings store on QSettings and the reminders.
 
 #include "CAppHarness.h"
 
@@ -97,7 +97,7 @@ private slots:
     void settingsStoreKeepsSectionsAndTypes()
     {
         QTemporaryDir folder;
-        const QString ini = folder.filePath("registry.ini");
+        const QString ini = folder.filePath("settings.ini");
         {
             CQSettingsStore store(ini);
             store.SetString("General", "LastFile", "/home/jumper/Jumps ä.tvz");
