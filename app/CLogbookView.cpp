@@ -12,9 +12,7 @@
 #include "document/CLogbookDoc.h"
 #include "document/IClock.h"
 #include "model/CJump.h"
-#include "stats/CLicenceRules.h"
 
-#include <QAction>
 #include <QLineEdit>
 #include <QPainter>
 #include <QResizeEvent>
@@ -87,6 +85,7 @@ CLogbookView::CLogbookView(CLogbookDoc& doc, const CUnitSettings& units, const C
     m_index = std::make_unique<CSearchIndex>(doc);
     m_doc.AddObserver(m_index.get());
     m_listModel = new CJumpTableModel(doc, units, *m_index, CJumpTableModel::Filter::NoJumps, this);
+    m_listModel->setObjectName(QStringLiteral("listModel"));
     // The touch lists: the search field over the list.
     m_listPage = new QWidget(this);
     m_listPage->setObjectName(QStringLiteral("listPage"));
@@ -123,6 +122,7 @@ CLogbookView::CLogbookView(CLogbookDoc& doc, const CUnitSettings& units, const C
     m_outer->addWidget(m_listPage, 1);
 
     m_tableModel = new CJumpTableModel(doc, units, *m_index, CJumpTableModel::Filter::AllJumps, this);
+    m_tableModel->setObjectName(QStringLiteral("tableModel"));
     m_desktop = new CDesktopPane(m_tableModel, units, services.settings, this);
     m_desktop->Table()->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(m_desktop->Table(), &QWidget::customContextMenuRequested, this, [this](const QPoint& position) {

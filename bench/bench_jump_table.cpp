@@ -83,7 +83,7 @@ int main(int argc, char** argv)
     QCoreApplication::processEvents();
     CLogbookView* view = frame.GetView();
     QTableView* table = view->GetDesktop()->Table();
-    CJumpTableModel* model = view->GetTableModel();
+    CJumpTableModel* model = view->findChild<CJumpTableModel*>("tableModel");
 
     // Load: the loaded logbook is taken over, the view refreshed, the table painted and scrolled
     // to its middle.
@@ -201,7 +201,8 @@ int main(int argc, char** argv)
     }
     Report("edit OK until table, summary, buttons", Median(runner.okMs), "ms", 20);
 
-    const double bytes = double(model->MemoryBytes() + view->GetListModel()->MemoryBytes()) / jumps;
+    const double bytes =
+        double(model->MemoryBytes() + view->findChild<CJumpTableModel*>("listModel")->MemoryBytes()) / jumps;
     Report("table models' memory per jump", bytes, "bytes", 16);
     doc.SetModified(false);
     return 0;

@@ -140,7 +140,8 @@ private slots:
         desktop->Table()->sortByColumn(CJumpTableModel::PlaceColumn, Qt::DescendingOrder);
         harness.Frame()->close();
 
-        CDesktopPane again(harness.View()->GetTableModel(), harness.Frame()->GetUnits(), &harness.settings);
+        CDesktopPane again(harness.View()->findChild<CJumpTableModel*>("tableModel"), harness.Frame()->GetUnits(),
+                           &harness.settings);
         const QHeaderView* header = again.Table()->horizontalHeader();
         QVERIFY(header->isSectionHidden(CJumpTableModel::AircraftColumn));
         QVERIFY(!header->isSectionHidden(CJumpTableModel::TeamColumn));

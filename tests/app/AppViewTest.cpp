@@ -97,7 +97,6 @@ private slots:
             harness.Frame()->resize(width, 240);
             QCoreApplication::processEvents();
             QCOMPARE(harness.View()->width(), width);
-            QCOMPARE(harness.View()->IsLandscape(), width == 320);
             QCOMPARE(jumpList->y() > signList->y(), width == 320);
             const int buttonsBottom = signList->mapTo(harness.View(), QPoint(0, signList->height())).y();
             QCOMPARE(harness.View()->GetSummary()->mapTo(harness.View(), QPoint(0, 0)).y() < buttonsBottom,

@@ -47,13 +47,14 @@ QStringList CheckLayout(CLogbookView* view)
         parts.removeIf([root](const QWidget* part) { return !part->isVisibleTo(root); });
         return parts;
     };
-    CSearchBar* search = view->GetListSearch();
+    CSearchBar* search = view->findChild<CSearchBar*>("listSearchBar");
     QList<QWidget*> parts;
     // The page buttons; the search bars' buttons are checked with their bars.
     for (QToolButton* button : view->findChildren<QToolButton*>())
         if (!view->GetDesktop()->isAncestorOf(button) && !search->isAncestorOf(button))
             parts.append(button);
-    parts << view->GetSummary() << view->GetLicenceStatus() << search << view->GetList() << view->GetDesktop();
+    parts << view->GetSummary() << view->findChild<QWidget*>("homePage")->findChild<CLicenceStatusPane*>() << search
+          << view->GetList() << view->GetDesktop();
     QStringList problems = RenderCheck::Layout(view, visible(view, parts));
     for (CSummaryPane* summary : {view->GetSummary(), view->GetDesktop()->Summary()})
         if (summary->isVisibleTo(view))
@@ -99,7 +100,8 @@ int main(int argc, char* argv[])
             frame->resize(size);
             QApplication::processEvents();
             if (mode.endsWith(QStringLiteral("search"))) {
-                CSearchBar* bar = desktop ? harness.View()->GetDesktop()->Search() : harness.View()->GetListSearch();
+                CSearchBar* bar = desktop ? harness.View()->GetDesktop()->Search()
+                                          : harness.View()->findChild<CSearchBar*>("listSearchBar");
                 if (!desktop)
                     harness.View()->OnViewJumpList();
                 bar->SetText(QStringLiteral("dz:Rovaniemi n:121..140 signed:yes"));
@@ -113,7 +115,7 @@ int main(int argc, char* argv[])
                 harness.View()->OnViewSignList();
             else if (mode == QStringLiteral("desktop")) {
                 // The newest signed jump with a recording shows every part of the details.
-                const CJumpTableModel* model = harness.View()->GetTableModel();
+                const CJumpTableModel* model = harness.View()->findChild<CJumpTableModel*>("tableModel");
                 int row = model->rowCount() - 1;
                 for (int r = row; r >= 0; --r)
                     if (model->JumpAt(r)->IsSigned() && model->JumpAt(r)->GetRecording().IsPresent()) {
@@ -134,7 +136,8 @@ int main(int argc, char* argv[])
                 found.append(QStringLiteral("cannot write the picture"));
             if (mode == QStringLiteral("search")) {
                 // The menu of typed terms on a screen as wide as the window.
-                CSearchBar* bar = desktop ? harness.View()->GetDesktop()->Search() : harness.View()->GetListSearch();
+                CSearchBar* bar = desktop ? harness.View()->GetDesktop()->Search()
+                                          : harness.View()->findChild<CSearchBar*>("listSearchBar");
                 QMenu* menu = bar->FitTermsMenu(size.width());
                 if (menu->width() > size.width())
                     found.append(QStringLiteral("the terms menu is wider than the screen"));

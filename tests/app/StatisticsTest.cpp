@@ -202,7 +202,8 @@ private slots:
             harness.SetLastFile(
                 harness.WriteFile(QStringLiteral("s.tvl"), QByteArray::fromStdString(StatsLogbook::Xml())));
             QVERIFY(harness.StartWithoutSplash());
-            CLicenceStatusPane* pane = harness.View()->GetLicenceStatus();
+            CLicenceStatusPane* pane =
+                harness.View()->findChild<QWidget*>("homePage")->findChild<CLicenceStatusPane*>();
             for (const QSize size : RenderCheck::kSizes) {
                 harness.Frame()->resize(size);
                 // The view fits the cards to its new width as it is resized, which lays it out again.
