@@ -43,8 +43,6 @@ public:
 
     // The main window once started.
     CMainFrame* GetMainFrame() const { return m_frame.get(); }
-    // The services the program runs on.
-    const CAppServices& GetServices() const { return m_services; }
 
 private:
     void LoadStartLogbook(const QStringList& arguments);

@@ -38,8 +38,6 @@ public:
     CSettingsCommands* GetSettingsCommands() const { return m_settingsCommands; }
     // The unit preferences read when the frame was built.
     const CUnitSettings& GetUnits() const { return m_units; }
-    // The command bar with the File commands for the touch user.
-    QToolBar* GetCommandBar() const { return m_commandBar; }
     // The desktop layout's tool bar with the jump commands.
     QToolBar* GetJumpBar() const { return m_jumpBar; }
 

@@ -26,14 +26,6 @@ public:
 
     const CPrintOptionsEdit& Edit() const { return m_edit; }
 
-    QRadioButton* AllRadio() const { return m_all; }
-    QRadioButton* RangeRadio() const { return m_range; }
-    QRadioButton* ShownRadio() const { return m_shown; }
-    QSpinBox* FromSpin() const { return m_from; }
-    QSpinBox* ToSpin() const { return m_to; }
-    QComboBox* PaperCombo() const { return m_paper; }
-    QCheckBox* RecordingsCheck() const { return m_recordings; }
-
 public slots:
     void accept() override;
 

@@ -29,9 +29,9 @@ QString PdfText(const QString& path)
 CScriptedDialogs::Step Range(int from, int to)
 {
     return CScriptedDialogs::Ok<CDlgPrintOptions>([from, to](CDlgPrintOptions& dialog) {
-        dialog.RangeRadio()->setChecked(true);
-        dialog.FromSpin()->setValue(from);
-        dialog.ToSpin()->setValue(to);
+        dialog.findChild<QRadioButton*>("rangeRadio")->setChecked(true);
+        dialog.findChild<QSpinBox*>("fromSpin")->setValue(from);
+        dialog.findChild<QSpinBox*>("toSpin")->setValue(to);
     });
 }
 

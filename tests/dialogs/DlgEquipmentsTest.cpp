@@ -68,31 +68,33 @@ private slots:
         dlg.show();
         QVERIFY(QTest::qWaitForWindowExposed(&dlg));
 
-        CDlgEquipmentsPageAlarm* alarm = dlg.AlarmPage();
-        QVERIFY(!alarm->AlarmBox()->isChecked());
-        QVERIFY(!alarm->DaysPriorSpin()->isEnabled() && !alarm->CycleSpin()->isEnabled());
-        QCOMPARE(alarm->DaysPriorSpin()->value(), 30);
-        QCOMPARE(alarm->CycleSpin()->value(), 180);
-        alarm->AlarmBox()->setChecked(true);
-        QVERIFY(alarm->DaysPriorSpin()->isEnabled() && alarm->CycleSpin()->isEnabled());
-        alarm->CycleSpin()->setValue(730);
+        auto* alarm = dlg.findChild<CDlgEquipmentsPageAlarm*>();
+        QVERIFY(!alarm->findChild<QCheckBox*>("rigAlarmBox")->isChecked());
+        QVERIFY(!alarm->findChild<QSpinBox*>("rigDaysPriorSpin")->isEnabled() &&
+                !alarm->findChild<QSpinBox*>("inspectionCycleSpin")->isEnabled());
+        QCOMPARE(alarm->findChild<QSpinBox*>("rigDaysPriorSpin")->value(), 30);
+        QCOMPARE(alarm->findChild<QSpinBox*>("inspectionCycleSpin")->value(), 180);
+        alarm->findChild<QCheckBox*>("rigAlarmBox")->setChecked(true);
+        QVERIFY(alarm->findChild<QSpinBox*>("rigDaysPriorSpin")->isEnabled() &&
+                alarm->findChild<QSpinBox*>("inspectionCycleSpin")->isEnabled());
+        alarm->findChild<QSpinBox*>("inspectionCycleSpin")->setValue(730);
 
-        CDlgEquipmentsPageEquipments* page = dlg.EquipmentsPage();
-        QListWidget* list = page->List();
+        auto* page = dlg.findChild<CDlgEquipmentsPageEquipments*>();
+        auto* list = page->findChild<QListWidget*>("equipmentList");
         QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(list->item(1)).center());
         list->setCurrentRow(0);
         list->setFocus();
         QTest::keyClick(list, Qt::Key_Return);
         QCOMPARE(Rows(list), (QStringList{"[1] Javelin / Pilot", "[4] Infinity / Sabre2"}));
-        page->NewButton()->click();
-        page->NewButton()->click();
+        page->findChild<QPushButton*>("newEquipmentButton")->click();
+        page->findChild<QPushButton*>("newEquipmentButton")->click();
         QCOMPARE(Rows(list).mid(2), QStringList{"[5] Mirage / Stiletto"});
         list->setCurrentRow(0);
         messages.yesNoAnswer = false;
-        page->RemoveButton()->click();
+        page->findChild<QPushButton*>("removeEquipmentButton")->click();
         QCOMPARE(list->count(), 3);
         messages.yesNoAnswer = true;
-        page->RemoveButton()->click();
+        page->findChild<QPushButton*>("removeEquipmentButton")->click();
         QCOMPARE(messages.Texts(CRecordingMessages::Kind::YesNo).last(),
                  QStringLiteral("Do you want to remove the equipment [1] Javelin / Pilot?"));
         QCOMPARE(Rows(list), (QStringList{"[4] Infinity / Sabre2", "[5] Mirage / Stiletto"}));

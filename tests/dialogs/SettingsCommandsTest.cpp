@@ -101,8 +101,8 @@ private slots:
         const QStringList before = RigTexts();
         h->dialogs.steps.append(CScriptedDialogs::Ok<CDlgEquipments>([](CDlgEquipments& dlg) {
             dlg.InitialisePages();
-            dlg.EquipmentsPage()->List()->setCurrentRow(1);
-            dlg.EquipmentsPage()->RemoveButton()->click();
+            dlg.findChild<QListWidget*>("equipmentList")->setCurrentRow(1);
+            dlg.findChild<QPushButton*>("removeEquipmentButton")->click();
         }));
         Action("equipmentAction")->trigger();
         QCOMPARE(doc.GetSettings().GetEquipmentList().GetCount(), std::size_t(2));
@@ -126,7 +126,7 @@ private slots:
         const auto rename = [this](int row) {
             h->dialogs.steps = {CScriptedDialogs::Ok<CDlgEquipments>([row](CDlgEquipments& dlg) {
                                     dlg.InitialisePages();
-                                    dlg.EquipmentsPage()->OpenRow(row);
+                                    dlg.findChild<CDlgEquipmentsPageEquipments*>()->OpenRow(row);
                                 }),
                                 CScriptedDialogs::Ok<CDlgEquipment>([](CDlgEquipment& dlg) {
                                     dlg.findChild<QLineEdit*>("harnessEdit")->setText("Mirage");
@@ -157,8 +157,8 @@ private slots:
         h->messages.boxes.clear();
         h->dialogs.steps.append(CScriptedDialogs::Ok<CDlgEquipments>([](CDlgEquipments& dlg) {
             dlg.InitialisePages();
-            dlg.EquipmentsPage()->List()->setCurrentRow(0);
-            dlg.EquipmentsPage()->RemoveButton()->click();
+            dlg.findChild<QListWidget*>("equipmentList")->setCurrentRow(0);
+            dlg.findChild<QPushButton*>("removeEquipmentButton")->click();
         }));
         Action("equipmentAction")->trigger();
         const QStringList asked = h->messages.Texts(CRecordingMessages::Kind::YesNo);
@@ -194,7 +194,7 @@ private slots:
                                     dlg.InitialisePages();
                                     record(dlg, "rigDaysPriorSpin");
                                     record(dlg, "inspectionCycleSpin");
-                                    dlg.EquipmentsPage()->OpenRow(0);
+                                    dlg.findChild<CDlgEquipmentsPageEquipments*>()->OpenRow(0);
                                 }),
                                 CScriptedDialogs::Ok<CDlgEquipment>([&](CDlgEquipment& dlg) {
                                     record(dlg, "previousJumpsSpin");
