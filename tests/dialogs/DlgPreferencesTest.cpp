@@ -1,3 +1,4 @@
+#include "CRecordingMessages.h"
 #include "CScriptedDialogs.h"
 
 #include "controls/CDurationPadDlg.h"
@@ -94,6 +95,26 @@ private slots:
         QVERIFY(dlg.Edit().Apply(units, &store, *doc));
         QCOMPARE(doc->GetSettings().FallrateSpeed(2), 55.5);
         QCOMPARE(doc->GetSettings().GetPreviousDelay(), padSeconds);
+    }
+
+    // A changed count beyond the range is refused with one warning and the focus on its field;
+    // the dialog stays open until it is mended.
+    void refusedPreviousJumpsKeepTheDialogOpenOnTheirField()
+    {
+        CRecordingMessages messages;
+        CDlgPreferences dlg(units, &store, *doc, &messages);
+        dlg.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&dlg));
+        auto* jumps = dlg.findChild<QSpinBox*>("previousJumpsSpin");
+        jumps->setValue(CPreferencesEdit::kMaxPreviousJumps + 1);
+        dlg.accept();
+        QCOMPARE(messages.Texts(CRecordingMessages::Kind::Warning),
+                 QStringList{QStringLiteral("Please enter a value between 0 and 32767.")});
+        QCOMPARE(dlg.focusWidget(), jumps);
+        QVERIFY(dlg.isVisible());
+        jumps->setValue(CPreferencesEdit::kMaxPreviousJumps);
+        dlg.accept();
+        QCOMPARE(dlg.result(), int(QDialog::Accepted));
     }
 
 private:
