@@ -51,11 +51,18 @@ private slots:
         CPrintPagesCommand* command = harness.Frame()->GetPrintPages();
         QSignalSpy finished(command, &CPrintPagesCommand::finished);
 
-        // Nothing numbered 50..60: the check's message, and the dialog stays open (rejected here).
-        harness.dialogs.steps = {Range(50, 60)};
+        // Nothing numbered 50..60: the check's message and the focus on the first number, and the
+        // dialog stays open (rejected here).
+        QString focused;
+        harness.dialogs.steps = {[&focused, step = Range(50, 60)](QDialog& dialog) {
+            const int result = step(dialog);
+            focused = dialog.focusWidget() ? dialog.focusWidget()->objectName() : QString();
+            return result;
+        }};
         exportPdf->trigger();
         QCOMPARE(harness.messages.Texts(CRecordingMessages::Kind::Warning),
                  QStringList{QStringLiteral("No jump is numbered from 50 to 60.")});
+        QCOMPARE(focused, QStringLiteral("fromSpin"));
         QVERIFY(harness.files.asked.isEmpty());
 
         const QString path = harness.Path(QStringLiteral("pages.pdf"));
