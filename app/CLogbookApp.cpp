@@ -75,7 +75,7 @@ bool CLogbookApp::InitInstance(const QStringList& arguments)
     LoadStartLogbook(arguments);
 
     // 5. The home page when a logbook is open, else the start buttons; show the window.
-    m_frame->GetView()->Refresh();
+    m_frame->View()->Refresh();
     m_frame->show();
 
     // 6. Start-up is over: the splash goes at its time or at the first input.
@@ -94,7 +94,7 @@ void CLogbookApp::LoadStartLogbook(const QStringList& arguments)
     // A logbook named on the command line (a desktop opening a ".tvz") is an explicit request:
     // it fails like the Open command, with its messages.
     if (arguments.size() > 1 && !arguments.at(1).isEmpty()) {
-        m_frame->GetCommands()->LoadLogbook(arguments.at(1));
+        m_frame->Commands()->LoadLogbook(arguments.at(1));
         return;
     }
     const std::string last =
@@ -107,5 +107,5 @@ void CLogbookApp::LoadStartLogbook(const QStringList& arguments)
         return;
     // Read like Open, with a progress dialog when it takes a while, but a failure shows only the
     // load's own message.
-    m_frame->GetCommands()->LoadLogbook(path, CLogbookCommands::OnFailure::ReportLoadMessagesOnly);
+    m_frame->Commands()->LoadLogbook(path, CLogbookCommands::OnFailure::ReportLoadMessagesOnly);
 }

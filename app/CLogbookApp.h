@@ -42,7 +42,7 @@ public:
     bool InitInstance(const QStringList& arguments);
 
     // The main window once started.
-    CMainFrame* GetMainFrame() const { return m_frame.get(); }
+    CMainFrame* MainFrame() const { return m_frame.get(); }
 
 private:
     void LoadStartLogbook(const QStringList& arguments);

@@ -142,7 +142,7 @@ CLogbookView::CLogbookView(CLogbookDoc& doc, const CUnitSettings& units, const C
     connect(find, &QShortcut::activated, this, &CLogbookView::FocusSearch);
 
     ApplyIconSizes();
-    SetViewMode(ViewMode::Empty);
+    SetMode(ViewMode::Empty);
 }
 
 CLogbookView::~CLogbookView()
@@ -200,7 +200,7 @@ bool CLogbookView::IsLogbookOpen() const
     return m_doc.HasPath();
 }
 
-void CLogbookView::SetViewMode(ViewMode mode)
+void CLogbookView::SetMode(ViewMode mode)
 {
     // Leaving a list empties it.
     if (mode != ViewMode::JumpList && mode != ViewMode::SignList)
@@ -339,7 +339,7 @@ void CLogbookView::FollowDocument()
     // A list is left when the jumps it lists are gone, not when the search finds none of them.
     const bool list = m_mode == ViewMode::JumpList || m_mode == ViewMode::SignList;
     if (list && m_list->RowCount() == 0 && m_listModel->FilteredCount() == 0) {
-        SetViewMode(ViewMode::Home);
+        SetMode(ViewMode::Home);
         return;
     }
     ShowSummaries(m_mode == ViewMode::Home && !m_desktopLayout, m_desktopLayout && m_mode != ViewMode::Empty);
@@ -374,7 +374,7 @@ void CLogbookView::LogbookReset()
 
 void CLogbookView::Refresh()
 {
-    SetViewMode(IsLogbookOpen() ? ViewMode::Home : ViewMode::Empty);
+    SetMode(IsLogbookOpen() ? ViewMode::Home : ViewMode::Empty);
 }
 
 void CLogbookView::UpdateButtons()
@@ -393,7 +393,7 @@ void CLogbookView::UpdateButtons()
 
 void CLogbookView::OnViewHome()
 {
-    SetViewMode(ViewMode::Home);
+    SetMode(ViewMode::Home);
 }
 
 void CLogbookView::OnViewJumpList()
@@ -403,7 +403,7 @@ void CLogbookView::OnViewJumpList()
     // A list opened from its button lists all its jumps.
     m_listSearch->SetText({});
     m_listModel->SetFilter(CJumpTableModel::Filter::AllJumps);
-    SetViewMode(ViewMode::JumpList);
+    SetMode(ViewMode::JumpList);
     m_list->ShowEnd();
 }
 
@@ -413,7 +413,7 @@ void CLogbookView::OnViewSignList()
         return;
     m_listSearch->SetText({});
     m_listModel->SetFilter(CJumpTableModel::Filter::UnsignedJumps);
-    SetViewMode(ViewMode::SignList);
+    SetMode(ViewMode::SignList);
     m_list->ShowEnd();
 }
 

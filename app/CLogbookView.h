@@ -52,9 +52,9 @@ public:
     ~CLogbookView() override;
 
     // The current mode.
-    ViewMode GetViewMode() const { return m_mode; }
+    ViewMode Mode() const { return m_mode; }
     // Switches the mode: shows and hides the controls, empties the list when leaving a list.
-    void SetViewMode(ViewMode mode);
+    void SetMode(ViewMode mode);
     // A logbook is open while the document has a path.
     bool IsLogbookOpen() const;
     // After a load or New: Home when a logbook is open, else Empty; repaints.
@@ -86,9 +86,9 @@ public:
     void FocusSearch();
 
     // The touch list, the home page's summary and the desktop pane, for the frame.
-    CJumpListCtrl* GetList() const { return m_list; }
-    CSummaryPane* GetSummary() const { return m_summary; }
-    CDesktopPane* GetDesktop() const { return m_desktop; }
+    CJumpListCtrl* List() const { return m_list; }
+    CSummaryPane* Summary() const { return m_summary; }
+    CDesktopPane* Desktop() const { return m_desktop; }
 
     // What the document tells: the summary, the buttons and the mode follow.
     void JumpsInserted(std::size_t first, std::size_t count) override;

@@ -58,7 +58,7 @@ private slots:
             QCOMPARE(harness.messages.boxes.size(), errors.size());
             QCOMPARE(QString::fromStdString(harness.Doc().GetPath()),
                      opened.isEmpty() ? QString() : harness.Path(opened));
-            QCOMPARE(harness.View()->GetViewMode(), opened.isEmpty() ? Mode::Empty : Mode::Home);
+            QCOMPARE(harness.View()->Mode(), opened.isEmpty() ? Mode::Empty : Mode::Home);
             if (!opened.isEmpty()) {
                 QCOMPARE(harness.LastFile(), harness.Path(opened));
                 QVERIFY(harness.Frame()->windowTitle().startsWith(opened));
@@ -131,13 +131,13 @@ private slots:
             CAppHarness harness;
             harness.defaultUnits = units;
             QVERIFY(harness.Start());
-            QCOMPARE(harness.Frame()->GetUnits().IsMetric(), units == 1);
+            QCOMPARE(harness.Frame()->Units().IsMetric(), units == 1);
         }
         CAppHarness chosen;
         chosen.defaultUnits = 1;
         chosen.settings.SetInt("Preferences", "Units", 0);
         QVERIFY(chosen.Start());
-        QVERIFY(!chosen.Frame()->GetUnits().IsMetric());
+        QVERIFY(!chosen.Frame()->Units().IsMetric());
     }
 
     // Expiry or inspection relative to today with 10 alarm days; which days are due is tested

@@ -48,7 +48,7 @@ private slots:
         QVERIFY(!harness.StartWith(CTestLogbook().Jumps(1, 40)).isEmpty());
         QAction* exportPdf = harness.Frame()->findChild<QAction*>(QStringLiteral("exportPdfAction"));
         QVERIFY(exportPdf && exportPdf->isEnabled());
-        CPrintPagesCommand* command = harness.Frame()->GetPrintPages();
+        CPrintPagesCommand* command = harness.Frame()->PrintPages();
         QSignalSpy finished(command, &CPrintPagesCommand::finished);
 
         // Nothing numbered 50..60: the check's message and the focus on the first number, and the

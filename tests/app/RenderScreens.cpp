@@ -51,15 +51,15 @@ QStringList CheckLayout(CLogbookView* view)
     QList<QWidget*> parts;
     // The page buttons; the search bars' buttons are checked with their bars.
     for (QToolButton* button : view->findChildren<QToolButton*>())
-        if (!view->GetDesktop()->isAncestorOf(button) && !search->isAncestorOf(button))
+        if (!view->Desktop()->isAncestorOf(button) && !search->isAncestorOf(button))
             parts.append(button);
-    parts << view->GetSummary() << view->findChild<QWidget*>("homePage")->findChild<CLicenceStatusPane*>() << search
-          << view->GetList() << view->GetDesktop();
+    parts << view->Summary() << view->findChild<QWidget*>("homePage")->findChild<CLicenceStatusPane*>() << search
+          << view->List() << view->Desktop();
     QStringList problems = RenderCheck::Layout(view, visible(view, parts));
-    for (CSummaryPane* summary : {view->GetSummary(), view->GetDesktop()->Summary()})
+    for (CSummaryPane* summary : {view->Summary(), view->Desktop()->Summary()})
         if (summary->isVisibleTo(view))
             problems += RenderCheck::Layout(summary, visible(summary, summary->findChildren<QWidget*>()));
-    for (CSearchBar* bar : {search, view->GetDesktop()->Search()})
+    for (CSearchBar* bar : {search, view->Desktop()->Search()})
         if (bar->isVisibleTo(view))
             problems += RenderCheck::Layout(
                 bar, visible(bar, {bar->Field(), bar->TermsButton(), bar->findChild<QLabel*>("searchCount"),
@@ -100,7 +100,7 @@ int main(int argc, char* argv[])
             frame->resize(size);
             QApplication::processEvents();
             if (mode.endsWith(QStringLiteral("search"))) {
-                CSearchBar* bar = desktop ? harness.View()->GetDesktop()->Search()
+                CSearchBar* bar = desktop ? harness.View()->Desktop()->Search()
                                           : harness.View()->findChild<CSearchBar*>("listSearchBar");
                 if (!desktop)
                     harness.View()->OnViewJumpList();
@@ -108,7 +108,7 @@ int main(int argc, char* argv[])
                 if (mode == QStringLiteral("badsearch"))
                     bar->SetText(QStringLiteral("dz:Rovaniemi date:2024-13"));
                 if (desktop)
-                    harness.View()->GetDesktop()->SelectRow(0);
+                    harness.View()->Desktop()->SelectRow(0);
             } else if (mode == QStringLiteral("jumplist"))
                 harness.View()->OnViewJumpList();
             else if (mode == QStringLiteral("signlist"))
@@ -122,7 +122,7 @@ int main(int argc, char* argv[])
                         row = r;
                         break;
                     }
-                harness.View()->GetDesktop()->SelectRow(row);
+                harness.View()->Desktop()->SelectRow(row);
             }
             QApplication::processEvents();
 
@@ -136,7 +136,7 @@ int main(int argc, char* argv[])
                 found.append(QStringLiteral("cannot write the picture"));
             if (mode == QStringLiteral("search")) {
                 // The menu of typed terms on a screen as wide as the window.
-                CSearchBar* bar = desktop ? harness.View()->GetDesktop()->Search()
+                CSearchBar* bar = desktop ? harness.View()->Desktop()->Search()
                                           : harness.View()->findChild<CSearchBar*>("listSearchBar");
                 QMenu* menu = bar->FitTermsMenu(size.width());
                 if (menu->width() > size.width())

@@ -211,7 +211,7 @@ private slots:
                 QApplication::processEvents();
                 if (harness.View()->IsDesktopLayout()) {
                     // The desktop shows the same status beside its table, under its summary.
-                    CLicenceStatusPane* desktop = harness.View()->GetDesktop()->LicenceStatus();
+                    CLicenceStatusPane* desktop = harness.View()->Desktop()->LicenceStatus();
                     QVERIFY(desktop->isVisibleTo(harness.View()));
                     QCOMPARE(desktop->CurrencyText(), QString::fromUtf8(row.currency));
                     QVERIFY(RenderCheck::Save(harness.Frame(), QStringLiteral("home_%1_desktop.png").arg(row.name)));
@@ -224,7 +224,7 @@ private slots:
                     QStringLiteral("home_%1_%2x%3.png").arg(row.name).arg(size.width()).arg(size.height());
                 QVERIFY(RenderCheck::Save(harness.Frame(), file));
                 const QStringList problems =
-                    RenderCheck::Layout(harness.View(), QList<QWidget*>{harness.View()->GetSummary(), pane}) +
+                    RenderCheck::Layout(harness.View(), QList<QWidget*>{harness.View()->Summary(), pane}) +
                     RenderCheck::Clipped(pane);
                 QVERIFY2(problems.isEmpty(), qPrintable(file + QLatin1Char(' ') + problems.join(QLatin1Char('\n'))));
             }
