@@ -7,7 +7,7 @@ class IFileChooser;
 class IPictureViewer;
 class IDialogRunner;
 
-// The outside world as the window sees it: the registry, the clock, message boxes, file dialogs,
+// The outside world as the window sees it: the settings store, the clock, message boxes, file dialogs,
 // the picture viewer and the modal editors. The program passes the real ones; tests pass
 // recorders. Not owned.
 struct CAppServices

@@ -23,7 +23,7 @@
 
 CLogbookApp::CLogbookApp()
 {
-    // The registry root: every value lives under the company key and the program's name.
+    // Where the settings store keeps its values: under the company and the program's name.
     QCoreApplication::setOrganizationName(QString::fromLatin1(kCompany));
     QCoreApplication::setApplicationName(QString::fromLatin1(kProgram));
     m_ownSettings = std::make_unique<CQSettingsStore>(QString::fromLatin1(kCompany), QString::fromLatin1(kProgram));
@@ -61,8 +61,8 @@ bool CLogbookApp::InitInstance(const QStringList& arguments)
     if (QCoreApplication::applicationName().isEmpty())
         QCoreApplication::setApplicationName(QString::fromLatin1(kProgram));
 
-    // 2.-3. The registry root is set above; the frame reads the unit preferences, builds its
-    // view and command bar and puts up the splash.
+    // 2.-3. The settings store's place is set above; the frame reads the unit preferences, builds
+    // its view and command bar and puts up the splash.
     m_frame = std::make_unique<CMainFrame>(m_services);
     if (m_ownMessages)
         m_ownMessages->SetParent(m_frame.get());
@@ -75,7 +75,7 @@ bool CLogbookApp::InitInstance(const QStringList& arguments)
     LoadStartLogbook(arguments);
 
     // 5. The home page when a logbook is open, else the start buttons; show the window.
-    m_frame->GetView()->Refresh();
+    m_frame->View()->Refresh();
     m_frame->show();
 
     // 6. Start-up is over: the splash goes at its time or at the first input.
@@ -94,7 +94,7 @@ void CLogbookApp::LoadStartLogbook(const QStringList& arguments)
     // A logbook named on the command line (a desktop opening a ".tvz") is an explicit request:
     // it fails like the Open command, with its messages.
     if (arguments.size() > 1 && !arguments.at(1).isEmpty()) {
-        m_frame->GetCommands()->LoadLogbook(arguments.at(1));
+        m_frame->Commands()->LoadLogbook(arguments.at(1));
         return;
     }
     const std::string last =
@@ -107,5 +107,5 @@ void CLogbookApp::LoadStartLogbook(const QStringList& arguments)
         return;
     // Read like Open, with a progress dialog when it takes a while, but a failure shows only the
     // load's own message.
-    m_frame->GetCommands()->LoadLogbook(path, CLogbookCommands::OnFailure::ReportLoadMessagesOnly);
+    m_frame->Commands()->LoadLogbook(path, CLogbookCommands::OnFailure::ReportLoadMessagesOnly);
 }

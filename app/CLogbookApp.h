@@ -16,18 +16,19 @@ class CMessageBoxes;
 class CFileDialogs;
 class CDesktopViewer;
 
-// The application: sets the registry root, builds the main frame, reopens the logbook used last
-// (or the one named on the command line), ends the splash and runs the reminders.
+// The application: sets where the settings store keeps its values, builds the main frame, reopens
+// the logbook used last (or the one named on the command line), ends the splash and runs the
+// reminders.
 class CLogbookApp : public QObject
 {
     Q_OBJECT
 
 public:
-    // The company key and program name of the registry.
+    // The company and program name the settings store keeps its values under.
     static constexpr const char* kCompany = "Orlithe";
     static constexpr const char* kProgram = "Tervola Pocket";
 
-    // The real registry, clock, message boxes, file dialogs and picture viewer.
+    // The real settings store, clock, message boxes, file dialogs and picture viewer.
     CLogbookApp();
     // Services chosen by the caller (tests); every pointer must be set.
     explicit CLogbookApp(const CAppServices& services);
@@ -41,9 +42,7 @@ public:
     bool InitInstance(const QStringList& arguments);
 
     // The main window once started.
-    CMainFrame* GetMainFrame() const { return m_frame.get(); }
-    // The services the program runs on.
-    const CAppServices& GetServices() const { return m_services; }
+    CMainFrame* MainFrame() const { return m_frame.get(); }
 
 private:
     void LoadStartLogbook(const QStringList& arguments);

@@ -51,7 +51,7 @@ public:
     // Waits, with the window painted and a progress dialog after a moment, until no save runs.
     void WaitForSaves();
     // The saves running off the window's thread.
-    CBackgroundSaver* GetSaver() const { return m_saver; }
+    CBackgroundSaver* Saver() const { return m_saver; }
     // Marks the logbook as open here (a lock file beside it); warns when another instance of
     // the program has it open.
     void LockLogbook(const std::string& path);

@@ -56,10 +56,10 @@ void CLogbookCommands::OnJumpView()
 
 void CLogbookCommands::OnRowActivated(int row)
 {
-    const ViewMode mode = m_view.GetViewMode();
+    const ViewMode mode = m_view.Mode();
     if (m_view.IsDesktopLayout() || (mode != ViewMode::JumpList && mode != ViewMode::SignList))
         return;
-    if (const CJump* jump = m_view.GetList()->JumpAt(row))
+    if (const CJump* jump = m_view.List()->JumpAt(row))
         EditJump(jump, mode == ViewMode::SignList ? CJumpEdit::PageSignature : CJumpEdit::PageDetails);
 }
 

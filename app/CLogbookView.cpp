@@ -12,9 +12,7 @@
 #include "document/CLogbookDoc.h"
 #include "document/IClock.h"
 #include "model/CJump.h"
-#include "stats/CLicenceRules.h"
 
-#include <QAction>
 #include <QLineEdit>
 #include <QPainter>
 #include <QResizeEvent>
@@ -87,6 +85,7 @@ CLogbookView::CLogbookView(CLogbookDoc& doc, const CUnitSettings& units, const C
     m_index = std::make_unique<CSearchIndex>(doc);
     m_doc.AddObserver(m_index.get());
     m_listModel = new CJumpTableModel(doc, units, *m_index, CJumpTableModel::Filter::NoJumps, this);
+    m_listModel->setObjectName(QStringLiteral("listModel"));
     // The touch lists: the search field over the list.
     m_listPage = new QWidget(this);
     m_listPage->setObjectName(QStringLiteral("listPage"));
@@ -123,6 +122,7 @@ CLogbookView::CLogbookView(CLogbookDoc& doc, const CUnitSettings& units, const C
     m_outer->addWidget(m_listPage, 1);
 
     m_tableModel = new CJumpTableModel(doc, units, *m_index, CJumpTableModel::Filter::AllJumps, this);
+    m_tableModel->setObjectName(QStringLiteral("tableModel"));
     m_desktop = new CDesktopPane(m_tableModel, units, services.settings, this);
     m_desktop->Table()->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(m_desktop->Table(), &QWidget::customContextMenuRequested, this, [this](const QPoint& position) {
@@ -142,7 +142,7 @@ CLogbookView::CLogbookView(CLogbookDoc& doc, const CUnitSettings& units, const C
     connect(find, &QShortcut::activated, this, &CLogbookView::FocusSearch);
 
     ApplyIconSizes();
-    SetViewMode(ViewMode::Empty);
+    SetMode(ViewMode::Empty);
 }
 
 CLogbookView::~CLogbookView()
@@ -200,7 +200,7 @@ bool CLogbookView::IsLogbookOpen() const
     return m_doc.HasPath();
 }
 
-void CLogbookView::SetViewMode(ViewMode mode)
+void CLogbookView::SetMode(ViewMode mode)
 {
     // Leaving a list empties it.
     if (mode != ViewMode::JumpList && mode != ViewMode::SignList)
@@ -339,7 +339,7 @@ void CLogbookView::FollowDocument()
     // A list is left when the jumps it lists are gone, not when the search finds none of them.
     const bool list = m_mode == ViewMode::JumpList || m_mode == ViewMode::SignList;
     if (list && m_list->RowCount() == 0 && m_listModel->FilteredCount() == 0) {
-        SetViewMode(ViewMode::Home);
+        SetMode(ViewMode::Home);
         return;
     }
     ShowSummaries(m_mode == ViewMode::Home && !m_desktopLayout, m_desktopLayout && m_mode != ViewMode::Empty);
@@ -374,7 +374,7 @@ void CLogbookView::LogbookReset()
 
 void CLogbookView::Refresh()
 {
-    SetViewMode(IsLogbookOpen() ? ViewMode::Home : ViewMode::Empty);
+    SetMode(IsLogbookOpen() ? ViewMode::Home : ViewMode::Empty);
 }
 
 void CLogbookView::UpdateButtons()
@@ -393,7 +393,7 @@ void CLogbookView::UpdateButtons()
 
 void CLogbookView::OnViewHome()
 {
-    SetViewMode(ViewMode::Home);
+    SetMode(ViewMode::Home);
 }
 
 void CLogbookView::OnViewJumpList()
@@ -403,7 +403,7 @@ void CLogbookView::OnViewJumpList()
     // A list opened from its button lists all its jumps.
     m_listSearch->SetText({});
     m_listModel->SetFilter(CJumpTableModel::Filter::AllJumps);
-    SetViewMode(ViewMode::JumpList);
+    SetMode(ViewMode::JumpList);
     m_list->ShowEnd();
 }
 
@@ -413,7 +413,7 @@ void CLogbookView::OnViewSignList()
         return;
     m_listSearch->SetText({});
     m_listModel->SetFilter(CJumpTableModel::Filter::UnsignedJumps);
-    SetViewMode(ViewMode::SignList);
+    SetMode(ViewMode::SignList);
     m_list->ShowEnd();
 }
 

@@ -20,7 +20,6 @@ class CLicenceStatusPane;
 class CJumpTableModel;
 class CDesktopPane;
 class CSummaryPane;
-class QMenu;
 
 // The program's only view. On a handheld's screen (the touch layout) it shows by mode the
 // New/Open start buttons (no logbook open), the home page with its picture buttons over the
@@ -53,11 +52,9 @@ public:
     ~CLogbookView() override;
 
     // The current mode.
-    ViewMode GetViewMode() const { return m_mode; }
+    ViewMode Mode() const { return m_mode; }
     // Switches the mode: shows and hides the controls, empties the list when leaving a list.
-    void SetViewMode(ViewMode mode);
-    // True while the client width is exactly kLandscapeWidth.
-    bool IsLandscape() const { return m_landscape; }
+    void SetMode(ViewMode mode);
     // A logbook is open while the document has a path.
     bool IsLogbookOpen() const;
     // After a load or New: Home when a logbook is open, else Empty; repaints.
@@ -88,17 +85,10 @@ public:
     // list of all jumps is opened first).
     void FocusSearch();
 
-    // The touch list, the home page's summary, the desktop pane and the models, for the frame
-    // and for tests.
-    CJumpListCtrl* GetList() const { return m_list; }
-    CSummaryPane* GetSummary() const { return m_summary; }
-    // Licence progress and currency under the summary.
-    CLicenceStatusPane* GetLicenceStatus() const { return m_licenceStatus; }
-    CDesktopPane* GetDesktop() const { return m_desktop; }
-    CJumpTableModel* GetTableModel() const { return m_tableModel; }
-    CJumpTableModel* GetListModel() const { return m_listModel; }
-    // The touch lists' search field.
-    CSearchBar* GetListSearch() const { return m_listSearch; }
+    // The touch list, the home page's summary and the desktop pane, for the frame.
+    CJumpListCtrl* List() const { return m_list; }
+    CSummaryPane* Summary() const { return m_summary; }
+    CDesktopPane* Desktop() const { return m_desktop; }
 
     // What the document tells: the summary, the buttons and the mode follow.
     void JumpsInserted(std::size_t first, std::size_t count) override;

@@ -360,5 +360,5 @@ void CMainFrame::SaveWindowLayout() const
     if (!m_services.settings)
         return;
     m_services.settings->SetString(kWindowSection, kGeometryValue, saveGeometry().toBase64().toStdString());
-    m_view->GetDesktop()->SaveLayout();
+    m_view->Desktop()->SaveLayout();
 }

@@ -13,7 +13,7 @@ class CLogbookView;
 class QAction;
 class QToolBar;
 
-// The main window. It holds, in this order, the unit preferences (read from the registry when
+// The main window. It holds, in this order, the unit preferences (read from the settings store when
 // the frame is built), the one logbook document, the one view and the command bar with the
 // File menu. It shows the splash while it is built and runs the reminders.
 class CMainFrame : public QMainWindow
@@ -27,21 +27,19 @@ public:
     ~CMainFrame() override;
 
     // The one logbook document.
-    CLogbookDoc& GetDocument() { return m_doc; }
+    CLogbookDoc& Document() { return m_doc; }
     // The one view, the frame's central widget.
-    CLogbookView* GetView() const { return m_view; }
+    CLogbookView* View() const { return m_view; }
     // The File and jump commands.
-    CLogbookCommands* GetCommands() const { return m_commands; }
+    CLogbookCommands* Commands() const { return m_commands; }
     // Print, Print preview and Export PDF (SetShownRows tells it the jumps the list shows).
-    CPrintPagesCommand* GetPrintPages() const { return m_printPages; }
+    CPrintPagesCommand* PrintPages() const { return m_printPages; }
     // The user profile, equipment and preferences commands.
-    CSettingsCommands* GetSettingsCommands() const { return m_settingsCommands; }
+    CSettingsCommands* SettingsCommands() const { return m_settingsCommands; }
     // The unit preferences read when the frame was built.
-    const CUnitSettings& GetUnits() const { return m_units; }
-    // The command bar with the File commands for the touch user.
-    QToolBar* GetCommandBar() const { return m_commandBar; }
+    const CUnitSettings& Units() const { return m_units; }
     // The desktop layout's tool bar with the jump commands.
-    QToolBar* GetJumpBar() const { return m_jumpBar; }
+    QToolBar* JumpBar() const { return m_jumpBar; }
 
     // Screens at least this wide get a desktop-sized window.
     static constexpr int kDesktopScreenWidth = 1000;

@@ -8,7 +8,7 @@
 
 class QSettings;
 
-// The program's registry on QSettings: section and value become the key "Section/Name" under
+// The program's settings store on QSettings: section and value become the key "Section/Name" under
 // the company "Orlithe" and the program's name (or in an INI file of the caller's choice).
 class CQSettingsStore final : public ISettingsStore
 {

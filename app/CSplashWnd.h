@@ -25,11 +25,6 @@ public:
     // Clears the program-wide pointer.
     ~CSplashWnd() override;
 
-    // True once start-up has ended and the splash may close.
-    bool IsClosable() const { return m_closable; }
-    // True once the display time has passed.
-    bool HasTimerFired() const { return m_timerFired; }
-
 protected:
     // The sky stretched over the client area, the emblem centred with its proportions.
     void paintEvent(QPaintEvent* event) override;

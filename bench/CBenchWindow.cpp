@@ -18,14 +18,14 @@ CBenchWindow::CBenchWindow(const CGeneratorOptions& options, IDialogRunner* runn
     // Generated apart and taken over at once, as a load on its own thread hands its logbook over.
     CLogbookDoc generated;
     CLogbookGenerator(options).Fill(generated);
-    m_frame->GetDocument().Adopt(generated);
+    m_frame->Document().Adopt(generated);
 }
 
 void CBenchWindow::ShowJumpList()
 {
     m_frame->resize(360, 640);
     m_frame->show();
-    m_frame->GetView()->OnViewJumpList();
+    m_frame->View()->OnViewJumpList();
 }
 
 double Median(std::vector<double> values)

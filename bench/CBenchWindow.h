@@ -52,7 +52,7 @@ public:
                  const std::function<void(CMemorySettingsStore&)>& prepare = {});
 
     CMainFrame& Frame() { return *m_frame; }
-    CLogbookDoc& Document() { return m_frame->GetDocument(); }
+    CLogbookDoc& Document() { return m_frame->Document(); }
     CQuietServices& Quiet() { return m_quiet; }
     // A phone-sized window on screen with the list of all jumps.
     void ShowJumpList();

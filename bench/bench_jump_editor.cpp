@@ -72,10 +72,10 @@ int main(int argc, char** argv)
             ++freeNumber;
         doc.SetPath("/tmp/bench-editor.tvz");
         window.ShowJumpList();
-        CLogbookView* view = frame.GetView();
+        CLogbookView* view = frame.View();
         // The tap goes to the newest row whose number the editor accepts.
-        int tapRow = view->GetList()->RowCount() - 1;
-        while (tapRow > 0 && view->GetList()->JumpAt(tapRow)->GetNumber() > 99999)
+        int tapRow = view->List()->RowCount() - 1;
+        while (tapRow > 0 && view->List()->JumpAt(tapRow)->GetNumber() > 99999)
             --tapRow;
 
         std::vector<double> times[4];
@@ -84,9 +84,9 @@ int main(int argc, char** argv)
                 runner.number = kind == 0 ? freeNumber : 0;
                 runner.clock.start();
                 if (kind == 0)
-                    frame.GetCommands()->Execute(AppCommands::ID_JUMP_NEW);
+                    frame.Commands()->Execute(AppCommands::ID_JUMP_NEW);
                 else
-                    frame.GetCommands()->OnRowActivated(tapRow);
+                    frame.Commands()->OnRowActivated(tapRow);
                 const qint64 done = runner.clock.nsecsElapsed();
                 if (runner.lastResult != QDialog::Accepted) {
                     std::printf("the editor refused OK: %s\n", qPrintable(window.Quiet().lastWarning));

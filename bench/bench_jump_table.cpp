@@ -79,11 +79,11 @@ int main(int argc, char** argv)
     doc.SetPath("/tmp/bench-table.tvz");
     frame.resize(1280, 800);
     frame.show();
-    frame.GetView()->Refresh();
+    frame.View()->Refresh();
     QCoreApplication::processEvents();
-    CLogbookView* view = frame.GetView();
-    QTableView* table = view->GetDesktop()->Table();
-    CJumpTableModel* model = view->GetTableModel();
+    CLogbookView* view = frame.View();
+    QTableView* table = view->Desktop()->Table();
+    CJumpTableModel* model = view->findChild<CJumpTableModel*>("tableModel");
 
     // Load: the loaded logbook is taken over, the view refreshed, the table painted and scrolled
     // to its middle.
@@ -140,7 +140,7 @@ int main(int argc, char** argv)
     // The search: a query of three terms set at once (as pasted, or the last key of one typed),
     // until the table, the count and the summary's shown totals are painted; then cleared again.
     table->sortByColumn(CJumpTableModel::NumberColumn, Qt::AscendingOrder);
-    CSearchBar* search = view->GetDesktop()->Search();
+    CSearchBar* search = view->Desktop()->Search();
     const char* const queries[] = {"tervola year:2015..2020 -signed:yes", "sabre ff:50.. date:2018-06..2019-08",
                                    "cessna stand nordlicht"};
     std::vector<double> searchMs;
@@ -186,8 +186,8 @@ int main(int argc, char** argv)
         ++row;
     const CJump* edited = model->JumpAt(row);
     for (int run = 0; run < repeats; ++run) {
-        view->GetDesktop()->SelectRow(model->RowOfJump(std::size_t(doc.IndexOf(edited))));
-        frame.GetCommands()->Execute(AppCommands::ID_JUMP_CHANGE);
+        view->Desktop()->SelectRow(model->RowOfJump(std::size_t(doc.IndexOf(edited))));
+        frame.Commands()->Execute(AppCommands::ID_JUMP_CHANGE);
     }
     // Every OK wrote its place: the last one is in the table.
     const bool shown = !model
@@ -201,7 +201,8 @@ int main(int argc, char** argv)
     }
     Report("edit OK until table, summary, buttons", Median(runner.okMs), "ms", 20);
 
-    const double bytes = double(model->MemoryBytes() + view->GetListModel()->MemoryBytes()) / jumps;
+    const double bytes =
+        double(model->MemoryBytes() + view->findChild<CJumpTableModel*>("listModel")->MemoryBytes()) / jumps;
     Report("table models' memory per jump", bytes, "bytes", 16);
     doc.SetModified(false);
     return 0;

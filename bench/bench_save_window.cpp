@@ -43,8 +43,8 @@ struct CSaveRun
 
 CSaveRun MeasureSave(CMainFrame& frame, const std::function<void()>& start)
 {
-    CBackgroundSaver& saver = *frame.GetCommands()->GetSaver();
-    QScrollBar* scroll = frame.GetView()->GetList()->verticalScrollBar();
+    CBackgroundSaver& saver = *frame.Commands()->Saver();
+    QScrollBar* scroll = frame.View()->List()->verticalScrollBar();
     CSaveRun run;
     QElapsedTimer clock;
     qint64 last = 0;
@@ -133,7 +133,7 @@ int main(int argc, char** argv)
                 doc.SetModified();
                 const CSaveRun measured = MeasureSave(frame, [&] {
                     if (kind == 0)
-                        frame.GetCommands()->Execute(AppCommands::ID_FILE_SAVE);
+                        frame.Commands()->Execute(AppCommands::ID_FILE_SAVE);
                     else
                         frame.OnApplicationStateChanged(Qt::ApplicationInactive);
                 });

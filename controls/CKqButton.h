@@ -17,8 +17,7 @@ public:
     // A key with its label and face colour.
     CKqButton(const QString& text, const QColor& face, QWidget* parent = nullptr);
 
-    // The colour of the key's face.
-    QColor FaceColour() const { return m_face; }
+    // Gives the key's face this colour.
     void SetFaceColour(const QColor& face);
 
     // The pads' key font: bold "Tahoma" 14 pixels high, or the platform's sans-serif where Tahoma

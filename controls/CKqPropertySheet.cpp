@@ -171,8 +171,11 @@ void CKqPropertySheet::ShowFailure(int pageIndex, const CCheckResult& result)
     }
     m_current = pageIndex;
     const QString text = MessageText::Translate(result.message, result.messageId);
+    const bool error = IsError(result);
     if (m_messages)
-        m_messages->Warning(text);
+        error ? m_messages->Error(text) : m_messages->Warning(text);
+    else if (error)
+        QMessageBox::critical(this, windowTitle(), text, QMessageBox::Ok);
     else
         QMessageBox::warning(this, windowTitle(), text, QMessageBox::Ok);
     m_pages[pageIndex]->FocusField(result.field);
@@ -222,6 +225,11 @@ void CKqPropertySheet::resizeEvent(QResizeEvent* event)
 void CKqPropertySheet::FitTabs()
 {
     QTabBar* bar = m_tabs->tabBar();
+    if (m_tabs->count() < 2) {
+        bar->hide();
+        m_pageChooser->hide();
+        return;
+    }
     const QMargins margins = layout()->contentsMargins();
     const int room = width() - margins.left() - margins.right();
     // Measured in the application's style and the sheet's font; the compact style and a

@@ -15,7 +15,8 @@ struct CCheckResult;
 // The tabbed editor base. Pages are initialised once before the sheet first shows. Leaving a
 // page validates it: a failure keeps the user on it, shows the message once and focuses the
 // field's control. OK validates every page in tab order, stops at the first failure (switching
-// to that page), and otherwise calls Apply and closes. Cancel closes without Apply.
+// to that page), and otherwise calls Apply and closes. Cancel closes without Apply. A sheet of
+// one page shows neither tab row nor list of pages: the page is the whole dialog.
 class CKqPropertySheet : public QDialog
 {
     Q_OBJECT
@@ -65,6 +66,8 @@ protected:
     virtual bool Apply() { return true; }
     // Shows a failed check: the page comes to the top, the message box, the focus.
     void ShowFailure(int pageIndex, const CCheckResult& result);
+    // Whether a failed check shows as an error rather than as a refused entry (a warning).
+    virtual bool IsError(const CCheckResult& /*result*/) const { return false; }
     void showEvent(QShowEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 

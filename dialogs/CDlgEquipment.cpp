@@ -1,25 +1,20 @@
 #include "dialogs/CDlgEquipment.h"
 
 #include "controls/CKqDateEdit.h"
+#include "controls/CKqPropertyPage.h"
 #include "controls/CKqSpinBox.h"
-#include "controls/IMessageSink.h"
 #include "dialogs/DialogText.h"
 #include "model/CEquipment.h"
 #include "resources/StringTable.h"
 #include "units/CUnitSettings.h"
 
 #include <QCheckBox>
-#include <QDateEdit>
-#include <QDialogButtonBox>
 #include <QGridLayout>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMessageBox>
 #include <QRegularExpressionValidator>
-#include <QScreen>
-#include <QScrollArea>
 #include <QSpinBox>
-#include <QVBoxLayout>
 
 namespace {
 
@@ -30,27 +25,48 @@ long long NumberOf(const QLineEdit* edit)
     return ok ? value : 0;
 }
 
-} // namespace
-
-CDlgEquipment::CDlgEquipment(const CEquipment& rig, IMessageSink* messages, QWidget* parent)
-    : QDialog(parent), m_messages(messages), m_rig(std::make_unique<CEquipment>(rig))
+// The rig editor's one page, the form of the rig's values. Its texts belong to the dialog
+// (CDlgEquipment::tr).
+class CRigPage final : public CKqPropertyPage
 {
-    setObjectName(QStringLiteral("dlgEquipment"));
-    setWindowTitle(tr("Equipment"));
-    m_edit.Load(rig);
+public:
+    explicit CRigPage(CEquipmentEdit& rig);
 
-    auto* form = new QWidget;
-    auto* grid = new QGridLayout(form);
+    void Initialise() override;
+    CCheckResult Validate() override;
+
+private:
+    QLineEdit* AddText(QGridLayout* grid, int row, const QString& label, const QString& name);
+
+    CEquipmentEdit& m_edit;
+    QLineEdit* m_harness;
+    QLineEdit* m_harnessSerial;
+    QLineEdit* m_main;
+    QLineEdit* m_mainSize;
+    QLineEdit* m_mainSerial;
+    QLineEdit* m_reserve;
+    QLineEdit* m_reserveSize;
+    QLineEdit* m_reserveSerial;
+    QLineEdit* m_aad;
+    QLineEdit* m_aadSerial;
+    CKqDateEdit* m_date;
+    QSpinBox* m_previousJumps;
+    QCheckBox* m_active;
+};
+
+CRigPage::CRigPage(CEquipmentEdit& rig) : CKqPropertyPage(CDlgEquipment::tr("Equipment")), m_edit(rig)
+{
+    auto* grid = new QGridLayout(this);
     grid->setContentsMargins(6, 6, 6, 6);
     grid->setVerticalSpacing(3);
     // Sizes take digits and a sign only; the range is the check's business.
     auto* digits = new QRegularExpressionValidator(QRegularExpression(QStringLiteral("-?[0-9]{0,6}")), this);
     auto sizeRow = [&](int row, QLineEdit*& edit, const QString& name) {
-        edit = new QLineEdit(form);
+        edit = new QLineEdit(this);
         edit->setObjectName(name);
         edit->setValidator(digits);
         edit->setMaximumWidth(70);
-        auto* unit = new QLabel(DialogText::ToQt(CUnitSettings::kCanopySizeLabel), form);
+        auto* unit = new QLabel(DialogText::ToQt(CUnitSettings::kCanopySizeLabel), this);
         auto* box = new QHBoxLayout;
         box->addWidget(edit);
         box->addWidget(unit);
@@ -58,53 +74,58 @@ CDlgEquipment::CDlgEquipment(const CEquipment& rig, IMessageSink* messages, QWid
         grid->addLayout(box, row, 1);
     };
 
-    m_harness = AddText(grid, 0, tr("Harness"), QStringLiteral("harnessEdit"));
-    m_harnessSerial = AddText(grid, 1, tr("SN"), QStringLiteral("harnessSerialEdit"));
-    m_main = AddText(grid, 2, tr("Main"), QStringLiteral("mainEdit"));
+    m_harness = AddText(grid, 0, CDlgEquipment::tr("Harness"), QStringLiteral("harnessEdit"));
+    m_harnessSerial = AddText(grid, 1, CDlgEquipment::tr("SN"), QStringLiteral("harnessSerialEdit"));
+    m_main = AddText(grid, 2, CDlgEquipment::tr("Main"), QStringLiteral("mainEdit"));
     sizeRow(3, m_mainSize, QStringLiteral("mainSizeEdit"));
-    m_mainSerial = AddText(grid, 4, tr("SN"), QStringLiteral("mainSerialEdit"));
-    m_reserve = AddText(grid, 5, tr("Reserve"), QStringLiteral("reserveEdit"));
+    m_mainSerial = AddText(grid, 4, CDlgEquipment::tr("SN"), QStringLiteral("mainSerialEdit"));
+    m_reserve = AddText(grid, 5, CDlgEquipment::tr("Reserve"), QStringLiteral("reserveEdit"));
     sizeRow(6, m_reserveSize, QStringLiteral("reserveSizeEdit"));
-    m_reserveSerial = AddText(grid, 7, tr("SN"), QStringLiteral("reserveSerialEdit"));
-    m_aad = AddText(grid, 8, tr("AAD"), QStringLiteral("aadEdit"));
-    m_aadSerial = AddText(grid, 9, tr("SN"), QStringLiteral("aadSerialEdit"));
+    m_reserveSerial = AddText(grid, 7, CDlgEquipment::tr("SN"), QStringLiteral("reserveSerialEdit"));
+    m_aad = AddText(grid, 8, CDlgEquipment::tr("AAD"), QStringLiteral("aadEdit"));
+    m_aadSerial = AddText(grid, 9, CDlgEquipment::tr("SN"), QStringLiteral("aadSerialEdit"));
 
-    auto* dateLabel = new QLabel(tr("Inspection/Repack Date"), form);
+    auto* dateLabel = new QLabel(CDlgEquipment::tr("Inspection/Repack Date"), this);
     dateLabel->setWordWrap(true);
     // A rig never inspected shows "None"; its calendar opens on today.
-    m_date = new CKqDateEdit(tr("None"), form);
+    m_date = new CKqDateEdit(CDlgEquipment::tr("None"), this);
     m_date->setObjectName(QStringLiteral("inspectionDate"));
     m_date->setDisplayFormat(DialogText::ShortDateFormat());
     grid->addWidget(dateLabel, 10, 0, 1, 2);
     grid->addWidget(m_date, 11, 1);
 
-    auto* previousJumps = new CKqSpinBox(form);
+    auto* previousJumps = new CKqSpinBox(this);
     previousJumps->SetStepRange(0, CEquipmentEdit::kSpinnerMaxJumps);
     m_previousJumps = previousJumps;
     m_previousJumps->setObjectName(QStringLiteral("previousJumpsSpin"));
-    grid->addWidget(new QLabel(tr("Prev. Jumps"), form), 12, 0);
+    grid->addWidget(new QLabel(CDlgEquipment::tr("Prev. Jumps"), this), 12, 0);
     grid->addWidget(m_previousJumps, 12, 1);
-    m_active = new QCheckBox(tr("Active"), form);
+    m_active = new QCheckBox(CDlgEquipment::tr("Active"), this);
     m_active->setObjectName(QStringLiteral("activeBox"));
     grid->addWidget(m_active, 13, 1);
     grid->setColumnStretch(1, 1);
     grid->setRowStretch(14, 1);
 
-    // The form scrolls on a small screen; OK and Cancel stay in sight.
-    auto* scroller = new QScrollArea(this);
-    scroller->setFrameShape(QFrame::NoFrame);
-    scroller->setWidgetResizable(true);
-    scroller->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    scroller->setWidget(form);
-    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
-    buttons->setObjectName(QStringLiteral("equipmentButtons"));
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(4, 4, 4, 4);
-    layout->addWidget(scroller, 1);
-    layout->addWidget(buttons);
-    connect(buttons, &QDialogButtonBox::accepted, this, &CDlgEquipment::accept);
-    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    MapField(CEquipmentEdit::PreviousJumps, m_previousJumps);
+    MapField(CEquipmentEdit::Harness, m_harness);
+    MapField(CEquipmentEdit::MainCanopy, m_main);
+    MapField(CEquipmentEdit::MainSize, m_mainSize);
+    MapField(CEquipmentEdit::ReserveSize, m_reserveSize);
+}
 
+QLineEdit* CRigPage::AddText(QGridLayout* grid, int row, const QString& label, const QString& name)
+{
+    auto* edit = new QLineEdit(this);
+    edit->setObjectName(name);
+    auto* caption = new QLabel(label, this);
+    caption->setBuddy(edit);
+    grid->addWidget(caption, row, 0);
+    grid->addWidget(edit, row, 1);
+    return edit;
+}
+
+void CRigPage::Initialise()
+{
     m_harness->setText(DialogText::ToQt(m_edit.harness));
     m_harnessSerial->setText(DialogText::ToQt(m_edit.harnessSerial));
     m_main->setText(DialogText::ToQt(m_edit.mainCanopy));
@@ -120,44 +141,7 @@ CDlgEquipment::CDlgEquipment(const CEquipment& rig, IMessageSink* messages, QWid
     m_active->setChecked(m_edit.active);
 }
 
-CDlgEquipment::~CDlgEquipment() = default;
-
-QLineEdit* CDlgEquipment::AddText(QGridLayout* grid, int row, const QString& label, const QString& name)
-{
-    QWidget* form = grid->parentWidget();
-    auto* edit = new QLineEdit(form);
-    edit->setObjectName(name);
-    auto* caption = new QLabel(label, form);
-    caption->setBuddy(edit);
-    grid->addWidget(caption, row, 0);
-    grid->addWidget(edit, row, 1);
-    return edit;
-}
-
-QWidget* CDlgEquipment::ControlFor(int field) const
-{
-    switch (field) {
-    case CEquipmentEdit::PreviousJumps:
-        return m_previousJumps;
-    case CEquipmentEdit::Harness:
-        return m_harness;
-    case CEquipmentEdit::MainCanopy:
-        return m_main;
-    case CEquipmentEdit::MainSize:
-        return m_mainSize;
-    case CEquipmentEdit::ReserveSize:
-        return m_reserveSize;
-    default:
-        return nullptr;
-    }
-}
-
-std::unique_ptr<CEquipment> CDlgEquipment::Result() const
-{
-    return std::make_unique<CEquipment>(*m_rig);
-}
-
-void CDlgEquipment::accept()
+CCheckResult CRigPage::Validate()
 {
     m_edit.harness = DialogText::FromQt(m_harness->text());
     m_edit.harnessSerial = DialogText::FromQt(m_harnessSerial->text());
@@ -172,35 +156,36 @@ void CDlgEquipment::accept()
     m_edit.inspectionDate = DialogText::FromQDate(m_date->Date());
     m_edit.previousJumps = m_previousJumps->value();
     m_edit.active = m_active->isChecked();
-
-    const CCheckResult result = m_edit.Validate();
-    if (!result.Passed()) {
-        const QString text = DialogText::CheckMessage(result);
-        // A missing harness or main canopy is an error; a number out of range a refused entry.
-        const bool missing =
-            result.messageId == StringTable::IDS_NEED_HARNESS || result.messageId == StringTable::IDS_NEED_MAIN;
-        if (m_messages)
-            missing ? m_messages->Error(text) : m_messages->Warning(text);
-        else if (missing)
-            QMessageBox::critical(this, windowTitle(), text);
-        else
-            QMessageBox::warning(this, windowTitle(), text);
-        if (QWidget* control = ControlFor(result.field)) {
-            control->setFocus(Qt::OtherFocusReason);
-            if (auto* edit = qobject_cast<QLineEdit*>(control))
-                edit->selectAll();
-        }
-        return;
-    }
-    m_edit.Store(*m_rig);
-    QDialog::accept();
+    return m_edit.Validate();
 }
 
-void CDlgEquipment::showEvent(QShowEvent* event)
+} // namespace
+
+CDlgEquipment::CDlgEquipment(const CEquipment& rig, IMessageSink* messages, QWidget* parent)
+    : CKqPropertySheet(tr("Equipment"), messages, parent), m_rig(std::make_unique<CEquipment>(rig))
 {
-    if (!m_fitted && screen()) {
-        m_fitted = true;
-        resize(sizeHint().expandedTo(QSize(220, 200)).boundedTo(screen()->availableGeometry().size()));
-    }
-    QDialog::showEvent(event);
+    setObjectName(QStringLiteral("dlgEquipment"));
+    m_edit.Load(rig);
+    AddPage(new CRigPage(m_edit));
+    // The controls show the working values from the start.
+    InitialisePages();
+}
+
+CDlgEquipment::~CDlgEquipment() = default;
+
+std::unique_ptr<CEquipment> CDlgEquipment::Result() const
+{
+    return std::make_unique<CEquipment>(*m_rig);
+}
+
+bool CDlgEquipment::Apply()
+{
+    m_edit.Store(*m_rig);
+    return true;
+}
+
+bool CDlgEquipment::IsError(const CCheckResult& result) const
+{
+    // A missing harness or main canopy is an error; a number out of range a refused entry.
+    return result.messageId == StringTable::IDS_NEED_HARNESS || result.messageId == StringTable::IDS_NEED_MAIN;
 }

@@ -19,8 +19,6 @@ public:
     CDlgEquipments(const CLogbookDoc& doc, IMessageSink* messages, QWidget* parent = nullptr);
 
     CEquipmentsEdit& Edit() { return m_edit; }
-    CDlgEquipmentsPageEquipments* EquipmentsPage() const { return m_equipments; }
-    CDlgEquipmentsPageAlarm* AlarmPage() const { return m_alarm; }
 
 protected:
     bool Apply() override;

@@ -19,10 +19,6 @@ public:
     void Initialise() override;
     CCheckResult Validate() override;
 
-    QCheckBox* AlarmBox() const { return m_enable; }
-    QSpinBox* DaysPriorSpin() const { return m_daysPrior; }
-    QSpinBox* CycleSpin() const { return m_cycle; }
-
 private:
     // Labels and spinners are enabled exactly while the box is ticked.
     void ApplyEnableState();

@@ -21,10 +21,6 @@ public:
     // The list has no values to check.
     CCheckResult Validate() override;
 
-    QListWidget* List() const { return m_list; }
-    QPushButton* NewButton() const { return m_new; }
-    QPushButton* RemoveButton() const { return m_remove; }
-
 public slots:
     // A new rig, numbered one above the highest, opened in the rig editor; kept on OK.
     void OnNew();

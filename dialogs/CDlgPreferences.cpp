@@ -1,10 +1,9 @@
 #include "dialogs/CDlgPreferences.h"
 
 #include "controls/CDurationPadDlg.h"
+#include "controls/CKqPropertyPage.h"
 #include "controls/CKqSpinBox.h"
 #include "controls/CNumberPadDlg.h"
-#include "controls/IDialogRunner.h"
-#include "controls/IMessageSink.h"
 #include "dialogs/DialogText.h"
 #include "document/CLogbookDoc.h"
 #include "resources/StringTable.h"
@@ -13,27 +12,55 @@
 #include "units/DurationText.h"
 
 #include <QComboBox>
-#include <QDialogButtonBox>
 #include <QGridLayout>
 #include <QLabel>
 #include <QLocale>
-#include <QMessageBox>
 #include <QPushButton>
-#include <QScreen>
+#include <QSignalBlocker>
 #include <QSpinBox>
 #include <QVBoxLayout>
 
-CDlgPreferences::CDlgPreferences(CUnitSettings& units, ISettingsStore* /*store*/, const CLogbookDoc& doc,
-                                 IMessageSink* messages, QWidget* parent)
-    : QDialog(parent), m_messages(messages)
-{
-    setObjectName(QStringLiteral("dlgPreferences"));
-    setWindowTitle(tr("Preferences"));
-    m_edit.Load(units, doc.GetSettings());
+namespace {
 
+// The preferences' one page. Its texts belong to the dialog (CDlgPreferences::tr).
+class CPreferencesPage final : public CKqPropertyPage
+{
+public:
+    explicit CPreferencesPage(CPreferencesEdit& edit);
+
+    void Initialise() override;
+    CCheckResult Validate() override;
+
+private:
+    void FillSpeedList();
+    // Shows the working values in the label and the two pad buttons.
+    void ShowValues();
+    void OnUnitsChanged(int index);
+    void OnSpeedChanged(int index);
+    // Opens the number pad on the custom fall rate.
+    void OnFallratePad();
+    // Opens the duration pad on the previous freefall time.
+    void OnFreefallPad();
+
+    CPreferencesEdit& m_edit;
+    bool m_filling = false;
+
+    QComboBox* m_units;
+    QComboBox* m_speed;
+    QLabel* m_fallrateLabel;
+    QPushButton* m_fallrate;
+    QSpinBox* m_previousJumps;
+    QPushButton* m_freefall;
+    QLabel* m_glideLabel;
+    QComboBox* m_glide;
+};
+
+CPreferencesPage::CPreferencesPage(CPreferencesEdit& edit)
+    : CKqPropertyPage(CDlgPreferences::tr("Preferences")), m_edit(edit)
+{
     m_units = new QComboBox(this);
     m_units->setObjectName(QStringLiteral("unitsCombo"));
-    m_units->addItems({tr("Imperial"), tr("Metric")});
+    m_units->addItems({CDlgPreferences::tr("Imperial"), CDlgPreferences::tr("Metric")});
     m_speed = new QComboBox(this);
     m_speed->setObjectName(QStringLiteral("speedCombo"));
     m_fallrateLabel = new QLabel(this);
@@ -46,21 +73,21 @@ CDlgPreferences::CDlgPreferences(CUnitSettings& units, ISettingsStore* /*store*/
     m_previousJumps->setObjectName(QStringLiteral("previousJumpsSpin"));
     m_freefall = new QPushButton(this);
     m_freefall->setObjectName(QStringLiteral("freefallButton"));
-    m_glideLabel = new QLabel(tr("Display Glide as"), this);
+    m_glideLabel = new QLabel(CDlgPreferences::tr("Display Glide as"), this);
     m_glide = new QComboBox(this);
     m_glide->setObjectName(QStringLiteral("glideCombo"));
-    m_glide->addItems({tr("Ratio"), tr("Pitch")});
+    m_glide->addItems({CDlgPreferences::tr("Ratio"), CDlgPreferences::tr("Pitch")});
     // The glide choice is kept and saved but not offered.
     m_glideLabel->hide();
     m_glide->hide();
 
-    auto* unitsLabel = new QLabel(tr("Units"), this);
+    auto* unitsLabel = new QLabel(CDlgPreferences::tr("Units"), this);
     unitsLabel->setBuddy(m_units);
-    auto* speedLabel = new QLabel(tr("Display Speed as"), this);
+    auto* speedLabel = new QLabel(CDlgPreferences::tr("Display Speed as"), this);
     speedLabel->setBuddy(m_speed);
-    auto* jumpsLabel = new QLabel(tr("Previous Jumps"), this);
+    auto* jumpsLabel = new QLabel(CDlgPreferences::tr("Previous Jumps"), this);
     jumpsLabel->setBuddy(m_previousJumps);
-    auto* freefallLabel = new QLabel(tr("Previous Freefall Time"), this);
+    auto* freefallLabel = new QLabel(CDlgPreferences::tr("Previous Freefall Time"), this);
     freefallLabel->setBuddy(m_freefall);
     for (QLabel* label : {unitsLabel, speedLabel, m_fallrateLabel, jumpsLabel, freefallLabel})
         label->setWordWrap(true);
@@ -80,29 +107,38 @@ CDlgPreferences::CDlgPreferences(CUnitSettings& units, ISettingsStore* /*store*/
     }
     grid->setColumnStretch(0, 1);
     grid->setColumnStretch(1, 1);
-    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
-    buttons->setObjectName(QStringLiteral("preferencesButtons"));
     auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(6, 6, 6, 6);
+    layout->setContentsMargins(2, 2, 2, 2);
     layout->addLayout(grid);
     layout->addStretch(1);
-    layout->addWidget(buttons);
+    MapField(CPreferencesEdit::PreviousJumps, m_previousJumps);
 
-    m_units->setCurrentIndex(m_edit.GetUnits());
+    connect(m_units, &QComboBox::currentIndexChanged, this, [this](int index) { OnUnitsChanged(index); });
+    connect(m_speed, &QComboBox::currentIndexChanged, this, [this](int index) { OnSpeedChanged(index); });
+    connect(m_fallrate, &QPushButton::clicked, this, [this] { OnFallratePad(); });
+    connect(m_freefall, &QPushButton::clicked, this, [this] { OnFreefallPad(); });
+}
+
+void CPreferencesPage::Initialise()
+{
+    {
+        const QSignalBlocker quiet(m_units);
+        m_units->setCurrentIndex(m_edit.GetUnits());
+    }
     FillSpeedList();
     m_glide->setCurrentIndex(m_edit.glideDisplay == 0 ? 0 : 1);
     m_previousJumps->setValue(static_cast<int>(m_edit.previousJumps));
     ShowValues();
-
-    connect(m_units, &QComboBox::currentIndexChanged, this, &CDlgPreferences::OnUnitsChanged);
-    connect(m_speed, &QComboBox::currentIndexChanged, this, &CDlgPreferences::OnSpeedChanged);
-    connect(m_fallrate, &QPushButton::clicked, this, &CDlgPreferences::OnFallratePad);
-    connect(m_freefall, &QPushButton::clicked, this, &CDlgPreferences::OnFreefallPad);
-    connect(buttons, &QDialogButtonBox::accepted, this, &CDlgPreferences::accept);
-    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
 }
 
-void CDlgPreferences::FillSpeedList()
+CCheckResult CPreferencesPage::Validate()
+{
+    m_edit.previousJumps = m_previousJumps->value();
+    m_edit.glideDisplay = m_glide->currentIndex();
+    return m_edit.Validate();
+}
+
+void CPreferencesPage::FillSpeedList()
 {
     m_filling = true;
     m_speed->clear();
@@ -113,14 +149,14 @@ void CDlgPreferences::FillSpeedList()
     m_filling = false;
 }
 
-void CDlgPreferences::ShowValues()
+void CPreferencesPage::ShowValues()
 {
     m_fallrateLabel->setText(MessageText::Translate(m_edit.FallrateLabel(), StringTable::IDS_CUSTOM_FALLRATE));
     m_fallrate->setText(QLocale().toString(static_cast<double>(m_edit.customTenths) / 10.0, 'f', 1));
     m_freefall->setText(DialogText::ToQt(DurationToText(m_edit.previousDelay, true)));
 }
 
-void CDlgPreferences::OnUnitsChanged(int index)
+void CPreferencesPage::OnUnitsChanged(int index)
 {
     if (index < 0)
         return;
@@ -129,7 +165,7 @@ void CDlgPreferences::OnUnitsChanged(int index)
     ShowValues();
 }
 
-void CDlgPreferences::OnSpeedChanged(int index)
+void CPreferencesPage::OnSpeedChanged(int index)
 {
     if (m_filling || index < 0)
         return;
@@ -137,50 +173,36 @@ void CDlgPreferences::OnSpeedChanged(int index)
     ShowValues();
 }
 
-void CDlgPreferences::OnFallratePad()
+void CPreferencesPage::OnFallratePad()
 {
     CNumberPadDlg pad(this, DialogText::Message(StringTable::IDS_CUSTOM_FALLRATE),
                       static_cast<int>(m_edit.customTenths), 1, false);
-    if (RunDialog(m_runner, pad) != QDialog::Accepted)
+    if (RunModal(pad) != QDialog::Accepted)
         return;
     m_edit.customTenths = pad.Value();
     ShowValues();
 }
 
-void CDlgPreferences::OnFreefallPad()
+void CPreferencesPage::OnFreefallPad()
 {
     const int seconds = m_edit.previousDelay;
     CDurationPadDlg pad(this, DialogText::Message(StringTable::IDS_FREEFALL_TIME), seconds / 3600, seconds / 60 % 60,
-                        seconds % 60, kMaxFreefallHours);
-    if (RunDialog(m_runner, pad) != QDialog::Accepted)
+                        seconds % 60, CDlgPreferences::kMaxFreefallHours);
+    if (RunModal(pad) != QDialog::Accepted)
         return;
     m_edit.previousDelay = pad.Hours() * 3600 + pad.Minutes() * 60 + pad.Seconds();
     ShowValues();
 }
 
-void CDlgPreferences::accept()
-{
-    m_edit.previousJumps = m_previousJumps->value();
-    m_edit.glideDisplay = m_glide->currentIndex();
-    const CCheckResult result = m_edit.Validate();
-    if (!result.Passed()) {
-        const QString text = DialogText::CheckMessage(result);
-        if (m_messages)
-            m_messages->Warning(text);
-        else
-            QMessageBox::warning(this, windowTitle(), text);
-        m_previousJumps->setFocus(Qt::OtherFocusReason);
-        m_previousJumps->selectAll();
-        return;
-    }
-    QDialog::accept();
-}
+} // namespace
 
-void CDlgPreferences::showEvent(QShowEvent* event)
+CDlgPreferences::CDlgPreferences(CUnitSettings& units, ISettingsStore* /*store*/, const CLogbookDoc& doc,
+                                 IMessageSink* messages, QWidget* parent)
+    : CKqPropertySheet(tr("Preferences"), messages, parent)
 {
-    if (!m_fitted && screen()) {
-        m_fitted = true;
-        resize(sizeHint().expandedTo(QSize(220, 180)).boundedTo(screen()->availableGeometry().size()));
-    }
-    QDialog::showEvent(event);
+    setObjectName(QStringLiteral("dlgPreferences"));
+    m_edit.Load(units, doc.GetSettings());
+    AddPage(new CPreferencesPage(m_edit));
+    // The controls show the working values from the start.
+    InitialisePages();
 }

@@ -1,21 +1,15 @@
 #pragma once
 
+#include "controls/CKqPropertySheet.h"
 #include "editing/CPrintOptionsEdit.h"
 
-#include <QDialog>
-
 class CLogbookDoc;
-class IMessageSink;
-class QCheckBox;
-class QComboBox;
-class QRadioButton;
-class QSpinBox;
 
-// The print options before "Print..." and "Export PDF...": the whole logbook, the jumps numbered
-// from..to, or the jumps the window shows (offered when the caller gives them); the paper
-// (landscape A4 or Letter) and whether jumps with a recording get a page with its plot. OK checks
-// the range; the command then prints Edit().Selection().
-class CDlgPrintOptions : public QDialog
+// The print options before "Print..." and "Export PDF...", a sheet of one page: the whole
+// logbook, the jumps numbered from..to, or the jumps the window shows (offered when the caller
+// gives them); the paper (landscape A4 or Letter) and whether jumps with a recording get a page
+// with its plot. OK checks the range; the command then prints Edit().Selection().
+class CDlgPrintOptions : public CKqPropertySheet
 {
     Q_OBJECT
 
@@ -26,29 +20,6 @@ public:
 
     const CPrintOptionsEdit& Edit() const { return m_edit; }
 
-    QRadioButton* AllRadio() const { return m_all; }
-    QRadioButton* RangeRadio() const { return m_range; }
-    QRadioButton* ShownRadio() const { return m_shown; }
-    QSpinBox* FromSpin() const { return m_from; }
-    QSpinBox* ToSpin() const { return m_to; }
-    QComboBox* PaperCombo() const { return m_paper; }
-    QCheckBox* RecordingsCheck() const { return m_recordings; }
-
-public slots:
-    void accept() override;
-
 private:
-    // The range's fields take input only while the range is chosen.
-    void UpdateRange();
-
-    const CLogbookDoc& m_doc;
-    IMessageSink* m_messages;
     CPrintOptionsEdit m_edit;
-    QRadioButton* m_all = nullptr;
-    QRadioButton* m_range = nullptr;
-    QRadioButton* m_shown = nullptr;
-    QSpinBox* m_from = nullptr;
-    QSpinBox* m_to = nullptr;
-    QComboBox* m_paper = nullptr;
-    QCheckBox* m_recordings = nullptr;
 };

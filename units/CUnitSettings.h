@@ -68,7 +68,7 @@ public:
     // Canopy sizes are square feet in either unit system.
     static constexpr std::string_view kCanopySizeLabel = "ft²";
 
-    // The registry section and value names.
+    // The settings store's section and value names.
     static constexpr std::string_view kSection = "Preferences";
     static constexpr std::string_view kUnits = "Units";
     static constexpr std::string_view kSpeed = "DisplaySpeedAs";

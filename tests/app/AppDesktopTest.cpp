@@ -63,9 +63,9 @@ private slots:
             harness.Frame()->resize(row.size);
             QApplication::processEvents();
             QCOMPARE(view->IsDesktopLayout(), row.desktop);
-            QCOMPARE(view->GetDesktop()->isVisible(), row.desktop);
+            QCOMPARE(view->Desktop()->isVisible(), row.desktop);
             QCOMPARE(view->findChild<QToolButton*>(QStringLiteral("newJumpButton"))->isVisible(), !row.desktop);
-            QCOMPARE(harness.Frame()->GetJumpBar()->isVisible(), row.desktop);
+            QCOMPARE(harness.Frame()->JumpBar()->isVisible(), row.desktop);
         }
     }
 
@@ -76,7 +76,7 @@ private slots:
         harness.Frame()->resize(1024, 768);
         harness.Frame()->show();
         QApplication::processEvents();
-        CDesktopPane* desktop = harness.View()->GetDesktop();
+        CDesktopPane* desktop = harness.View()->Desktop();
         QTableView* table = desktop->Table();
         const CSummaryPane* summary = desktop->Summary();
         const auto action = [&](const char* name) { return harness.Frame()->findChild<QAction*>(name); };
@@ -126,21 +126,22 @@ private slots:
         QApplication::processEvents();
         harness.View()->OnViewHome();
         QVERIFY(harness.View()->findChild<QToolButton*>(QStringLiteral("signListButton"))->isEnabled());
-        QCOMPARE(harness.View()->GetSummary()->ValueText(CSummaryPane::NumberOfJumps), QStringLiteral("31"));
+        QCOMPARE(harness.View()->Summary()->ValueText(CSummaryPane::NumberOfJumps), QStringLiteral("31"));
     }
 
     void tableLayoutIsKept()
     {
         CAppHarness harness;
         harness.StartWith(Logbook());
-        CDesktopPane* desktop = harness.View()->GetDesktop();
+        CDesktopPane* desktop = harness.View()->Desktop();
         desktop->Table()->setColumnHidden(CJumpTableModel::AircraftColumn, true);
         desktop->Table()->setColumnHidden(CJumpTableModel::TeamColumn, false);
         desktop->Table()->horizontalHeader()->moveSection(CJumpTableModel::PlaceColumn, 0);
         desktop->Table()->sortByColumn(CJumpTableModel::PlaceColumn, Qt::DescendingOrder);
         harness.Frame()->close();
 
-        CDesktopPane again(harness.View()->GetTableModel(), harness.Frame()->GetUnits(), &harness.settings);
+        CDesktopPane again(harness.View()->findChild<CJumpTableModel*>("tableModel"), harness.Frame()->Units(),
+                           &harness.settings);
         const QHeaderView* header = again.Table()->horizontalHeader();
         QVERIFY(header->isSectionHidden(CJumpTableModel::AircraftColumn));
         QVERIFY(!header->isSectionHidden(CJumpTableModel::TeamColumn));

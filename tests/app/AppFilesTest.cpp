@@ -83,7 +83,7 @@ private slots:
             QCOMPARE(CAppHarness::JumpsInFile(old), 3);
             QCOMPARE(harness.LastFile(), jumps < 0 ? old : harness.Path(name));
             QCOMPARE(CommandStates(harness), states);
-            QCOMPARE(harness.View()->GetViewMode(), mode);
+            QCOMPARE(harness.View()->Mode(), mode);
         }
 
         // Without a logbook New proposes one in the documents folder; a name taken gets a number.
@@ -112,7 +112,7 @@ private slots:
         QCOMPARE(harness.messages.boxes.size(), 2);
         QCOMPARE(QString::fromStdString(harness.Doc().GetPath()), good);
         QCOMPARE(harness.Doc().GetJumpCount(), std::size_t(3));
-        QCOMPARE(harness.View()->GetViewMode(), Mode::JumpList);
+        QCOMPARE(harness.View()->Mode(), Mode::JumpList);
         QCOMPARE(harness.LastFile(), good);
     }
 

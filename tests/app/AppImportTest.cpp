@@ -71,7 +71,7 @@ private slots:
             QCOMPARE(kind, QStringLiteral("Import"));
             const CLogbookDoc& doc = harness.Doc();
             QCOMPARE(int(doc.GetJumpCount()), ok ? 3 : 2);
-            QCOMPARE(harness.View()->GetList()->RowCount(), ok ? 3 : 2);
+            QCOMPARE(harness.View()->List()->RowCount(), ok ? 3 : 2);
             QCOMPARE(doc.IsModified(), ok);
             // The next import starts in the logger's folder.
             QCOMPARE(harness.settings.GetString("Import", "TrackFolder", ""),
@@ -120,7 +120,7 @@ private slots:
         CAppHarness harness;
         harness.StartWith(Logbook());
         harness.View()->OnViewJumpList();
-        CJumpListCtrl* list = harness.View()->GetList();
+        CJumpListCtrl* list = harness.View()->List();
         QAction* add = harness.Frame()->findChild<QAction*>("jumpAddTrackAction");
         // The signed jump 1 takes no track; jump 2, without a recording, does.
         harness.SelectRow(list->RowOf(harness.Doc().GetJumps().front()));
@@ -162,7 +162,7 @@ private slots:
             QCOMPARE(harness.dialogs.ran, table ? QStringList{QStringLiteral("dlgCsvImport")} : QStringList());
             QCOMPARE(harness.messages.Texts(CRecordingMessages::Kind::Error).size(), table ? 0 : 1);
             QCOMPARE(int(harness.Doc().GetJumpCount()), jumps);
-            QCOMPARE(harness.View()->GetList()->RowCount(), jumps);
+            QCOMPARE(harness.View()->List()->RowCount(), jumps);
             QCOMPARE(harness.Doc().IsModified(), jumps == 3);
             if (jumps == 3) {
                 QCOMPARE(harness.Doc().GetLastJump()->GetNumber(), 10);

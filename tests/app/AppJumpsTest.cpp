@@ -68,7 +68,7 @@ private slots:
         QCOMPARE(added->GetNumber(), 4);
         QCOMPARE(added->GetPlace(), std::string("Rovaniemi"));
         QVERIFY(doc.IsModified());
-        CJumpListCtrl* list = harness.View()->GetList();
+        CJumpListCtrl* list = harness.View()->List();
         QCOMPARE(list->RowCount(), 4);
         QCOMPARE(list->SelectedJump(), added);
         QVERIFY(harness.Frame()->isWindowModified());
@@ -100,7 +100,7 @@ private slots:
             const bool changed = ok && !typed.isEmpty();
             const QString place = changed ? typed : QStringLiteral("Utti");
             QCOMPARE(QString::fromStdString(harness.Doc().GetJumps()[2]->GetPlace()), place);
-            QCOMPARE(harness.View()->GetList()->TextAt(2, CJumpTableModel::PlaceColumn), place);
+            QCOMPARE(harness.View()->List()->TextAt(2, CJumpTableModel::PlaceColumn), place);
             QCOMPARE(harness.Doc().IsModified(), changed);
         }
     }
@@ -132,7 +132,7 @@ private slots:
         CAppHarness harness;
         harness.StartWith(Logbook());
         harness.View()->OnViewSignList();
-        CJumpListCtrl* list = harness.View()->GetList();
+        CJumpListCtrl* list = harness.View()->List();
         QCOMPARE(list->RowCount(), 1);
         harness.dialogs.steps.append(CScriptedDialogs::Ok<CDlgJump>([](CDlgJump& dialog) {
             dialog.findChild<QComboBox*>("jumpSigner")->setEditText(QStringLiteral("Anna"));
@@ -156,7 +156,7 @@ private slots:
         CAppHarness harness;
         harness.StartWith(Logbook());
         harness.View()->OnViewSignList();
-        QCOMPARE(harness.View()->GetList()->RowCount(), 1);
+        QCOMPARE(harness.View()->List()->RowCount(), 1);
         int startPage = -1;
         harness.dialogs.steps.append(CScriptedDialogs::Ok<CDlgJump>([&startPage](CDlgJump& dialog) {
             startPage = dialog.ActiveIndex();
@@ -165,7 +165,7 @@ private slots:
         }));
         emit harness.View()->rowActivated(0);
         QCOMPARE(startPage, int(CJumpEdit::PageSignature));
-        QCOMPARE(harness.View()->GetViewMode(), Mode::Home);
+        QCOMPARE(harness.View()->Mode(), Mode::Home);
         QVERIFY(!harness.View()->findChild<QToolButton*>(QStringLiteral("signListButton"))->isEnabled());
         QVERIFY(harness.Doc().GetJumps()[2]->IsSigned());
     }

@@ -27,7 +27,7 @@ private slots:
     {
         CAppHarness harness;
         const QString path = harness.StartWith(CTestLogbook().Jumps(1, 4));
-        CBackgroundSaver* saver = harness.Commands()->GetSaver();
+        CBackgroundSaver* saver = harness.Commands()->Saver();
         harness.DeleteFirstJump();
         harness.Commands()->OnFileSave();
         // The command returned at once; the document learns of the save only when it has ended.
@@ -59,10 +59,10 @@ private slots:
         CAppHarness harness;
         const QString path = harness.StartWith(CTestLogbook().Jumps(1, 4));
         harness.Frame()->OnApplicationStateChanged(Qt::ApplicationInactive); // unmodified: nothing to save
-        QCOMPARE(harness.Commands()->GetSaver()->SavesStarted(), 0);
+        QCOMPARE(harness.Commands()->Saver()->SavesStarted(), 0);
         harness.DeleteFirstJump();
         harness.Frame()->OnApplicationStateChanged(Qt::ApplicationActive);
-        QCOMPARE(harness.Commands()->GetSaver()->SavesStarted(), 0);
+        QCOMPARE(harness.Commands()->Saver()->SavesStarted(), 0);
         harness.Frame()->OnApplicationStateChanged(Qt::ApplicationInactive);
         harness.DeleteFirstJump();
         harness.Commands()->WaitForSaves();

@@ -79,7 +79,7 @@ private slots:
         harness.Frame()->resize(1024, 768);
         harness.Frame()->show();
         QApplication::processEvents();
-        CDesktopPane* desktop = harness.View()->GetDesktop();
+        CDesktopPane* desktop = harness.View()->Desktop();
         QTableView* table = desktop->Table();
         QVERIFY(!table->isColumnHidden(M::SealColumn));
         QCOMPARE(Column(table->model(), M::SealColumn),
@@ -98,7 +98,7 @@ private slots:
         QApplication::processEvents();
         harness.View()->OnViewJumpList();
         QApplication::processEvents();
-        QCOMPARE(Icons(harness.View()->GetList()->Model()), icons);
+        QCOMPARE(Icons(harness.View()->List()->Model()), icons);
         QVERIFY(RenderCheck::Save(harness.Frame(), QStringLiteral("seals_list_240x320.png")));
     }
 
@@ -128,7 +128,7 @@ private slots:
         harness.messages.yesNoAnswer = true;
         harness.Frame()->findChild<QAction*>("jumpRemoveSignatureAction")->trigger();
         QVERIFY(!harness.Doc().GetJump(2).IsSigned());
-        QCOMPARE(harness.View()->GetList()->IconIndexAt(2), int(M::Unsigned));
+        QCOMPARE(harness.View()->List()->IconIndexAt(2), int(M::Unsigned));
         QVERIFY(harness.Doc().IsModified());
 
         bool editable = false;

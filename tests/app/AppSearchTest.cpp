@@ -57,7 +57,7 @@ struct CDesktopWindow
         harness.Frame()->show();
         QApplication::setActiveWindow(harness.Frame());
         QApplication::processEvents();
-        desktop = harness.View()->GetDesktop();
+        desktop = harness.View()->Desktop();
         search = desktop->Search();
         return harness.View()->IsDesktopLayout();
     }
@@ -123,19 +123,19 @@ private slots:
         view->OnViewSignList();
         const CJumpIndex index(harness.Doc());
         const std::vector<std::size_t> unsignedJumps =
-            index.Find(CQueryParser::Parse("signed:no", harness.Frame()->GetUnits()).query);
+            index.Find(CQueryParser::Parse("signed:no", harness.Frame()->Units()).query);
         QCOMPARE(unsignedJumps, (std::vector<std::size_t>{2, 3, 5}));
-        QCOMPARE(Numbers(view->GetListModel()), QStringLiteral("3 4 6"));
+        QCOMPARE(Numbers(view->findChild<CJumpTableModel*>("listModel")), QStringLiteral("3 4 6"));
 
-        view->GetListSearch()->SetText(QStringLiteral("kemi"));
-        QCOMPARE(Numbers(view->GetListModel()), QStringLiteral("4 6"));
-        view->GetListSearch()->SetText(QStringLiteral("dz:Alavus"));
-        QCOMPARE(view->GetViewMode(), CLogbookView::ViewMode::SignList);
-        QCOMPARE(view->GetListSearch()->CountText(), QStringLiteral("0 of 3 jumps"));
+        view->findChild<CSearchBar*>("listSearchBar")->SetText(QStringLiteral("kemi"));
+        QCOMPARE(Numbers(view->findChild<CJumpTableModel*>("listModel")), QStringLiteral("4 6"));
+        view->findChild<CSearchBar*>("listSearchBar")->SetText(QStringLiteral("dz:Alavus"));
+        QCOMPARE(view->Mode(), CLogbookView::ViewMode::SignList);
+        QCOMPARE(view->findChild<CSearchBar*>("listSearchBar")->CountText(), QStringLiteral("0 of 3 jumps"));
         // Opened again from home, the list shows every unsigned jump.
         view->OnViewHome();
         view->OnViewSignList();
-        QCOMPARE(Numbers(view->GetListModel()), QStringLiteral("3 4 6"));
+        QCOMPARE(Numbers(view->findChild<CJumpTableModel*>("listModel")), QStringLiteral("3 4 6"));
     }
 
     // The selected rows, or the shown ones when none is selected, as CSV or JSON by the name.

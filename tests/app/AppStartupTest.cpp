@@ -1,5 +1,5 @@
 // Start-up of the real main window: the logbook used last, the command line, the splash, the
-// registry on QSettings and the reminders.
+// settings store on QSettings and the reminders.
 
 #include "CAppHarness.h"
 
@@ -58,7 +58,7 @@ private slots:
             QCOMPARE(harness.messages.boxes.size(), errors.size());
             QCOMPARE(QString::fromStdString(harness.Doc().GetPath()),
                      opened.isEmpty() ? QString() : harness.Path(opened));
-            QCOMPARE(harness.View()->GetViewMode(), opened.isEmpty() ? Mode::Empty : Mode::Home);
+            QCOMPARE(harness.View()->Mode(), opened.isEmpty() ? Mode::Empty : Mode::Home);
             if (!opened.isEmpty()) {
                 QCOMPARE(harness.LastFile(), harness.Path(opened));
                 QVERIFY(harness.Frame()->windowTitle().startsWith(opened));
@@ -97,7 +97,7 @@ private slots:
     void settingsStoreKeepsSectionsAndTypes()
     {
         QTemporaryDir folder;
-        const QString ini = folder.filePath("registry.ini");
+        const QString ini = folder.filePath("settings.ini");
         {
             CQSettingsStore store(ini);
             store.SetString("General", "LastFile", "/home/jumper/Jumps ä.tvz");
@@ -131,13 +131,13 @@ private slots:
             CAppHarness harness;
             harness.defaultUnits = units;
             QVERIFY(harness.Start());
-            QCOMPARE(harness.Frame()->GetUnits().IsMetric(), units == 1);
+            QCOMPARE(harness.Frame()->Units().IsMetric(), units == 1);
         }
         CAppHarness chosen;
         chosen.defaultUnits = 1;
         chosen.settings.SetInt("Preferences", "Units", 0);
         QVERIFY(chosen.Start());
-        QVERIFY(!chosen.Frame()->GetUnits().IsMetric());
+        QVERIFY(!chosen.Frame()->Units().IsMetric());
     }
 
     // Expiry or inspection relative to today with 10 alarm days; which days are due is tested

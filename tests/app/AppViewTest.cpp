@@ -73,15 +73,15 @@ private slots:
                 harness.Doc().Clear();
                 view->Refresh();
             }
-            QCOMPARE(view->GetViewMode(), mode);
+            QCOMPARE(view->Mode(), mode);
             for (const char* name : {"startNewButton", "startOpenButton", "homeButton", "signListButton",
                                      "jumpListButton", "pageOpenButton", "summary", "jumpList1188"}) {
                 QWidget* widget = view->findChild<QWidget*>(name);
                 QVERIFY2((widget && widget->isVisibleTo(view)) == visible.split(' ').contains(name), name);
             }
-            QCOMPARE(Rows(view->GetList()), listed);
+            QCOMPARE(Rows(view->List()), listed);
             view->OnViewHome();
-            QCOMPARE(view->GetList()->RowCount(), 0);
+            QCOMPARE(view->List()->RowCount(), 0);
         }
     }
 
@@ -97,11 +97,9 @@ private slots:
             harness.Frame()->resize(width, 240);
             QCoreApplication::processEvents();
             QCOMPARE(harness.View()->width(), width);
-            QCOMPARE(harness.View()->IsLandscape(), width == 320);
             QCOMPARE(jumpList->y() > signList->y(), width == 320);
             const int buttonsBottom = signList->mapTo(harness.View(), QPoint(0, signList->height())).y();
-            QCOMPARE(harness.View()->GetSummary()->mapTo(harness.View(), QPoint(0, 0)).y() < buttonsBottom,
-                     width == 320);
+            QCOMPARE(harness.View()->Summary()->mapTo(harness.View(), QPoint(0, 0)).y() < buttonsBottom, width == 320);
         }
     }
 
@@ -116,7 +114,7 @@ private slots:
                                          .Jump(500, "2024-03-14T16:20:00+02", "Tervola", 3000, 2000, 50)
                                          .Jump(499, "2024-03-13T09:00:00Z", "Kemi", 2000, 1000, 40);
         QVERIFY(!harness.StartWith(logbook).isEmpty());
-        CSummaryPane* pane = harness.View()->GetSummary();
+        CSummaryPane* pane = harness.View()->Summary();
         QVERIFY(pane->isVisibleTo(harness.View()));
         QStringList shown;
         for (int row = 0; row < CSummaryPane::RowCount; ++row)
@@ -142,7 +140,7 @@ private slots:
         QCoreApplication::processEvents();
         harness.View()->OnViewJumpList();
         QCoreApplication::processEvents();
-        CJumpListCtrl* list = harness.View()->GetList();
+        CJumpListCtrl* list = harness.View()->List();
         // The first two columns fit their content; the last takes the rest, less the scroll bar.
         QVERIFY(list->columnWidth(0) >= list->fontMetrics().horizontalAdvance("60"));
         QVERIFY(list->columnWidth(1) >= list->fontMetrics().horizontalAdvance("2/1/24"));
@@ -184,24 +182,24 @@ private slots:
         harness.messages.yesNoAnswer = false;
         harness.SelectRow(1);
         harness.Commands()->OnJumpDelete();
-        QCOMPARE(view->GetList()->RowCount(), 5);
+        QCOMPARE(view->List()->RowCount(), 5);
         harness.messages.yesNoAnswer = true;
         for (int left = 4; left >= 0; --left) {
             harness.SelectRow(left == 4 ? 1 : 0);
             harness.Commands()->OnJumpDelete();
             if (left > 0) {
-                QCOMPARE(view->GetViewMode(), Mode::JumpList);
-                QCOMPARE(view->GetList()->RowCount(), left);
+                QCOMPARE(view->Mode(), Mode::JumpList);
+                QCOMPARE(view->List()->RowCount(), left);
             }
         }
         QCOMPARE(harness.messages.Texts(Kind::YesNo),
                  (QStringList{"Do you want to delete jump number 10?", "Do you want to delete jump number 10?",
                               "Do you want to delete jump number 7?", "Do you want to delete jump number 11?",
                               "Do you want to delete jump number 12?", "Do you want to delete jump number 13?"}));
-        QCOMPARE(view->GetViewMode(), Mode::Home);
+        QCOMPARE(view->Mode(), Mode::Home);
         QVERIFY(!view->findChild<QToolButton*>("jumpListButton")->isEnabled());
         QVERIFY(!view->findChild<QToolButton*>("signListButton")->isEnabled());
-        QCOMPARE(view->GetSummary()->ValueText(CSummaryPane::NumberOfJumps), QString("0"));
+        QCOMPARE(view->Summary()->ValueText(CSummaryPane::NumberOfJumps), QString("0"));
         QVERIFY(harness.Frame()->findChild<QAction*>("fileSaveAction")->isEnabled());
     }
 };

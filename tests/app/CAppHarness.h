@@ -105,12 +105,12 @@ public:
         return StartWithoutSplash() ? path : QString();
     }
     // Selects a row of the jump list.
-    void SelectRow(int row) { View()->GetList()->ShowRow(row); }
+    void SelectRow(int row) { View()->List()->ShowRow(row); }
 
-    CMainFrame* Frame() const { return app ? app->GetMainFrame() : nullptr; }
-    CLogbookView* View() const { return Frame() ? Frame()->GetView() : nullptr; }
-    CLogbookCommands* Commands() const { return Frame()->GetCommands(); }
-    CLogbookDoc& Doc() const { return Frame()->GetDocument(); }
+    CMainFrame* Frame() const { return app ? app->MainFrame() : nullptr; }
+    CLogbookView* View() const { return Frame() ? Frame()->View() : nullptr; }
+    CLogbookCommands* Commands() const { return Frame()->Commands(); }
+    CLogbookDoc& Doc() const { return Frame()->Document(); }
 
     // A path inside the scratch folder.
     QString Path(const QString& name) const { return CorePaths::DisplayPath(folder / CorePaths::LocalPath(name)); }

@@ -29,9 +29,9 @@ QString PdfText(const QString& path)
 CScriptedDialogs::Step Range(int from, int to)
 {
     return CScriptedDialogs::Ok<CDlgPrintOptions>([from, to](CDlgPrintOptions& dialog) {
-        dialog.RangeRadio()->setChecked(true);
-        dialog.FromSpin()->setValue(from);
-        dialog.ToSpin()->setValue(to);
+        dialog.findChild<QRadioButton*>("rangeRadio")->setChecked(true);
+        dialog.findChild<QSpinBox*>("fromSpin")->setValue(from);
+        dialog.findChild<QSpinBox*>("toSpin")->setValue(to);
     });
 }
 
@@ -48,14 +48,21 @@ private slots:
         QVERIFY(!harness.StartWith(CTestLogbook().Jumps(1, 40)).isEmpty());
         QAction* exportPdf = harness.Frame()->findChild<QAction*>(QStringLiteral("exportPdfAction"));
         QVERIFY(exportPdf && exportPdf->isEnabled());
-        CPrintPagesCommand* command = harness.Frame()->GetPrintPages();
+        CPrintPagesCommand* command = harness.Frame()->PrintPages();
         QSignalSpy finished(command, &CPrintPagesCommand::finished);
 
-        // Nothing numbered 50..60: the check's message, and the dialog stays open (rejected here).
-        harness.dialogs.steps = {Range(50, 60)};
+        // Nothing numbered 50..60: the check's message and the focus on the first number, and the
+        // dialog stays open (rejected here).
+        QString focused;
+        harness.dialogs.steps = {[&focused, step = Range(50, 60)](QDialog& dialog) {
+            const int result = step(dialog);
+            focused = dialog.focusWidget() ? dialog.focusWidget()->objectName() : QString();
+            return result;
+        }};
         exportPdf->trigger();
         QCOMPARE(harness.messages.Texts(CRecordingMessages::Kind::Warning),
                  QStringList{QStringLiteral("No jump is numbered from 50 to 60.")});
+        QCOMPARE(focused, QStringLiteral("fromSpin"));
         QVERIFY(harness.files.asked.isEmpty());
 
         const QString path = harness.Path(QStringLiteral("pages.pdf"));

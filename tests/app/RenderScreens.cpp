@@ -47,18 +47,19 @@ QStringList CheckLayout(CLogbookView* view)
         parts.removeIf([root](const QWidget* part) { return !part->isVisibleTo(root); });
         return parts;
     };
-    CSearchBar* search = view->GetListSearch();
+    CSearchBar* search = view->findChild<CSearchBar*>("listSearchBar");
     QList<QWidget*> parts;
     // The page buttons; the search bars' buttons are checked with their bars.
     for (QToolButton* button : view->findChildren<QToolButton*>())
-        if (!view->GetDesktop()->isAncestorOf(button) && !search->isAncestorOf(button))
+        if (!view->Desktop()->isAncestorOf(button) && !search->isAncestorOf(button))
             parts.append(button);
-    parts << view->GetSummary() << view->GetLicenceStatus() << search << view->GetList() << view->GetDesktop();
+    parts << view->Summary() << view->findChild<QWidget*>("homePage")->findChild<CLicenceStatusPane*>() << search
+          << view->List() << view->Desktop();
     QStringList problems = RenderCheck::Layout(view, visible(view, parts));
-    for (CSummaryPane* summary : {view->GetSummary(), view->GetDesktop()->Summary()})
+    for (CSummaryPane* summary : {view->Summary(), view->Desktop()->Summary()})
         if (summary->isVisibleTo(view))
             problems += RenderCheck::Layout(summary, visible(summary, summary->findChildren<QWidget*>()));
-    for (CSearchBar* bar : {search, view->GetDesktop()->Search()})
+    for (CSearchBar* bar : {search, view->Desktop()->Search()})
         if (bar->isVisibleTo(view))
             problems += RenderCheck::Layout(
                 bar, visible(bar, {bar->Field(), bar->TermsButton(), bar->findChild<QLabel*>("searchCount"),
@@ -99,28 +100,29 @@ int main(int argc, char* argv[])
             frame->resize(size);
             QApplication::processEvents();
             if (mode.endsWith(QStringLiteral("search"))) {
-                CSearchBar* bar = desktop ? harness.View()->GetDesktop()->Search() : harness.View()->GetListSearch();
+                CSearchBar* bar = desktop ? harness.View()->Desktop()->Search()
+                                          : harness.View()->findChild<CSearchBar*>("listSearchBar");
                 if (!desktop)
                     harness.View()->OnViewJumpList();
                 bar->SetText(QStringLiteral("dz:Rovaniemi n:121..140 signed:yes"));
                 if (mode == QStringLiteral("badsearch"))
                     bar->SetText(QStringLiteral("dz:Rovaniemi date:2024-13"));
                 if (desktop)
-                    harness.View()->GetDesktop()->SelectRow(0);
+                    harness.View()->Desktop()->SelectRow(0);
             } else if (mode == QStringLiteral("jumplist"))
                 harness.View()->OnViewJumpList();
             else if (mode == QStringLiteral("signlist"))
                 harness.View()->OnViewSignList();
             else if (mode == QStringLiteral("desktop")) {
                 // The newest signed jump with a recording shows every part of the details.
-                const CJumpTableModel* model = harness.View()->GetTableModel();
+                const CJumpTableModel* model = harness.View()->findChild<CJumpTableModel*>("tableModel");
                 int row = model->rowCount() - 1;
                 for (int r = row; r >= 0; --r)
                     if (model->JumpAt(r)->IsSigned() && model->JumpAt(r)->GetRecording().IsPresent()) {
                         row = r;
                         break;
                     }
-                harness.View()->GetDesktop()->SelectRow(row);
+                harness.View()->Desktop()->SelectRow(row);
             }
             QApplication::processEvents();
 
@@ -134,7 +136,8 @@ int main(int argc, char* argv[])
                 found.append(QStringLiteral("cannot write the picture"));
             if (mode == QStringLiteral("search")) {
                 // The menu of typed terms on a screen as wide as the window.
-                CSearchBar* bar = desktop ? harness.View()->GetDesktop()->Search() : harness.View()->GetListSearch();
+                CSearchBar* bar = desktop ? harness.View()->Desktop()->Search()
+                                          : harness.View()->findChild<CSearchBar*>("listSearchBar");
                 QMenu* menu = bar->FitTermsMenu(size.width());
                 if (menu->width() > size.width())
                     found.append(QStringLiteral("the terms menu is wider than the screen"));

@@ -202,7 +202,8 @@ private slots:
             harness.SetLastFile(
                 harness.WriteFile(QStringLiteral("s.tvl"), QByteArray::fromStdString(StatsLogbook::Xml())));
             QVERIFY(harness.StartWithoutSplash());
-            CLicenceStatusPane* pane = harness.View()->GetLicenceStatus();
+            CLicenceStatusPane* pane =
+                harness.View()->findChild<QWidget*>("homePage")->findChild<CLicenceStatusPane*>();
             for (const QSize size : RenderCheck::kSizes) {
                 harness.Frame()->resize(size);
                 // The view fits the cards to its new width as it is resized, which lays it out again.
@@ -210,7 +211,7 @@ private slots:
                 QApplication::processEvents();
                 if (harness.View()->IsDesktopLayout()) {
                     // The desktop shows the same status beside its table, under its summary.
-                    CLicenceStatusPane* desktop = harness.View()->GetDesktop()->LicenceStatus();
+                    CLicenceStatusPane* desktop = harness.View()->Desktop()->LicenceStatus();
                     QVERIFY(desktop->isVisibleTo(harness.View()));
                     QCOMPARE(desktop->CurrencyText(), QString::fromUtf8(row.currency));
                     QVERIFY(RenderCheck::Save(harness.Frame(), QStringLiteral("home_%1_desktop.png").arg(row.name)));
@@ -223,7 +224,7 @@ private slots:
                     QStringLiteral("home_%1_%2x%3.png").arg(row.name).arg(size.width()).arg(size.height());
                 QVERIFY(RenderCheck::Save(harness.Frame(), file));
                 const QStringList problems =
-                    RenderCheck::Layout(harness.View(), QList<QWidget*>{harness.View()->GetSummary(), pane}) +
+                    RenderCheck::Layout(harness.View(), QList<QWidget*>{harness.View()->Summary(), pane}) +
                     RenderCheck::Clipped(pane);
                 QVERIFY2(problems.isEmpty(), qPrintable(file + QLatin1Char(' ') + problems.join(QLatin1Char('\n'))));
             }

@@ -113,8 +113,13 @@ private:
                 QWidget* shown = sheet ? sheet->Tabs()->currentWidget() : &dlg;
                 QStringList problems = RenderCheck::Clipped(&dlg) + RenderCheck::ScrollsSideways(shown);
                 // Every page's title is in sight without scrolling: in the tab row, or where that
-                // cannot fit, in the list of pages that takes its place.
-                if (sheet) {
+                // cannot fit, in the list of pages that takes its place; a sheet of one page shows
+                // neither.
+                if (sheet && sheet->PageCount() == 1) {
+                    if (sheet->Tabs()->tabBar()->isVisibleTo(&dlg) ||
+                        sheet->findChild<QComboBox*>(QStringLiteral("sheetPages"))->isVisibleTo(&dlg))
+                        problems.append(QStringLiteral("a single page with tabs"));
+                } else if (sheet) {
                     const QTabBar* bar = sheet->Tabs()->tabBar();
                     const auto* pages = sheet->findChild<QComboBox*>(QStringLiteral("sheetPages"));
                     if (bar->isVisibleTo(&dlg) && bar->sizeHint().width() > sheet->Tabs()->width())

@@ -57,44 +57,46 @@ private slots:
         CRecordingMessages messages;
         CScriptedDialogs runner;
         runner.steps.append(CScriptedDialogs::Ok<CDlgEquipment>(
-            [](CDlgEquipment& rig) { rig.HarnessEdit()->setText(QStringLiteral("Infinity")); }));
+            [](CDlgEquipment& rig) { rig.findChild<QLineEdit*>("harnessEdit")->setText(QStringLiteral("Infinity")); }));
         runner.steps.append(CScriptedDialogs::Ok<CDlgEquipment>(
-            [](CDlgEquipment& rig) { rig.MainEdit()->setText(QStringLiteral("Pilot")); }));
+            [](CDlgEquipment& rig) { rig.findChild<QLineEdit*>("mainEdit")->setText(QStringLiteral("Pilot")); }));
         runner.steps.append(CScriptedDialogs::Ok<CDlgEquipment>([](CDlgEquipment& rig) {
-            QVERIFY(rig.ActiveBox()->isChecked());
-            rig.HarnessEdit()->setText(QStringLiteral(" Mirage "));
-            rig.MainEdit()->setText(QStringLiteral("Stiletto"));
+            QVERIFY(rig.findChild<QCheckBox*>("activeBox")->isChecked());
+            rig.findChild<QLineEdit*>("harnessEdit")->setText(QStringLiteral(" Mirage "));
+            rig.findChild<QLineEdit*>("mainEdit")->setText(QStringLiteral("Stiletto"));
         }));
         CDlgEquipments dlg(doc, &messages);
         dlg.SetDialogRunner(&runner);
         dlg.show();
         QVERIFY(QTest::qWaitForWindowExposed(&dlg));
 
-        CDlgEquipmentsPageAlarm* alarm = dlg.AlarmPage();
-        QVERIFY(!alarm->AlarmBox()->isChecked());
-        QVERIFY(!alarm->DaysPriorSpin()->isEnabled() && !alarm->CycleSpin()->isEnabled());
-        QCOMPARE(alarm->DaysPriorSpin()->value(), 30);
-        QCOMPARE(alarm->CycleSpin()->value(), 180);
-        alarm->AlarmBox()->setChecked(true);
-        QVERIFY(alarm->DaysPriorSpin()->isEnabled() && alarm->CycleSpin()->isEnabled());
-        alarm->CycleSpin()->setValue(730);
+        auto* alarm = dlg.findChild<CDlgEquipmentsPageAlarm*>();
+        QVERIFY(!alarm->findChild<QCheckBox*>("rigAlarmBox")->isChecked());
+        QVERIFY(!alarm->findChild<QSpinBox*>("rigDaysPriorSpin")->isEnabled() &&
+                !alarm->findChild<QSpinBox*>("inspectionCycleSpin")->isEnabled());
+        QCOMPARE(alarm->findChild<QSpinBox*>("rigDaysPriorSpin")->value(), 30);
+        QCOMPARE(alarm->findChild<QSpinBox*>("inspectionCycleSpin")->value(), 180);
+        alarm->findChild<QCheckBox*>("rigAlarmBox")->setChecked(true);
+        QVERIFY(alarm->findChild<QSpinBox*>("rigDaysPriorSpin")->isEnabled() &&
+                alarm->findChild<QSpinBox*>("inspectionCycleSpin")->isEnabled());
+        alarm->findChild<QSpinBox*>("inspectionCycleSpin")->setValue(730);
 
-        CDlgEquipmentsPageEquipments* page = dlg.EquipmentsPage();
-        QListWidget* list = page->List();
+        auto* page = dlg.findChild<CDlgEquipmentsPageEquipments*>();
+        auto* list = page->findChild<QListWidget*>("equipmentList");
         QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(list->item(1)).center());
         list->setCurrentRow(0);
         list->setFocus();
         QTest::keyClick(list, Qt::Key_Return);
         QCOMPARE(Rows(list), (QStringList{"[1] Javelin / Pilot", "[4] Infinity / Sabre2"}));
-        page->NewButton()->click();
-        page->NewButton()->click();
+        page->findChild<QPushButton*>("newEquipmentButton")->click();
+        page->findChild<QPushButton*>("newEquipmentButton")->click();
         QCOMPARE(Rows(list).mid(2), QStringList{"[5] Mirage / Stiletto"});
         list->setCurrentRow(0);
         messages.yesNoAnswer = false;
-        page->RemoveButton()->click();
+        page->findChild<QPushButton*>("removeEquipmentButton")->click();
         QCOMPARE(list->count(), 3);
         messages.yesNoAnswer = true;
-        page->RemoveButton()->click();
+        page->findChild<QPushButton*>("removeEquipmentButton")->click();
         QCOMPARE(messages.Texts(CRecordingMessages::Kind::YesNo).last(),
                  QStringLiteral("Do you want to remove the equipment [1] Javelin / Pilot?"));
         QCOMPARE(Rows(list), (QStringList{"[4] Infinity / Sabre2", "[5] Mirage / Stiletto"}));
@@ -111,8 +113,9 @@ private slots:
         QCOMPARE(rigs.Get(1).GetNumber(), 5);
     }
 
-    // Each refused value shows one message and puts the focus on its field, the editor staying
-    // open; mended, OK hands every value back.
+    // Each refused value shows one message (a missing name as an error, a number out of range as
+    // a warning) and puts the focus on its field, the editor staying open; mended, OK hands every
+    // value back.
     void rigEditorFocusesTheRefusedFieldAndKeepsEveryValueOnOk()
     {
         CEquipment rig(3);
@@ -121,7 +124,7 @@ private slots:
         CDlgEquipment dlg(rig, &messages);
         dlg.show();
         QVERIFY(QTest::qWaitForWindowExposed(&dlg));
-        QCOMPARE(dlg.DateEdit()->date(), QDate(2024, 2, 29));
+        QCOMPARE(dlg.findChild<CKqDateEdit*>("inspectionDate")->date(), QDate(2024, 2, 29));
         // Both canopy sizes are square feet.
         const QList<QLabel*> labels = dlg.findChildren<QLabel*>();
         QCOMPARE(
@@ -130,24 +133,28 @@ private slots:
         const struct
         {
             const char *harness, *main, *size, *focus, *message;
-        } cases[] = {{"   ", "Sabre2", "170", "harnessEdit", "Please enter a harness."},
-                     {"Javelin", " ", "170", "mainEdit", "Please enter a main canopy."},
-                     {"Javelin", "Sabre2", "1000", "mainSizeEdit", "Please enter a value between 0 and 999."}};
+            CRecordingMessages::Kind kind;
+        } cases[] = {
+            {"   ", "Sabre2", "170", "harnessEdit", "Please enter a harness.", CRecordingMessages::Kind::Error},
+            {"Javelin", " ", "170", "mainEdit", "Please enter a main canopy.", CRecordingMessages::Kind::Error},
+            {"Javelin", "Sabre2", "1000", "mainSizeEdit", "Please enter a value between 0 and 999.",
+             CRecordingMessages::Kind::Warning}};
         for (const auto& c : cases) {
-            dlg.HarnessEdit()->setText(QLatin1String(c.harness));
-            dlg.MainEdit()->setText(QLatin1String(c.main));
-            dlg.MainSizeEdit()->setText(QLatin1String(c.size));
+            dlg.findChild<QLineEdit*>("harnessEdit")->setText(QLatin1String(c.harness));
+            dlg.findChild<QLineEdit*>("mainEdit")->setText(QLatin1String(c.main));
+            dlg.findChild<QLineEdit*>("mainSizeEdit")->setText(QLatin1String(c.size));
             dlg.accept();
             QCOMPARE(messages.boxes.last().text, QLatin1String(c.message));
+            QVERIFY(messages.boxes.last().kind == c.kind);
             QCOMPARE(dlg.focusWidget()->objectName(), QLatin1String(c.focus));
         }
         QCOMPARE(messages.boxes.size(), qsizetype(3));
         QVERIFY(dlg.isVisible());
 
-        dlg.MainSizeEdit()->setText(QStringLiteral("0"));
-        dlg.ReserveSizeEdit()->setText(QStringLiteral("143"));
-        dlg.PreviousJumpsSpin()->setValue(32767);
-        dlg.ActiveBox()->setChecked(false);
+        dlg.findChild<QLineEdit*>("mainSizeEdit")->setText(QStringLiteral("0"));
+        dlg.findChild<QLineEdit*>("reserveSizeEdit")->setText(QStringLiteral("143"));
+        dlg.findChild<QSpinBox*>("previousJumpsSpin")->setValue(32767);
+        dlg.findChild<QCheckBox*>("activeBox")->setChecked(false);
         dlg.accept();
         QCOMPARE(dlg.result(), int(QDialog::Accepted));
         const auto result = dlg.Result();
@@ -168,8 +175,8 @@ private slots:
         CDlgEquipment dlg(rig, nullptr);
         dlg.show();
         QVERIFY(QTest::qWaitForWindowExposed(&dlg));
-        QCOMPARE(dlg.DateEdit()->text(), QStringLiteral("None"));
-        QCalendarWidget* calendar = dlg.DateEdit()->calendarWidget();
+        QCOMPARE(dlg.findChild<CKqDateEdit*>("inspectionDate")->text(), QStringLiteral("None"));
+        QCalendarWidget* calendar = dlg.findChild<CKqDateEdit*>("inspectionDate")->calendarWidget();
         QShowEvent shown;
         QCoreApplication::sendEvent(calendar, &shown);
         QCOMPARE(calendar->yearShown(), QDate::currentDate().year());
@@ -178,7 +185,7 @@ private slots:
         QVERIFY(!dlg.Result()->GetInspectionDate().IsValid());
 
         CDlgEquipment picked(rig, nullptr);
-        picked.DateEdit()->setDate(QDate(2024, 3, 1));
+        picked.findChild<CKqDateEdit*>("inspectionDate")->setDate(QDate(2024, 3, 1));
         picked.accept();
         QVERIFY(picked.Result()->GetInspectionDate().SameDay(CDateTime(2024, 3, 1)));
     }

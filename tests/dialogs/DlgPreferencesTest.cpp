@@ -1,3 +1,4 @@
+#include "CRecordingMessages.h"
 #include "CScriptedDialogs.h"
 
 #include "controls/CDurationPadDlg.h"
@@ -37,25 +38,25 @@ private slots:
         settings.SetCustomFallrateSpeed(5.0);
         doc->ReplaceSettings(settings);
         CDlgPreferences cancelled(units, &store, *doc, nullptr);
-        cancelled.UnitsCombo()->setCurrentIndex(0);
+        cancelled.findChild<QComboBox*>("unitsCombo")->setCurrentIndex(0);
         cancelled.reject();
         QVERIFY(units.IsMetric());
         QVERIFY(!store.Contains("Preferences", "Units"));
 
         CDlgPreferences dlg(units, &store, *doc, nullptr);
-        QCOMPARE(dlg.FallrateLabel()->text(), QStringLiteral("Custom Fallrate [m/s]"));
-        QVERIFY(dlg.GlideCombo()->isHidden());
-        dlg.UnitsCombo()->setCurrentIndex(0);
-        QCOMPARE(dlg.SpeedCombo()->itemText(0), QStringLiteral("ft/s"));
-        QCOMPARE(dlg.SpeedCombo()->itemText(1), QStringLiteral("mph"));
-        QCOMPARE(dlg.FallrateButton()->text(), QLocale().toString(16.4, 'f', 1));
-        QCOMPARE(dlg.FallrateLabel()->text(), QStringLiteral("Custom Fallrate [ft/s]"));
-        dlg.UnitsCombo()->setCurrentIndex(1);
-        dlg.SpeedCombo()->setCurrentIndex(1);
-        QCOMPARE(dlg.FallrateLabel()->text(), QStringLiteral("Custom Fallrate [km/h]"));
-        dlg.UnitsCombo()->setCurrentIndex(0);
-        QCOMPARE(dlg.SpeedCombo()->currentIndex(), 1);
-        QCOMPARE(dlg.FallrateLabel()->text(), QStringLiteral("Custom Fallrate [mph]"));
+        QCOMPARE(dlg.findChild<QLabel*>("fallrateLabel")->text(), QStringLiteral("Custom Fallrate [m/s]"));
+        QVERIFY(dlg.findChild<QComboBox*>("glideCombo")->isHidden());
+        dlg.findChild<QComboBox*>("unitsCombo")->setCurrentIndex(0);
+        QCOMPARE(dlg.findChild<QComboBox*>("speedCombo")->itemText(0), QStringLiteral("ft/s"));
+        QCOMPARE(dlg.findChild<QComboBox*>("speedCombo")->itemText(1), QStringLiteral("mph"));
+        QCOMPARE(dlg.findChild<QPushButton*>("fallrateButton")->text(), QLocale().toString(16.4, 'f', 1));
+        QCOMPARE(dlg.findChild<QLabel*>("fallrateLabel")->text(), QStringLiteral("Custom Fallrate [ft/s]"));
+        dlg.findChild<QComboBox*>("unitsCombo")->setCurrentIndex(1);
+        dlg.findChild<QComboBox*>("speedCombo")->setCurrentIndex(1);
+        QCOMPARE(dlg.findChild<QLabel*>("fallrateLabel")->text(), QStringLiteral("Custom Fallrate [km/h]"));
+        dlg.findChild<QComboBox*>("unitsCombo")->setCurrentIndex(0);
+        QCOMPARE(dlg.findChild<QComboBox*>("speedCombo")->currentIndex(), 1);
+        QCOMPARE(dlg.findChild<QLabel*>("fallrateLabel")->text(), QStringLiteral("Custom Fallrate [mph]"));
         dlg.accept();
         dlg.Edit().Apply(units, &store, *doc); // the command's part of OK
         QVERIFY(!units.IsMetric());
@@ -82,17 +83,38 @@ private slots:
         });
         CDlgPreferences dlg(units, &store, *doc, nullptr);
         dlg.SetDialogRunner(&runner);
-        dlg.FallrateButton()->click();
-        QCOMPARE(dlg.FallrateButton()->text(), QLocale().toString(55.5, 'f', 1));
-        dlg.FreefallButton()->click();
+        dlg.findChild<QPushButton*>("fallrateButton")->click();
+        QCOMPARE(dlg.findChild<QPushButton*>("fallrateButton")->text(), QLocale().toString(55.5, 'f', 1));
+        dlg.findChild<QPushButton*>("freefallButton")->click();
         QVERIFY(padSeconds > 0);
         QCOMPARE(dlg.Edit().previousDelay, padSeconds);
-        QCOMPARE(dlg.FreefallButton()->text(), QString::fromStdString(DurationToText(padSeconds, true)));
+        QCOMPARE(dlg.findChild<QPushButton*>("freefallButton")->text(),
+                 QString::fromStdString(DurationToText(padSeconds, true)));
         dlg.accept();
         QCOMPARE(dlg.result(), int(QDialog::Accepted));
         QVERIFY(dlg.Edit().Apply(units, &store, *doc));
         QCOMPARE(doc->GetSettings().FallrateSpeed(2), 55.5);
         QCOMPARE(doc->GetSettings().GetPreviousDelay(), padSeconds);
+    }
+
+    // A changed count beyond the range is refused with one warning and the focus on its field;
+    // the dialog stays open until it is mended.
+    void refusedPreviousJumpsKeepTheDialogOpenOnTheirField()
+    {
+        CRecordingMessages messages;
+        CDlgPreferences dlg(units, &store, *doc, &messages);
+        dlg.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&dlg));
+        auto* jumps = dlg.findChild<QSpinBox*>("previousJumpsSpin");
+        jumps->setValue(CPreferencesEdit::kMaxPreviousJumps + 1);
+        dlg.accept();
+        QCOMPARE(messages.Texts(CRecordingMessages::Kind::Warning),
+                 QStringList{QStringLiteral("Please enter a value between 0 and 32767.")});
+        QCOMPARE(dlg.focusWidget(), jumps);
+        QVERIFY(dlg.isVisible());
+        jumps->setValue(CPreferencesEdit::kMaxPreviousJumps);
+        dlg.accept();
+        QCOMPARE(dlg.result(), int(QDialog::Accepted));
     }
 
 private:

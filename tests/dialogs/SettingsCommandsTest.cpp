@@ -38,7 +38,7 @@ private:
 
     QStringList RigTexts() const
     {
-        const CLogbookDoc& doc = h->Frame()->GetDocument();
+        const CLogbookDoc& doc = h->Frame()->Document();
         QStringList texts;
         for (const auto& jump : doc.GetJumps())
             texts.append(QString::fromStdString(jump->GetEquipmentText(doc.GetSettings().GetEquipmentList())));
@@ -57,7 +57,7 @@ private slots:
         for (const char* name : {"userProfileAction", "equipmentAction", "preferencesAction"}) {
             QVERIFY2(Action(name) && !Action(name)->isEnabled(), name);
         }
-        h->Frame()->GetSettingsCommands()->OnPreferences();
+        h->Frame()->SettingsCommands()->OnPreferences();
         QVERIFY(h->dialogs.ran.isEmpty());
         QVERIFY(!h->StartWith(Logbook()).isEmpty());
         QVERIFY(Action("userProfileAction")->isEnabled());
@@ -69,7 +69,7 @@ private slots:
     void commandsApplyTheirDialogsOnOk()
     {
         QVERIFY(!h->StartWith(Logbook()).isEmpty());
-        CLogbookDoc& doc = h->Frame()->GetDocument();
+        CLogbookDoc& doc = h->Frame()->Document();
         h->dialogs.steps.append([](QDialog& dialog) {
             qobject_cast<CDlgUser*>(&dialog)->InitialisePages();
             return int(QDialog::Rejected);
@@ -78,21 +78,21 @@ private slots:
         QCOMPARE(h->dialogs.ran, QStringList{"dlgUser"});
         QVERIFY(!doc.IsModified());
 
-        CSummaryPane* summary = h->View()->GetSummary();
+        CSummaryPane* summary = h->View()->Summary();
         QCOMPARE(summary->LabelText(2), QStringLiteral("Freefall Dist. [mi]"));
         QCOMPARE(summary->ValueText(2), QStringLiteral("6"));
-        h->dialogs.steps.append(
-            CScriptedDialogs::Ok<CDlgPreferences>([](CDlgPreferences& dlg) { dlg.UnitsCombo()->setCurrentIndex(1); }));
+        h->dialogs.steps.append(CScriptedDialogs::Ok<CDlgPreferences>(
+            [](CDlgPreferences& dlg) { dlg.findChild<QComboBox*>("unitsCombo")->setCurrentIndex(1); }));
         Action("preferencesAction")->trigger();
         QCOMPARE(summary->LabelText(2), QStringLiteral("Freefall Dist. [km]"));
         QCOMPARE(summary->ValueText(2), QStringLiteral("9"));
-        QVERIFY(h->Frame()->GetUnits().IsMetric());
+        QVERIFY(h->Frame()->Units().IsMetric());
         QCOMPARE(h->settings.GetInt("Preferences", "Units", -1), 1);
         QVERIFY(!doc.IsModified());
 
         h->dialogs.steps.append(CScriptedDialogs::Ok<CDlgPreferences>(
             [](CDlgPreferences& dlg) { dlg.findChild<QSpinBox*>("previousJumpsSpin")->setValue(12); }));
-        h->Frame()->GetSettingsCommands()->OnPreferences();
+        h->Frame()->SettingsCommands()->OnPreferences();
         QVERIFY(doc.IsModified());
 
         doc.SetModified(false);
@@ -101,8 +101,8 @@ private slots:
         const QStringList before = RigTexts();
         h->dialogs.steps.append(CScriptedDialogs::Ok<CDlgEquipments>([](CDlgEquipments& dlg) {
             dlg.InitialisePages();
-            dlg.EquipmentsPage()->List()->setCurrentRow(1);
-            dlg.EquipmentsPage()->RemoveButton()->click();
+            dlg.findChild<QListWidget*>("equipmentList")->setCurrentRow(1);
+            dlg.findChild<QPushButton*>("removeEquipmentButton")->click();
         }));
         Action("equipmentAction")->trigger();
         QCOMPARE(doc.GetSettings().GetEquipmentList().GetCount(), std::size_t(2));
@@ -115,7 +115,7 @@ private slots:
     void aChangeToWhatSignedJumpsShowIsAskedFirst()
     {
         QVERIFY(!h->StartWith(Logbook()).isEmpty());
-        CLogbookDoc& doc = h->Frame()->GetDocument();
+        CLogbookDoc& doc = h->Frame()->Document();
         for (std::size_t i = 0; i < 3; ++i)
             doc.ChangeJump(i, [&doc, i](CJump& jump) {
                 jump.SetEquipmentByIndex(i == 2 ? 1 : 0);
@@ -126,7 +126,7 @@ private slots:
         const auto rename = [this](int row) {
             h->dialogs.steps = {CScriptedDialogs::Ok<CDlgEquipments>([row](CDlgEquipments& dlg) {
                                     dlg.InitialisePages();
-                                    dlg.EquipmentsPage()->OpenRow(row);
+                                    dlg.findChild<CDlgEquipmentsPageEquipments*>()->OpenRow(row);
                                 }),
                                 CScriptedDialogs::Ok<CDlgEquipment>([](CDlgEquipment& dlg) {
                                     dlg.findChild<QLineEdit*>("harnessEdit")->setText("Mirage");
@@ -157,8 +157,8 @@ private slots:
         h->messages.boxes.clear();
         h->dialogs.steps.append(CScriptedDialogs::Ok<CDlgEquipments>([](CDlgEquipments& dlg) {
             dlg.InitialisePages();
-            dlg.EquipmentsPage()->List()->setCurrentRow(0);
-            dlg.EquipmentsPage()->RemoveButton()->click();
+            dlg.findChild<QListWidget*>("equipmentList")->setCurrentRow(0);
+            dlg.findChild<QPushButton*>("removeEquipmentButton")->click();
         }));
         Action("equipmentAction")->trigger();
         const QStringList asked = h->messages.Texts(CRecordingMessages::Kind::YesNo);
@@ -194,14 +194,14 @@ private slots:
                                     dlg.InitialisePages();
                                     record(dlg, "rigDaysPriorSpin");
                                     record(dlg, "inspectionCycleSpin");
-                                    dlg.EquipmentsPage()->OpenRow(0);
+                                    dlg.findChild<CDlgEquipmentsPageEquipments*>()->OpenRow(0);
                                 }),
                                 CScriptedDialogs::Ok<CDlgEquipment>([&](CDlgEquipment& dlg) {
                                     record(dlg, "previousJumpsSpin");
-                                    shown["mainSize"] = dlg.MainSizeEdit()->text().toInt();
+                                    shown["mainSize"] = dlg.findChild<QLineEdit*>("mainSizeEdit")->text().toInt();
                                 }),
                                 CScriptedDialogs::Ok<CDlgPreferences>([&](CDlgPreferences& dlg) {
-                                    shown["previousJumps"] = dlg.PreviousJumpsSpin()->value();
+                                    shown["previousJumps"] = dlg.findChild<QSpinBox*>("previousJumpsSpin")->value();
                                 })};
             Action("userProfileAction")->trigger();
             Action("equipmentAction")->trigger();
@@ -213,8 +213,8 @@ private slots:
                 {"mainSize", beyond ? 1200 : 999},           {"previousJumps", beyond ? 40000 : 32767}};
             QCOMPARE(shown, stored);
             QVERIFY(h->messages.boxes.isEmpty());
-            QVERIFY(!h->Frame()->GetDocument().IsModified());
-            const CLogbookSettings& settings = h->Frame()->GetDocument().GetSettings();
+            QVERIFY(!h->Frame()->Document().IsModified());
+            const CLogbookSettings& settings = h->Frame()->Document().GetSettings();
             QCOMPARE(settings.GetPreviousJumps(), stored["previousJumps"]);
             QCOMPARE(settings.GetEquipmentList().Get(0).GetPreviousJumps(), stored["previousJumpsSpin"]);
         }

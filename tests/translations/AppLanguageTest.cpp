@@ -112,11 +112,11 @@ private slots:
         harness.Commands()->OnFileOpen();
         shown << harness.messages.Texts(CRecordingMessages::Kind::Error);
         shown << QDialogButtonBox(QDialogButtonBox::Cancel).button(QDialogButtonBox::Cancel)->text();
-        const CSummaryPane* summary = harness.View()->GetSummary();
+        const CSummaryPane* summary = harness.View()->Summary();
         for (int row : {CSummaryPane::NumberOfJumps, CSummaryPane::FreefallDistance, CSummaryPane::LastJump})
             shown << summary->LabelText(row) << summary->ValueText(row);
         harness.View()->OnViewJumpList();
-        const CJumpListCtrl* list = harness.View()->GetList();
+        const CJumpListCtrl* list = harness.View()->List();
         QVERIFY(list->RowCount() > 0);
         QCOMPARE(list->TextAt(0, CJumpTableModel::PlaceColumn), QStringLiteral("Jump"));
         shown << list->TextAt(0, CJumpTableModel::DateColumn);
@@ -126,7 +126,8 @@ private slots:
         harness.Doc().ReplaceSettings(settings);
         CUnitSettings units(1, 0, 1);
         CDlgPreferences preferences(units, nullptr, harness.Doc(), &harness.messages);
-        shown << preferences.FallrateLabel()->text() << preferences.FallrateButton()->text();
+        shown << preferences.findChild<QLabel*>("fallrateLabel")->text()
+              << preferences.findChild<QPushButton*>("fallrateButton")->text();
         QCOMPARE(shown, language == QLatin1String("de") ? kGerman : kEnglish);
 
         QMenuBar* menus = harness.Frame()->menuBar();
