@@ -180,15 +180,6 @@ bool BuildImportedJump(const CTrack& track, const CJumpDetection& detection, con
     return true;
 }
 
-bool BuildImportedJump(const CTrack& track, const CJumpDetection& detection, const CTrackImportOptions& options,
-                       int utcOffsetMinutes, CImportedJump& out, std::string& message)
-{
-    CTrackMessage reason;
-    const bool built = BuildImportedJump(track, detection, options, utcOffsetMinutes, out, reason);
-    message = built ? std::string() : TrackMessageText(reason);
-    return built;
-}
-
 int LocalUtcOffsetMinutes(double utcSeconds)
 {
     const std::time_t instant = static_cast<std::time_t>(std::floor(utcSeconds));

@@ -124,10 +124,10 @@ TEST(CsvJumpImport, ReadsEachRowOrSaysWhyNot)
         const CCsvImportPlan plan = CCsvJumpImport::Plan(table, mapping, empty, kModified, 120);
         ASSERT_EQ(plan.rows.size(), 1u);
         const CCsvPlannedRow& row = plan.rows[0];
-        EXPECT_EQ(row.problem.id, c.problem) << row.problem.Text();
+        EXPECT_EQ(row.problem.id, c.problem) << row.problem.arg1;
         if (c.problem != 0) {
             EXPECT_FALSE(row.Taken());
-            EXPECT_EQ(row.problem.Text().rfind("Line 2: ", 0), 0u) << row.problem.Text();
+            EXPECT_EQ(row.problem.line, 2);
             continue;
         }
         ASSERT_TRUE(row.Taken());
