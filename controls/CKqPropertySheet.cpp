@@ -170,9 +170,12 @@ void CKqPropertySheet::ShowFailure(int pageIndex, const CCheckResult& result)
         m_reverting = false;
     }
     m_current = pageIndex;
-    const QString text = MessageText::Translate(result.message, result.messageId);
+    const QString text = MessageText::Text(result.Message());
+    const bool error = result.severity == CheckSeverity::Error;
     if (m_messages)
-        m_messages->Warning(text);
+        error ? m_messages->Error(text) : m_messages->Warning(text);
+    else if (error)
+        QMessageBox::critical(this, windowTitle(), text, QMessageBox::Ok);
     else
         QMessageBox::warning(this, windowTitle(), text, QMessageBox::Ok);
     m_pages[pageIndex]->FocusField(result.field);

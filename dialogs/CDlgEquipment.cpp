@@ -175,9 +175,7 @@ void CDlgEquipment::accept()
     const CCheckResult result = m_edit.Validate();
     if (!result.Passed()) {
         const QString text = DialogText::CheckMessage(result);
-        // A missing harness or main canopy is an error; a number out of range a refused entry.
-        const bool missing =
-            result.messageId == StringTable::IDS_NEED_HARNESS || result.messageId == StringTable::IDS_NEED_MAIN;
+        const bool missing = result.severity == CheckSeverity::Error;
         if (m_messages)
             missing ? m_messages->Error(text) : m_messages->Warning(text);
         else if (missing)

@@ -108,6 +108,7 @@ private slots:
         QCOMPARE(dialog.result(), int(QDialog::Accepted));
 
         std::vector<std::size_t> steps;
+        CCheckResult refused;
         std::string error;
         const std::size_t imported = edit.Apply(
             doc, m_units, nullptr, m_clock,
@@ -115,7 +116,8 @@ private slots:
                 steps.push_back(done);
                 return true;
             },
-            error);
+            refused, error);
+        QVERIFY(refused.Passed());
         QVERIFY2(error.empty(), error.c_str());
         QCOMPARE(imported, std::size_t(2));
         QCOMPARE(steps, (std::vector<std::size_t>{0, 1, 2}));

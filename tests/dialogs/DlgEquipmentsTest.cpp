@@ -120,18 +120,22 @@ private slots:
         dlg.show();
         QVERIFY(QTest::qWaitForWindowExposed(&dlg));
         QCOMPARE(dlg.DateEdit()->date(), QDate(2024, 2, 29));
+        using Kind = CRecordingMessages::Kind;
         const struct
         {
             const char *harness, *main, *size, *focus, *message;
-        } cases[] = {{"   ", "Sabre2", "170", "harnessEdit", "Please enter a harness."},
-                     {"Javelin", " ", "170", "mainEdit", "Please enter a main canopy."},
-                     {"Javelin", "Sabre2", "1000", "mainSizeEdit", "Please enter a value between 0 and 999."}};
+            Kind kind;
+        } cases[] = {{"   ", "Sabre2", "170", "harnessEdit", "Please enter a harness.", Kind::Error},
+                     {"Javelin", " ", "170", "mainEdit", "Please enter a main canopy.", Kind::Error},
+                     {"Javelin", "Sabre2", "1000", "mainSizeEdit", "Please enter a value between 0 and 999.",
+                      Kind::Warning}};
         for (const auto& c : cases) {
             dlg.HarnessEdit()->setText(QLatin1String(c.harness));
             dlg.MainEdit()->setText(QLatin1String(c.main));
             dlg.MainSizeEdit()->setText(QLatin1String(c.size));
             dlg.accept();
             QCOMPARE(messages.boxes.last().text, QLatin1String(c.message));
+            QCOMPARE(messages.boxes.last().kind, c.kind);
             QCOMPARE(dlg.focusWidget()->objectName(), QLatin1String(c.focus));
         }
         QCOMPARE(messages.boxes.size(), qsizetype(3));

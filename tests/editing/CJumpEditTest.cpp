@@ -1,3 +1,4 @@
+#include "CheckText.h"
 #include "editing/CJumpEdit.h"
 
 #include "document/CLogbookDoc.h"
@@ -156,7 +157,7 @@ TEST_F(JumpEditTest, ChecksNameTheirMessageBoundsAndField)
         const CCheckResult result = edit->ValidateAll(&page);
         EXPECT_EQ(result.messageId, c.messageId);
         EXPECT_EQ(result.field, c.field);
-        EXPECT_NE(result.message.find(c.bounds), std::string::npos) << result.message;
+        EXPECT_NE(CheckText(result).find(c.bounds), std::string::npos) << CheckText(result);
         EXPECT_EQ(page, result.Passed() ? CJumpEdit::PageCount : CJumpEdit::PageOf(result.field));
     }
 }
@@ -208,7 +209,7 @@ TEST_F(JumpEditTest, UntouchedNewJumpPassesItsOwnChecks)
         CJumpEdit edit(logbook, units, &store, clock, nullptr);
         EXPECT_EQ(edit.Values().noWind, c.noWind);
         const int number = logbook.GetLastJump() ? logbook.GetLastJump()->GetNumber() + 1 : 1;
-        ASSERT_TRUE(edit.ValidateAll().Passed()) << edit.ValidateAll().message;
+        ASSERT_TRUE(edit.ValidateAll().Passed()) << CheckText(edit.ValidateAll());
         const CJumpEdit::ApplyResult result = edit.Apply();
         ASSERT_TRUE(result.ok && result.jump);
         EXPECT_EQ(result.jump->GetNumber(), number);
@@ -269,13 +270,13 @@ TEST_F(JumpEditTest, StoredValuesOutsideTheRangesPassUntouched)
     });
     auto edit = Edit(last);
     EXPECT_EQ(edit->Values().number, 123456);
-    EXPECT_TRUE(edit->ValidateAll().Passed()) << edit->ValidateAll().message;
+    EXPECT_TRUE(edit->ValidateAll().Passed()) << CheckText(edit->ValidateAll());
     EXPECT_FALSE(edit->Apply().changed);
     EXPECT_FALSE(doc.IsModified());
 
     edit = Edit(last);
     edit->Values().number = 123457;
-    EXPECT_EQ(edit->ValidateAll().message, "Please enter a value between 1 and 99999.");
+    EXPECT_EQ(CheckText(edit->ValidateAll()), "Please enter a value between 1 and 99999.");
 
     ChangeLast([](CJump& jump) { jump.SetTimestamp({CDateTime(), 0}); });
     edit = Edit(last);

@@ -1,3 +1,4 @@
+#include "CheckText.h"
 #include "editing/CPreferencesEdit.h"
 #include "document/CLogbookDoc.h"
 #include "units/CMemorySettingsStore.h"
@@ -25,16 +26,15 @@ TEST(PreferencesEdit, LoadsTheCustomSpeedAsTenthsOfTheShownUnit)
         int units, speed;
         double mps;
         long long tenths;
-        const char* label;
+        const char* unit;
     } cases[] = {
-        {1, 0, 22.3, 223, "Custom Fallrate [m/s]"}, {1, 1, 5.0, 180, "Custom Fallrate [km/h]"},
-        {0, 0, 5.0, 164, "Custom Fallrate [ft/s]"}, {0, 1, 5.0, 112, "Custom Fallrate [mph]"},
-        {7, 3, 5.0, 180, "Custom Fallrate [km/h]"},
+        {1, 0, 22.3, 223, "m/s"}, {1, 1, 5.0, 180, "km/h"}, {0, 0, 5.0, 164, "ft/s"},
+        {0, 1, 5.0, 112, "mph"},  {7, 3, 5.0, 180, "km/h"},
     };
     for (const auto& c : cases) {
         const CPreferencesEdit edit = Loaded(c.units, c.speed, c.mps);
-        EXPECT_EQ(edit.customTenths, c.tenths) << c.label;
-        EXPECT_EQ(edit.FallrateLabel(), c.label);
+        EXPECT_EQ(edit.customTenths, c.tenths) << c.unit;
+        EXPECT_EQ(edit.FallrateUnit(), c.unit);
     }
 }
 
@@ -111,7 +111,7 @@ TEST(PreferencesEdit, PreviousJumpsStopAt32767)
     edit.previousJumps = 32767;
     EXPECT_TRUE(edit.Validate().Passed());
     edit.previousJumps = 32768;
-    EXPECT_EQ(edit.Validate().message, "Please enter a value between 0 and 32767.");
+    EXPECT_EQ(CheckText(edit.Validate()), "Please enter a value between 0 and 32767.");
 }
 
 } // namespace
