@@ -65,7 +65,7 @@ TEST(CLogbookDocGolden, LoadSaveKeepsEveryByteInBothContainers)
         CMemorySettingsStore store;
         CLogbookDoc doc(&store, &kClock);
         const CLoadResult loaded = doc.Load(source);
-        ASSERT_TRUE(loaded.ok) << extension << ": " << loaded.message;
+        ASSERT_TRUE(loaded.ok) << extension << ": " << loaded.message.arg1;
         ASSERT_TRUE(doc.Save(target)) << extension;
 
         const std::string raw = ReadBytes(target);
@@ -114,13 +114,14 @@ TEST(CLogbookDocGolden, LoadedValues)
 TEST(CLogbookDocLoad, RefusalsGiveTheirMessageAndAnEmptyDocument)
 {
     const std::string jump = JumpXml(1, "A", 4000, 1000);
-    const std::string notTervola(StringTable::Text(StringTable::IDS_NOT_TERVOLA));
-    const auto badVersion = [](const char* v) { return StringTable::Format(StringTable::IDS_BAD_VERSION, v); };
+    const CMessage notTervola(StringTable::IDS_NOT_TERVOLA);
+    const auto badVersion = [](const char* v) { return CMessage(StringTable::IDS_BAD_VERSION, v); };
+    const auto parserError = [](std::string detail) { return CMessage(StringTable::IDS_PARSER_ERROR, detail); };
     struct Case
     {
         std::string name;
         std::string xml;
-        std::string message;
+        CMessage message;
     };
     std::vector<Case> cases = {
         {"version 1.3", Logbook(jump, "1.3"), badVersion("1.3")},
@@ -130,8 +131,8 @@ TEST(CLogbookDocLoad, RefusalsGiveTheirMessageAndAnEmptyDocument)
         {"unknown root", R"(<logbook version="1.2"></logbook>)", notTervola},
         {"unknown element inside log", Logbook(R"(<log size="1"><entry n="1"></entry></log>)"), notTervola},
         {"jump child refused", Logbook("<log>" + jump + "<jump n=\"2\"" + kStamps + "><exit>4k</exit></jump></log>"),
-         "Parser error: Close Tag: exit, 4k"},
-        {"unclosed logbook", R"(<tvl version="1.2"><log>)" + jump, ""},
+         parserError("Close Tag: exit, 4k")},
+        {"unclosed logbook", R"(<tvl version="1.2"><log>)" + jump, {}},
         {"empty file", "", notTervola},
         {"no element at all", "Jumps 1-5\r\n", notTervola}};
     // Refused jump attributes (a negative number, no "ts", a lower-case zone, an empty "mod"): the
@@ -140,7 +141,7 @@ TEST(CLogbookDocLoad, RefusalsGiveTheirMessageAndAnEmptyDocument)
          {R"(mod="2008-05-17T14:03:00Z" n="-1" ts="2008-05-17T14:03:00Z")", R"(mod="2008-05-17T14:03:00Z" n="1")",
           R"(mod="2008-05-17T14:03:00Z" n="1" ts="2008-05-17T14:03:00z")", R"(mod="" n="1" ts="2008-05-17T14:03:00Z")"})
         cases.push_back({attributes, Logbook("<log><jump " + attributes + "></jump></log>"),
-                         "Parser error: Open Tag: jump, " + attributes});
+                         parserError("Open Tag: jump, " + attributes)});
     for (const Case& c : cases) {
         CScratchFolder folder("refusal");
         const std::string path = folder / "bad.tvl";
@@ -337,7 +338,7 @@ TEST(CLogbookDocLoad, FileWithMoreJumpsThanTheBoundIsRefused)
     doc.SetJumpLimit(5);
     const CLoadResult result = doc.Load(path);
     EXPECT_FALSE(result.ok);
-    EXPECT_EQ(result.message, StringTable::Format(StringTable::IDS_PARSER_ERROR, "more than 5 jumps"));
+    EXPECT_EQ(result.message, CMessage(StringTable::IDS_PARSER_ERROR, "more than 5 jumps"));
     EXPECT_EQ(doc.GetJumpCount(), 0u);
     EXPECT_FALSE(doc.HasPath());
 }
