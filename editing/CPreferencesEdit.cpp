@@ -3,7 +3,6 @@
 #include "document/CLogbookDoc.h"
 #include "document/SealTouch.h"
 #include "model/CLogbookSettings.h"
-#include "resources/StringTable.h"
 #include "units/CUnitSettings.h"
 #include "units/RoundValue.h"
 #include "units/UnitFactors.h"
@@ -76,14 +75,9 @@ void CPreferencesEdit::SetSpeedDisplay(int speedDisplay)
     m_speedDisplay = to;
 }
 
-std::string CPreferencesEdit::FallrateLabel() const
+std::string_view CPreferencesEdit::FallrateUnit() const
 {
-    const CUnitSettings shown(m_units, m_speedDisplay, glideDisplay);
-    std::string label(StringTable::Text(StringTable::IDS_CUSTOM_FALLRATE));
-    label += " [";
-    label += shown.SpeedLabel();
-    label += "]";
-    return label;
+    return CUnitSettings(m_units, m_speedDisplay, glideDisplay).SpeedLabel();
 }
 
 CCheckResult CPreferencesEdit::Validate() const

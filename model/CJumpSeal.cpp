@@ -151,10 +151,4 @@ int StateTextId(SealState state)
     return 0;
 }
 
-std::string_view StateText(SealState state)
-{
-    const int id = StateTextId(state);
-    return id ? StringTable::Text(id) : std::string_view{};
-}
-
 } // namespace JumpSeal
