@@ -32,7 +32,6 @@ QScrollArea* Scrolling(QWidget* inner)
     return scroll;
 }
 
-
 } // namespace
 
 CDlgCardImport::CDlgCardImport(CCardImportEdit& edit, const std::vector<CCardTrack>& skipped,
@@ -95,8 +94,9 @@ CDlgCardImport::CDlgCardImport(CCardImportEdit& edit, const std::vector<CCardTra
     auto* others = new QWidget;
     auto* otherLayout = new QVBoxLayout(others);
     for (const CCardTrack& track : skipped) {
-        auto* label = new QLabel(
-            DialogText::ToQt(track.path.filename().string()) + QStringLiteral(": ") + MessageText::Text(track.SkipReason()), others);
+        auto* label = new QLabel(DialogText::ToQt(track.path.filename().string()) + QStringLiteral(": ") +
+                                     MessageText::Text(track.SkipReason()),
+                                 others);
         label->setWordWrap(true);
         otherLayout->addWidget(label);
     }

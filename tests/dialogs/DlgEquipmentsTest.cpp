@@ -125,10 +125,10 @@ private slots:
         {
             const char *harness, *main, *size, *focus, *message;
             Kind kind;
-        } cases[] = {{"   ", "Sabre2", "170", "harnessEdit", "Please enter a harness.", Kind::Error},
-                     {"Javelin", " ", "170", "mainEdit", "Please enter a main canopy.", Kind::Error},
-                     {"Javelin", "Sabre2", "1000", "mainSizeEdit", "Please enter a value between 0 and 999.",
-                      Kind::Warning}};
+        } cases[] = {
+            {"   ", "Sabre2", "170", "harnessEdit", "Please enter a harness.", Kind::Error},
+            {"Javelin", " ", "170", "mainEdit", "Please enter a main canopy.", Kind::Error},
+            {"Javelin", "Sabre2", "1000", "mainSizeEdit", "Please enter a value between 0 and 999.", Kind::Warning}};
         for (const auto& c : cases) {
             dlg.HarnessEdit()->setText(QLatin1String(c.harness));
             dlg.MainEdit()->setText(QLatin1String(c.main));

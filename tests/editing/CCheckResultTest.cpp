@@ -1,5 +1,5 @@
-#include "CheckText.h"
 #include "editing/CCheckResult.h"
+#include "CheckText.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
-#include "CheckText.h"
 #include "editing/CEquipmentEdit.h"
+#include "CheckText.h"
 #include "document/CLogbookDoc.h"
 #include "editing/CEquipmentsEdit.h"
 #include "model/CEquipment.h"

@@ -1,5 +1,5 @@
-#include "CheckText.h"
 #include "editing/CUserProfileEdit.h"
+#include "CheckText.h"
 #include "model/CLogbookSettings.h"
 
 #include <gtest/gtest.h>

@@ -243,9 +243,13 @@ struct Rig
             fed = parser.Feed(block.get(), chunk);
             pos += chunk;
         } while (fed && pos < input.size());
-        return {
-            parser.Finish(),     fed, parser.GetErrorMessage().arg1, transcript.digest, transcript.events, parser.GetDepth(),
-            parser.GetEncoding()};
+        return {parser.Finish(),
+                fed,
+                parser.GetErrorMessage().arg1,
+                transcript.digest,
+                transcript.events,
+                parser.GetDepth(),
+                parser.GetEncoding()};
     }
     Transcript transcript;
     CFuzzHandler third;

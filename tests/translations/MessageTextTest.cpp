@@ -18,16 +18,17 @@ private slots:
         CMessage latitude(IDS_TRACK_LATITUDE, "%2", "x"); // an argument that looks like a placeholder
         latitude.line = 12;
         const CMessage bytes(IDS_CARD_TWICE, "caf\xC3\xA9 \xFF.CSV"); // a file name that is no UTF-8
-        using Row = std::tuple<CMessage, QString, std::string>; // message, German, English
-        const Row rows[] = {
-            {{IDS_VALUE_RANGE, "-50", "50"}, "Bitte einen Wert zwischen -50 und 50 eingeben.",
-             "Please enter a value between -50 and 50."},
-            {{IDS_PARSER_ERROR, "Open Tag: jump"}, "Fehler beim Lesen der Datei: Open Tag: jump",
-             "Parser error: Open Tag: jump"},
-            {latitude, "Zeile 12: die geografische Breite %2 liegt nicht zwischen -90 und 90 Grad.",
-             "Line 12: the latitude %2 is outside -90 to 90 degrees."},
-            {{IDS_TRACK_EMPTY}, "Die Datei ist leer.", "The file is empty."},
-            {{4011}, "", ""}}; // unknown id
+        using Row = std::tuple<CMessage, QString, std::string>;       // message, German, English
+        const Row rows[] = {{{IDS_VALUE_RANGE, "-50", "50"},
+                             "Bitte einen Wert zwischen -50 und 50 eingeben.",
+                             "Please enter a value between -50 and 50."},
+                            {{IDS_PARSER_ERROR, "Open Tag: jump"},
+                             "Fehler beim Lesen der Datei: Open Tag: jump",
+                             "Parser error: Open Tag: jump"},
+                            {latitude, "Zeile 12: die geografische Breite %2 liegt nicht zwischen -90 und 90 Grad.",
+                             "Line 12: the latitude %2 is outside -90 to 90 degrees."},
+                            {{IDS_TRACK_EMPTY}, "Die Datei ist leer.", "The file is empty."},
+                            {{4011}, "", ""}}; // unknown id
         QCOMPARE(CTranslations::Install(QLocale(QLocale::German, QLocale::Germany)), QStringLiteral("de"));
         for (const auto& [message, german, english] : rows)
             QCOMPARE(MessageText::Text(message), german);

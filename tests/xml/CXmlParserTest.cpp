@@ -120,8 +120,8 @@ TEST(ParserErrors, ComposeTheParserErrorMessage)
     struct Case
     {
         const char* input;
-        const char* refuse;  // the tag the root handler refuses
-        int messageId;       // the message it sets first, if any
+        const char* refuse; // the tag the root handler refuses
+        int messageId;      // the message it sets first, if any
         std::string error;
         std::string events;
     };
