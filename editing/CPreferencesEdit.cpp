@@ -33,7 +33,7 @@ void CPreferencesEdit::Load(const CUnitSettings& units, const CLogbookSettings& 
     m_units = units.IsMetric() ? CUnitSettings::Metric : CUnitSettings::Imperial;
     m_speedDisplay = units.IsPerHour() ? CUnitSettings::PerHour : CUnitSettings::PerSecond;
     glideDisplay = units.GetGlideDisplay();
-    customTenths = TenthsOf(settings.FallrateSpeed(Custom));
+    customTenths = TenthsOf(settings.FallrateSpeed(FallrateKind::Custom));
     previousJumps = settings.GetPreviousJumps();
     previousDelay = settings.GetPreviousDelay();
     m_loadedPreviousJumps = previousJumps;
@@ -99,7 +99,7 @@ bool CPreferencesEdit::Apply(CUnitSettings& units, ISettingsStore* store, CLogbo
 CLogbookSettings CPreferencesEdit::NextSettings(const CUnitSettings& units, const CLogbookSettings& current) const
 {
     CLogbookSettings settings = current;
-    if (customTenths != TenthsOf(settings.FallrateSpeed(Custom)))
+    if (customTenths != TenthsOf(settings.FallrateSpeed(FallrateKind::Custom)))
         settings.SetCustomFallrateSpeed(units.SpeedFromDisplay(static_cast<double>(customTenths) * 0.1));
     if (previousJumps != settings.GetPreviousJumps())
         settings.SetPreviousJumps(static_cast<int>(previousJumps));

@@ -257,15 +257,15 @@ bool ReadRow(const CCsvTable& table, const CCsvTable::Row& row, const CCsvMappin
     if (!freefallCell.empty() && !ParseFreefall(freefallCell, edits.freefallTime))
         return fail(StringTable::IDS_CSV_BAD_FREEFALL, Quote(freefallCell));
     const std::string_view kindCell = cell(CsvField::Fallrate);
-    edits.fallrateKind = freefallCell.empty() ? Standard : Manual;
+    edits.fallrateKind = freefallCell.empty() ? FallrateKind::Standard : FallrateKind::Manual;
     if (!kindCell.empty()) {
         int kind = -1;
-        for (int k = Standard; k <= Import; ++k)
-            if (EqualNoCase(kindCell, FallrateKindName(k)))
+        for (int k = 0; k < kFallrateKindCount; ++k)
+            if (EqualNoCase(kindCell, FallrateKindName(static_cast<FallrateKind>(k))))
                 kind = k;
         if (kind < 0)
             return fail(StringTable::IDS_CSV_BAD_FALLRATE, Quote(kindCell));
-        edits.fallrateKind = kind;
+        edits.fallrateKind = static_cast<FallrateKind>(kind);
     }
     fallrate = {edits.fallrateKind, edits.exitHeight, edits.openHeight, edits.freefallTime, 0, 0.0, 0.0};
 
@@ -460,7 +460,9 @@ CCsvImportPlan CCsvJumpImport::Plan(const CCsvTable& table, const CCsvMapping& m
             if (!mapping.replaceUnsigned || present.IsSigned()) {
                 planned.problem = {present.IsSigned() && mapping.replaceUnsigned ? StringTable::IDS_CSV_NUMBER_SIGNED
                                                                                  : StringTable::IDS_CSV_NUMBER_TAKEN,
-                                   number, {}, row.line};
+                                   number,
+                                   {},
+                                   row.line};
                 ++plan.skipped;
                 continue;
             }
@@ -469,7 +471,7 @@ CCsvImportPlan CCsvJumpImport::Plan(const CCsvTable& table, const CCsvMapping& m
         planned.jump = std::make_unique<CJump>(edits.number, edits.timestamp, modified);
         planned.jump->ApplyEdits(edits, rigs);
         // The times an imported fall rate brings are its own, not the editor's.
-        if (fallrate.kind == Import)
+        if (fallrate.kind == FallrateKind::Import)
             planned.jump->SetFallrateValues(fallrate);
         ++(planned.replaces >= 0 ? plan.replaced : plan.added);
     }

@@ -163,7 +163,7 @@ bool BuildImportedJump(const CTrack& track, const CJumpDetection& detection, con
     } else {
         BuildSatellite(track, detection, options.rateHz, jump.recording);
     }
-    jump.fallrate.kind = Import;
+    jump.fallrate.kind = FallrateKind::Import;
     jump.fallrate.exitHeight = detection.exitHeight;
     jump.fallrate.openHeight = detection.openHeight;
     jump.fallrate.freefallTime = detection.freefallTime;

@@ -29,7 +29,7 @@ CCardTrack Track(const char* file, CDateTime exit, int exitHeight, int freefall)
     track.path = std::filesystem::path("/card/24-06-01") / file;
     track.import.ok = true;
     track.import.jump.exitTime = {exit, 180};
-    track.import.jump.fallrate = {Import, exitHeight, 1000, freefall, 200, 55.0, 47.0};
+    track.import.jump.fallrate = {FallrateKind::Import, exitHeight, 1000, freefall, 200, 55.0, 47.0};
     track.import.jump.recording.SetKind(CJumpRecording::Satellite);
     return track;
 }
@@ -122,7 +122,7 @@ private slots:
         QCOMPARE(imported, std::size_t(2));
         QCOMPARE(steps, (std::vector<std::size_t>{0, 1, 2}));
         QCOMPARE(int(doc.GetJumpCount()), 3);
-        QCOMPARE(doc.GetJump(0).GetFallrateKind(), int(Import));
+        QCOMPARE(doc.GetJump(0).GetFallrateKind(), FallrateKind::Import);
         QCOMPARE(doc.GetJump(0).GetExitHeight(), 4000);
         QCOMPARE(doc.GetJump(2).GetNumber(), 43);
         QCOMPARE(doc.GetJump(2).GetExitHeight(), 3000);

@@ -90,12 +90,13 @@ TEST(CLogbookDocGolden, LoadedValues)
     EXPECT_FALSE(doc.IsModified());
 
     const CLogbookSettings& settings = doc.GetSettings();
-    EXPECT_EQ(settings.FallrateSpeed(Custom), 48.25);
+    EXPECT_EQ(settings.FallrateSpeed(FallrateKind::Custom), 48.25);
 
     ASSERT_EQ(doc.GetJumpCount(), 5u);
     const auto& jumps = doc.GetJumps();
     for (int i = 0; i < 5; ++i)
-        EXPECT_EQ(jumps[static_cast<std::size_t>(i)]->GetFallrateKind(), i) << "jump " << i + 1;
+        EXPECT_EQ(jumps[static_cast<std::size_t>(i)]->GetFallrateKind(), static_cast<FallrateKind>(i))
+            << "jump " << i + 1;
     EXPECT_EQ(jumps[0]->GetMalfunction(), "Line twist, 50\xE2\x82\xAC repair");
     EXPECT_EQ(jumps[0]->GetEquipmentText(settings.GetEquipmentList()), "[1] Javelin Odyssey / Sabre2 / PD Reserve");
     EXPECT_EQ(jumps[0]->GetPictureName(), "pics\\jump1.jpg");
@@ -239,7 +240,7 @@ TEST(CLogbookDocSummary, TotalsFollowLoadAddRemoveAndChange)
 
     // Adding a jump below the last number: counted, but "Number of Jumps" stays the last number.
     auto added = std::make_unique<CJump>(20, CZonedDateTime{CDateTime(2009, 1, 1, 12, 0, 0), 0}, CDateTime(2009, 1, 1));
-    added->SetFallrateValues({Manual, 1500, 900, 30, 0, 0, 0});
+    added->SetFallrateValues({FallrateKind::Manual, 1500, 900, 30, 0, 0, 0});
     const CJump* jump20 = doc.AddJump(std::move(added));
     EXPECT_TRUE(doc.IsModified());
     EXPECT_EQ(doc.IndexOf(jump20), 1);
@@ -252,7 +253,7 @@ TEST(CLogbookDocSummary, TotalsFollowLoadAddRemoveAndChange)
 
     // Renumbering jump 20 past 500 moves it to the end and makes it the last jump.
     doc.ChangeJump(1, [](CJump& jump) {
-        jump.SetFallrateValues({Manual, 1000, 1000, 0, 0, 0, 0});
+        jump.SetFallrateValues({FallrateKind::Manual, 1000, 1000, 0, 0, 0, 0});
         return jump.SetNumber(600);
     });
     EXPECT_EQ(doc.IndexOf(jump20), 2);
@@ -272,7 +273,7 @@ TEST(CLogbookDocSummary, TotalsFollowLoadAddRemoveAndChange)
 
     // Exit below opening counts negatively in the distance.
     auto low = std::make_unique<CJump>(7, CZonedDateTime{CDateTime(2009, 1, 2), 0}, CDateTime(2009, 1, 2));
-    low->SetFallrateValues({Standard, 800, 1000, 0, 0, 0, 0});
+    low->SetFallrateValues({FallrateKind::Standard, 800, 1000, 0, 0, 0, 0});
     doc.AddJump(std::move(low));
     EXPECT_EQ(doc.GetTotalFreefallDistance(), 1800);
     EXPECT_EQ(doc.GetTotalFreefallTime(), 46);
@@ -297,7 +298,7 @@ TEST(CSummaryRows, FreefallTimeIsASigned32BitDuration)
         settings.SetPreviousDelay(previousDelay);
         doc.ReplaceSettings(settings);
         auto jump = std::make_unique<CJump>(1, CZonedDateTime{CDateTime(2009, 1, 1), 0}, CDateTime(2009, 1, 1));
-        jump->SetFallrateValues({Manual, 1500, 900, 30, 0, 0, 0});
+        jump->SetFallrateValues({FallrateKind::Manual, 1500, 900, 30, 0, 0, 0});
         doc.AddJump(std::move(jump));
         EXPECT_EQ(CSummaryRows::Build(doc, CUnitSettings(1, 0, 0))[CSummaryRows::FreefallTime].value, shown);
     }

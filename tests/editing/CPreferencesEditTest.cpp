@@ -1,5 +1,5 @@
-#include "CheckText.h"
 #include "editing/CPreferencesEdit.h"
+#include "CheckText.h"
 #include "document/CLogbookDoc.h"
 #include "units/CMemorySettingsStore.h"
 #include "units/CUnitSettings.h"
@@ -74,7 +74,7 @@ TEST(PreferencesEdit, OkStoresUnitsTogetherAndTheLogbookValues)
 {
     CLogbookDoc doc;
     auto jump = std::make_unique<CJump>(1, CZonedDateTime{CDateTime(2024, 1, 1), 0}, CDateTime());
-    jump->SetFallrate(Custom, 1000, 0, 0, 0, 0);
+    jump->SetFallrate(FallrateKind::Custom, 1000, 0, 0, 0, 0);
     doc.AddJump(std::move(jump));
 
     CMemorySettingsStore store;
@@ -84,7 +84,7 @@ TEST(PreferencesEdit, OkStoresUnitsTogetherAndTheLogbookValues)
     edit.glideDisplay = 1;
     // Imperial shows 22.3 m/s as 73.2 ft/s; OK without touching it keeps 22.3 exactly.
     EXPECT_FALSE(edit.Apply(units, &store, doc));
-    EXPECT_EQ(doc.GetSettings().FallrateSpeed(Custom), 22.3);
+    EXPECT_EQ(doc.GetSettings().FallrateSpeed(FallrateKind::Custom), 22.3);
     EXPECT_EQ(store.GetInt("Preferences", "DisplayGlideAs", -1), 1);
     EXPECT_EQ(store.GetInt("Preferences", "Units", -1), 0);
     EXPECT_EQ(store.GetInt("Preferences", "DisplaySpeedAs", -1), 0);
@@ -98,7 +98,7 @@ TEST(PreferencesEdit, OkStoresUnitsTogetherAndTheLogbookValues)
     EXPECT_TRUE(units.IsMetric());
     EXPECT_TRUE(units.IsPerHour());
     EXPECT_EQ(store.GetInt("Preferences", "Units", -1), 1);
-    EXPECT_DOUBLE_EQ(doc.GetSettings().FallrateSpeed(Custom), 50.0);
+    EXPECT_DOUBLE_EQ(doc.GetSettings().FallrateSpeed(FallrateKind::Custom), 50.0);
     EXPECT_EQ(doc.GetSettings().GetPreviousJumps(), 120);
     EXPECT_EQ(doc.GetSettings().GetPreviousDelay(), 3600);
     // The custom jump's freefall time follows the new speed into the totals.

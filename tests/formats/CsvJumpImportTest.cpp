@@ -100,19 +100,34 @@ TEST(CsvJumpImport, ReadsEachRowOrSaysWhyNot)
         CsvHeightUnit units;
         int problem;
         CDateTime when;
-        int exit, open, freefall, kind;
+        int exit, open, freefall;
+        FallrateKind kind;
     } cases[] = {
-        {"7;17.05.2024;14:05;4000;1000;60;", CsvHeightUnit::Metres, 0, {2024, 5, 17, 14, 5}, 4000, 1000, 60, Manual},
-        {"7;17.05.24;2:05 PM;13000 ft;3000;1:05;", CsvHeightUnit::Feet, 0, {2024, 5, 17, 14, 5}, 3962, 914, 65, Manual},
-        {"7;2024-05-17;;4.000;1,000;;", CsvHeightUnit::Metres, 0, {2024, 5, 17}, 4000, 1000, 0, Standard},
-        {"7;31.02.2024;;4000;1000;;", CsvHeightUnit::Metres, StringTable::IDS_CSV_BAD_DATE, {}, 0, 0, 0, 0},
-        {"7;;;4000;1000;;", CsvHeightUnit::Metres, StringTable::IDS_CSV_NO_DATE, {}, 0, 0, 0, 0},
-        {"x7;17.05.2024;;4000;1000;;", CsvHeightUnit::Metres, StringTable::IDS_CSV_BAD_NUMBER, {}, 0, 0, 0, 0},
-        {"7;17.05.2024;25:00;4000;1000;;", CsvHeightUnit::Metres, StringTable::IDS_CSV_BAD_TIME, {}, 0, 0, 0, 0},
-        {"7;17.05.2024;;40000;1000;;", CsvHeightUnit::Metres, StringTable::IDS_CSV_BAD_HEIGHT, {}, 0, 0, 0, 0},
-        {"7;17.05.2024;;4000;1000;1:5x;", CsvHeightUnit::Metres, StringTable::IDS_CSV_BAD_FREEFALL, {}, 0, 0, 0, 0},
-        {"7;17.05.2024;;4000", CsvHeightUnit::Metres, StringTable::IDS_CSV_CELL_COUNT, {}, 0, 0, 0, 0},
-        {"7;17.05.2024;;4000;1000;;;extra", CsvHeightUnit::Metres, StringTable::IDS_CSV_CELL_COUNT, {}, 0, 0, 0, 0},
+        {"7;17.05.2024;14:05;4000;1000;60;",
+         CsvHeightUnit::Metres,
+         0,
+         {2024, 5, 17, 14, 5},
+         4000,
+         1000,
+         60,
+         FallrateKind::Manual},
+        {"7;17.05.24;2:05 PM;13000 ft;3000;1:05;",
+         CsvHeightUnit::Feet,
+         0,
+         {2024, 5, 17, 14, 5},
+         3962,
+         914,
+         65,
+         FallrateKind::Manual},
+        {"7;2024-05-17;;4.000;1,000;;", CsvHeightUnit::Metres, 0, {2024, 5, 17}, 4000, 1000, 0, FallrateKind::Standard},
+        {"7;31.02.2024;;4000;1000;;", CsvHeightUnit::Metres, StringTable::IDS_CSV_BAD_DATE, {}, 0, 0, 0, {}},
+        {"7;;;4000;1000;;", CsvHeightUnit::Metres, StringTable::IDS_CSV_NO_DATE, {}, 0, 0, 0, {}},
+        {"x7;17.05.2024;;4000;1000;;", CsvHeightUnit::Metres, StringTable::IDS_CSV_BAD_NUMBER, {}, 0, 0, 0, {}},
+        {"7;17.05.2024;25:00;4000;1000;;", CsvHeightUnit::Metres, StringTable::IDS_CSV_BAD_TIME, {}, 0, 0, 0, {}},
+        {"7;17.05.2024;;40000;1000;;", CsvHeightUnit::Metres, StringTable::IDS_CSV_BAD_HEIGHT, {}, 0, 0, 0, {}},
+        {"7;17.05.2024;;4000;1000;1:5x;", CsvHeightUnit::Metres, StringTable::IDS_CSV_BAD_FREEFALL, {}, 0, 0, 0, {}},
+        {"7;17.05.2024;;4000", CsvHeightUnit::Metres, StringTable::IDS_CSV_CELL_COUNT, {}, 0, 0, 0, {}},
+        {"7;17.05.2024;;4000;1000;;;extra", CsvHeightUnit::Metres, StringTable::IDS_CSV_CELL_COUNT, {}, 0, 0, 0, {}},
     };
     const CLogbookDoc empty;
     for (const auto& c : cases) {
@@ -152,7 +167,7 @@ void LoadFullLogbook(CLogbookDoc& doc, const CScratchFolder& dir)
     jump->SetPlace("Bad \"Quote\", Ort");
     jump->SetAircraft("Caravan;Tab\there");
     jump->SetType("RW");
-    jump->SetFallrate(Manual, 4200, 900, 62, 0, 0);
+    jump->SetFallrate(FallrateKind::Manual, 4200, 900, 62, 0, 0);
     jump->SetWind(270, 4.5);
     jump->SetEquipmentByDescription("Borrowed rig");
     jump->SetLanding("Stand-up");

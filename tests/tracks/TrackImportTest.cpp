@@ -62,8 +62,8 @@ TEST(TrackImport, KeepsTheJumpFromBeforeExitToLandingAtTheAskedRate)
         }
         EXPECT_EQ(forced, 3u);
         EXPECT_NEAR(samples[samples.size() - 1]->GetAltitude(), 0, 3);
-        EXPECT_EQ(jump.fallrate,
-                  (CJumpFallrate{Import, d.exitHeight, d.openHeight, d.freefallTime, d.canopyTime, d.vMax, d.vAvg}));
+        EXPECT_EQ(jump.fallrate, (CJumpFallrate{FallrateKind::Import, d.exitHeight, d.openHeight, d.freefallTime,
+                                                d.canopyTime, d.vMax, d.vAvg}));
         const CDateTime& t = jump.exitTime.dateTime;
         EXPECT_EQ(jump.exitTime.offsetMinutes, -330);
         EXPECT_EQ(t.Day(), 19);
