@@ -1,6 +1,7 @@
 #include "SyntheticTrack.h"
 #include "resources/StringTable.h"
 #include "tests/common/CScratchFolder.h"
+#include "tests/common/EnglishText.h"
 #include "tracks/CTrackCardScan.h"
 
 #include <gtest/gtest.h>
@@ -73,7 +74,7 @@ TEST(CardScan, OffersEachNewJumpOnceAndSaysWhyTheOthersAreNot)
     } expected[] = {
         {"10-20-30.CSV", CCardTrack::Skip::Twice, {StringTable::IDS_CARD_TWICE, "10-20-30.CSV"}},
         {"11-00-00.CSV", CCardTrack::Skip::NoJump, {StringTable::IDS_TRACK_NO_FREEFALL}},
-        {"NOTES.CSV", CCardTrack::Skip::Unreadable, {StringTable::IDS_TRACK_BINARY}},
+        {"NOTES.CSV", CCardTrack::Skip::Unreadable, {StringTable::IDS_TRACK_BINARY, {}, {}, 2}},
         {"08-00-00.CSV", CCardTrack::Skip::InLogbook, {StringTable::IDS_CARD_IN_LOGBOOK, "77"}},
     };
     ASSERT_EQ(scan.skipped.size(), std::size(expected));
@@ -82,7 +83,7 @@ TEST(CardScan, OffersEachNewJumpOnceAndSaysWhyTheOthersAreNot)
         const auto it = std::find_if(scan.skipped.begin(), scan.skipped.end(),
                                      [&](const CCardTrack& t) { return t.skip == e.skip; });
         ASSERT_NE(it, scan.skipped.end());
-        EXPECT_EQ(it->SkipReason(), e.says) << it->SkipReason().id << " " << it->SkipReason().arg1;
+        EXPECT_EQ(it->SkipReason(), e.says) << EnglishText(it->SkipReason()) << " at line " << it->SkipReason().line;
     }
 
     // Cancelled before the first file: nothing read.
