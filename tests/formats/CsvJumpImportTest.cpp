@@ -10,6 +10,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cctype>
 #include <string>
 #include <vector>
 
@@ -178,6 +179,26 @@ void LoadFullLogbook(CLogbookDoc& doc, const CScratchFolder& dir)
     jump->SetNoteText("First line, with comma\r\nSecond \"line\" \xC3\xA4\xC3\xB6");
     doc.AddJump(std::move(jump));
     doc.SetModified(false);
+}
+
+// The fall-rate column names each kind, in any case of its letters.
+TEST(CsvJumpImport, ReadsEachFallRateKindByItsName)
+{
+    const CLogbookDoc empty;
+    for (int k = 0; k < kFallrateKindCount; ++k) {
+        const auto kind = static_cast<FallrateKind>(k);
+        std::string name(FallrateKindName(kind));
+        if (k % 2 == 1)
+            for (char& c : name)
+                c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
+        const CCsvTable table = Table("Nr;Datum;Exit;Open;Fallrate\n7;17.05.2024;4000;1000;" + name + "\n");
+        CCsvMapping mapping = CCsvJumpImport::Propose(table).mapping;
+        mapping.dates = CsvDateOrder::DayFirst;
+        const CCsvImportPlan plan = CCsvJumpImport::Plan(table, mapping, empty, kModified, 120);
+        ASSERT_EQ(plan.rows.size(), 1u);
+        ASSERT_TRUE(plan.rows[0].Taken()) << name;
+        EXPECT_EQ(plan.rows[0].jump->GetFallrateKind(), kind) << name;
+    }
 }
 
 TEST(CsvJumpImport, OwnExportReadsBackIntoAnEqualLogbook)
