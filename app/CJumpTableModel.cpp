@@ -253,8 +253,8 @@ QString CJumpTableModel::Text(const CJump& jump, int column) const
     case FallrateColumn: {
         static constexpr int kKinds[] = {StringTable::IDS_STANDARD, StringTable::IDS_VERTICAL, StringTable::IDS_CUSTOM,
                                          StringTable::IDS_MANUAL, StringTable::IDS_IMPORT};
-        const int kind = jump.GetFallrateKind();
-        return kind >= 0 && kind < 5 ? MessageText::Text(kKinds[kind]) : QString();
+        const int kind = static_cast<int>(jump.GetFallrateKind());
+        return kind >= 0 && kind < kFallrateKindCount ? MessageText::Text(kKinds[kind]) : QString();
     }
     case RigColumn:
         return text(jump.GetEquipmentText(m_doc.GetSettings().GetEquipmentList()));
@@ -415,7 +415,7 @@ CJumpTableModel::SortKey CJumpTableModel::KeyOf(const CJump& jump, int column) c
         key.number = jump.FreefallTime(m_doc.GetSettings());
         break;
     case FallrateColumn:
-        key.number = jump.GetFallrateKind();
+        key.number = static_cast<int>(jump.GetFallrateKind());
         break;
     case RigColumn:
         key.text = Lower(jump.GetEquipmentText(m_doc.GetSettings().GetEquipmentList()));

@@ -196,8 +196,8 @@ bool CLogbookCommands::LoadLogbook(const QString& path, OnFailure failure)
     reader.join();
     loaded.SetProgress(nullptr);
     if (!result.ok) {
-        if (!result.message.empty())
-            m_services.messages->Error(MessageText::Translate(result.message));
+        if (!result.message.Empty())
+            m_services.messages->Error(MessageText::Text(result.message));
         if (failure == OnFailure::ReportOpenFailed)
             m_services.messages->Error(Message(StringTable::IDS_OPEN_FAILED));
         return false;

@@ -14,6 +14,7 @@
 #include "document/CLogbookDoc.h"
 #include "document/IClock.h"
 #include "editing/CCardImportEdit.h"
+#include "translations/MessageText.h"
 #include "units/ISettingsStore.h"
 
 #include <QApplication>
@@ -70,9 +71,14 @@ void CLogbookCommands::OnJumpImportCard()
     QProgressDialog importing(tr("Importing the tracks..."), tr("Cancel"), 0, 0, m_window);
     importing.setWindowModality(Qt::WindowModal);
     importing.setMinimumDuration(300);
+    CCheckResult refused;
     std::string error;
-    edit.Apply(m_doc, m_units, m_services.settings, clock, follow(importing), error);
+    edit.Apply(m_doc, m_units, m_services.settings, clock, follow(importing), refused, error);
     importing.reset();
-    if (!error.empty() && m_services.messages)
+    if (!m_services.messages)
+        return;
+    if (!refused.Passed())
+        m_services.messages->Error(MessageText::Text(refused.Message()));
+    else if (!error.empty())
         m_services.messages->Error(QString::fromStdString(error));
 }

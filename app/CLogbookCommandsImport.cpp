@@ -24,21 +24,10 @@ namespace {
 constexpr std::string_view kSection = "Import";
 constexpr std::string_view kTrackFolder = "TrackFolder";
 
-// Why the file was refused, in the user's language, composed as the core composes the English:
-// "notes.csv: Line 3: <reason>", or the reason with a capital first letter when no line is at
-// fault. The arguments are the file's own words and numbers and stay as they are.
-QString Refusal(const CTrackFileImport& imported)
+// A note about the file in the user's language after its name: "notes.csv: Line 3: <reason>".
+QString AboutFile(const CTrackFileImport& imported, const CMessage& message)
 {
-    const CTrackMessage& reason = imported.reason;
-    QString text =
-        MessageText::Format(reason.id, QString::fromStdString(reason.arg1), QString::fromStdString(reason.arg2));
-    if (text.isEmpty())
-        return QString::fromStdString(imported.message);
-    if (reason.line > 0)
-        text = MessageText::Format(StringTable::IDS_TRACK_LINE, QString::number(reason.line), text);
-    else
-        text[0] = text[0].toUpper();
-    return QString::fromStdString(imported.fileName) + QStringLiteral(": ") + text;
+    return QString::fromStdString(imported.fileName) + QStringLiteral(": ") + MessageText::Text(message);
 }
 
 } // namespace
@@ -82,15 +71,11 @@ void CLogbookCommands::ImportTrack(const CJump* target)
     QApplication::restoreOverrideCursor();
     if (!imported.ok) {
         if (m_services.messages)
-            m_services.messages->Error(Refusal(imported));
+            m_services.messages->Error(AboutFile(imported, imported.reason));
         return;
     }
-    if (imported.skippedLines > 0 && m_services.messages) {
-        const CTrackMessage& note = imported.skipped;
-        m_services.messages->Information(
-            QString::fromStdString(imported.fileName) + QStringLiteral(": ") +
-            MessageText::Format(note.id, QString::fromStdString(note.arg1), QString::fromStdString(note.arg2)));
-    }
+    if (imported.skippedLines > 0 && m_services.messages)
+        m_services.messages->Information(AboutFile(imported, imported.skipped));
 
     const auto take = [&imported](CDlgJump& dialog) {
         dialog.Edit().TakeImport(imported.jump.recording, imported.jump.fallrate, imported.jump.exitTime);

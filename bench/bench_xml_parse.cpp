@@ -113,7 +113,7 @@ int main(int argc, char** argv)
             ok = ok && parser.Finish();
             bestOwn = std::min(bestOwn, Seconds(start));
             if (!ok) {
-                std::fprintf(stderr, "CXmlParser failed: %s\n", parser.GetErrorMessage().c_str());
+                std::fprintf(stderr, "CXmlParser failed: %s\n", parser.GetErrorMessage().arg1.c_str());
                 return 1;
             }
             own = work;

@@ -4,6 +4,7 @@
 #include "cli/CConsole.h"
 #include "cli/CLogbookOpener.h"
 #include "document/CLogbookDoc.h"
+#include "translations/MessageText.h"
 
 #include <cctype>
 
@@ -54,7 +55,7 @@ int CCheckCommand::Execute(const QCommandLineParser& parser)
         broken = true;
         std::string line = "Jump " + std::to_string(jump->GetNumber()) + ": ";
         // The state's text starts a sentence; in the line it follows a colon.
-        std::string state(JumpSeal::StateText(SealState::Changed));
+        std::string state = MessageText::Utf8({JumpSeal::StateTextId(SealState::Changed)});
         state[0] = static_cast<char>(std::tolower(static_cast<unsigned char>(state[0])));
         CConsole::OutLine(line + state + " (signed by " + jump->GetSignature().GetName() + ")");
     }

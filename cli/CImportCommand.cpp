@@ -11,6 +11,7 @@
 #include "formats/CTrackCardScan.h"
 #include "formats/CTrackFileImport.h"
 #include "resources/StringTable.h"
+#include "translations/MessageText.h"
 #include "units/CUnitSettings.h"
 
 #include <cmath>
@@ -52,7 +53,7 @@ bool LogNewJump(CLogbookDoc& doc, const CTrackFileImport& imported, int& number)
     edit.TakeImport(imported.jump.recording, imported.jump.fallrate, imported.jump.exitTime);
     const CCheckResult check = edit.ValidateAll();
     if (!check.Passed()) {
-        CConsole::ErrLine(check.message);
+        CConsole::ErrLine(MessageText::Utf8(check.Message()));
         return false;
     }
     const CJumpEdit::ApplyResult applied = edit.Apply();
@@ -173,7 +174,7 @@ int CImportCommand::Execute(const QCommandLineParser& parser)
     }
     const CTrackFileImport imported = CTrackFileImport::Run(trackPath, options);
     if (!imported.ok) {
-        CConsole::ErrLine(imported.message);
+        CConsole::ErrLine(imported.fileName + ": " + MessageText::Utf8(imported.reason));
         return Failure;
     }
 
@@ -185,7 +186,7 @@ int CImportCommand::Execute(const QCommandLineParser& parser)
     edit.TakeImport(imported.jump.recording, imported.jump.fallrate, imported.jump.exitTime);
     const CCheckResult check = edit.ValidateAll();
     if (!check.Passed()) {
-        CConsole::ErrLine(check.message);
+        CConsole::ErrLine(MessageText::Utf8(check.Message()));
         return Failure;
     }
     const CJumpEdit::ApplyResult applied = edit.Apply();
@@ -205,7 +206,7 @@ int CImportCommand::Execute(const QCommandLineParser& parser)
                       std::to_string(imported.jump.recording.GetSamples().size()) + " kept" +
                       (d.landed ? "" : ", ends in the air"));
     if (imported.skippedLines > 0)
-        CConsole::OutLine(imported.skippedText);
+        CConsole::OutLine(MessageText::Utf8(imported.skipped));
     CConsole::OutLine("Exit: " + ZonedText(imported.jump.exitTime) + ", " + std::to_string(f.exitHeight) + " m");
     CConsole::OutLine("Opening: " + std::to_string(f.openHeight) + " m");
     CConsole::OutLine("Freefall: " + std::to_string(f.freefallTime) + " s");
@@ -230,11 +231,11 @@ int CImportCommand::ImportFolder(CLogbookDoc& doc, const std::string& logbook, c
                           std::to_string(track.import.jump.fallrate.exitHeight) + " m, freefall " +
                           std::to_string(track.import.jump.fallrate.freefallTime) + " s");
         if (track.import.skippedLines > 0)
-            CConsole::OutLine("  " + track.import.skippedText);
+            CConsole::OutLine("  " + MessageText::Utf8(track.import.skipped));
     }
     for (const CCardTrack& track : scan.skipped)
         CConsole::OutLine("Skipped " + std::filesystem::relative(track.path, folder).generic_string() + ": " +
-                          track.SkipReason());
+                          MessageText::Utf8(track.SkipReason()));
     CConsole::OutLine("Tracks: " + std::to_string(scan.found.size() + scan.skipped.size()) + " found, " +
                       std::to_string(imported) + " imported, " + std::to_string(scan.skipped.size()) + " skipped");
     if (imported > 0 && !doc.Save(logbook)) {

@@ -8,6 +8,7 @@
 #include "document/IClock.h"
 #include "formats/CCsvJumpImport.h"
 #include "resources/StringTable.h"
+#include "translations/MessageText.h"
 
 #include <filesystem>
 #include <fstream>
@@ -219,7 +220,7 @@ int CImportCsvCommand::Execute(const QCommandLineParser& parser)
                       " skipped" + (dryRun ? " (dry run: nothing saved)" : ""));
     for (const CCsvPlannedRow& row : plan.rows)
         if (!row.Taken())
-            CConsole::OutLine(row.problem.Text());
+            CConsole::OutLine(MessageText::Utf8(row.problem));
     if (dryRun || plan.added + plan.replaced == 0)
         return Success;
 

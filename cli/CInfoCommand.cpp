@@ -6,6 +6,7 @@
 #include "cli/CUnitsOption.h"
 #include "document/CLogbookDoc.h"
 #include "document/CSummaryRows.h"
+#include "translations/MessageText.h"
 
 QString CInfoCommand::Summary() const
 {
@@ -42,6 +43,6 @@ int CInfoCommand::Execute(const QCommandLineParser& parser)
     if (!CLogbookOpener::OpenOrReport(doc, CorePaths::LocalPath(parser.positionalArguments().at(0))))
         return Failure;
     for (const CSummaryRow& row : CSummaryRows::Build(doc, units))
-        CConsole::OutLine(row.label + ": " + row.value);
+        CConsole::OutLine(MessageText::Utf8({row.labelId}) + row.unit + ": " + row.value);
     return Success;
 }

@@ -4,14 +4,15 @@
 #include "document/CLogbookDoc.h"
 #include "document/CLogbookLock.h"
 #include "resources/StringTable.h"
+#include "translations/MessageText.h"
 
 bool CLogbookOpener::Open(CLogbookDoc& doc, const std::string& path, std::vector<std::string>& messages)
 {
     const CLoadResult result = doc.Load(path);
     if (result.ok)
         return true;
-    if (!result.message.empty())
-        messages.push_back(result.message);
+    if (!result.message.Empty())
+        messages.push_back(MessageText::Utf8(result.message));
     messages.emplace_back(StringTable::Text(StringTable::IDS_OPEN_FAILED));
     return false;
 }

@@ -170,8 +170,8 @@ void CKqPropertySheet::ShowFailure(int pageIndex, const CCheckResult& result)
         m_reverting = false;
     }
     m_current = pageIndex;
-    const QString text = MessageText::Translate(result.message, result.messageId);
-    const bool error = IsError(result);
+    const QString text = MessageText::Text(result.Message());
+    const bool error = result.severity == CheckSeverity::Error;
     if (m_messages)
         error ? m_messages->Error(text) : m_messages->Warning(text);
     else if (error)

@@ -66,8 +66,6 @@ protected:
     virtual bool Apply() { return true; }
     // Shows a failed check: the page comes to the top, the message box, the focus.
     void ShowFailure(int pageIndex, const CCheckResult& result);
-    // Whether a failed check shows as an error rather than as a refused entry (a warning).
-    virtual bool IsError(const CCheckResult& /*result*/) const { return false; }
     void showEvent(QShowEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 

@@ -16,7 +16,7 @@ void CRecordingPrint::Paint(QPainter& painter, const QRectF& area, const CJump& 
     // An imported recording counts its seconds from the exit; any other shows what the detection
     // finds in it, as the editor does.
     std::optional<double> exit, deployment;
-    if (jump.GetFallrateKind() == Import) {
+    if (jump.GetFallrateKind() == FallrateKind::Import) {
         exit = 0.0;
         deployment = jump.GetStoredFreefallTime();
     } else if (const CJumpDetection detection = DetectJumpInSeries(series); detection.ok) {

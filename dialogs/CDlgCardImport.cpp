@@ -32,25 +32,6 @@ QScrollArea* Scrolling(QWidget* inner)
     return scroll;
 }
 
-// Why a track is not offered, in the user's language.
-QString SkipReason(const CCardTrack& track)
-{
-    const CTrackMessage& reason = track.import.reason;
-    QString text;
-    if (track.skip == CCardTrack::Skip::InLogbook)
-        text = MessageText::Format(StringTable::IDS_CARD_IN_LOGBOOK, QString::number(track.sameAs));
-    else if (track.skip == CCardTrack::Skip::Twice)
-        text = MessageText::Format(StringTable::IDS_CARD_TWICE, DialogText::ToQt(track.sameAsFile.filename().string()));
-    else
-        text = MessageText::Format(reason.id, DialogText::ToQt(reason.arg1), DialogText::ToQt(reason.arg2));
-    if (text.isEmpty())
-        return DialogText::ToQt(track.SkipReason());
-    if (track.skip != CCardTrack::Skip::InLogbook && track.skip != CCardTrack::Skip::Twice && reason.line > 0)
-        return MessageText::Format(StringTable::IDS_TRACK_LINE, QString::number(reason.line), text);
-    text[0] = text[0].toUpper();
-    return text;
-}
-
 } // namespace
 
 CDlgCardImport::CDlgCardImport(CCardImportEdit& edit, const std::vector<CCardTrack>& skipped,
@@ -113,8 +94,9 @@ CDlgCardImport::CDlgCardImport(CCardImportEdit& edit, const std::vector<CCardTra
     auto* others = new QWidget;
     auto* otherLayout = new QVBoxLayout(others);
     for (const CCardTrack& track : skipped) {
-        auto* label = new QLabel(
-            DialogText::ToQt(track.path.filename().string()) + QStringLiteral(": ") + SkipReason(track), others);
+        auto* label = new QLabel(DialogText::ToQt(track.path.filename().string()) + QStringLiteral(": ") +
+                                     MessageText::Text(track.SkipReason()),
+                                 others);
         label->setWordWrap(true);
         otherLayout->addWidget(label);
     }

@@ -189,10 +189,7 @@ void CDlgCsvImport::ShowPreview()
             break;
         auto* item = new QListWidgetItem(m_preview);
         if (!row.Taken()) {
-            const CCsvRowProblem& problem = row.problem;
-            const QString reason =
-                MessageText::Format(problem.id, DialogText::ToQt(problem.arg1), DialogText::ToQt(problem.arg2));
-            item->setText(MessageText::Format(StringTable::IDS_TRACK_LINE, QString::number(row.line), reason));
+            item->setText(MessageText::Text(row.problem));
             item->setIcon(warning);
             item->setForeground(QColor(0xB0, 0x20, 0x20));
             continue;

@@ -184,8 +184,3 @@ bool CDlgEquipment::Apply()
     return true;
 }
 
-bool CDlgEquipment::IsError(const CCheckResult& result) const
-{
-    // A missing harness or main canopy is an error; a number out of range a refused entry.
-    return result.messageId == StringTable::IDS_NEED_HARNESS || result.messageId == StringTable::IDS_NEED_MAIN;
-}

@@ -25,7 +25,6 @@ public:
 
 protected:
     bool Apply() override;
-    bool IsError(const CCheckResult& result) const override;
 
 private:
     std::unique_ptr<CEquipment> m_rig;

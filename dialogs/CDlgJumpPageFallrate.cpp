@@ -71,9 +71,9 @@ void CDlgJumpPageFallrate::Initialise()
     const CJumpValues& v = m_edit.Values();
     // Added here rather than with the other kinds: a track imported into the editor after it
     // was built offers Import too.
-    if (m_edit.OffersImport() && m_kind->count() == Import)
+    if (m_edit.OffersImport() && m_kind->count() == static_cast<int>(FallrateKind::Import))
         m_kind->addItem(DialogText::Message(StringTable::IDS_IMPORT));
-    m_kind->setCurrentIndex(v.kind);
+    m_kind->setCurrentIndex(static_cast<int>(v.kind));
     ShowFallrateValues();
     {
         const QSignalBlocker quiet(m_noWind);
@@ -97,12 +97,12 @@ void CDlgJumpPageFallrate::OnKindPicked(int kind)
 {
     // What the user typed for Manual is kept while the kind changes.
     CJumpValues& v = m_edit.Values();
-    if (v.kind == Manual) {
+    if (v.kind == FallrateKind::Manual) {
         v.delay = m_delay->Value();
         v.vMax = m_vMax->Value();
         v.vAvg = m_vAvg->Value();
     }
-    m_edit.PickKind(kind);
+    m_edit.PickKind(static_cast<FallrateKind>(kind));
     ShowFallrateValues();
     ApplyEnables();
     emit kindPicked();
@@ -119,7 +119,7 @@ void CDlgJumpPageFallrate::ShowFallrateValues()
 void CDlgJumpPageFallrate::ApplyEnables()
 {
     const bool viewOnly = m_edit.IsViewOnly();
-    const bool typed = m_edit.Values().kind == Manual && !viewOnly;
+    const bool typed = m_edit.Values().kind == FallrateKind::Manual && !viewOnly;
     m_kind->setEnabled(!viewOnly);
     m_noWind->setEnabled(!viewOnly);
     for (CKqNumberField* field : {m_delay, m_vMax, m_vAvg})
@@ -135,8 +135,8 @@ void CDlgJumpPageFallrate::ApplyEnables()
 void CDlgJumpPageFallrate::ReadBack()
 {
     CJumpValues& v = m_edit.Values();
-    v.kind = m_kind->currentIndex();
-    if (v.kind == Manual) {
+    v.kind = static_cast<FallrateKind>(m_kind->currentIndex());
+    if (v.kind == FallrateKind::Manual) {
         v.delay = m_delay->Value();
         v.vMax = m_vMax->Value();
         v.vAvg = m_vAvg->Value();

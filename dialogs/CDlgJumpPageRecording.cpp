@@ -45,7 +45,7 @@ void CDlgJumpPageRecording::Initialise()
 
 void CDlgJumpPageRecording::UpdateMarks()
 {
-    if (m_edit.Values().kind != Import) {
+    if (m_edit.Values().kind != FallrateKind::Import) {
         m_plot->SetMarks(m_detectedExit, m_detectedDeployment);
         return;
     }

@@ -151,7 +151,8 @@ void CPreferencesPage::FillSpeedList()
 
 void CPreferencesPage::ShowValues()
 {
-    m_fallrateLabel->setText(MessageText::Translate(m_edit.FallrateLabel(), StringTable::IDS_CUSTOM_FALLRATE));
+    m_fallrateLabel->setText(MessageText::Text(StringTable::IDS_CUSTOM_FALLRATE) + QStringLiteral(" [") +
+                             DialogText::ToQt(m_edit.FallrateUnit()) + QLatin1Char(']'));
     m_fallrate->setText(QLocale().toString(static_cast<double>(m_edit.customTenths) / 10.0, 'f', 1));
     m_freefall->setText(DialogText::ToQt(DurationToText(m_edit.previousDelay, true)));
 }

@@ -14,7 +14,7 @@ QString Message(int id)
 
 QString CheckMessage(const CCheckResult& result)
 {
-    return MessageText::Translate(result.message, result.messageId);
+    return MessageText::Text(result.Message());
 }
 
 QDate ToQDate(const CDateTime& date)

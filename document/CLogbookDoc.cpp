@@ -74,7 +74,7 @@ CLoadResult CLogbookDoc::Load(const std::string& name)
     // A file without any element (empty, or binary data that never forms a tag) is no logbook,
     // although the reader found nothing to refuse in it.
     if (!m_rootSeen) {
-        result.message = StringTable::Text(StringTable::IDS_NOT_TERVOLA);
+        result.message = {StringTable::IDS_NOT_TERVOLA};
         ClearContents();
         return result;
     }
@@ -189,7 +189,7 @@ bool CLogbookDoc::OnOpenTag(CXmlParser& parser)
         // Plain character-code comparison, so "1.10" passes and "1.3" does not.
         std::string version;
         if (!parser.GetAttribute("version", version) || version > LogbookFormat::kFileVersion) {
-            parser.SetErrorMessage(StringTable::Format(StringTable::IDS_BAD_VERSION, version));
+            parser.SetErrorMessage({StringTable::IDS_BAD_VERSION, version});
             return false;
         }
         m_rootSeen = true;

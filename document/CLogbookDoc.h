@@ -4,6 +4,7 @@
 #include "document/CLogbookTotals.h"
 #include "model/CJump.h"
 #include "model/CLogbookSettings.h"
+#include "resources/CMessage.h"
 #include "xml/CDateTime.h"
 #include "xml/CFileIdentity.h"
 #include "xml/CXmlHandler.h"
@@ -21,12 +22,12 @@ class ILogbookObserver;
 class IXmlOutput;
 struct CIoProgress;
 
-// What a load reports: success, or the text to show before "The file could not be opened."
+// What a load reports: success, or the message to show before "The file could not be opened."
 // (empty when the file simply could not be read).
 struct CLoadResult
 {
     bool ok = false;
-    std::string message;
+    CMessage message;
     explicit operator bool() const { return ok; }
 };
 

@@ -163,8 +163,9 @@ bool CLogbookDoc::ReplaceSettings(const CLogbookSettings& settings)
     if (settings == m_settings)
         return false;
     // The seals cover what a jump shows of the rigs and of the custom fall rate.
-    const bool sealsFollow = !(settings.GetEquipmentList() == m_settings.GetEquipmentList()) ||
-                             settings.FallrateSpeed(Custom) != m_settings.FallrateSpeed(Custom);
+    const bool sealsFollow =
+        !(settings.GetEquipmentList() == m_settings.GetEquipmentList()) ||
+        settings.FallrateSpeed(FallrateKind::Custom) != m_settings.FallrateSpeed(FallrateKind::Custom);
     // The snapshot of a running save has its own copy of the settings; it need only be waited
     // for when the jumps' seal states change.
     if (sealsFollow)

@@ -18,7 +18,6 @@ CSummaryRow LabelledRow(int labelId, std::string_view unit, CSummaryRow::Kind ki
     CSummaryRow row;
     row.labelId = labelId;
     row.unit = unit;
-    row.label = std::string(StringTable::Text(labelId)) + row.unit;
     row.kind = kind;
     return row;
 }

@@ -23,9 +23,8 @@ struct CSummaryRow
         Date
     };
 
-    int labelId = 0;   // StringTable message of the label
-    std::string unit;  // " [km]" or " [mi]" after a distance's label; empty otherwise
-    std::string label; // the English label with its unit
+    int labelId = 0;  // StringTable message of the label
+    std::string unit; // " [km]" or " [mi]" after a distance's label; empty otherwise
     Kind kind = Kind::Number;
     std::string value; // "500", "1:01:30", "2024-03-14" (empty without a date)
     double number = 0; // Number: the whole number the value shows

@@ -57,9 +57,8 @@ CCheckResult CCardImportEdit::Check() const
             continue;
         for (std::size_t j = 0; j < i; ++j) {
             if (m_rows[j].ticked && m_rows[j].into == m_rows[i].into)
-                return CCheckResult::Fail(
-                    StringTable::IDS_CARD_SAME_JUMP, static_cast<int>(i),
-                    StringTable::Format(StringTable::IDS_CARD_SAME_JUMP, std::to_string(m_rows[i].into)));
+                return CCheckResult::Fail(StringTable::IDS_CARD_SAME_JUMP, static_cast<int>(i),
+                                          std::to_string(m_rows[i].into));
         }
     }
     return CCheckResult::Pass();
@@ -67,7 +66,7 @@ CCheckResult CCardImportEdit::Check() const
 
 std::size_t CCardImportEdit::Apply(CLogbookDoc& doc, const CUnitSettings& units, ISettingsStore* store,
                                    const IClock& clock, const std::function<bool(std::size_t, std::size_t)>& progress,
-                                   std::string& error)
+                                   CCheckResult& refused, std::string& error)
 {
     if (!Check())
         return 0;
@@ -92,7 +91,7 @@ std::size_t CCardImportEdit::Apply(CLogbookDoc& doc, const CUnitSettings& units,
         edit.TakeImport(imported.recording, imported.fallrate, imported.exitTime);
         const CCheckResult check = edit.ValidateAll();
         if (!check) {
-            error = check.message;
+            refused = check;
             break;
         }
         const CJumpEdit::ApplyResult applied = edit.Apply();

@@ -46,9 +46,11 @@ public:
     CCheckResult Check() const;
     // Imports the ticked tracks in exit order as the jump editor would (a new jump takes the
     // details of the last jump); progress(done, total) before each, false stops. Returns how
-    // many were imported; error gets the editor's message when one was refused.
+    // many were imported; refused gets the editor's check when it refused one, error the reason
+    // when writing one failed.
     std::size_t Apply(CLogbookDoc& doc, const CUnitSettings& units, ISettingsStore* store, const IClock& clock,
-                      const std::function<bool(std::size_t, std::size_t)>& progress, std::string& error);
+                      const std::function<bool(std::size_t, std::size_t)>& progress, CCheckResult& refused,
+                      std::string& error);
 
 private:
     std::vector<Row> m_rows;

@@ -2,17 +2,20 @@
 
 #include "resources/StringTable.h"
 
-CCheckResult CCheckResult::Fail(int messageId, int field)
-{
-    return Fail(messageId, field, std::string(StringTable::Text(messageId)));
-}
-
-CCheckResult CCheckResult::Fail(int messageId, int field, std::string message)
+CCheckResult CCheckResult::Fail(int messageId, int field, std::string arg1, std::string arg2)
 {
     CCheckResult result;
     result.messageId = messageId;
-    result.message = std::move(message);
+    result.arg1 = std::move(arg1);
+    result.arg2 = std::move(arg2);
     result.field = field;
+    return result;
+}
+
+CCheckResult CCheckResult::Missing(int messageId, int field)
+{
+    CCheckResult result = Fail(messageId, field);
+    result.severity = CheckSeverity::Error;
     return result;
 }
 
@@ -25,7 +28,5 @@ CCheckResult CheckRange(long long value, int lower, int upper, int field)
 {
     if (value >= lower && value <= upper)
         return CCheckResult::Pass();
-    return CCheckResult::Fail(
-        StringTable::IDS_VALUE_RANGE, field,
-        StringTable::Format(StringTable::IDS_VALUE_RANGE, std::to_string(lower), std::to_string(upper)));
+    return CCheckResult::Fail(StringTable::IDS_VALUE_RANGE, field, std::to_string(lower), std::to_string(upper));
 }

@@ -34,9 +34,9 @@ CCheckResult CEquipmentEdit::Validate()
         !result)
         return result;
     if (harness.empty())
-        return CCheckResult::Fail(StringTable::IDS_NEED_HARNESS, Harness);
+        return CCheckResult::Missing(StringTable::IDS_NEED_HARNESS, Harness);
     if (mainCanopy.empty())
-        return CCheckResult::Fail(StringTable::IDS_NEED_MAIN, MainCanopy);
+        return CCheckResult::Missing(StringTable::IDS_NEED_MAIN, MainCanopy);
     if (CCheckResult result = CheckChangedRange(mainSize, m_loaded.mainSize, 0, kMaxCanopySize, MainSize); !result)
         return result;
     return CheckChangedRange(reserveSize, m_loaded.reserveSize, 0, kMaxCanopySize, ReserveSize);

@@ -67,11 +67,11 @@ void CJumpEdit::LoadJump(const CJump& jump)
     m_values.equipment = jump.GetEquipmentText(m_doc.GetSettings().GetEquipmentList());
     m_values.malfunction = jump.GetMalfunction();
     m_values.kind = jump.GetFallrateKind();
-    if (m_values.kind == Manual || m_values.kind == Import)
+    if (m_values.kind == FallrateKind::Manual || m_values.kind == FallrateKind::Import)
         LoadFallrateValues(jump);
     else
         Recompute(); // the computed kinds show their freefall time and speed from the start
-    if (m_values.kind == Import) {
+    if (m_values.kind == FallrateKind::Import) {
         m_hasImport = true;
         m_import = {m_values.date,       m_values.noTime, m_values.timeText, m_values.exitHeight,
                     m_values.openHeight, m_values.delay,  m_values.vMax,     m_values.vAvg};
@@ -124,8 +124,8 @@ void CJumpEdit::LoadDefaults()
     m_values.exitHeight = HeightToDisplay(last->GetExitHeight());
     m_values.openHeight = HeightToDisplay(last->GetOpenHeight());
     m_values.equipment = last->GetEquipmentText(m_doc.GetSettings().GetEquipmentList());
-    m_values.kind = last->GetFallrateKind() == Import ? Standard : last->GetFallrateKind();
-    if (m_values.kind == Manual)
+    m_values.kind = last->GetFallrateKind() == FallrateKind::Import ? FallrateKind::Standard : last->GetFallrateKind();
+    if (m_values.kind == FallrateKind::Manual)
         LoadFallrateValues(*last);
     else
         Recompute();
@@ -139,7 +139,7 @@ void CJumpEdit::LoadDefaults()
     m_values.size = last->GetSize();
     m_values.points = last->GetPoints();
     m_values.team = last->GetTeam();
-    if (last->GetFallrateKind() != Import && !last->NoteHasFormat())
+    if (last->GetFallrateKind() != FallrateKind::Import && !last->NoteHasFormat())
         last->GetNoteText(m_values.note);
 }
 
@@ -217,7 +217,7 @@ bool CJumpEdit::RemoveSignature(CLogbookDoc& doc, std::size_t index, const CDate
 void CJumpEdit::TakeImport(CJumpRecording recording, const CJumpFallrate& fallrate, const CZonedDateTime& exitTime)
 {
     const CDateTime& when = exitTime.dateTime;
-    m_values.kind = Import;
+    m_values.kind = FallrateKind::Import;
     m_values.date = when.DateOnly();
     m_values.noTime = false;
     m_values.timeText = TimeText(when.Hour(), when.Minute(), when.Second());
@@ -234,7 +234,7 @@ void CJumpEdit::TakeImport(CJumpRecording recording, const CJumpFallrate& fallra
     if (!m_jump && m_values.windSpeed == 0)
         m_values.noWind = true;
     CJumpFallrate imported = fallrate;
-    imported.kind = Import;
+    imported.kind = FallrateKind::Import;
     m_taken = TakenImport{std::move(recording), imported, exitTime.offsetMinutes};
 }
 
@@ -251,15 +251,15 @@ const CJumpFallrate* CJumpEdit::ImportedFallrate() const
 {
     if (m_taken)
         return &m_taken->fallrate;
-    if (m_jump && m_jump->GetFallrateKind() == Import)
+    if (m_jump && m_jump->GetFallrateKind() == FallrateKind::Import)
         return &m_jump->GetFallrate();
     return nullptr;
 }
 
-void CJumpEdit::PickKind(int kind)
+void CJumpEdit::PickKind(FallrateKind kind)
 {
     m_values.kind = kind;
-    if (kind == Import && m_hasImport) {
+    if (kind == FallrateKind::Import && m_hasImport) {
         m_values.date = m_import.date;
         m_values.noTime = m_import.noTime;
         m_values.timeText = m_import.timeText;

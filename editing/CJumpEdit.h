@@ -107,7 +107,7 @@ public:
     // A jump that carries a signature is only viewed: nothing can be edited and OK changes nothing.
     bool IsViewOnly() const { return m_viewOnly; }
     // Date, time, "None" and heights are locked when view-only or for an imported fall rate.
-    bool IsLocked() const { return m_viewOnly || m_values.kind == Import; }
+    bool IsLocked() const { return m_viewOnly || m_values.kind == FallrateKind::Import; }
     // The fall-rate list offers "Import" only for a jump whose fall rate was imported.
     bool OffersImport() const { return m_hasImport; }
 
@@ -134,7 +134,7 @@ public:
 
     // The user picked a fall-rate kind: Import brings back the recording's values, the computed
     // kinds work out delay and speeds from the heights, Manual keeps what was typed.
-    void PickKind(int kind);
+    void PickKind(FallrateKind kind);
 
     // Height spinner steps: up to the next higher multiple of ten, down to the next lower one.
     static int StepHeight(int value, int steps);

@@ -133,10 +133,10 @@ CCheckResult CJumpEdit::ValidateDetails()
 CCheckResult CJumpEdit::ValidateFallrate() const
 {
     const CJumpValues& v = m_values;
-    const bool manual = v.kind == Manual;
+    const bool manual = v.kind == FallrateKind::Manual;
     // Typed values are checked; values still as the file gave them (a manual fall rate, a wind)
     // pass as they are.
-    const bool manualLoaded = m_loaded.kind == Manual;
+    const bool manualLoaded = m_loaded.kind == FallrateKind::Manual;
     const bool windLoaded = !m_loaded.noWind;
     const auto check = [](bool loaded, int value, int loadedValue, int lower, int upper, int field) {
         return loaded ? CheckChangedRange(value, loadedValue, lower, upper, field)
@@ -194,7 +194,7 @@ bool CJumpEdit::WriteImport(CJump& jump) const
     // The recording goes with the jump whatever kind was picked at the end; the imported values
     // only while the kind is still Import (setting the kind never touches them).
     jump.Recording() = m_taken->recording;
-    if (m_values.kind == Import)
+    if (m_values.kind == FallrateKind::Import)
         jump.SetFallrateValues(m_taken->fallrate);
     return true;
 }
@@ -233,7 +233,8 @@ CJumpEdit::ApplyResult CJumpEdit::Apply()
             edits.exitHeight = source->GetExitHeight();
         if (heightsTaken && v.openHeight == m_loaded.openHeight)
             edits.openHeight = source->GetOpenHeight();
-        if (v.kind == Manual && source->GetFallrateKind() == Manual && m_loaded.kind == Manual) {
+        if (v.kind == FallrateKind::Manual && source->GetFallrateKind() == FallrateKind::Manual &&
+            m_loaded.kind == FallrateKind::Manual) {
             if (v.vMax == m_loaded.vMax)
                 edits.maxSpeed = source->GetMaxSpeed();
             if (v.vAvg == m_loaded.vAvg)

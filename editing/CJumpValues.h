@@ -23,7 +23,7 @@ struct CJumpValues
     // A rig's display text or free text.
     std::string equipment;
     std::string malfunction;
-    int kind = Standard;
+    FallrateKind kind = FallrateKind::Standard;
     // Freefall time in seconds, and the speeds; typed for Manual, computed or imported otherwise.
     int delay = 0;
     int vMax = 0;

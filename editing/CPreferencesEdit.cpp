@@ -3,7 +3,6 @@
 #include "document/CLogbookDoc.h"
 #include "document/SealTouch.h"
 #include "model/CLogbookSettings.h"
-#include "resources/StringTable.h"
 #include "units/CUnitSettings.h"
 #include "units/RoundValue.h"
 #include "units/UnitFactors.h"
@@ -34,7 +33,7 @@ void CPreferencesEdit::Load(const CUnitSettings& units, const CLogbookSettings& 
     m_units = units.IsMetric() ? CUnitSettings::Metric : CUnitSettings::Imperial;
     m_speedDisplay = units.IsPerHour() ? CUnitSettings::PerHour : CUnitSettings::PerSecond;
     glideDisplay = units.GetGlideDisplay();
-    customTenths = TenthsOf(settings.FallrateSpeed(Custom));
+    customTenths = TenthsOf(settings.FallrateSpeed(FallrateKind::Custom));
     previousJumps = settings.GetPreviousJumps();
     previousDelay = settings.GetPreviousDelay();
     m_loadedPreviousJumps = previousJumps;
@@ -76,14 +75,9 @@ void CPreferencesEdit::SetSpeedDisplay(int speedDisplay)
     m_speedDisplay = to;
 }
 
-std::string CPreferencesEdit::FallrateLabel() const
+std::string_view CPreferencesEdit::FallrateUnit() const
 {
-    const CUnitSettings shown(m_units, m_speedDisplay, glideDisplay);
-    std::string label(StringTable::Text(StringTable::IDS_CUSTOM_FALLRATE));
-    label += " [";
-    label += shown.SpeedLabel();
-    label += "]";
-    return label;
+    return CUnitSettings(m_units, m_speedDisplay, glideDisplay).SpeedLabel();
 }
 
 CCheckResult CPreferencesEdit::Validate() const
@@ -105,7 +99,7 @@ bool CPreferencesEdit::Apply(CUnitSettings& units, ISettingsStore* store, CLogbo
 CLogbookSettings CPreferencesEdit::NextSettings(const CUnitSettings& units, const CLogbookSettings& current) const
 {
     CLogbookSettings settings = current;
-    if (customTenths != TenthsOf(settings.FallrateSpeed(Custom)))
+    if (customTenths != TenthsOf(settings.FallrateSpeed(FallrateKind::Custom)))
         settings.SetCustomFallrateSpeed(units.SpeedFromDisplay(static_cast<double>(customTenths) * 0.1));
     if (previousJumps != settings.GetPreviousJumps())
         settings.SetPreviousJumps(static_cast<int>(previousJumps));

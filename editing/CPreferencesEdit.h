@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <string>
+#include <string_view>
 
 class CLogbookDoc;
 class CLogbookSettings;
@@ -35,8 +36,8 @@ public:
     void SetSpeedDisplay(int speedDisplay);
     int GetSpeedDisplay() const { return m_speedDisplay; }
 
-    // "Custom Fallrate" with the speed unit on screen: " [m/s]", " [km/h]", " [ft/s]" or " [mph]".
-    std::string FallrateLabel() const;
+    // The speed unit the custom fall rate is shown in: "m/s", "km/h", "ft/s" or "mph".
+    std::string_view FallrateUnit() const;
 
     // Previous jumps 0 to 32767 (4009); the logbook's own value passes as it is.
     CCheckResult Validate() const;

@@ -32,9 +32,7 @@ CCheckResult CPrintOptionsEdit::Check(const CLogbookDoc& doc) const
             return result;
     }
     if (scope == Range && Selection(doc).empty()) {
-        return CCheckResult::Fail(
-            StringTable::IDS_PRINT_NO_JUMPS, From,
-            StringTable::Format(StringTable::IDS_PRINT_NO_JUMPS, std::to_string(from), std::to_string(to)));
+        return CCheckResult::Fail(StringTable::IDS_PRINT_NO_JUMPS, From, std::to_string(from), std::to_string(to));
     }
     return CCheckResult::Pass();
 }

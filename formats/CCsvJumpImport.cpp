@@ -223,7 +223,7 @@ bool ReadRow(const CCsvTable& table, const CCsvTable::Row& row, const CCsvMappin
              CJumpFallrate& fallrate, CCsvRowProblem& problem)
 {
     const auto fail = [&](int id, std::string arg1 = {}, std::string arg2 = {}) {
-        problem = {row.line, id, std::move(arg1), std::move(arg2)};
+        problem = {id, std::move(arg1), std::move(arg2), row.line};
         return false;
     };
     if (row.problemId != 0)
@@ -257,15 +257,15 @@ bool ReadRow(const CCsvTable& table, const CCsvTable::Row& row, const CCsvMappin
     if (!freefallCell.empty() && !ParseFreefall(freefallCell, edits.freefallTime))
         return fail(StringTable::IDS_CSV_BAD_FREEFALL, Quote(freefallCell));
     const std::string_view kindCell = cell(CsvField::Fallrate);
-    edits.fallrateKind = freefallCell.empty() ? Standard : Manual;
+    edits.fallrateKind = freefallCell.empty() ? FallrateKind::Standard : FallrateKind::Manual;
     if (!kindCell.empty()) {
         int kind = -1;
-        for (int k = Standard; k <= Import; ++k)
-            if (EqualNoCase(kindCell, FallrateKindName(k)))
+        for (int k = 0; k < kFallrateKindCount; ++k)
+            if (EqualNoCase(kindCell, FallrateKindName(static_cast<FallrateKind>(k))))
                 kind = k;
         if (kind < 0)
             return fail(StringTable::IDS_CSV_BAD_FALLRATE, Quote(kindCell));
-        edits.fallrateKind = kind;
+        edits.fallrateKind = static_cast<FallrateKind>(kind);
     }
     fallrate = {edits.fallrateKind, edits.exitHeight, edits.openHeight, edits.freefallTime, 0, 0.0, 0.0};
 
@@ -276,8 +276,8 @@ bool ReadRow(const CCsvTable& table, const CCsvTable::Row& row, const CCsvMappin
         double value = 0;
         if (!Decimal(text, value) || value < 0 || value > 1e6 || (whole && value != std::floor(value))) {
             const int column = map[field];
-            problem = {row.line, StringTable::IDS_CSV_BAD_VALUE, table.header[static_cast<std::size_t>(column)],
-                       Quote(text)};
+            problem = {StringTable::IDS_CSV_BAD_VALUE, table.header[static_cast<std::size_t>(column)], Quote(text),
+                       row.line};
             return false;
         }
         target = static_cast<std::remove_reference_t<decltype(target)>>(value);
@@ -300,11 +300,6 @@ bool ReadRow(const CCsvTable& table, const CCsvTable::Row& row, const CCsvMappin
 }
 
 } // namespace
-
-std::string CCsvRowProblem::Text() const
-{
-    return StringTable::Format(StringTable::IDS_TRACK_LINE, std::to_string(line), StringTable::Format(id, arg1, arg2));
-}
 
 std::string_view CCsvJumpImport::FieldName(CsvField field)
 {
@@ -455,7 +450,7 @@ CCsvImportPlan CCsvJumpImport::Plan(const CCsvTable& table, const CCsvMapping& m
             edits.number = nextNumber++;
         const std::string number = std::to_string(edits.number);
         if (!seen.insert(edits.number).second) {
-            planned.problem = {row.line, StringTable::IDS_CSV_NUMBER_TWICE, number, {}};
+            planned.problem = {StringTable::IDS_CSV_NUMBER_TWICE, number, {}, row.line};
             ++plan.skipped;
             continue;
         }
@@ -463,11 +458,11 @@ CCsvImportPlan CCsvJumpImport::Plan(const CCsvTable& table, const CCsvMapping& m
         if (found != existing.end()) {
             const CJump& present = doc.GetJump(found->second);
             if (!mapping.replaceUnsigned || present.IsSigned()) {
-                planned.problem = {row.line,
-                                   present.IsSigned() && mapping.replaceUnsigned ? StringTable::IDS_CSV_NUMBER_SIGNED
+                planned.problem = {present.IsSigned() && mapping.replaceUnsigned ? StringTable::IDS_CSV_NUMBER_SIGNED
                                                                                  : StringTable::IDS_CSV_NUMBER_TAKEN,
                                    number,
-                                   {}};
+                                   {},
+                                   row.line};
                 ++plan.skipped;
                 continue;
             }
@@ -476,7 +471,7 @@ CCsvImportPlan CCsvJumpImport::Plan(const CCsvTable& table, const CCsvMapping& m
         planned.jump = std::make_unique<CJump>(edits.number, edits.timestamp, modified);
         planned.jump->ApplyEdits(edits, rigs);
         // The times an imported fall rate brings are its own, not the editor's.
-        if (fallrate.kind == Import)
+        if (fallrate.kind == FallrateKind::Import)
             planned.jump->SetFallrateValues(fallrate);
         ++(planned.replaces >= 0 ? plan.replaced : plan.added);
     }

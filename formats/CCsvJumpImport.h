@@ -2,6 +2,7 @@
 
 #include "formats/CCsvReader.h"
 #include "model/CJump.h"
+#include "resources/CMessage.h"
 #include "xml/CDateTime.h"
 
 #include <array>
@@ -83,16 +84,9 @@ struct CCsvProposal
 };
 
 // A row that is not taken, or not taken as it stands, and why: the string table's message with
-// what goes into its "%1" and "%2".
-struct CCsvRowProblem
-{
-    int line = 0;
-    int id = 0;
-    std::string arg1, arg2;
-
-    // English: "Line 12: the date "31.02.2020" cannot be read.".
-    std::string Text() const;
-};
+// what goes into its "%1" and "%2", about the row's line ("Line 12: the date "31.02.2020" cannot
+// be read.").
+using CCsvRowProblem = CMessage;
 
 // One row of the table as it will be imported: a new jump, a jump replacing the one of the
 // same number, or the problem that keeps it out.

@@ -65,7 +65,6 @@ bool Refuse(CTrackReadResult& result, int line, CTrackMessage reason)
     result.ok = false;
     result.line = line;
     reason.line = line;
-    result.message = TrackMessageText(reason);
     result.reason = std::move(reason);
     // Nothing partial goes back with a refusal.
     result.track = CTrack();
@@ -231,7 +230,6 @@ void Finish(CTrackReadResult& result, int lastLine)
     }
     result.ok = true;
     result.line = 0;
-    result.message.clear();
     result.reason = {};
 }
 
@@ -367,10 +365,8 @@ CTrackReadResult CFlySightReader::ReadFile(const std::filesystem::path& path)
 {
     CTrackReadResult result;
     std::string text;
-    if (!ReadWholeFile(path, text, result.reason)) {
-        result.message = TrackMessageText(result.reason);
+    if (!ReadWholeFile(path, text, result.reason))
         return result;
-    }
     result = ReadText(text);
     if (!result.ok || result.track.format != "FlySight 2")
         return result;

@@ -15,9 +15,7 @@ struct CTrackReadResult
     bool ok = false;
     // The 1-based line the message is about; 0 when it is about the file as a whole.
     int line = 0;
-    // English text for the user, e.g. "Line 12: the time goes backwards."; empty when ok.
-    std::string message;
-    // The same as a numbered message, for the window to show in the user's language.
+    // Why it was refused, e.g. "Line 12: the time goes backwards."; empty when ok.
     CTrackMessage reason;
     CTrack track;
     // Damaged data lines that were skipped (a flipped byte on the card): how many, the first

@@ -28,25 +28,20 @@ bool IsNoJump(const CTrackMessage& reason)
 
 } // namespace
 
-std::string CCardTrack::SkipReason() const
+CMessage CCardTrack::SkipReason() const
 {
     switch (skip) {
     case Skip::None:
         return {};
     case Skip::Unreadable:
     case Skip::NoJump:
-        return TrackMessageText(import.reason);
+        return import.reason;
     case Skip::InLogbook:
-        return LineMessage(0, StringTable::Format(StringTable::IDS_CARD_IN_LOGBOOK, std::to_string(sameAs)));
+        return {StringTable::IDS_CARD_IN_LOGBOOK, std::to_string(sameAs)};
     case Skip::Twice:
-        return LineMessage(0, StringTable::Format(StringTable::IDS_CARD_TWICE, sameAsFile.filename().string()));
+        return {StringTable::IDS_CARD_TWICE, sameAsFile.filename().string()};
     }
     return {};
-}
-
-std::string CCardTrack::SkipText() const
-{
-    return skip == Skip::None ? std::string() : path.filename().string() + ": " + SkipReason();
 }
 
 std::vector<std::filesystem::path> CTrackCardScan::FindTracks(const std::filesystem::path& folder)

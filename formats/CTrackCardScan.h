@@ -22,9 +22,9 @@ struct CCardTrack
     {
         // Offered for import.
         None,
-        // The file cannot be read as a track (import.message says why).
+        // The file cannot be read as a track (import.reason says why).
         Unreadable,
-        // A track without a jump: no freefall, or it ends in freefall (import.message says why).
+        // A track without a jump: no freefall, or it ends in freefall (import.reason says why).
         NoJump,
         // The logbook holds a jump with an exit within a minute of the track's (sameAs).
         InLogbook,
@@ -40,10 +40,8 @@ struct CCardTrack
 
     // The exit in UTC seconds (meaningful when the import succeeded).
     double ExitUtc() const { return import.detection.exitTime; }
-    // Why it is not offered, in English ("No freefall found in the track."); empty when offered.
-    std::string SkipReason() const;
-    // The same after the file's name: "11-00-00.CSV: No freefall found in the track.".
-    std::string SkipText() const;
+    // Why it is not offered ("No freefall found in the track."); empty when offered.
+    CMessage SkipReason() const;
 };
 
 struct CCardScan

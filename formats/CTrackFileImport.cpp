@@ -9,7 +9,6 @@ CTrackFileImport CTrackFileImport::Run(const std::filesystem::path& path, const 
     const std::string name = path.filename().string();
     const auto refuse = [&](CTrackMessage reason) {
         result.fileName = name;
-        result.message = name + ": " + TrackMessageText(reason);
         result.reason = std::move(reason);
         return result;
     };
@@ -25,7 +24,6 @@ CTrackFileImport CTrackFileImport::Run(const std::filesystem::path& path, const 
         if (static_cast<std::size_t>(read.skippedLines) > read.skippedAt.size())
             where += ", ...";
         result.skipped = {StringTable::IDS_TRACK_SKIPPED_LINES, std::to_string(read.skippedLines), where};
-        result.skippedText = TrackMessageText(result.skipped);
     }
     result.fixCount = read.track.fixes.size();
     result.detection = DetectJump(read.track.fixes);

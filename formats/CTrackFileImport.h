@@ -13,15 +13,12 @@
 class CTrackFileImport
 {
 public:
-    // Reads and works out path. On failure ok is false and message names the file (and the line
-    // when a line is at fault); nothing else is meaningful then.
+    // Reads and works out path. On failure ok is false and reason says why (with the line when a
+    // line is at fault); nothing else is meaningful then.
     static CTrackFileImport Run(const std::filesystem::path& path, const CTrackImportOptions& options);
 
     bool ok = false;
-    // English, e.g. "notes.csv: Line 3: the file is empty.".
-    std::string message;
-    // The parts of message, for the window to compose it in the user's language: the file's
-    // name, which goes first followed by ": ", and the reason.
+    // The file's name, which goes before the reason followed by ": " ("notes.csv: Line 3: ...").
     std::string fileName;
     CTrackMessage reason;
     // "FlySight 1" or "FlySight 2".
@@ -29,10 +26,9 @@ public:
     // How many fixes the file held.
     std::size_t fixCount = 0;
     // Damaged lines the reader skipped (0: none), and the note saying how many and where
-    // ("Damaged lines skipped: 2 (line 57, 1203)."), as a numbered message and in English.
+    // ("Damaged lines skipped: 2 (line 57, 1203).").
     int skippedLines = 0;
     CTrackMessage skipped;
-    std::string skippedText;
     CJumpDetection detection;
     CImportedJump jump;
 };

@@ -116,14 +116,15 @@ bool CJump::SetImages(std::vector<CJumpImage> images)
     return Assign(m_images, std::move(images));
 }
 
-bool CJump::SetFallrate(int kind, int exitHeight, int openHeight, int freefallTime, double maxSpeed, double avgSpeed)
+bool CJump::SetFallrate(FallrateKind kind, int exitHeight, int openHeight, int freefallTime, double maxSpeed,
+                        double avgSpeed)
 {
     bool changed = Assign(m_fallrate.kind, kind);
-    if (kind == Import)
+    if (kind == FallrateKind::Import)
         return changed; // imported values come from the recording and are never edited
     changed |= Assign(m_fallrate.exitHeight, exitHeight);
     changed |= Assign(m_fallrate.openHeight, openHeight);
-    if (kind != Manual) {
+    if (kind != FallrateKind::Manual) {
         changed |= Assign(m_fallrate.freefallTime, 0);
         changed |= Assign(m_fallrate.canopyTime, 0);
         for (double* speed : {&m_fallrate.maxSpeed, &m_fallrate.avgSpeed}) {
@@ -149,12 +150,12 @@ bool CJump::SetFallrate(int kind, int exitHeight, int openHeight, int freefallTi
 
 int CJump::FreefallTime(const CLogbookSettings& settings) const
 {
-    const int kind = m_fallrate.kind;
+    const FallrateKind kind = m_fallrate.kind;
     if (FallrateKindIsComputed(kind)) {
         const double seconds = ComputeFreefallTime(GetFreefallDistance(), settings.FallrateSpeed(kind));
         return static_cast<int>(RoundValue(seconds, RoundHalfUp, 0));
     }
-    if (kind == Manual || kind == Import)
+    if (kind == FallrateKind::Manual || kind == FallrateKind::Import)
         return m_fallrate.freefallTime;
     return 0;
 }
@@ -340,15 +341,15 @@ void CJump::Write(CXmlWriter& writer) const
     writer.WriteElement(name(Aircraft), m_aircraft);
     writer.WriteElement(name(Type), m_type);
 
-    const int kind = m_fallrate.kind;
+    const FallrateKind kind = m_fallrate.kind;
     writer.WriteElement(name(Fallrate), "", "name", FallrateKindName(kind));
     writer.WriteElement(name(ExitHeight), XmlIntToString(m_fallrate.exitHeight, false));
     writer.WriteElement(name(OpenHeight), XmlIntToString(m_fallrate.openHeight, false));
-    if (kind == Manual || kind == Import)
+    if (kind == FallrateKind::Manual || kind == FallrateKind::Import)
         writer.WriteElement(name(FreefallTime), XmlIntToString(m_fallrate.freefallTime, false));
-    if (kind == Import)
+    if (kind == FallrateKind::Import)
         writer.WriteElement(name(CanopyTime), XmlIntToString(m_fallrate.canopyTime, false));
-    if (kind == Manual || kind == Import) {
+    if (kind == FallrateKind::Manual || kind == FallrateKind::Import) {
         writer.WriteElement(name(MaxSpeed), XmlDoubleToString(m_fallrate.maxSpeed, false));
         writer.WriteElement(name(AvgSpeed), XmlDoubleToString(m_fallrate.avgSpeed, false));
     }
@@ -380,7 +381,7 @@ bool CJump::OnOpenTag(CXmlParser& parser)
     switch (JumpElementOfTag(parser)) {
     case JumpElement::Fallrate: {
         std::string kindName;
-        FallrateKind kind = static_cast<FallrateKind>(m_fallrate.kind);
+        FallrateKind kind = m_fallrate.kind;
         if (parser.GetAttribute("name", kindName) && FallrateKindFromName(kindName, kind))
             m_fallrate.kind = kind;
         break;

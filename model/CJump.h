@@ -55,7 +55,7 @@ public:
 
     // --- Fall rate ---
     const CJumpFallrate& GetFallrate() const { return m_fallrate; }
-    int GetFallrateKind() const { return m_fallrate.kind; }
+    FallrateKind GetFallrateKind() const { return m_fallrate.kind; }
     int GetExitHeight() const { return m_fallrate.exitHeight; }
     int GetOpenHeight() const { return m_fallrate.openHeight; }
     // Exit minus opening height, signed, not clamped.
@@ -67,7 +67,8 @@ public:
     double GetAvgSpeed() const { return m_fallrate.avgSpeed; }
     // Stores an edited fall rate. Import values are never edited; kinds other than Manual clear
     // the stored times and speeds; Manual keeps a speed whose magnitude did not change.
-    bool SetFallrate(int kind, int exitHeight, int openHeight, int freefallTime, double maxSpeed, double avgSpeed);
+    bool SetFallrate(FallrateKind kind, int exitHeight, int openHeight, int freefallTime, double maxSpeed,
+                     double avgSpeed);
     // Replaces the whole block as it is (import and reading paths).
     void SetFallrateValues(const CJumpFallrate& fallrate) { m_fallrate = fallrate; }
 

@@ -13,7 +13,7 @@ struct CJumpEdits
 {
     int number = 0;
     CZonedDateTime timestamp;
-    int fallrateKind = Standard;
+    FallrateKind fallrateKind = FallrateKind::Standard;
     int exitHeight = 0;
     int openHeight = 0;
     int freefallTime = 0;

@@ -5,7 +5,7 @@
 // The fall-rate block of a jump. Heights in metres, times in whole seconds, speeds in m/s.
 struct CJumpFallrate
 {
-    int kind = Standard;
+    FallrateKind kind = FallrateKind::Standard;
     int exitHeight = 0;
     int openHeight = 0;
     int freefallTime = 0;

@@ -98,7 +98,7 @@ std::string Encode(const CJump& jump, std::string_view equipmentText, int freefa
     AddField(out, "exit", jump.GetExitHeight());
     AddField(out, "open", jump.GetOpenHeight());
     AddField(out, "freefall", freefallSeconds);
-    AddField(out, "fallrate", jump.GetFallrateKind());
+    AddField(out, "fallrate", static_cast<int>(jump.GetFallrateKind()));
     AddField(out, "equipment", equipmentText);
     AddField(out, "landing", jump.GetLanding());
     std::string note;
@@ -149,12 +149,6 @@ int StateTextId(SealState state)
         break;
     }
     return 0;
-}
-
-std::string_view StateText(SealState state)
-{
-    const int id = StateTextId(state);
-    return id ? StringTable::Text(id) : std::string_view{};
 }
 
 } // namespace JumpSeal

@@ -68,7 +68,5 @@ SealState Check(const CJump& jump, const CLogbookSettings& settings);
 // A short text for the state ("Sealed", "Changed after signing", "Signed, not sealed"), as a
 // string-table message id; 0 for NotSigned.
 int StateTextId(SealState state);
-// The English text of StateTextId; empty for NotSigned.
-std::string_view StateText(SealState state);
 
 } // namespace JumpSeal

@@ -86,14 +86,14 @@ std::string_view CLogbookSettings::GetSignerLicence(std::string_view name) const
     return {};
 }
 
-double CLogbookSettings::FallrateSpeed(int kind) const
+double CLogbookSettings::FallrateSpeed(FallrateKind kind) const
 {
     switch (kind) {
-    case Standard:
+    case FallrateKind::Standard:
         return kStandardSpeed;
-    case Vertical:
+    case FallrateKind::Vertical:
         return kVerticalSpeed;
-    case Custom:
+    case FallrateKind::Custom:
         return m_customSpeed;
     default:
         return 0.0;
@@ -124,7 +124,7 @@ void CLogbookSettings::Write(CXmlWriter& writer) const
     m_equipment.Write(writer);
 
     writer.StartElement("fallrates");
-    for (int kind : {Standard, Vertical, Custom})
+    for (FallrateKind kind : {FallrateKind::Standard, FallrateKind::Vertical, FallrateKind::Custom})
         writer.WriteElement("fallrate", "", "name", FallrateKindName(kind), "speed",
                             XmlDoubleToString(FallrateSpeed(kind), false));
     writer.EndElement();
@@ -168,7 +168,8 @@ bool CLogbookSettings::OnOpenTag(CXmlParser& parser)
     } else if (name == "fallrate") {
         // Standard and Vertical are fixed speeds; only a Custom entry is taken from the file.
         std::string kind;
-        if (parser.GetAttribute("name", kind) && kind == FallrateKindName(Custom) && parser.HasAttribute("speed")) {
+        if (parser.GetAttribute("name", kind) && kind == FallrateKindName(FallrateKind::Custom) &&
+            parser.HasAttribute("speed")) {
             double speed = 0.0;
             if (!parser.GetAttributeDouble("speed", speed, true))
                 return false;

@@ -85,7 +85,7 @@ public:
     std::string_view GetSignerLicence(std::string_view name) const;
 
     // The speed of Standard, Vertical or Custom in m/s; 0 for any other kind.
-    double FallrateSpeed(int kind) const;
+    double FallrateSpeed(FallrateKind kind) const;
     // Only the Custom speed can change; Standard and Vertical are fixed.
     void SetCustomFallrateSpeed(double speed) { m_customSpeed = speed; }
 

@@ -5,7 +5,7 @@
 // How a jump's freefall time is obtained: from one of the three fall-rate speeds of the
 // settings (Standard, Vertical, Custom), typed by the user (Manual) or taken from a recording
 // (Import). The numbers are stored in the file and index the settings' speed table.
-enum FallrateKind
+enum class FallrateKind
 {
     Standard = 0,
     Vertical = 1,
@@ -14,29 +14,32 @@ enum FallrateKind
     Import = 4
 };
 
+// The number of kinds; a kind's number is below it.
+inline constexpr int kFallrateKindCount = 5;
+
 // The file name of a kind ("Standard" ... "Import"); empty for a value outside the enumeration.
-constexpr std::string_view FallrateKindName(int kind)
+constexpr std::string_view FallrateKindName(FallrateKind kind)
 {
     switch (kind) {
-    case Standard:
+    case FallrateKind::Standard:
         return "Standard";
-    case Vertical:
+    case FallrateKind::Vertical:
         return "Vertical";
-    case Custom:
+    case FallrateKind::Custom:
         return "Custom";
-    case Manual:
+    case FallrateKind::Manual:
         return "Manual";
-    case Import:
+    case FallrateKind::Import:
         return "Import";
-    default:
-        return {};
     }
+    return {};
 }
 
 // The kind named exactly (case matters); false and kind untouched for an unknown name.
 constexpr bool FallrateKindFromName(std::string_view name, FallrateKind& kind)
 {
-    constexpr FallrateKind order[] = {Standard, Vertical, Custom, Import, Manual};
+    constexpr FallrateKind order[] = {FallrateKind::Standard, FallrateKind::Vertical, FallrateKind::Custom,
+                                      FallrateKind::Import, FallrateKind::Manual};
     for (FallrateKind candidate : order) {
         if (name == FallrateKindName(candidate)) {
             kind = candidate;
@@ -47,7 +50,7 @@ constexpr bool FallrateKindFromName(std::string_view name, FallrateKind& kind)
 }
 
 // True for the kinds whose freefall time is computed from a speed of the settings.
-constexpr bool FallrateKindIsComputed(int kind)
+constexpr bool FallrateKindIsComputed(FallrateKind kind)
 {
-    return kind == Standard || kind == Vertical || kind == Custom;
+    return kind == FallrateKind::Standard || kind == FallrateKind::Vertical || kind == FallrateKind::Custom;
 }

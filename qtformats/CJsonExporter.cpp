@@ -60,7 +60,7 @@ QJsonObject CJsonExporter::Settings(const CLogbookSettings& settings)
 {
     const CMembership& membership = settings.GetMembership();
     QJsonArray fallrates;
-    for (int kind : {Standard, Vertical, Custom})
+    for (FallrateKind kind : {FallrateKind::Standard, FallrateKind::Vertical, FallrateKind::Custom})
         fallrates.append(FromPairs({{"name", Text(FallrateKindName(kind))}, {"speed", settings.FallrateSpeed(kind)}}));
     return FromPairs({
         {"owner", Text(settings.GetOwnerName())},

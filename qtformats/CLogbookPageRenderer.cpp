@@ -223,22 +223,21 @@ void CLogbookPageRenderer::PaintHeader(QPainter& painter, int page)
     painter.setPen(Qt::black);
 }
 
-QString CLogbookPageRenderer::KindText(int kind)
+QString CLogbookPageRenderer::KindText(FallrateKind kind)
 {
     switch (kind) {
-    case Standard:
+    case FallrateKind::Standard:
         return tr("Standard");
-    case Vertical:
+    case FallrateKind::Vertical:
         return tr("Vertical");
-    case Custom:
+    case FallrateKind::Custom:
         return tr("Custom");
-    case Manual:
+    case FallrateKind::Manual:
         return tr("Manual");
-    case Import:
+    case FallrateKind::Import:
         return tr("Import");
-    default:
-        return {};
     }
+    return {};
 }
 
 QStringList CLogbookPageRenderer::RowTexts(const CJump& jump) const

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "formats/CLogbookPagePlan.h"
+#include "model/FallrateKind.h"
 #include "qtformats/CSignatureCell.h"
 #include "units/CUnitSettings.h"
 
@@ -107,7 +108,7 @@ private:
     void Text(QPainter& painter, const QRectF& cell, const QString& text, Qt::Alignment align, int size,
               int minSize = 0, bool bold = false);
     // The fall-rate kind as the editor names it.
-    static QString KindText(int kind);
+    static QString KindText(FallrateKind kind);
 
     const CLogbookDoc& m_doc;
     std::vector<std::size_t> m_rows;

@@ -91,7 +91,7 @@ CJumpIndex::Entry CJumpIndex::MakeEntry(const CJump& jump) const
     flag(!jump.GetVideo().name.empty(), kFlagVideo);
     flag(jump.GetWind().IsSet(), kFlagWind);
     flag(!jump.GetMalfunction().empty(), kFlagMalfunction);
-    entry.kind = jump.GetFallrateKind();
+    entry.kind = static_cast<std::int32_t>(jump.GetFallrateKind());
     const CJumpEquipmentRef& ref = jump.GetEquipmentRef();
     if (ref.mode == CJumpEquipmentRef::ByIndex && ref.index >= 0 &&
         static_cast<std::size_t>(ref.index) < rigs.GetCount())

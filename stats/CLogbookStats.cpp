@@ -112,7 +112,7 @@ public:
 
     int Of(const CJump& jump)
     {
-        const int kind = jump.GetFallrateKind();
+        const FallrateKind kind = jump.GetFallrateKind();
         if (!FallrateKindIsComputed(kind))
             return jump.FreefallTime(m_settings);
         const uint64_t key = (static_cast<uint64_t>(kind) << 32) | static_cast<uint32_t>(jump.GetFreefallDistance());
@@ -243,8 +243,8 @@ CLogbookStats CLogbookStats::Compute(const CLogbookDoc& doc, const CDateTime& as
     // Fall-rate kinds by their number; the last row collects numbers outside the enumeration.
     std::vector<CStatsGroup> kinds(6);
     std::vector<CSpan> kindSpans(6);
-    for (int k = 0; k < 5; ++k)
-        kinds[static_cast<std::size_t>(k)].name = std::string(FallrateKindName(k));
+    for (int k = 0; k < kFallrateKindCount; ++k)
+        kinds[static_cast<std::size_t>(k)].name = std::string(FallrateKindName(static_cast<FallrateKind>(k)));
     std::vector<CSpan> rigSpans(stats.perRig.size());
     CFreefallMemo freefallOf(settings);
 
@@ -269,11 +269,13 @@ CLogbookStats CLogbookStats::Compute(const CLogbookDoc& doc, const CDateTime& as
         if (dated && day > asOfDay)
             continue;
         const int freefall = freefallOf.Of(jump);
-        const int canopy = jump.GetFallrateKind() == Import ? jump.GetCanopyTime() : 0;
+        const int canopy = jump.GetFallrateKind() == FallrateKind::Import ? jump.GetCanopyTime() : 0;
         const int exitHeight = jump.GetExitHeight();
         const int openHeight = jump.GetOpenHeight();
         const double maxSpeed =
-            jump.GetFallrateKind() == Manual || jump.GetFallrateKind() == Import ? std::abs(jump.GetMaxSpeed()) : 0.0;
+            jump.GetFallrateKind() == FallrateKind::Manual || jump.GetFallrateKind() == FallrateKind::Import
+                ? std::abs(jump.GetMaxSpeed())
+                : 0.0;
         const bool cutaway = !jump.GetMalfunction().empty();
         const bool isSigned = jump.IsSigned();
         auto add = [&](CStatsFigures& figures) {
@@ -301,8 +303,9 @@ CLogbookStats CLogbookStats::Compute(const CLogbookDoc& doc, const CDateTime& as
         dropZones.Count(jump.GetPlace(), freefall, dated, day);
         aircraft.Count(jump.GetAircraft(), freefall, dated, day);
         types.Count(jump.GetType(), freefall, dated, day);
-        const int kind = jump.GetFallrateKind();
-        const auto kindRow = static_cast<std::size_t>(kind >= 0 && kind < 5 ? kind : 5);
+        const int kind = static_cast<int>(jump.GetFallrateKind());
+        const auto kindRow =
+            static_cast<std::size_t>(kind >= 0 && kind < kFallrateKindCount ? kind : kFallrateKindCount);
         Count(kinds[kindRow], kindSpans[kindRow], freefall, dated, day);
 
         // The rig: a position in the list, or a text that may still name a listed rig in full.

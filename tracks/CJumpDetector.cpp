@@ -167,7 +167,6 @@ CJumpDetection NotFound(int id)
 {
     CJumpDetection detection;
     detection.reason.id = id;
-    detection.message = TrackMessageText(detection.reason);
     return detection;
 }
 

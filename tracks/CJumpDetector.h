@@ -12,9 +12,7 @@
 struct CJumpDetection
 {
     bool ok = false;
-    // Why nothing was found, in English; empty when ok.
-    std::string message;
-    // The same as a numbered message, for the window to show in the user's language.
+    // Why nothing was found; empty when ok.
     CTrackMessage reason;
     // Indices into the fixes: the fix nearest the exit, the sharpest slowing of the opening, the
     // landing (the last fix when the track ends in the air).

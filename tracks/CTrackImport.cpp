@@ -163,7 +163,7 @@ bool BuildImportedJump(const CTrack& track, const CJumpDetection& detection, con
     } else {
         BuildSatellite(track, detection, options.rateHz, jump.recording);
     }
-    jump.fallrate.kind = Import;
+    jump.fallrate.kind = FallrateKind::Import;
     jump.fallrate.exitHeight = detection.exitHeight;
     jump.fallrate.openHeight = detection.openHeight;
     jump.fallrate.freefallTime = detection.freefallTime;
@@ -178,15 +178,6 @@ bool BuildImportedJump(const CTrack& track, const CJumpDetection& detection, con
     out = std::move(jump);
     reason = {};
     return true;
-}
-
-bool BuildImportedJump(const CTrack& track, const CJumpDetection& detection, const CTrackImportOptions& options,
-                       int utcOffsetMinutes, CImportedJump& out, std::string& message)
-{
-    CTrackMessage reason;
-    const bool built = BuildImportedJump(track, detection, options, utcOffsetMinutes, out, reason);
-    message = built ? std::string() : TrackMessageText(reason);
-    return built;
 }
 
 int LocalUtcOffsetMinutes(double utcSeconds)

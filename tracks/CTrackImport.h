@@ -35,12 +35,9 @@ struct CImportedJump
 inline constexpr double kImportLeadTime = 30.0;
 
 // The recording of a detected jump, from kImportLeadTime before the exit to the landing (or
-// the last fix), its fall rate and the exit's local time at utcOffsetMinutes. False with a
-// message when the detection found no jump or does not belong to the track, or when a
+// the last fix), its fall rate and the exit's local time at utcOffsetMinutes. False with the
+// reason when the detection found no jump or does not belong to the track, or when a
 // barometric recording is asked for and the track has no barometer readings around the jump.
-bool BuildImportedJump(const CTrack& track, const CJumpDetection& detection, const CTrackImportOptions& options,
-                       int utcOffsetMinutes, CImportedJump& out, std::string& message);
-// The same with the reason as a numbered message, for the window to show in the user's language.
 bool BuildImportedJump(const CTrack& track, const CJumpDetection& detection, const CTrackImportOptions& options,
                        int utcOffsetMinutes, CImportedJump& out, CTrackMessage& reason);
 

@@ -185,14 +185,6 @@ std::string LineMessage(int line, std::string_view reason)
     return text;
 }
 
-std::string TrackMessageText(const CTrackMessage& message)
-{
-    const std::string reason = StringTable::Format(message.id, message.arg1, message.arg2);
-    if (message.line > 0)
-        return StringTable::Format(StringTable::IDS_TRACK_LINE, std::to_string(message.line), reason);
-    return LineMessage(0, reason);
-}
-
 std::string QuoteField(std::string_view field)
 {
     constexpr std::size_t kLongest = 24;

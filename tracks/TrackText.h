@@ -1,9 +1,10 @@
 #pragma once
 
+#include "resources/CMessage.h"
+
 #include <cstddef>
 #include <string>
 #include <string_view>
-#include <utility>
 
 // Helpers shared by the readers of the loggers' comma-separated text: a line cursor, field
 // splitting and the number and time parsers. None of them allocates, so a file of tens of
@@ -57,26 +58,12 @@ bool ParseInteger(std::string_view field, long long& value);
 // of any length kept. False for any other form or an impossible date.
 bool ParseUtcTime(std::string_view field, double& seconds);
 
-// The message form of the readers: "Line 12: the time goes backwards." for a line; the reason
-// alone, with a capital first letter, when line is 0.
+// The message form of the sensor reader's diagnostics: "Line 12: the time goes backwards." for a
+// line; the reason alone, with a capital first letter, when line is 0.
 std::string LineMessage(int line, std::string_view reason);
 
-// Why a track was refused, as the string table's numbered message with what goes into its "%1"
-// and "%2", and the line it is about (0: the file as a whole). The window composes it in the
-// user's language from these parts; TrackMessageText gives the English.
-struct CTrackMessage
-{
-    CTrackMessage() = default;
-    CTrackMessage(int messageId, std::string first = {}, std::string second = {})
-        : id(messageId), arg1(std::move(first)), arg2(std::move(second))
-    {
-    }
-
-    int id = 0;
-    std::string arg1, arg2;
-    int line = 0;
-};
-// The English text: the message in LineMessage's form ("Line 12: the time goes backwards.").
-std::string TrackMessageText(const CTrackMessage& message);
+// Why a track was refused: the string table's numbered message with what goes into its "%1" and
+// "%2", and the line it is about (0: the file as a whole). The window and the tool compose it.
+using CTrackMessage = CMessage;
 // A field as a message quotes it: at most 24 characters, other bytes than printable ASCII as '?'.
 std::string QuoteField(std::string_view field);

@@ -6,14 +6,10 @@
 #include <QByteArray>
 #include <QCoreApplication>
 
-#include <array>
-#include <optional>
 #include <string>
 
 namespace MessageText {
 namespace {
-
-using CoreText::ToQt;
 
 // Every "%1" and "%2" of text replaced, once, by the argument; the arguments are not searched.
 QString Substitute(const QString& text, const QString& arg1, const QString& arg2)
@@ -32,68 +28,25 @@ QString Substitute(const QString& text, const QString& arg1, const QString& arg2
     return out;
 }
 
-// What a composed text holds in place of the message's placeholders, and what follows it.
-struct Parts
+// A message's text in the user's language as UTF-8.
+std::string Utf8Text(int id)
 {
-    std::array<std::string_view, 2> args;
-    std::string_view tail;
-};
-
-// Matches the English message against the composed text piece by piece: literal pieces must be
-// there in order, each placeholder takes the text up to the next piece. With keepTail the
-// composed text may go on after the message; otherwise it must end where the message ends.
-std::optional<Parts> Match(std::string_view message, std::string_view text, bool keepTail)
-{
-    Parts parts;
-    std::size_t at = 0;
-    int pending = 0; // the placeholder waiting for the next literal piece, 0 for none
-    std::size_t start = 0;
-    const auto literal = [&](std::string_view piece, bool last) -> bool {
-        std::size_t found;
-        if (pending == 0)
-            found = text.compare(at, piece.size(), piece) == 0 ? at : std::string_view::npos;
-        else if (last && !keepTail)
-            found = text.size() >= at + piece.size() && text.ends_with(piece) ? text.size() - piece.size()
-                                                                              : std::string_view::npos;
-        else
-            found = text.find(piece, at);
-        if (found == std::string_view::npos)
-            return false;
-        if (pending != 0)
-            parts.args[static_cast<std::size_t>(pending - 1)] = text.substr(at, found - at);
-        pending = 0;
-        at = found + piece.size();
-        return true;
-    };
-    for (std::size_t i = 0; i < message.size(); ++i) {
-        if (message[i] != '%' || i + 1 >= message.size() || (message[i + 1] != '1' && message[i + 1] != '2'))
-            continue;
-        const std::string_view piece = message.substr(start, i - start);
-        if (pending != 0 && piece.empty())
-            return std::nullopt; // two placeholders side by side cannot be told apart
-        if (!literal(piece, false))
-            return std::nullopt;
-        pending = message[i + 1] - '0';
-        start = i + 2;
-        ++i;
-    }
-    const std::string_view last = message.substr(start);
-    if (pending != 0 && last.empty()) {
-        // A placeholder at the end takes the rest.
-        parts.args[static_cast<std::size_t>(pending - 1)] = text.substr(at);
-        at = text.size();
-    } else if (!literal(last, true)) {
-        return std::nullopt;
-    }
-    if (at != text.size() && !keepTail)
-        return std::nullopt;
-    parts.tail = text.substr(at);
-    return parts;
+    return Text(id).toStdString();
 }
 
-QString Translated(int id, const Parts& parts)
+// Puts the text's first letter in capitals; bytes that do not begin a letter stay as they are.
+void CapitaliseFirst(std::string& text)
 {
-    return Substitute(Text(id), ToQt(parts.args[0]), ToQt(parts.args[1])) + ToQt(parts.tail);
+    if (text.empty())
+        return;
+    const auto lead = static_cast<unsigned char>(text.front());
+    const std::size_t size = lead < 0x80 ? 1 : lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : 2;
+    if (size > text.size())
+        return;
+    const QString first = QString::fromUtf8(text.data(), static_cast<qsizetype>(size));
+    const QString upper = first.toUpper();
+    if (upper != first)
+        text.replace(0, size, upper.toStdString());
 }
 
 } // namespace
@@ -111,17 +64,18 @@ QString Format(int id, const QString& arg1, const QString& arg2)
     return Substitute(Text(id), arg1, arg2);
 }
 
-QString Translate(std::string_view composed, int id)
+std::string Utf8(const CMessage& message)
 {
-    if (id != 0) {
-        if (const auto parts = Match(StringTable::Text(id), composed, true); parts && StringTable::Has(id))
-            return Translated(id, *parts);
-        return ToQt(composed);
-    }
-    for (const int each : StringTable::Ids())
-        if (const auto parts = Match(StringTable::Text(each), composed, false))
-            return Translated(each, *parts);
-    return ToQt(composed);
+    std::string text = StringTable::Substitute(Utf8Text(message.id), message.arg1, message.arg2);
+    if (message.line > 0)
+        return StringTable::Substitute(Utf8Text(StringTable::IDS_TRACK_LINE), std::to_string(message.line), text);
+    CapitaliseFirst(text);
+    return text;
+}
+
+QString Text(const CMessage& message)
+{
+    return CoreText::ToQt(Utf8(message));
 }
 
 } // namespace MessageText

@@ -1,8 +1,10 @@
 #pragma once
 
+#include "resources/CMessage.h"
+
 #include <QString>
 
-#include <string_view>
+#include <string>
 
 // The string table's numbered messages in the user's language. The core keeps them in English;
 // here each is looked up in the translation context "StringTable" with its English text as the
@@ -17,11 +19,11 @@ inline constexpr char kContext[] = "StringTable";
 QString Text(int id);
 // The message with every "%1" replaced by arg1 and every "%2" by arg2 (plain substitution).
 QString Format(int id, const QString& arg1 = {}, const QString& arg2 = {});
-// A message the core composed in English, in the user's language. The English text of the
-// message is matched against it to find what was put in for "%1" and "%2"; those parts go into
-// the translation unchanged. With an id, text the core appended after the message stays at the
-// end ("Custom Fallrate [m/s]"); with id 0 every message is tried and must match the whole
-// text. A text that matches no message comes back as it is.
-QString Translate(std::string_view composed, int id = 0);
+// A message of the core in the user's language: its text with the arguments put in as they are
+// (they are the file's or the user's own words and numbers), after "Line N: " when it is about a
+// line of a file, otherwise with a capital first letter. Without a translation it is English.
+QString Text(const CMessage& message);
+// The same as UTF-8 with the arguments' bytes kept exactly, for the tool's output.
+std::string Utf8(const CMessage& message);
 
 } // namespace MessageText

@@ -67,7 +67,7 @@ void CXmlParser::Reset()
     m_carry.clear();
     m_markPending = false;
     m_stackSize = 0;
-    m_error.clear();
+    m_error = {};
     m_nameDecoded = false;
     m_textView = nullptr;
     m_inputBytes = 0;
@@ -82,7 +82,7 @@ void CXmlParser::SetLimits(std::size_t maxTokenBytes, std::size_t maxDepth, std:
     m_maxInput = maxInputBytes;
 }
 
-bool CXmlParser::Stop(std::string error)
+bool CXmlParser::Stop(CMessage error)
 {
     m_error = std::move(error);
     m_stopped = true;
@@ -587,7 +587,7 @@ void CXmlParser::DescribeFailedOpenTag()
             detail += '"';
         }
     }
-    m_error = ParserError(detail);
+    m_error = ParserError(std::move(detail));
 }
 
 void CXmlParser::DescribeFailedCloseTag()
@@ -598,7 +598,7 @@ void CXmlParser::DescribeFailedCloseTag()
         detail += ", ";
         detail += GetElementText();
     }
-    m_error = ParserError(detail);
+    m_error = ParserError(std::move(detail));
 }
 
 inline bool CXmlParser::OpenTag(bool closesAtOnce)
@@ -629,7 +629,7 @@ inline bool CXmlParser::OpenTag(bool closesAtOnce)
     m_delegateAllowed = true;
     const bool ok = handler == nullptr || handler->OnOpenTag(*this);
     m_delegateAllowed = false;
-    if (!ok && m_error.empty())
+    if (!ok && m_error.Empty())
         DescribeFailedOpenTag();
     return ok;
 }
@@ -651,7 +651,7 @@ inline bool CXmlParser::CloseTag(bool ownStart)
         if (name.capacity() > kKeepBytes)
             std::string().swap(name);
     }
-    if (!ok && m_error.empty())
+    if (!ok && m_error.Empty())
         DescribeFailedCloseTag();
     return ok;
 }

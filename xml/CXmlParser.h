@@ -1,5 +1,6 @@
 #pragma once
 
+#include "resources/CMessage.h"
 #include "xml/CFileIdentity.h"
 #include "xml/CXmlHandler.h"
 #include "xml/CXmlToken.h"
@@ -75,14 +76,13 @@ public:
 
     // Only inside OnOpenTag: the element just opened, its children and its end tag go to child.
     void Delegate(CXmlHandler* child);
-    // Sets the text the user will see when the handler then returns false.
-    void SetErrorMessage(int messageId);
-    void SetErrorMessage(std::string text);
-    // The user's text for a file the parser cannot read ("Parser error: %1" in English) around
+    // Sets the message the user will see when the handler then returns false.
+    void SetErrorMessage(CMessage message);
+    // The message for a file the parser cannot read ("Parser error: %1" in English) around
     // detail; the parser and its handlers both report with it.
-    static std::string ParserError(std::string_view detail);
-    // The error text of the last parse; empty when none was set.
-    const std::string& GetErrorMessage() const { return m_error; }
+    static CMessage ParserError(std::string detail);
+    // The error message of the last parse; empty when none was set.
+    const CMessage& GetErrorMessage() const { return m_error; }
 
     // The encoding selected by the declaration (Utf8 until one says otherwise).
     XmlEncoding GetEncoding() const { return m_encoding; }
@@ -182,7 +182,7 @@ private:
     // twice a token, whichever it exceeds.
     bool StopStartTagTooLarge();
     void ReleaseLargeBuffers();
-    bool Stop(std::string error);
+    bool Stop(CMessage error);
     bool ParseWholeFile(const std::string& path, bool gzip);
 
     CXmlHandler* m_root;
@@ -201,7 +201,7 @@ private:
     bool m_markPending = false; // a token continues at the start of the next chunk
     std::vector<Entry> m_stack; // entries beyond m_stackSize are spare, kept for their buffers
     std::size_t m_stackSize = 0;
-    std::string m_error;
+    CMessage m_error;
 
     // Decoded forms are made on request, once per report; plain ASCII needs no copy at all.
     mutable std::string m_decodedName;

@@ -105,19 +105,14 @@ void CXmlParser::Delegate(CXmlHandler* child)
         m_stack[m_stackSize - 1].handler = child;
 }
 
-void CXmlParser::SetErrorMessage(int messageId)
+void CXmlParser::SetErrorMessage(CMessage message)
 {
-    m_error = std::string(StringTable::Text(messageId));
+    m_error = std::move(message);
 }
 
-std::string CXmlParser::ParserError(std::string_view detail)
+CMessage CXmlParser::ParserError(std::string detail)
 {
-    return StringTable::Format(StringTable::IDS_PARSER_ERROR, detail);
-}
-
-void CXmlParser::SetErrorMessage(std::string text)
-{
-    m_error = std::move(text);
+    return {StringTable::IDS_PARSER_ERROR, std::move(detail)};
 }
 
 std::string CXmlParser::Decode(std::string_view raw, XmlEncoding encoding)

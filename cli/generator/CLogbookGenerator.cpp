@@ -251,7 +251,7 @@ void CLogbookGenerator::FillFallrate(CJump& jump, const CDropZoneInfo& zone, Rec
                                                         fallrate.openHeight, terminalSpeed, samples)
                                         : maker.MakeBarometric(jump.Recording(), fallrate.exitHeight,
                                                                fallrate.openHeight, terminalSpeed, samples);
-        fallrate.kind = Import;
+        fallrate.kind = FallrateKind::Import;
         fallrate.freefallTime = figures.freefallTime;
         fallrate.canopyTime = figures.canopyTime;
         fallrate.maxSpeed = figures.maxSpeed;
@@ -260,12 +260,14 @@ void CLogbookGenerator::FillFallrate(CJump& jump, const CDropZoneInfo& zone, Rec
         // Typed by hand from the altimeter's read-out.
         const double seconds =
             CFlightProfileMaker::TimeToFall(fallrate.exitHeight - fallrate.openHeight, terminalSpeed);
-        fallrate.kind = Manual;
+        fallrate.kind = FallrateKind::Manual;
         fallrate.freefallTime = static_cast<int>(std::lround(seconds)) + m_random.Int(-3, 3);
         fallrate.maxSpeed = m_random.Rounded(terminalSpeed, terminalSpeed + 6.0, 1);
         fallrate.avgSpeed = m_random.Rounded(terminalSpeed - 12.0, terminalSpeed - 4.0, 1);
     } else {
-        fallrate.kind = m_style == Style::Belly ? Standard : m_style == Style::Vertical ? Vertical : Custom;
+        fallrate.kind = m_style == Style::Belly      ? FallrateKind::Standard
+                        : m_style == Style::Vertical ? FallrateKind::Vertical
+                                                     : FallrateKind::Custom;
     }
     jump.SetFallrateValues(fallrate);
 }

@@ -138,7 +138,7 @@ private slots:
         add->trigger();
         QCOMPARE(int(harness.Doc().GetJumpCount()), 2);
         QCOMPARE(target->GetNumber(), 2);
-        QCOMPARE(target->GetFallrateKind(), int(Import));
+        QCOMPARE(target->GetFallrateKind(), FallrateKind::Import);
         QVERIFY(target->GetRecording().IsPresent());
         QCOMPARE(target->GetTimestamp().dateTime.Month(), 4); // the track's exit time
     }

@@ -32,7 +32,7 @@ void Fill(CLogbookDoc& doc)
         auto jump = std::make_unique<CJump>(j.number, CZonedDateTime{CDateTime(j.year, j.month, j.day, 10, 0, 0), 0},
                                             CDateTime(2024, 1, 1));
         jump->SetPlace(j.place);
-        jump->SetFallrate(Manual, j.exit, 800, 30, 0, 0);
+        jump->SetFallrate(FallrateKind::Manual, j.exit, 800, 30, 0, 0);
         if (j.signed_)
             jump->SetSignature("Anna", {{{1, 1}, {5, 5}}});
         doc.AddJump(std::move(jump));

@@ -29,7 +29,7 @@ CCardTrack Track(const char* file, CDateTime exit, int exitHeight, int freefall)
     track.path = std::filesystem::path("/card/24-06-01") / file;
     track.import.ok = true;
     track.import.jump.exitTime = {exit, 180};
-    track.import.jump.fallrate = {Import, exitHeight, 1000, freefall, 200, 55.0, 47.0};
+    track.import.jump.fallrate = {FallrateKind::Import, exitHeight, 1000, freefall, 200, 55.0, 47.0};
     track.import.jump.recording.SetKind(CJumpRecording::Satellite);
     return track;
 }
@@ -108,6 +108,7 @@ private slots:
         QCOMPARE(dialog.result(), int(QDialog::Accepted));
 
         std::vector<std::size_t> steps;
+        CCheckResult refused;
         std::string error;
         const std::size_t imported = edit.Apply(
             doc, m_units, nullptr, m_clock,
@@ -115,12 +116,13 @@ private slots:
                 steps.push_back(done);
                 return true;
             },
-            error);
+            refused, error);
+        QVERIFY(refused.Passed());
         QVERIFY2(error.empty(), error.c_str());
         QCOMPARE(imported, std::size_t(2));
         QCOMPARE(steps, (std::vector<std::size_t>{0, 1, 2}));
         QCOMPARE(int(doc.GetJumpCount()), 3);
-        QCOMPARE(doc.GetJump(0).GetFallrateKind(), int(Import));
+        QCOMPARE(doc.GetJump(0).GetFallrateKind(), FallrateKind::Import);
         QCOMPARE(doc.GetJump(0).GetExitHeight(), 4000);
         QCOMPARE(doc.GetJump(2).GetNumber(), 43);
         QCOMPARE(doc.GetJump(2).GetExitHeight(), 3000);

@@ -67,7 +67,7 @@ std::unique_ptr<CLogbookDoc> Logbook(std::vector<const CJump*>& added)
     for (int number : {41, 42}) {
         auto jump = std::make_unique<CJump>(number, CZonedDateTime{CDateTime(2024, 7, number - 30, 15, 40, 0), 180},
                                             CDateTime(2024, 7, 20));
-        jump->SetFallrate(Standard, 4000, 1000, 0, 0, 0);
+        jump->SetFallrate(FallrateKind::Standard, 4000, 1000, 0, 0, 0);
         jump->SetPlace("Jämijärvi");
         jump->SetAircraft("Cessna 208 Caravan");
         jump->SetType("4-way FS");
@@ -77,8 +77,8 @@ std::unique_ptr<CLogbookDoc> Logbook(std::vector<const CJump*>& added)
         jump->Recording() =
             SyntheticJump::Recording(number == 41 ? CJumpRecording::Barometric : CJumpRecording::Satellite);
         if (number == 41) {
-            jump->SetFallrateValues(
-                {Import, 4000, 1000, static_cast<int>(std::lround(SyntheticJump::FreefallTime())), 200, 55.0, 47.0});
+            jump->SetFallrateValues({FallrateKind::Import, 4000, 1000,
+                                     static_cast<int>(std::lround(SyntheticJump::FreefallTime())), 200, 55.0, 47.0});
         } else {
             jump->SetNote("<p>Exit <b>on time</b>, <i>clean</i> break-off.</p><ul><li>track 10 s</li></ul>");
             jump->SetSignature("Mikko Virtanen, D-1187", {wave, {{60, 80}, {180, 82}}});

@@ -93,7 +93,7 @@ private slots:
         dlg.accept();
         QCOMPARE(dlg.result(), int(QDialog::Accepted));
         QVERIFY(dlg.Edit().Apply(units, &store, *doc));
-        QCOMPARE(doc->GetSettings().FallrateSpeed(2), 55.5);
+        QCOMPARE(doc->GetSettings().FallrateSpeed(FallrateKind::Custom), 55.5);
         QCOMPARE(doc->GetSettings().GetPreviousDelay(), padSeconds);
     }
 

@@ -46,12 +46,12 @@ struct CEditorHarness
         for (int number : {1, 2}) {
             auto jump = std::make_unique<CJump>(number, CZonedDateTime{CDateTime(2024, 5, number, 12, 0, 0), 0},
                                                 CDateTime(2024, 5, number));
-            jump->SetFallrate(Standard, 4000, 1000, 0, 0, 0);
+            jump->SetFallrate(FallrateKind::Standard, 4000, 1000, 0, 0, 0);
             jumps[number - 1] = doc.AddJump(std::move(jump));
         }
         if (imported)
             Change(1, [](CJump& jump) {
-                jump.SetFallrateValues({Import, 4000, 1000,
+                jump.SetFallrateValues({FallrateKind::Import, 4000, 1000,
                                         static_cast<int>(std::lround(SyntheticJump::FreefallTime())), 200, 55.0, 47.0});
             });
         if (kind != CJumpRecording::None)
@@ -219,7 +219,7 @@ private slots:
         QTest::keyClicks(exit, QStringLiteral("3000"));
         editor.Tabs()->setCurrentIndex(CJumpEdit::PageFallrate);
         QCOMPARE(editor.ActiveIndex(), int(CJumpEdit::PageFallrate));
-        const double speed = h.doc.GetSettings().FallrateSpeed(Standard);
+        const double speed = h.doc.GetSettings().FallrateSpeed(FallrateKind::Standard);
         QCOMPARE(delay->value(), int(std::lround(CJump::ComputeFreefallTime(2000, speed))));
         QVERIFY(delay->value() < opened);
     }
@@ -260,7 +260,7 @@ private slots:
             CDlgJump* editor = &h.Open(h.jumps[1], false);
             if (c.takenLater)
                 editor->Edit().TakeImport(SyntheticJump::Recording(CJumpRecording::Satellite),
-                                          {Import, 4000, 1000, 57, 200, 55.0, 47.0},
+                                          {FallrateKind::Import, 4000, 1000, 57, 200, 55.0, 47.0},
                                           {CDateTime(2024, 7, 20, 15, 41, 0), 180});
             editor->InitialisePages();
             QCOMPARE(editor->PageCount(), c.title.isEmpty() ? 5 : 6);
@@ -296,10 +296,10 @@ private slots:
         };
         check(true);
         auto* kind = h.Find<QComboBox>("jumpKind");
-        for (const int picked : {int(Manual), int(Import)}) {
+        for (const int picked : {int(FallrateKind::Manual), int(FallrateKind::Import)}) {
             kind->setCurrentIndex(picked);
             emit kind->activated(picked);
-            check(picked == Import);
+            check(picked == int(FallrateKind::Import));
         }
     }
 };

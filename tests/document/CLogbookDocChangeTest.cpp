@@ -41,7 +41,7 @@ void Fill(CLogbookDoc& doc)
     doc.ReplaceSettings(settings);
     for (int n : {5, 1, 3, 2}) {
         auto jump = MakeJump(n, "Zone " + std::to_string(n));
-        jump->SetFallrateValues({Custom, 3000 + 100 * n, 1000, 0, 0, 0, 0});
+        jump->SetFallrateValues({FallrateKind::Custom, 3000 + 100 * n, 1000, 0, 0, 0, 0});
         jump->SetEquipmentByIndex(n - 1);
         doc.AddJump(std::move(jump));
     }
@@ -93,7 +93,7 @@ TEST(CLogbookDocChange, EachChangeKeepsTotalsOrderAndTellsObservers)
         {"renumber past the end",
          [](CLogbookDoc& d) {
              d.ChangeJump(0, [](CJump& j) {
-                 j.SetFallrateValues({Manual, 4000, 1000, 60, 0, 0, 0});
+                 j.SetFallrateValues({FallrateKind::Manual, 4000, 1000, 60, 0, 0, 0});
                  return j.SetNumber(9);
              });
          },
@@ -170,7 +170,7 @@ TEST(CLogbookDocChange, AThrowingChangeStillLeavesTotalsRightAndIsAnnounced)
     doc.AddObserver(&log);
     EXPECT_THROW(doc.ChangeJump(1,
                                 [](CJump& j) -> bool {
-                                    j.SetFallrateValues({Manual, 9000, 1000, 100, 0, 0, 0});
+                                    j.SetFallrateValues({FallrateKind::Manual, 9000, 1000, 100, 0, 0, 0});
                                     throw std::runtime_error("disk full");
                                 }),
                  std::runtime_error);

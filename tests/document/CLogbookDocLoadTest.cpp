@@ -65,7 +65,7 @@ TEST(CLogbookDocGolden, LoadSaveKeepsEveryByteInBothContainers)
         CMemorySettingsStore store;
         CLogbookDoc doc(&store, &kClock);
         const CLoadResult loaded = doc.Load(source);
-        ASSERT_TRUE(loaded.ok) << extension << ": " << loaded.message;
+        ASSERT_TRUE(loaded.ok) << extension << ": " << loaded.message.arg1;
         ASSERT_TRUE(doc.Save(target)) << extension;
 
         const std::string raw = ReadBytes(target);
@@ -90,12 +90,13 @@ TEST(CLogbookDocGolden, LoadedValues)
     EXPECT_FALSE(doc.IsModified());
 
     const CLogbookSettings& settings = doc.GetSettings();
-    EXPECT_EQ(settings.FallrateSpeed(Custom), 48.25);
+    EXPECT_EQ(settings.FallrateSpeed(FallrateKind::Custom), 48.25);
 
     ASSERT_EQ(doc.GetJumpCount(), 5u);
     const auto& jumps = doc.GetJumps();
     for (int i = 0; i < 5; ++i)
-        EXPECT_EQ(jumps[static_cast<std::size_t>(i)]->GetFallrateKind(), i) << "jump " << i + 1;
+        EXPECT_EQ(jumps[static_cast<std::size_t>(i)]->GetFallrateKind(), static_cast<FallrateKind>(i))
+            << "jump " << i + 1;
     EXPECT_EQ(jumps[0]->GetMalfunction(), "Line twist, 50\xE2\x82\xAC repair");
     EXPECT_EQ(jumps[0]->GetEquipmentText(settings.GetEquipmentList()), "[1] Javelin Odyssey / Sabre2 / PD Reserve");
     EXPECT_EQ(jumps[0]->GetPictureName(), "pics\\jump1.jpg");
@@ -114,13 +115,14 @@ TEST(CLogbookDocGolden, LoadedValues)
 TEST(CLogbookDocLoad, RefusalsGiveTheirMessageAndAnEmptyDocument)
 {
     const std::string jump = JumpXml(1, "A", 4000, 1000);
-    const std::string notTervola(StringTable::Text(StringTable::IDS_NOT_TERVOLA));
-    const auto badVersion = [](const char* v) { return StringTable::Format(StringTable::IDS_BAD_VERSION, v); };
+    const CMessage notTervola(StringTable::IDS_NOT_TERVOLA);
+    const auto badVersion = [](const char* v) { return CMessage(StringTable::IDS_BAD_VERSION, v); };
+    const auto parserError = [](std::string detail) { return CMessage(StringTable::IDS_PARSER_ERROR, detail); };
     struct Case
     {
         std::string name;
         std::string xml;
-        std::string message;
+        CMessage message;
     };
     std::vector<Case> cases = {
         {"version 1.3", Logbook(jump, "1.3"), badVersion("1.3")},
@@ -130,8 +132,8 @@ TEST(CLogbookDocLoad, RefusalsGiveTheirMessageAndAnEmptyDocument)
         {"unknown root", R"(<logbook version="1.2"></logbook>)", notTervola},
         {"unknown element inside log", Logbook(R"(<log size="1"><entry n="1"></entry></log>)"), notTervola},
         {"jump child refused", Logbook("<log>" + jump + "<jump n=\"2\"" + kStamps + "><exit>4k</exit></jump></log>"),
-         "Parser error: Close Tag: exit, 4k"},
-        {"unclosed logbook", R"(<tvl version="1.2"><log>)" + jump, ""},
+         parserError("Close Tag: exit, 4k")},
+        {"unclosed logbook", R"(<tvl version="1.2"><log>)" + jump, {}},
         {"empty file", "", notTervola},
         {"no element at all", "Jumps 1-5\r\n", notTervola}};
     // Refused jump attributes (a negative number, no "ts", a lower-case zone, an empty "mod"): the
@@ -140,7 +142,7 @@ TEST(CLogbookDocLoad, RefusalsGiveTheirMessageAndAnEmptyDocument)
          {R"(mod="2008-05-17T14:03:00Z" n="-1" ts="2008-05-17T14:03:00Z")", R"(mod="2008-05-17T14:03:00Z" n="1")",
           R"(mod="2008-05-17T14:03:00Z" n="1" ts="2008-05-17T14:03:00z")", R"(mod="" n="1" ts="2008-05-17T14:03:00Z")"})
         cases.push_back({attributes, Logbook("<log><jump " + attributes + "></jump></log>"),
-                         "Parser error: Open Tag: jump, " + attributes});
+                         parserError("Open Tag: jump, " + attributes)});
     for (const Case& c : cases) {
         CScratchFolder folder("refusal");
         const std::string path = folder / "bad.tvl";
@@ -238,7 +240,7 @@ TEST(CLogbookDocSummary, TotalsFollowLoadAddRemoveAndChange)
 
     // Adding a jump below the last number: counted, but "Number of Jumps" stays the last number.
     auto added = std::make_unique<CJump>(20, CZonedDateTime{CDateTime(2009, 1, 1, 12, 0, 0), 0}, CDateTime(2009, 1, 1));
-    added->SetFallrateValues({Manual, 1500, 900, 30, 0, 0, 0});
+    added->SetFallrateValues({FallrateKind::Manual, 1500, 900, 30, 0, 0, 0});
     const CJump* jump20 = doc.AddJump(std::move(added));
     EXPECT_TRUE(doc.IsModified());
     EXPECT_EQ(doc.IndexOf(jump20), 1);
@@ -251,7 +253,7 @@ TEST(CLogbookDocSummary, TotalsFollowLoadAddRemoveAndChange)
 
     // Renumbering jump 20 past 500 moves it to the end and makes it the last jump.
     doc.ChangeJump(1, [](CJump& jump) {
-        jump.SetFallrateValues({Manual, 1000, 1000, 0, 0, 0, 0});
+        jump.SetFallrateValues({FallrateKind::Manual, 1000, 1000, 0, 0, 0, 0});
         return jump.SetNumber(600);
     });
     EXPECT_EQ(doc.IndexOf(jump20), 2);
@@ -271,7 +273,7 @@ TEST(CLogbookDocSummary, TotalsFollowLoadAddRemoveAndChange)
 
     // Exit below opening counts negatively in the distance.
     auto low = std::make_unique<CJump>(7, CZonedDateTime{CDateTime(2009, 1, 2), 0}, CDateTime(2009, 1, 2));
-    low->SetFallrateValues({Standard, 800, 1000, 0, 0, 0, 0});
+    low->SetFallrateValues({FallrateKind::Standard, 800, 1000, 0, 0, 0, 0});
     doc.AddJump(std::move(low));
     EXPECT_EQ(doc.GetTotalFreefallDistance(), 1800);
     EXPECT_EQ(doc.GetTotalFreefallTime(), 46);
@@ -296,7 +298,7 @@ TEST(CSummaryRows, FreefallTimeIsASigned32BitDuration)
         settings.SetPreviousDelay(previousDelay);
         doc.ReplaceSettings(settings);
         auto jump = std::make_unique<CJump>(1, CZonedDateTime{CDateTime(2009, 1, 1), 0}, CDateTime(2009, 1, 1));
-        jump->SetFallrateValues({Manual, 1500, 900, 30, 0, 0, 0});
+        jump->SetFallrateValues({FallrateKind::Manual, 1500, 900, 30, 0, 0, 0});
         doc.AddJump(std::move(jump));
         EXPECT_EQ(CSummaryRows::Build(doc, CUnitSettings(1, 0, 0))[CSummaryRows::FreefallTime].value, shown);
     }
@@ -337,7 +339,7 @@ TEST(CLogbookDocLoad, FileWithMoreJumpsThanTheBoundIsRefused)
     doc.SetJumpLimit(5);
     const CLoadResult result = doc.Load(path);
     EXPECT_FALSE(result.ok);
-    EXPECT_EQ(result.message, StringTable::Format(StringTable::IDS_PARSER_ERROR, "more than 5 jumps"));
+    EXPECT_EQ(result.message, CMessage(StringTable::IDS_PARSER_ERROR, "more than 5 jumps"));
     EXPECT_EQ(doc.GetJumpCount(), 0u);
     EXPECT_FALSE(doc.HasPath());
 }

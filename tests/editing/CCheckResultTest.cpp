@@ -1,4 +1,5 @@
 #include "editing/CCheckResult.h"
+#include "CheckText.h"
 
 #include <gtest/gtest.h>
 
@@ -16,7 +17,7 @@ TEST(CheckRange, BoundsAreInclusiveAndNamedAsWholeNumbers)
     for (const auto& c : cases) {
         const CCheckResult result = CheckRange(c.value, c.lower, c.upper, 3);
         const std::string range = std::to_string(c.lower) + " and " + std::to_string(c.upper) + ".";
-        EXPECT_EQ(result.message, c.passes ? "" : "Please enter a value between " + range) << c.value;
+        EXPECT_EQ(CheckText(result), c.passes ? "" : "Please enter a value between " + range) << c.value;
         EXPECT_EQ(result.Passed(), c.passes) << c.value;
         EXPECT_EQ(result.field, result.Passed() ? -1 : 3);
         EXPECT_EQ(result.messageId, result.Passed() ? 0 : 4009);

@@ -1,4 +1,5 @@
 #include "editing/CEquipmentEdit.h"
+#include "CheckText.h"
 #include "document/CLogbookDoc.h"
 #include "editing/CEquipmentsEdit.h"
 #include "model/CEquipment.h"
@@ -20,13 +21,19 @@ TEST(EquipmentEdit, ChecksInOrderAndNamesTheField)
         void (*spoil)(CEquipmentEdit&);
         int field;
         const char* says;
+        CheckSeverity severity; // a missing value is an error, one out of range a warning
     } cases[] = {
-        {"previous jumps below", [](auto& e) { e.previousJumps = -1; }, E::PreviousJumps, "0 and 99999."},
-        {"previous jumps above", [](auto& e) { e.previousJumps = 100000, e.harness = ""; }, E::PreviousJumps, "99999."},
-        {"blank harness", [](auto& e) { e.harness = "   ", e.mainCanopy = ""; }, E::Harness, "a harness."},
-        {"blank main", [](auto& e) { e.mainCanopy = " \t ", e.mainSize = 5000; }, E::MainCanopy, "a main canopy."},
-        {"main size 1000", [](auto& e) { e.mainSize = 1000, e.reserveSize = -1; }, E::MainSize, "0 and 999."},
-        {"reserve size -1", [](auto& e) { e.reserveSize = -1; }, E::ReserveSize, "0 and 999."},
+        {"previous jumps below", [](auto& e) { e.previousJumps = -1; }, E::PreviousJumps, "0 and 99999.",
+         CheckSeverity::Warning},
+        {"previous jumps above", [](auto& e) { e.previousJumps = 100000, e.harness = ""; }, E::PreviousJumps, "99999.",
+         CheckSeverity::Warning},
+        {"blank harness", [](auto& e) { e.harness = "   ", e.mainCanopy = ""; }, E::Harness, "a harness.",
+         CheckSeverity::Error},
+        {"blank main", [](auto& e) { e.mainCanopy = " \t ", e.mainSize = 5000; }, E::MainCanopy, "a main canopy.",
+         CheckSeverity::Error},
+        {"main size 1000", [](auto& e) { e.mainSize = 1000, e.reserveSize = -1; }, E::MainSize, "0 and 999.",
+         CheckSeverity::Warning},
+        {"reserve size -1", [](auto& e) { e.reserveSize = -1; }, E::ReserveSize, "0 and 999.", CheckSeverity::Warning},
     };
     for (const auto& c : cases) {
         CEquipmentEdit edit;
@@ -35,7 +42,8 @@ TEST(EquipmentEdit, ChecksInOrderAndNamesTheField)
         c.spoil(edit);
         const CCheckResult result = edit.Validate();
         EXPECT_EQ(result.field, c.field) << c.name;
-        EXPECT_NE(result.message.find(c.says), std::string::npos) << c.name << ": " << result.message;
+        EXPECT_EQ(result.severity, c.severity) << c.name;
+        EXPECT_NE(CheckText(result).find(c.says), std::string::npos) << c.name << ": " << CheckText(result);
     }
 }
 

@@ -1,4 +1,5 @@
 #include "editing/CJumpEdit.h"
+#include "CheckText.h"
 
 #include "document/CLogbookDoc.h"
 #include "document/IClock.h"
@@ -44,7 +45,7 @@ protected:
     {
         auto jump = std::make_unique<CJump>(number, CZonedDateTime{CDateTime(2024, 5, number, 14, 5, 0), 120},
                                             CDateTime(2024, 5, number));
-        jump->SetFallrate(Standard, exit, open, 0, 0, 0);
+        jump->SetFallrate(FallrateKind::Standard, exit, open, 0, 0, 0);
         jump->SetPlace(place);
         jump->SetLanding("Soft");
         return doc.AddJump(std::move(jump));
@@ -80,22 +81,24 @@ TEST_F(JumpEditTest, NewJumpDefaults)
     CLogbookDoc empty;
     const CJumpValues first = CJumpEdit(empty, units, &store, clock, nullptr).Values();
     EXPECT_EQ(std::tie(first.number, first.exitHeight, first.kind, first.landing),
-              std::make_tuple(1, 0, Standard, "OK"));
+              std::make_tuple(1, 0, FallrateKind::Standard, "OK"));
     EXPECT_EQ(first.date, kNow.DateOnly());
     EXPECT_FALSE(first.noTime);
     EXPECT_TRUE(first.noWind); // nothing to take over
 
-    ChangeLast([](CJump& jump) { jump.SetFallrateValues(CJumpFallrate{Import, 3900, 900, 61, 0, 55.5, 48.0}); });
+    ChangeLast([](CJump& jump) {
+        jump.SetFallrateValues(CJumpFallrate{FallrateKind::Import, 3900, 900, 61, 0, 55.5, 48.0});
+    });
     ChangeLast([](CJump& jump) { jump.SetNoteText("From the logger"); });
     CJumpValues v = Edit(nullptr)->Values();
-    EXPECT_EQ(std::tie(v.number, v.kind, v.note), std::make_tuple(12, Standard, ""));
+    EXPECT_EQ(std::tie(v.number, v.kind, v.note), std::make_tuple(12, FallrateKind::Standard, ""));
     EXPECT_EQ(std::tie(v.place, v.landing), std::make_tuple("Kemi", "OK"));
 
-    ChangeLast([](CJump& jump) { jump.SetFallrate(Manual, 4000, 1000, 47, 60.4, 50.6); });
+    ChangeLast([](CJump& jump) { jump.SetFallrate(FallrateKind::Manual, 4000, 1000, 47, 60.4, 50.6); });
     ChangeLast([](CJump& jump) { jump.SetWind(270, 5.0); });
     ChangeLast([](CJump& jump) { jump.SetNoteText("Line 1\r\nLine 2"); });
     v = Edit(nullptr)->Values();
-    EXPECT_EQ(v.kind, Manual);
+    EXPECT_EQ(v.kind, FallrateKind::Manual);
     EXPECT_EQ(std::tie(v.delay, v.vMax, v.vAvg), std::make_tuple(47, 60, 51));
     // 5 m/s in knots, the metric display wind unit.
     EXPECT_EQ(std::tie(v.windSpeed, v.windDirection), std::make_tuple(10, 270));
@@ -135,8 +138,10 @@ TEST_F(JumpEditTest, ChecksNameTheirMessageBoundsAndField)
         {"no rig 7", [](auto& v) { v.equipment = "[7] Javelin / Sabre"; }, 4013, E::FieldEquipment, ""},
         {"rig number, other text", [](auto& v) { v.equipment = "[2] Javelin"; }, 4013, E::FieldEquipment, ""},
         {"unclosed bracket is free text", [](auto& v) { v.equipment = "[2 Javelin"; }, 0, -1, ""},
-        {"manual delay", [](auto& v) { v.kind = Manual, v.delay = 201; }, 4009, E::FieldDelay, "0 and 200."},
-        {"manual speed", [](auto& v) { v.kind = Manual, v.vAvg = 1001; }, 4009, E::FieldVAvg, "0 and 1000."},
+        {"manual delay", [](auto& v) { v.kind = FallrateKind::Manual, v.delay = 201; }, 4009, E::FieldDelay,
+         "0 and 200."},
+        {"manual speed", [](auto& v) { v.kind = FallrateKind::Manual, v.vAvg = 1001; }, 4009, E::FieldVAvg,
+         "0 and 1000."},
         {"computed kinds ignore the speeds", [](auto& v) { v.delay = 999, v.vMax = -1; }, 0, -1, ""},
         {"wind of zero", [](auto& v) { v.noWind = false, v.windSpeed = 0; }, 4009, E::FieldWind, "1 and 99."},
         {"direction", [](auto& v) { v.noWind = false, v.windSpeed = 5, v.windDirection = 360; }, 4009,
@@ -156,7 +161,7 @@ TEST_F(JumpEditTest, ChecksNameTheirMessageBoundsAndField)
         const CCheckResult result = edit->ValidateAll(&page);
         EXPECT_EQ(result.messageId, c.messageId);
         EXPECT_EQ(result.field, c.field);
-        EXPECT_NE(result.message.find(c.bounds), std::string::npos) << result.message;
+        EXPECT_NE(CheckText(result).find(c.bounds), std::string::npos) << CheckText(result);
         EXPECT_EQ(page, result.Passed() ? CJumpEdit::PageCount : CJumpEdit::PageOf(result.field));
     }
 }
@@ -181,11 +186,11 @@ TEST_F(JumpEditTest, UntouchedNewJumpPassesItsOwnChecks)
         {"last jump with wind", false, 1, 1, [](CJump& j) { j.SetWind(90, 4.0); }, false, false},
         {"wind there but None remembered", false, 1, 0, [](CJump& j) { j.SetWind(90, 4.0); }, true, true},
         {"a breeze that rounds to 0", false, 1, 1, [](CJump& j) { j.SetWind(90, 0.2); }, true, false},
-        {"last jump manual", false, 1, 1, [](CJump& j) { j.SetFallrate(Manual, 4000, 1000, 50, 60.5, 50.2); }, true,
-         true},
+        {"last jump manual", false, 1, 1,
+         [](CJump& j) { j.SetFallrate(FallrateKind::Manual, 4000, 1000, 50, 60.5, 50.2); }, true, true},
         {"last jump imported", false, 1, 1,
          [](CJump& j) {
-             j.SetFallrateValues(CJumpFallrate{Import, 3900, 900, 61, 0, 55.5, 48.0});
+             j.SetFallrateValues(CJumpFallrate{FallrateKind::Import, 3900, 900, 61, 0, 55.5, 48.0});
          },
          false, true},
     };
@@ -200,7 +205,7 @@ TEST_F(JumpEditTest, UntouchedNewJumpPassesItsOwnChecks)
         }
         ChangeLast([&](CJump& jump) {
             jump.SetWind(0, 0.0);
-            jump.SetFallrate(Standard, 4000, 1200, 0, 0, 0);
+            jump.SetFallrate(FallrateKind::Standard, 4000, 1200, 0, 0, 0);
             if (c.lastJump)
                 c.lastJump(jump);
         });
@@ -208,7 +213,7 @@ TEST_F(JumpEditTest, UntouchedNewJumpPassesItsOwnChecks)
         CJumpEdit edit(logbook, units, &store, clock, nullptr);
         EXPECT_EQ(edit.Values().noWind, c.noWind);
         const int number = logbook.GetLastJump() ? logbook.GetLastJump()->GetNumber() + 1 : 1;
-        ASSERT_TRUE(edit.ValidateAll().Passed()) << edit.ValidateAll().message;
+        ASSERT_TRUE(edit.ValidateAll().Passed()) << CheckText(edit.ValidateAll());
         const CJumpEdit::ApplyResult result = edit.Apply();
         ASSERT_TRUE(result.ok && result.jump);
         EXPECT_EQ(result.jump->GetNumber(), number);
@@ -252,7 +257,7 @@ TEST_F(JumpEditTest, DetailsCheckRecomputesTheFallRate)
     const int before = edit->Values().delay;
     edit->Values().exitHeight = 3000;
     ASSERT_TRUE(edit->Validate(CJumpEdit::PageDetails).Passed());
-    const double speed = doc.GetSettings().FallrateSpeed(Standard);
+    const double speed = doc.GetSettings().FallrateSpeed(FallrateKind::Standard);
     EXPECT_EQ(edit->Values().delay, static_cast<int>(std::lround(CJump::ComputeFreefallTime(1800, speed))));
     EXPECT_LT(edit->Values().delay, before);
 }
@@ -264,18 +269,18 @@ TEST_F(JumpEditTest, StoredValuesOutsideTheRangesPassUntouched)
     ChangeLast([](CJump& jump) {
         jump.SetNumber(123456);
         jump.SetSize(1500);
-        jump.SetFallrate(Manual, 4000, 1000, 250, 60, 50);
+        jump.SetFallrate(FallrateKind::Manual, 4000, 1000, 250, 60, 50);
         jump.SetWind(500, 80.0);
     });
     auto edit = Edit(last);
     EXPECT_EQ(edit->Values().number, 123456);
-    EXPECT_TRUE(edit->ValidateAll().Passed()) << edit->ValidateAll().message;
+    EXPECT_TRUE(edit->ValidateAll().Passed()) << CheckText(edit->ValidateAll());
     EXPECT_FALSE(edit->Apply().changed);
     EXPECT_FALSE(doc.IsModified());
 
     edit = Edit(last);
     edit->Values().number = 123457;
-    EXPECT_EQ(edit->ValidateAll().message, "Please enter a value between 1 and 99999.");
+    EXPECT_EQ(CheckText(edit->ValidateAll()), "Please enter a value between 1 and 99999.");
 
     ChangeLast([](CJump& jump) { jump.SetTimestamp({CDateTime(), 0}); });
     edit = Edit(last);
@@ -286,7 +291,7 @@ TEST_F(JumpEditTest, StoredValuesOutsideTheRangesPassUntouched)
 
 TEST_F(JumpEditTest, UntouchedValuesKeepTheirStoredPrecision)
 {
-    ChangeLast([](CJump& jump) { jump.SetFallrate(Manual, 1234, 777, 40, 55.55, 44.44); });
+    ChangeLast([](CJump& jump) { jump.SetFallrate(FallrateKind::Manual, 1234, 777, 40, 55.55, 44.44); });
     ChangeLast([](CJump& jump) { jump.SetWind(180, 3.33); });
     auto edit = Edit(last, false);
     EXPECT_EQ(edit->Values().exitHeight, 4050); // 1234 m is 4048.6 ft
@@ -312,7 +317,7 @@ TEST_F(JumpEditTest, PickingAKindWorksOutOrRestoresDelayAndSpeeds)
     CJumpValues& v = edit->Values();
     v.exitHeight = 13000;
     v.openHeight = 3000;
-    edit->PickKind(Vertical);
+    edit->PickKind(FallrateKind::Vertical);
     EXPECT_EQ(v.vMax, 249); // 76 m/s = 249.34 ft/s
     EXPECT_EQ(v.vAvg, 249);
     EXPECT_GT(v.delay, 40); // 3048 m at 76 m/s: 40 s at full speed, more from rest
@@ -320,22 +325,24 @@ TEST_F(JumpEditTest, PickingAKindWorksOutOrRestoresDelayAndSpeeds)
 
     // Manual keeps what was typed; exit below open recomputes nothing.
     v.delay = 33;
-    edit->PickKind(Manual);
+    edit->PickKind(FallrateKind::Manual);
     EXPECT_EQ(v.delay, 33);
     v.openHeight = 14000;
-    edit->PickKind(Standard);
+    edit->PickKind(FallrateKind::Standard);
     EXPECT_EQ(v.delay, 33);
 
     // An imported jump offers Import, which brings back the recording's values.
-    ChangeLast([](CJump& jump) { jump.SetFallrateValues(CJumpFallrate{Import, 3900, 900, 61, 0, 55.5, 48.0}); });
+    ChangeLast([](CJump& jump) {
+        jump.SetFallrateValues(CJumpFallrate{FallrateKind::Import, 3900, 900, 61, 0, 55.5, 48.0});
+    });
     auto imported = Edit(last);
     ASSERT_TRUE(imported->OffersImport());
     EXPECT_TRUE(imported->IsLocked());
-    imported->PickKind(Manual);
+    imported->PickKind(FallrateKind::Manual);
     EXPECT_FALSE(imported->IsLocked());
     imported->Values().exitHeight = 1500;
     imported->Values().delay = 5;
-    imported->PickKind(Import);
+    imported->PickKind(FallrateKind::Import);
     EXPECT_EQ(imported->Values().exitHeight, 3900);
     EXPECT_EQ(imported->Values().delay, 61);
     EXPECT_EQ(imported->Values().vMax, 56);
@@ -346,11 +353,11 @@ TEST_F(JumpEditTest, TakenImportWritesRecordingAndExactValues)
     CJumpRecording track;
     track.SetKind(CJumpRecording::Satellite);
     track.AddSample(std::make_unique<CGpsSample>(3987.4, 0.0, 61.5, 23.1));
-    const CJumpFallrate fallrate{Import, 3987, 1012, 58, 212, 54.6, 51.2};
+    const CJumpFallrate fallrate{FallrateKind::Import, 3987, 1012, 58, 212, 54.6, 51.2};
     const CZonedDateTime exit{CDateTime(2024, 6, 8, 16, 42, 7), 180};
     // A new jump, an existing jump left at Import, and one switched to Manual before OK: the
     // track goes with all three, the exact values only while the kind stays Import.
-    for (const int pick : {-1, static_cast<int>(Import), static_cast<int>(Manual)}) {
+    for (const int pick : {-1, static_cast<int>(FallrateKind::Import), static_cast<int>(FallrateKind::Manual)}) {
         SCOPED_TRACE(pick);
         auto edit = Edit(pick == -1 ? nullptr : last);
         edit->TakeImport(track, fallrate, exit);
@@ -359,15 +366,15 @@ TEST_F(JumpEditTest, TakenImportWritesRecordingAndExactValues)
         EXPECT_EQ(edit->Values().exitHeight, 3990);
         // The last jump had no wind: a new imported one has none rather than a refused 0.
         EXPECT_TRUE(edit->Values().noWind);
-        if (pick == Manual)
-            edit->PickKind(Manual);
+        if (pick == static_cast<int>(FallrateKind::Manual))
+            edit->PickKind(FallrateKind::Manual);
         ASSERT_TRUE(edit->ValidateAll().Passed());
         const CJumpEdit::ApplyResult result = edit->Apply();
         ASSERT_TRUE(result.ok && result.changed && result.jump);
         EXPECT_EQ(result.jump->GetRecording(), track);
         EXPECT_EQ(result.jump->GetTimestamp(), exit);
-        if (pick == Manual)
-            EXPECT_EQ(result.jump->GetFallrateKind(), Manual);
+        if (pick == static_cast<int>(FallrateKind::Manual))
+            EXPECT_EQ(result.jump->GetFallrateKind(), FallrateKind::Manual);
         else
             EXPECT_EQ(result.jump->GetFallrate(), fallrate);
     }

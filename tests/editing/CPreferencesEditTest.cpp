@@ -1,4 +1,5 @@
 #include "editing/CPreferencesEdit.h"
+#include "CheckText.h"
 #include "document/CLogbookDoc.h"
 #include "units/CMemorySettingsStore.h"
 #include "units/CUnitSettings.h"
@@ -25,16 +26,15 @@ TEST(PreferencesEdit, LoadsTheCustomSpeedAsTenthsOfTheShownUnit)
         int units, speed;
         double mps;
         long long tenths;
-        const char* label;
+        const char* unit;
     } cases[] = {
-        {1, 0, 22.3, 223, "Custom Fallrate [m/s]"}, {1, 1, 5.0, 180, "Custom Fallrate [km/h]"},
-        {0, 0, 5.0, 164, "Custom Fallrate [ft/s]"}, {0, 1, 5.0, 112, "Custom Fallrate [mph]"},
-        {7, 3, 5.0, 180, "Custom Fallrate [km/h]"},
+        {1, 0, 22.3, 223, "m/s"}, {1, 1, 5.0, 180, "km/h"}, {0, 0, 5.0, 164, "ft/s"},
+        {0, 1, 5.0, 112, "mph"},  {7, 3, 5.0, 180, "km/h"},
     };
     for (const auto& c : cases) {
         const CPreferencesEdit edit = Loaded(c.units, c.speed, c.mps);
-        EXPECT_EQ(edit.customTenths, c.tenths) << c.label;
-        EXPECT_EQ(edit.FallrateLabel(), c.label);
+        EXPECT_EQ(edit.customTenths, c.tenths) << c.unit;
+        EXPECT_EQ(edit.FallrateUnit(), c.unit);
     }
 }
 
@@ -74,7 +74,7 @@ TEST(PreferencesEdit, OkStoresUnitsTogetherAndTheLogbookValues)
 {
     CLogbookDoc doc;
     auto jump = std::make_unique<CJump>(1, CZonedDateTime{CDateTime(2024, 1, 1), 0}, CDateTime());
-    jump->SetFallrate(Custom, 1000, 0, 0, 0, 0);
+    jump->SetFallrate(FallrateKind::Custom, 1000, 0, 0, 0, 0);
     doc.AddJump(std::move(jump));
 
     CMemorySettingsStore store;
@@ -84,7 +84,7 @@ TEST(PreferencesEdit, OkStoresUnitsTogetherAndTheLogbookValues)
     edit.glideDisplay = 1;
     // Imperial shows 22.3 m/s as 73.2 ft/s; OK without touching it keeps 22.3 exactly.
     EXPECT_FALSE(edit.Apply(units, &store, doc));
-    EXPECT_EQ(doc.GetSettings().FallrateSpeed(Custom), 22.3);
+    EXPECT_EQ(doc.GetSettings().FallrateSpeed(FallrateKind::Custom), 22.3);
     EXPECT_EQ(store.GetInt("Preferences", "DisplayGlideAs", -1), 1);
     EXPECT_EQ(store.GetInt("Preferences", "Units", -1), 0);
     EXPECT_EQ(store.GetInt("Preferences", "DisplaySpeedAs", -1), 0);
@@ -98,7 +98,7 @@ TEST(PreferencesEdit, OkStoresUnitsTogetherAndTheLogbookValues)
     EXPECT_TRUE(units.IsMetric());
     EXPECT_TRUE(units.IsPerHour());
     EXPECT_EQ(store.GetInt("Preferences", "Units", -1), 1);
-    EXPECT_DOUBLE_EQ(doc.GetSettings().FallrateSpeed(Custom), 50.0);
+    EXPECT_DOUBLE_EQ(doc.GetSettings().FallrateSpeed(FallrateKind::Custom), 50.0);
     EXPECT_EQ(doc.GetSettings().GetPreviousJumps(), 120);
     EXPECT_EQ(doc.GetSettings().GetPreviousDelay(), 3600);
     // The custom jump's freefall time follows the new speed into the totals.
@@ -111,7 +111,7 @@ TEST(PreferencesEdit, PreviousJumpsStopAt32767)
     edit.previousJumps = 32767;
     EXPECT_TRUE(edit.Validate().Passed());
     edit.previousJumps = 32768;
-    EXPECT_EQ(edit.Validate().message, "Please enter a value between 0 and 32767.");
+    EXPECT_EQ(CheckText(edit.Validate()), "Please enter a value between 0 and 32767.");
 }
 
 } // namespace

@@ -1,4 +1,5 @@
 #include "editing/CUserProfileEdit.h"
+#include "CheckText.h"
 #include "model/CLogbookSettings.h"
 
 #include <gtest/gtest.h>
@@ -43,7 +44,7 @@ TEST(UserProfileEdit, ListLimitsUseEachPagesMessage)
             const CCheckResult result = edit.ValidateList(page.list);
             EXPECT_EQ(result.Passed(), passes) << page.message << " / " << text;
             if (!passes) {
-                EXPECT_EQ(result.message, page.message);
+                EXPECT_EQ(CheckText(result), page.message);
                 EXPECT_EQ(result.field, page.field);
             }
         }

@@ -52,7 +52,7 @@ protected:
             jump.SetPlace("Utti");
             jump.SetAircraft("Skyvan");
             jump.SetType("Belly");
-            jump.SetFallrate(Custom, 4000, 1000, 0, 0, 0);
+            jump.SetFallrate(FallrateKind::Custom, 4000, 1000, 0, 0, 0);
             jump.SetLanding("Stand-up");
             jump.SetEquipmentByIndex(0);
             jump.SetNoteText("Good jump");
@@ -64,7 +64,7 @@ protected:
         });
         Add(8, [](CJump& jump) {
             jump.SetPlace("Kemi");
-            jump.SetFallrate(Manual, 3000, 900, 55, 0, 0);
+            jump.SetFallrate(FallrateKind::Manual, 3000, 900, 55, 0, 0);
             jump.SetEquipmentByIndex(1);
         });
         Add(9, [](CJump& jump) { jump.SetPlace("Oulu"); });

@@ -2,6 +2,7 @@
 // file holds them: OK without a change passes, keeps every value and leaves the logbook
 // unmodified; a value typed outside is refused with the check's own bounds.
 
+#include "CheckText.h"
 #include "document/CLogbookDoc.h"
 #include "editing/CEquipmentEdit.h"
 #include "editing/CEquipmentsEdit.h"
@@ -80,7 +81,7 @@ TEST(StoredRanges, UntouchedValuesPassAndTypedOnesAreChecked)
         EXPECT_FALSE(profile.Apply(profileCopy));
         profile.daysPrior = v.daysPrior + 1;
         if (v.daysPrior >= 365) {
-            EXPECT_EQ(profile.ValidateMembership().message, "Please enter a value between 0 and 365.");
+            EXPECT_EQ(CheckText(profile.ValidateMembership()), "Please enter a value between 0 and 365.");
         }
 
         CEquipmentsEdit equipments;
@@ -99,11 +100,11 @@ TEST(StoredRanges, UntouchedValuesPassAndTypedOnesAreChecked)
 
         equipments.inspectionCycle = v.inspectionCycle + 1;
         if (v.inspectionCycle >= 730) {
-            EXPECT_EQ(equipments.ValidateAlarm().message, "Please enter a value between 0 and 730.");
+            EXPECT_EQ(CheckText(equipments.ValidateAlarm()), "Please enter a value between 0 and 730.");
         }
         rig.previousJumps = v.rigJumps + 1;
         if (v.rigJumps >= 99999) {
-            EXPECT_EQ(rig.Validate().message, "Please enter a value between 0 and 99999.");
+            EXPECT_EQ(CheckText(rig.Validate()), "Please enter a value between 0 and 99999.");
         }
     }
 }

@@ -1,6 +1,8 @@
 #include "SyntheticTrack.h"
 #include "formats/CTrackCardScan.h"
+#include "resources/StringTable.h"
 #include "tests/common/CScratchFolder.h"
+#include "tests/common/EnglishText.h"
 
 #include <gtest/gtest.h>
 
@@ -68,12 +70,12 @@ TEST(CardScan, OffersEachNewJumpOnceAndSaysWhyTheOthersAreNot)
     {
         const char* file;
         CCardTrack::Skip skip;
-        const char* says;
+        CMessage says;
     } expected[] = {
-        {"10-20-30.CSV", CCardTrack::Skip::Twice, "the same as the one of 10-20-30.CSV"},
-        {"11-00-00.CSV", CCardTrack::Skip::NoJump, "No freefall"},
-        {"NOTES.CSV", CCardTrack::Skip::Unreadable, "binary"},
-        {"08-00-00.CSV", CCardTrack::Skip::InLogbook, "already in the logbook as jump 77"},
+        {"10-20-30.CSV", CCardTrack::Skip::Twice, {StringTable::IDS_CARD_TWICE, "10-20-30.CSV"}},
+        {"11-00-00.CSV", CCardTrack::Skip::NoJump, {StringTable::IDS_TRACK_NO_FREEFALL}},
+        {"NOTES.CSV", CCardTrack::Skip::Unreadable, {StringTable::IDS_TRACK_BINARY, {}, {}, 2}},
+        {"08-00-00.CSV", CCardTrack::Skip::InLogbook, {StringTable::IDS_CARD_IN_LOGBOOK, "77"}},
     };
     ASSERT_EQ(scan.skipped.size(), std::size(expected));
     for (const auto& e : expected) {
@@ -81,7 +83,7 @@ TEST(CardScan, OffersEachNewJumpOnceAndSaysWhyTheOthersAreNot)
         const auto it = std::find_if(scan.skipped.begin(), scan.skipped.end(),
                                      [&](const CCardTrack& t) { return t.skip == e.skip; });
         ASSERT_NE(it, scan.skipped.end());
-        EXPECT_NE(it->SkipText().find(e.says), std::string::npos) << it->SkipText();
+        EXPECT_EQ(it->SkipReason(), e.says) << EnglishText(it->SkipReason()) << " at line " << it->SkipReason().line;
     }
 
     // Cancelled before the first file: nothing read.

@@ -10,6 +10,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cctype>
 #include <string>
 #include <vector>
 
@@ -100,19 +101,34 @@ TEST(CsvJumpImport, ReadsEachRowOrSaysWhyNot)
         CsvHeightUnit units;
         int problem;
         CDateTime when;
-        int exit, open, freefall, kind;
+        int exit, open, freefall;
+        FallrateKind kind;
     } cases[] = {
-        {"7;17.05.2024;14:05;4000;1000;60;", CsvHeightUnit::Metres, 0, {2024, 5, 17, 14, 5}, 4000, 1000, 60, Manual},
-        {"7;17.05.24;2:05 PM;13000 ft;3000;1:05;", CsvHeightUnit::Feet, 0, {2024, 5, 17, 14, 5}, 3962, 914, 65, Manual},
-        {"7;2024-05-17;;4.000;1,000;;", CsvHeightUnit::Metres, 0, {2024, 5, 17}, 4000, 1000, 0, Standard},
-        {"7;31.02.2024;;4000;1000;;", CsvHeightUnit::Metres, StringTable::IDS_CSV_BAD_DATE, {}, 0, 0, 0, 0},
-        {"7;;;4000;1000;;", CsvHeightUnit::Metres, StringTable::IDS_CSV_NO_DATE, {}, 0, 0, 0, 0},
-        {"x7;17.05.2024;;4000;1000;;", CsvHeightUnit::Metres, StringTable::IDS_CSV_BAD_NUMBER, {}, 0, 0, 0, 0},
-        {"7;17.05.2024;25:00;4000;1000;;", CsvHeightUnit::Metres, StringTable::IDS_CSV_BAD_TIME, {}, 0, 0, 0, 0},
-        {"7;17.05.2024;;40000;1000;;", CsvHeightUnit::Metres, StringTable::IDS_CSV_BAD_HEIGHT, {}, 0, 0, 0, 0},
-        {"7;17.05.2024;;4000;1000;1:5x;", CsvHeightUnit::Metres, StringTable::IDS_CSV_BAD_FREEFALL, {}, 0, 0, 0, 0},
-        {"7;17.05.2024;;4000", CsvHeightUnit::Metres, StringTable::IDS_CSV_CELL_COUNT, {}, 0, 0, 0, 0},
-        {"7;17.05.2024;;4000;1000;;;extra", CsvHeightUnit::Metres, StringTable::IDS_CSV_CELL_COUNT, {}, 0, 0, 0, 0},
+        {"7;17.05.2024;14:05;4000;1000;60;",
+         CsvHeightUnit::Metres,
+         0,
+         {2024, 5, 17, 14, 5},
+         4000,
+         1000,
+         60,
+         FallrateKind::Manual},
+        {"7;17.05.24;2:05 PM;13000 ft;3000;1:05;",
+         CsvHeightUnit::Feet,
+         0,
+         {2024, 5, 17, 14, 5},
+         3962,
+         914,
+         65,
+         FallrateKind::Manual},
+        {"7;2024-05-17;;4.000;1,000;;", CsvHeightUnit::Metres, 0, {2024, 5, 17}, 4000, 1000, 0, FallrateKind::Standard},
+        {"7;31.02.2024;;4000;1000;;", CsvHeightUnit::Metres, StringTable::IDS_CSV_BAD_DATE, {}, 0, 0, 0, {}},
+        {"7;;;4000;1000;;", CsvHeightUnit::Metres, StringTable::IDS_CSV_NO_DATE, {}, 0, 0, 0, {}},
+        {"x7;17.05.2024;;4000;1000;;", CsvHeightUnit::Metres, StringTable::IDS_CSV_BAD_NUMBER, {}, 0, 0, 0, {}},
+        {"7;17.05.2024;25:00;4000;1000;;", CsvHeightUnit::Metres, StringTable::IDS_CSV_BAD_TIME, {}, 0, 0, 0, {}},
+        {"7;17.05.2024;;40000;1000;;", CsvHeightUnit::Metres, StringTable::IDS_CSV_BAD_HEIGHT, {}, 0, 0, 0, {}},
+        {"7;17.05.2024;;4000;1000;1:5x;", CsvHeightUnit::Metres, StringTable::IDS_CSV_BAD_FREEFALL, {}, 0, 0, 0, {}},
+        {"7;17.05.2024;;4000", CsvHeightUnit::Metres, StringTable::IDS_CSV_CELL_COUNT, {}, 0, 0, 0, {}},
+        {"7;17.05.2024;;4000;1000;;;extra", CsvHeightUnit::Metres, StringTable::IDS_CSV_CELL_COUNT, {}, 0, 0, 0, {}},
     };
     const CLogbookDoc empty;
     for (const auto& c : cases) {
@@ -124,10 +140,10 @@ TEST(CsvJumpImport, ReadsEachRowOrSaysWhyNot)
         const CCsvImportPlan plan = CCsvJumpImport::Plan(table, mapping, empty, kModified, 120);
         ASSERT_EQ(plan.rows.size(), 1u);
         const CCsvPlannedRow& row = plan.rows[0];
-        EXPECT_EQ(row.problem.id, c.problem) << row.problem.Text();
+        EXPECT_EQ(row.problem.id, c.problem) << row.problem.arg1;
         if (c.problem != 0) {
             EXPECT_FALSE(row.Taken());
-            EXPECT_EQ(row.problem.Text().rfind("Line 2: ", 0), 0u) << row.problem.Text();
+            EXPECT_EQ(row.problem.line, 2);
             continue;
         }
         ASSERT_TRUE(row.Taken());
@@ -152,7 +168,7 @@ void LoadFullLogbook(CLogbookDoc& doc, const CScratchFolder& dir)
     jump->SetPlace("Bad \"Quote\", Ort");
     jump->SetAircraft("Caravan;Tab\there");
     jump->SetType("RW");
-    jump->SetFallrate(Manual, 4200, 900, 62, 0, 0);
+    jump->SetFallrate(FallrateKind::Manual, 4200, 900, 62, 0, 0);
     jump->SetWind(270, 4.5);
     jump->SetEquipmentByDescription("Borrowed rig");
     jump->SetLanding("Stand-up");
@@ -163,6 +179,26 @@ void LoadFullLogbook(CLogbookDoc& doc, const CScratchFolder& dir)
     jump->SetNoteText("First line, with comma\r\nSecond \"line\" \xC3\xA4\xC3\xB6");
     doc.AddJump(std::move(jump));
     doc.SetModified(false);
+}
+
+// The fall-rate column names each kind, in any case of its letters.
+TEST(CsvJumpImport, ReadsEachFallRateKindByItsName)
+{
+    const CLogbookDoc empty;
+    for (int k = 0; k < kFallrateKindCount; ++k) {
+        const auto kind = static_cast<FallrateKind>(k);
+        std::string name(FallrateKindName(kind));
+        if (k % 2 == 1)
+            for (char& c : name)
+                c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
+        const CCsvTable table = Table("Nr;Datum;Exit;Open;Fallrate\n7;17.05.2024;4000;1000;" + name + "\n");
+        CCsvMapping mapping = CCsvJumpImport::Propose(table).mapping;
+        mapping.dates = CsvDateOrder::DayFirst;
+        const CCsvImportPlan plan = CCsvJumpImport::Plan(table, mapping, empty, kModified, 120);
+        ASSERT_EQ(plan.rows.size(), 1u);
+        ASSERT_TRUE(plan.rows[0].Taken()) << name;
+        EXPECT_EQ(plan.rows[0].jump->GetFallrateKind(), kind) << name;
+    }
 }
 
 TEST(CsvJumpImport, OwnExportReadsBackIntoAnEqualLogbook)

@@ -1,6 +1,7 @@
 #include "SyntheticTrack.h"
 #include "formats/CFlySightReader.h"
 #include "tests/common/CScratchFolder.h"
+#include "tests/common/EnglishText.h"
 
 #include <gtest/gtest.h>
 
@@ -49,7 +50,7 @@ TEST(FlySightReader, ReadsEveryLayoutByColumnName)
     for (const Case& c : cases) {
         SCOPED_TRACE(c.name);
         const CTrackReadResult read = CFlySightReader::ReadText(c.write());
-        ASSERT_TRUE(read.ok) << read.message;
+        ASSERT_TRUE(read.ok) << EnglishText(read.reason);
         EXPECT_EQ(read.track.format, c.format);
         ASSERT_EQ(read.track.fixes.size(), track.fixes.size());
         for (std::size_t i = 0; i < track.fixes.size(); i += 97) {
@@ -87,7 +88,7 @@ TEST(FlySightReader, DropsRowsWithoutA3DFixAndTheRowCutByAPowerLoss)
     for (const auto& c : cases) {
         SCOPED_TRACE(c.name);
         const CTrackReadResult read = CFlySightReader::ReadText(c.text);
-        ASSERT_TRUE(read.ok) << read.message;
+        ASSERT_TRUE(read.ok) << EnglishText(read.reason);
         EXPECT_EQ(read.track.fixes.size(), c.fixes);
         EXPECT_EQ(read.track.fixes[3].time, track.fixes[4].time);
     }
@@ -111,7 +112,7 @@ TEST(FlySightReader, RefusalsNameTheLine)
         // A damaged line in a short track: more than one in a hundred, the first one says why.
         bool damaged = false;
     } cases[] = {
-        {"empty", "\r\n\r\n", 0, "The file is empty"},
+        {"empty", "\r\n\r\n", 0, "the file is empty"},
         {"only headers", Fs1(Fixes(0)), 2, "without a single usable position fix"},
         {"FlySight 2 only headers", fs2.substr(0, fs2.find("$GNSS")), 7, "without a single usable"},
         {"binary", std::string("\x89PNG\r\n\x1a\n\0\0\0\rIHDR", 16), 2, "binary data"},
@@ -134,15 +135,14 @@ TEST(FlySightReader, RefusalsNameTheLine)
         EXPECT_FALSE(read.ok);
         EXPECT_TRUE(read.track.fixes.empty());
         EXPECT_EQ(read.line, c.line);
-        const std::string why = c.damaged ? TrackMessageText(read.firstSkip) : read.message;
+        const std::string why = EnglishText(c.damaged ? read.firstSkip : read.reason);
         EXPECT_NE(why.find(c.says), std::string::npos) << why;
         if (c.damaged) {
-            EXPECT_NE(read.message.find("data lines are damaged"), std::string::npos) << read.message;
+            EXPECT_NE(EnglishText(read.reason).find("data lines are damaged"), std::string::npos)
+                << EnglishText(read.reason);
             EXPECT_EQ(read.firstSkip.line, c.line);
         }
-        if (c.line > 0) {
-            EXPECT_EQ(read.message.rfind("Line " + std::to_string(c.line) + ": ", 0), 0u) << read.message;
-        }
+        EXPECT_EQ(read.reason.line, c.line);
     }
 }
 
@@ -183,11 +183,12 @@ TEST(FlySightReader, DamagedLinesAreSkippedUpToOneInAHundred)
     for (const auto& c : cases) {
         SCOPED_TRACE(c.name);
         const CTrackReadResult read = CFlySightReader::ReadText(c.text);
-        EXPECT_EQ(read.ok, c.ok) << read.message;
+        EXPECT_EQ(read.ok, c.ok) << EnglishText(read.reason);
         if (!c.ok) {
             EXPECT_EQ(read.skippedLines, 31);
             EXPECT_EQ(read.line, 100);
-            EXPECT_NE(read.message.find("31 of the track's 3000 data lines"), std::string::npos) << read.message;
+            EXPECT_NE(EnglishText(read.reason).find("31 of the track's 3000 data lines"), std::string::npos)
+                << EnglishText(read.reason);
             continue;
         }
         EXPECT_EQ(read.skippedAt, c.skippedAt);
@@ -198,7 +199,7 @@ TEST(FlySightReader, DamagedLinesAreSkippedUpToOneInAHundred)
     for (int i = 0; i < 30; ++i)
         thirty = Damage(thirty, 100 + 50 * i, 25, 'x');
     const CTrackReadResult read = CFlySightReader::ReadText(thirty);
-    EXPECT_TRUE(read.ok) << read.message;
+    EXPECT_TRUE(read.ok) << EnglishText(read.reason);
     EXPECT_EQ(read.skippedLines, 30);
     EXPECT_EQ(read.skippedAt.size(), CTrackReadResult::kSkippedLinesKept);
 }
@@ -230,7 +231,7 @@ TEST(FlySightReader, ReadFileTakesTheSensorFileBesideAFlySight2Track)
     std::ofstream(folder / "old.csv", std::ios::binary) << Fs1(track);
 
     const CTrackReadResult withBaro = CFlySightReader::ReadFile(folder / "TRACK.CSV");
-    ASSERT_TRUE(withBaro.ok) << withBaro.message;
+    ASSERT_TRUE(withBaro.ok) << EnglishText(withBaro.reason);
     EXPECT_EQ(withBaro.track.baro.size(), expected.size());
     const CTrackReadResult fs1 = CFlySightReader::ReadFile(folder / "old.csv");
     EXPECT_TRUE(fs1.ok && fs1.track.baro.empty());
@@ -238,7 +239,7 @@ TEST(FlySightReader, ReadFileTakesTheSensorFileBesideAFlySight2Track)
     EXPECT_TRUE(CFlySightReader::ReadFile(folder / "TRACK.CSV").ok);
     const CTrackReadResult missing = CFlySightReader::ReadFile(folder / "none.csv");
     EXPECT_FALSE(missing.ok);
-    EXPECT_NE(missing.message.find((folder / "none.csv").string()), std::string::npos);
+    EXPECT_NE(missing.reason.arg1.find((folder / "none.csv").string()), std::string::npos);
 }
 
 } // namespace

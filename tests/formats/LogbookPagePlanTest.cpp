@@ -70,7 +70,7 @@ TEST(LogbookPagePlan, RangeSelectionBringsEarlierJumpsForward)
     const CZonedDateTime when{CDateTime(2024, 5, 1, 10, 0, 0), 0};
     for (int number : {101, 102, 104, 103, 105}) {
         auto jump = std::make_unique<CJump>(number, when, when.dateTime);
-        jump->SetFallrate(Manual, 4000, 1000, number - 90, 0.0, 0.0);
+        jump->SetFallrate(FallrateKind::Manual, 4000, 1000, number - 90, 0.0, 0.0);
         doc.AddJump(std::move(jump));
     }
     struct Case

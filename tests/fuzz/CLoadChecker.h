@@ -3,6 +3,7 @@
 #include "FuzzFiles.h"
 #include "document/CLogbookDoc.h"
 #include "document/IClock.h"
+#include "resources/StringTable.h"
 
 #include <filesystem>
 #include <system_error>
@@ -33,13 +34,19 @@ public:
                                 "<exit>4000</exit><open>1000</open></jump></log></tvl>");
     }
 
+    // A load's message in English, as the tool prints it.
+    static std::string English(const CMessage& message)
+    {
+        return StringTable::Format(message.id, message.arg1, message.arg2);
+    }
+
     // Loads path (its extension decides the container) and checks the result.
     CCheckedLoad Load(const std::string& path, bool roundTrip)
     {
         const std::string before = ReadBytes(path);
         const auto filesBefore = m_folder.List();
         const CLoadResult result = m_doc.Load(path);
-        CCheckedLoad load{result.ok, result.message, m_doc.GetJumpCount(), {}, {}};
+        CCheckedLoad load{result.ok, English(result.message), m_doc.GetJumpCount(), {}, {}};
         if (ReadBytes(path) != before)
             load.problem = "the load changed the file it read";
         else if (m_folder.List() != filesBefore)
@@ -101,7 +108,7 @@ private:
             CLogbookDoc reloaded(nullptr, &m_clock);
             const CLoadResult again = reloaded.Load(names[round - 1]);
             if (!again.ok)
-                problem = "a saved logbook does not load again: " + again.message.substr(0, 300);
+                problem = "a saved logbook does not load again: " + English(again.message).substr(0, 300);
             else if (reloaded.GetJumpCount() != m_doc.GetJumpCount())
                 problem = "saving and loading again changed the number of jumps";
             else if (!reloaded.Save(names[round]))

@@ -15,7 +15,7 @@ std::string FuzzFlySight(const std::uint8_t* data, std::size_t size)
     if (read.skippedLines > read.dataLines || static_cast<std::size_t>(read.dataLines) > lines)
         return "more damaged or data lines than the text has lines";
     if (!read.ok) {
-        if (!read.track.fixes.empty() || read.message.empty())
+        if (!read.track.fixes.empty() || read.reason.Empty())
             return "a refused track kept fixes or has no message";
         return {};
     }

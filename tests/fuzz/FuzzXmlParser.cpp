@@ -169,18 +169,14 @@ private:
             m_transcript.Fail(w + " differs from a fresh decoding of its raw bytes");
     }
 
-    // Refuses the element, setting an error text in one of the two ways.
+    // Refuses the element, setting an error message with or without an argument.
     bool Refuse(CXmlParser& parser, bool byNumber)
     {
-        std::string expected = "refused by handler " + std::string(1, m_label);
-        if (byNumber) {
-            parser.SetErrorMessage(StringTable::IDS_NOT_TERVOLA);
-            expected = std::string(StringTable::Text(StringTable::IDS_NOT_TERVOLA));
-        } else {
-            parser.SetErrorMessage(expected);
-        }
+        const CMessage expected = byNumber ? CMessage{StringTable::IDS_NOT_TERVOLA}
+                                           : CXmlParser::ParserError("refused by handler " + std::string(1, m_label));
+        parser.SetErrorMessage(expected);
         if (parser.GetErrorMessage() != expected)
-            m_transcript.Fail("the error text set by a handler reads back differently");
+            m_transcript.Fail("the error message set by a handler reads back differently");
         return false;
     }
 
@@ -247,9 +243,13 @@ struct Rig
             fed = parser.Feed(block.get(), chunk);
             pos += chunk;
         } while (fed && pos < input.size());
-        return {
-            parser.Finish(),     fed, parser.GetErrorMessage(), transcript.digest, transcript.events, parser.GetDepth(),
-            parser.GetEncoding()};
+        return {parser.Finish(),
+                fed,
+                parser.GetErrorMessage().arg1,
+                transcript.digest,
+                transcript.events,
+                parser.GetDepth(),
+                parser.GetEncoding()};
     }
     Transcript transcript;
     CFuzzHandler third;

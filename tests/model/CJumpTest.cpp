@@ -44,10 +44,13 @@ TEST(CJumpWrite, ChildrenFollowTheWriterRules)
     const std::vector<CJumpSignature::Stroke> dotAndEmpty{{{0, 0}}, {}};
     const WriteCase cases[] = {
         {"fresh jump: only the fall-rate kind", [](CJump&) {}, standard},
-        {"Standard writes heights but no stored times or speeds", fallrate({Standard, 4000, 1000, 55, 120, 62.5, 50.0}),
+        {"Standard writes heights but no stored times or speeds",
+         fallrate({FallrateKind::Standard, 4000, 1000, 55, 120, 62.5, 50.0}),
          standard + "<exit>4000</exit><open>1000</open>"},
-        {"Vertical and zero heights", fallrate({Vertical, 0, 0, 55, 0, 62.5, 0}), R"(<fallrate name="Vertical"/>)"},
-        {"Manual writes delay and speeds, not canopy time", fallrate({Manual, 3500, 800, 55, 120, 61.5, 0.0}),
+        {"Vertical and zero heights", fallrate({FallrateKind::Vertical, 0, 0, 55, 0, 62.5, 0}),
+         R"(<fallrate name="Vertical"/>)"},
+        {"Manual writes delay and speeds, not canopy time",
+         fallrate({FallrateKind::Manual, 3500, 800, 55, 120, 61.5, 0.0}),
          R"(<fallrate name="Manual"/><exit>3500</exit><open>800</open><ffTime>55</ffTime><vMax>61.5</vMax>)"},
         {"wind with zero direction is written", [](CJump& j) { j.SetWind(0, 5.5); },
          standard + R"(<wind direction="0" speed="5.5"/>)"},
@@ -96,7 +99,7 @@ TEST(CJumpRead, EveryChildInAnyOrder)
     EXPECT_EQ(jump.GetAircraft(), "Otter");
     EXPECT_EQ(jump.GetType(), "RW");
     EXPECT_EQ(jump.GetNote(), "<b>");
-    EXPECT_EQ(jump.GetFallrate(), (CJumpFallrate{Manual, 4000, 1000, 50, 200, 60.5, -50.0}));
+    EXPECT_EQ(jump.GetFallrate(), (CJumpFallrate{FallrateKind::Manual, 4000, 1000, 50, 200, 60.5, -50.0}));
     EXPECT_EQ(jump.GetWind(), (CJumpWind{-90, 3.5}));
     EXPECT_EQ(jump.GetSize(), 4);
     EXPECT_EQ(jump.GetPoints(), 3);
@@ -111,16 +114,16 @@ TEST(CJumpRead, FallrateAndEquipmentAttributes)
     struct Case
     {
         std::string xml;
-        int kind;
+        FallrateKind kind;
         CJumpEquipmentRef rig;
     };
     const Case cases[] = {
-        {R"(<fallrate name="Import"/>)", Import, {}},
-        {R"(<fallrate name="Custom"/><fallrate name="custom"/>)", Custom, {}}, // case matters
-        {R"(<fallrate name="Freefly"/>)", Standard, {}},
-        {R"(<equipment n="2" description="Mine"/>)", Standard, {CJumpEquipmentRef::ByIndex, 2, {}}},
-        {R"(<equipment description="Mine"/>)", Standard, {CJumpEquipmentRef::ByDescription, 0, "Mine"}},
-        {R"(<equipment description=""/>)", Standard, {}},
+        {R"(<fallrate name="Import"/>)", FallrateKind::Import, {}},
+        {R"(<fallrate name="Custom"/><fallrate name="custom"/>)", FallrateKind::Custom, {}}, // case matters
+        {R"(<fallrate name="Freefly"/>)", FallrateKind::Standard, {}},
+        {R"(<equipment n="2" description="Mine"/>)", FallrateKind::Standard, {CJumpEquipmentRef::ByIndex, 2, {}}},
+        {R"(<equipment description="Mine"/>)", FallrateKind::Standard, {CJumpEquipmentRef::ByDescription, 0, "Mine"}},
+        {R"(<equipment description=""/>)", FallrateKind::Standard, {}},
     };
     for (const Case& c : cases) {
         CJump jump = MakeJump();
@@ -200,25 +203,26 @@ TEST(CJumpFreefall, TimeByKind)
         CJumpFallrate fallrate;
         int seconds;
     };
-    const Case cases[] = {
-        {{Standard, 4000, 1000, 99, 0, 0, 0}, 61},                                          // 60.8 s rounds up
-        {{Vertical, 4000, 1000, 99, 0, 0, 0}, 45},                                          // 44.8 s
-        {{Custom, 2000, 1000, 99, 0, 0, 0}, 46},                                            // 46.4 s
-        {{Standard, 1000, 1000, 99, 0, 0, 0}, 0},  {{Standard, 900, 1000, 99, 0, 0, 0}, 0}, // exit below opening
-        {{Manual, 4000, 1000, 55, 0, 0, 0}, 55},   {{Import, 4000, 1000, 48, 0, 0, 0}, 48},
-        {{9, 4000, 1000, 48, 0, 0, 0}, 0}};
+    const Case cases[] = {{{FallrateKind::Standard, 4000, 1000, 99, 0, 0, 0}, 61}, // 60.8 s rounds up
+                          {{FallrateKind::Vertical, 4000, 1000, 99, 0, 0, 0}, 45}, // 44.8 s
+                          {{FallrateKind::Custom, 2000, 1000, 99, 0, 0, 0}, 46},   // 46.4 s
+                          {{FallrateKind::Standard, 1000, 1000, 99, 0, 0, 0}, 0},
+                          {{FallrateKind::Standard, 900, 1000, 99, 0, 0, 0}, 0}, // exit below opening
+                          {{FallrateKind::Manual, 4000, 1000, 55, 0, 0, 0}, 55},
+                          {{FallrateKind::Import, 4000, 1000, 48, 0, 0, 0}, 48},
+                          {{static_cast<FallrateKind>(9), 4000, 1000, 48, 0, 0, 0}, 0}};
     for (const Case& c : cases) {
         CJump jump = MakeJump();
         jump.SetFallrateValues(c.fallrate);
-        EXPECT_EQ(jump.FreefallTime(settings), c.seconds) << "kind " << c.fallrate.kind;
+        EXPECT_EQ(jump.FreefallTime(settings), c.seconds) << "kind " << static_cast<int>(c.fallrate.kind);
     }
 }
 
 TEST(CJumpFallrateEdit, SetFallrateRules)
 {
-    const CJumpFallrate m{Manual, 4000, 1000, 55, 120, 61.5, 48};
-    const CJumpFallrate imp{Import, 4000, 1000, 48, 240, 75, 62};
-    const CJumpFallrate st{Standard, 4000, 1000, 0, 0, 0, 0};
+    const CJumpFallrate m{FallrateKind::Manual, 4000, 1000, 55, 120, 61.5, 48};
+    const CJumpFallrate imp{FallrateKind::Import, 4000, 1000, 48, 240, 75, 62};
+    const CJumpFallrate st{FallrateKind::Standard, 4000, 1000, 0, 0, 0, 0};
     struct Case
     {
         const char* name;
@@ -228,13 +232,29 @@ TEST(CJumpFallrateEdit, SetFallrateRules)
         CJumpFallrate after;
     };
     const Case cases[] = {
-        {"to Import: no other change", m, {Import, 1, 2, 3, 0, 4, 5}, true, {Import, 4000, 1000, 55, 120, 61.5, 48}},
-        {"Import stays Import", imp, {Import, 1, 2, 3, 0, 4, 5}, false, imp},
-        {"Manual to Standard clears times and speeds", m, {Standard, 4000, 1000, 77, 0, 70, 60}, true, st},
-        {"Standard unchanged", st, {Standard, 4000, 1000, 9, 0, 9, 9}, false, st},
-        {"Standard heights", st, {Standard, 4000, 900, 0, 0, 0, 0}, true, {Standard, 4000, 900, 0, 0, 0, 0}},
-        {"Manual sign change alone is no change", m, {Manual, 4000, 1000, 55, 0, -61.5, -48}, false, m},
-        {"keeps canopy time", m, {Manual, 4000, 1000, 56, 0, 62, 48}, true, {Manual, 4000, 1000, 56, 120, 62, 48}}};
+        {"to Import: no other change",
+         m,
+         {FallrateKind::Import, 1, 2, 3, 0, 4, 5},
+         true,
+         {FallrateKind::Import, 4000, 1000, 55, 120, 61.5, 48}},
+        {"Import stays Import", imp, {FallrateKind::Import, 1, 2, 3, 0, 4, 5}, false, imp},
+        {"Manual to Standard clears times and speeds",
+         m,
+         {FallrateKind::Standard, 4000, 1000, 77, 0, 70, 60},
+         true,
+         st},
+        {"Standard unchanged", st, {FallrateKind::Standard, 4000, 1000, 9, 0, 9, 9}, false, st},
+        {"Standard heights",
+         st,
+         {FallrateKind::Standard, 4000, 900, 0, 0, 0, 0},
+         true,
+         {FallrateKind::Standard, 4000, 900, 0, 0, 0, 0}},
+        {"Manual sign change alone is no change", m, {FallrateKind::Manual, 4000, 1000, 55, 0, -61.5, -48}, false, m},
+        {"keeps canopy time",
+         m,
+         {FallrateKind::Manual, 4000, 1000, 56, 0, 62, 48},
+         true,
+         {FallrateKind::Manual, 4000, 1000, 56, 120, 62, 48}}};
     for (const Case& c : cases) {
         CJump jump = MakeJump();
         jump.SetFallrateValues(c.before);

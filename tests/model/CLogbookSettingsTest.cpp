@@ -61,9 +61,9 @@ TEST(CLogbookSettingsRead, FixedSpeedsEmptyListItemsAndDefaults)
                         R"(<fallrate name="Vertical" speed="70.0"/></fallrates><extra>1</extra></settings>)"));
     EXPECT_EQ(settings.GetLicenses(), std::vector<std::string>{"C"});
     EXPECT_TRUE(settings.GetAwards().empty());
-    EXPECT_EQ(settings.FallrateSpeed(Standard), 52.5);
-    EXPECT_EQ(settings.FallrateSpeed(Vertical), 76.0);
-    EXPECT_EQ(settings.FallrateSpeed(Manual), 0.0);
+    EXPECT_EQ(settings.FallrateSpeed(FallrateKind::Standard), 52.5);
+    EXPECT_EQ(settings.FallrateSpeed(FallrateKind::Vertical), 76.0);
+    EXPECT_EQ(settings.FallrateSpeed(FallrateKind::Manual), 0.0);
     EXPECT_EQ(settings.GetKeyword(CLogbookSettings::VideoJump), "Video");
     EXPECT_EQ(settings.GetKeyword(4), "");
 }

@@ -116,7 +116,7 @@ private slots:
         jump->SetLanding("Zielkreuz " + longText);
         jump->SetEquipmentByDescription("Rig " + longText);
         jump->SetNoteText("First line " + longText + "\r\nsecond line");
-        jump->SetFallrate(Manual, 4500, 900, 5999, 0.0, 0.0);
+        jump->SetFallrate(FallrateKind::Manual, 4500, 900, 5999, 0.0, 0.0);
         jump->SetSignature("Maximiliane " + longText, {{{0, 0}, {400, 10}, {10, 80}}, {{5, 5}}});
         m_doc.AddJump(std::move(jump));
         // A sealed jump whose place changed after signing, with the signer's licence number.

@@ -39,7 +39,7 @@ inline void Fill(CLogbookDoc& doc)
 
     auto one = Jump(1, CDateTime(2023, 12, 31, 10, 0, 0), "Jämijärvi", "Belly");
     one->SetAircraft("Cessna 206");
-    one->SetFallrate(Standard, 1000, 800, 0, 0, 0);
+    one->SetFallrate(FallrateKind::Standard, 1000, 800, 0, 0, 0);
     one->SetEquipmentByIndex(0);
     one->SetLanding("Stand-up");
     one->SetSignature("Matti Virtanen", {});
@@ -47,7 +47,7 @@ inline void Fill(CLogbookDoc& doc)
 
     auto two = Jump(2, CDateTime(2024, 1, 1), "Skydive Spa", "Wingsuit");
     two->SetAircraft("DHC-6 Twin Otter");
-    two->SetFallrate(Manual, 4000, 1219, 95, 0, 0);
+    two->SetFallrate(FallrateKind::Manual, 4000, 1219, 95, 0, 0);
     two->SetEquipmentByIndex(1);
     two->SetWind(270, 4.5);
     two->AddImage("a.jpg", "a_t.jpg");
@@ -55,17 +55,17 @@ inline void Fill(CLogbookDoc& doc)
     two->SetMalfunction("Line twists");
 
     auto three = Jump(3, CDateTime(2024, 2, 29, 23, 59, 0), "Spa", "Wingsuit formation");
-    three->SetFallrateValues(CJumpFallrate{Import, 3048, 1220, 70, 90, 0, 0});
+    three->SetFallrateValues(CJumpFallrate{FallrateKind::Import, 3048, 1220, 70, 90, 0, 0});
     three->SetTeam("Sky Pilots & Friends");
     three->SetEquipmentByDescription("Rental rig, Navigator 240");
     three->Recording().SetKind(CJumpRecording::Satellite);
 
     auto hundred = Jump(100, CDateTime(), "Øresund Ωmega", "Freefly");
-    hundred->SetFallrate(Vertical, 3500, 1500, 0, 0, 0);
+    hundred->SetFallrate(FallrateKind::Vertical, 3500, 1500, 0, 0, 0);
     hundred->SetNoteText("12:30 Exit");
 
     auto four = Jump(400, CDateTime(2024, 5, 31), "Eloy, Arizona", "FS 4-way");
-    four->SetFallrate(Custom, 1000, 1000, 0, 0, 0);
+    four->SetFallrate(FallrateKind::Custom, 1000, 1000, 0, 0, 0);
     four->SetTeam("Team A");
 
     for (auto* jump : {&four, &one, &hundred, &two, &three})

@@ -1,4 +1,5 @@
 #include "SyntheticTrack.h"
+#include "tests/common/EnglishText.h"
 #include "tracks/CJumpDetector.h"
 
 #include <gtest/gtest.h>
@@ -33,7 +34,7 @@ TEST(JumpDetector, FindsExitOpeningAndLandingOfSyntheticJumps)
         CSyntheticTruth truth;
         const CTrack track = MakeJumpTrack(c.jump, truth);
         const CJumpDetection d = DetectJump(track.fixes);
-        ASSERT_TRUE(d.ok) << d.message;
+        ASSERT_TRUE(d.ok) << EnglishText(d.reason);
         EXPECT_EQ(d.landed, c.landed);
         // Heights are above the landing point, or above the last fix of a track ending in the air.
         const double ground = c.landed ? c.jump.ground : track.fixes.back().hMSL;
@@ -86,7 +87,7 @@ TEST(JumpDetector, TracksWithoutACompleteJump)
         SCOPED_TRACE(c.name);
         const CJumpDetection d = DetectJump(c.fixes);
         EXPECT_FALSE(d.ok);
-        EXPECT_NE(d.message.find(c.says), std::string::npos) << d.message;
+        EXPECT_NE(EnglishText(d.reason).find(c.says), std::string::npos) << EnglishText(d.reason);
     }
 }
 

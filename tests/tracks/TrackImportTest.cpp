@@ -1,6 +1,7 @@
 #include "SyntheticTrack.h"
 #include "model/CGpsSample.h"
 #include "model/CJump.h"
+#include "resources/StringTable.h"
 #include "tracks/CRecordingSeries.h"
 #include "tracks/CTrackImport.h"
 #include "tracks/RecordingDetection.h"
@@ -18,7 +19,7 @@ namespace {
 void ExpectFoundAgain(const CImportedJump& jump)
 {
     const CJumpDetection found = DetectJumpInSeries(CRecordingSeries(jump.recording));
-    ASSERT_TRUE(found.ok) << found.message;
+    ASSERT_TRUE(found.ok) << found.reason.id;
     EXPECT_NEAR(found.exitTime, 0.0, 1.5);
     EXPECT_NEAR(found.deployTime, jump.fallrate.freefallTime, 2.0);
     EXPECT_NEAR(found.exitHeight, jump.fallrate.exitHeight, 30);
@@ -36,8 +37,8 @@ TEST(TrackImport, KeepsTheJumpFromBeforeExitToLandingAtTheAskedRate)
     for (double rate : {0.0, 2.0, 1.0, 0.2}) {
         SCOPED_TRACE(rate);
         CImportedJump jump;
-        std::string message;
-        ASSERT_TRUE(BuildImportedJump(track, d, {rate}, -330, jump, message)) << message;
+        CTrackMessage reason;
+        ASSERT_TRUE(BuildImportedJump(track, d, {rate}, -330, jump, reason)) << reason.id;
         const CSampleList& samples = jump.recording.GetSamples();
         EXPECT_EQ(jump.recording.GetKind(), CJumpRecording::Satellite);
         const double span = fixes[d.landingIndex].time - (d.exitTime - kImportLeadTime);
@@ -60,8 +61,8 @@ TEST(TrackImport, KeepsTheJumpFromBeforeExitToLandingAtTheAskedRate)
         }
         EXPECT_EQ(forced, 3u);
         EXPECT_NEAR(samples[samples.size() - 1]->GetAltitude(), 0, 3);
-        EXPECT_EQ(jump.fallrate,
-                  (CJumpFallrate{Import, d.exitHeight, d.openHeight, d.freefallTime, d.canopyTime, d.vMax, d.vAvg}));
+        EXPECT_EQ(jump.fallrate, (CJumpFallrate{FallrateKind::Import, d.exitHeight, d.openHeight, d.freefallTime,
+                                                d.canopyTime, d.vMax, d.vAvg}));
         const CDateTime& t = jump.exitTime.dateTime;
         EXPECT_EQ(jump.exitTime.offsetMinutes, -330);
         EXPECT_EQ(t.Day(), 19);
@@ -79,11 +80,11 @@ TEST(TrackImport, BarometricRecordingIsZeroedAtTheLanding)
     CTrack track = MakeJumpTrack(CSyntheticJump(), truth);
     const CJumpDetection d = DetectJump(track.fixes);
     CImportedJump jump;
-    std::string message;
-    EXPECT_FALSE(BuildImportedJump(track, d, {0, true}, 0, jump, message));
-    EXPECT_EQ(message, "The track has no barometer readings.");
+    CTrackMessage reason;
+    EXPECT_FALSE(BuildImportedJump(track, d, {0, true}, 0, jump, reason));
+    EXPECT_EQ(reason, CTrackMessage(StringTable::IDS_TRACK_NO_BARO));
     WriteSensor(track, track.baro);
-    ASSERT_TRUE(BuildImportedJump(track, d, {1, true}, 0, jump, message)) << message;
+    ASSERT_TRUE(BuildImportedJump(track, d, {1, true}, 0, jump, reason)) << reason.id;
     const CSampleList& samples = jump.recording.GetSamples();
     EXPECT_EQ(jump.recording.GetKind(), CJumpRecording::Barometric);
     EXPECT_NEAR(samples[samples.size() - 1]->GetAltitude(), 0, 0.01);

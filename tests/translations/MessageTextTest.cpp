@@ -1,5 +1,5 @@
-// Messages the core composed in English come out in the user's language with the parts the core
-// put in kept as they are, and unchanged where no translation is installed.
+// The core's messages (number, arguments, line) come out in the user's language with the
+// arguments kept as they are, and in English where no translation is installed.
 
 #include "translations/MessageText.h"
 #include "resources/StringTable.h"
@@ -15,31 +15,30 @@ private slots:
     void composedMessages()
     {
         using namespace StringTable;
-        const char* const version = "The file version (9.0) can not be processed. Please install an actual version of "
-                                    "Tervola or contact support@tervola.example.org";
-        const char* const unit = "Custom Fallrate [km/h]";
-        const char* const invalid = "The file is no valid tervola file.";
-        using Row = std::tuple<const char*, int, QString>; // composed, message id (0: any), German
-        const Row rows[] = {
-            {"Please enter a value between 1 and 9.", IDS_VALUE_RANGE, "Bitte einen Wert zwischen 1 und 9 eingeben."},
-            {"Please enter a value between -50 and 50.", 0, "Bitte einen Wert zwischen -50 und 50 eingeben."},
-            {"Please enter a value between %2 and x.", IDS_VALUE_RANGE, "Bitte einen Wert zwischen %2 und x eingeben."},
-            {"Parser error: Open Tag: jump", 0, "Fehler beim Lesen der Datei: Open Tag: jump"},
-            {version, 0,
-             "Die Dateiversion (9.0) kann nicht verarbeitet werden. Bitte eine aktuelle Version von "
-             "Tervola installieren oder an support@tervola.example.org wenden."},
-            {invalid, 0, "Die Datei ist keine gültige Tervola-Datei."},
-            {unit, IDS_CUSTOM_FALLRATE, "Eigene Fallrate [km/h]"},
-            {unit, 0, unit},                      // no tail without an id
-            {"disk full", 0, "disk full"},        // no message
-            {invalid, IDS_PARSER_ERROR, invalid}, // another message than the id's
-            {"Jump", 4011, "Jump"}};              // unknown id
+        CMessage latitude(IDS_TRACK_LATITUDE, "%2", "x"); // an argument that looks like a placeholder
+        latitude.line = 12;
+        const CMessage bytes(IDS_CARD_TWICE, "caf\xC3\xA9 \xFF.CSV"); // a file name that is no UTF-8
+        using Row = std::tuple<CMessage, QString, std::string>;       // message, German, English
+        const Row rows[] = {{{IDS_VALUE_RANGE, "-50", "50"},
+                             "Bitte einen Wert zwischen -50 und 50 eingeben.",
+                             "Please enter a value between -50 and 50."},
+                            {{IDS_PARSER_ERROR, "Open Tag: jump"},
+                             "Fehler beim Lesen der Datei: Open Tag: jump",
+                             "Parser error: Open Tag: jump"},
+                            {latitude, "Zeile 12: die geografische Breite %2 liegt nicht zwischen -90 und 90 Grad.",
+                             "Line 12: the latitude %2 is outside -90 to 90 degrees."},
+                            {{IDS_TRACK_EMPTY}, "Die Datei ist leer.", "The file is empty."},
+                            {{4011}, "", ""}}; // unknown id
         QCOMPARE(CTranslations::Install(QLocale(QLocale::German, QLocale::Germany)), QStringLiteral("de"));
-        for (const auto& [composed, id, german] : rows)
-            QCOMPARE(MessageText::Translate(composed, id), german);
+        for (const auto& [message, german, english] : rows)
+            QCOMPARE(MessageText::Text(message), german);
         QCOMPARE(CTranslations::Install(QLocale(QLocale::English, QLocale::UnitedStates)), QString());
-        for (const auto& [composed, id, german] : rows)
-            QCOMPARE(MessageText::Translate(composed, id), QString::fromUtf8(composed));
+        for (const auto& [message, german, english] : rows) {
+            QCOMPARE(MessageText::Text(message), QString::fromStdString(english));
+            QCOMPARE(MessageText::Utf8(message), english);
+        }
+        // The tool's text keeps an argument's bytes as they are.
+        QCOMPARE(MessageText::Utf8(bytes), std::string("The jump is the same as the one of caf\xC3\xA9 \xFF.CSV."));
     }
 
     // Any German locale finds the German messages by number; French has no translation and stays

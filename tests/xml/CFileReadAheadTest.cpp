@@ -40,7 +40,8 @@ ParseOutcome ParseOnOneThread(const std::string& path, const std::function<void(
     gzerror(file, &error);
     ok = ok && n >= 0 && error == Z_OK;
     gzclose(file);
-    return {ok && parser.Finish(), set.log, parser.GetErrorMessage(), parser.GetDepth(), parser.GetEncoding()};
+    return {ok && parser.Finish(), set.log, ErrorText(parser.GetErrorMessage()), parser.GetDepth(),
+            parser.GetEncoding()};
 }
 
 ParseOutcome ParseWithReadAhead(const std::string& path, bool gzip,
@@ -54,7 +55,7 @@ ParseOutcome ParseWithReadAhead(const std::string& path, bool gzip,
     const bool ok = gzip ? parser.ParseGzipFile(path) : parser.ParseFile(path);
     if (identity)
         *identity = parser.GetFileIdentity();
-    return {ok, set.log, parser.GetErrorMessage(), parser.GetDepth(), parser.GetEncoding()};
+    return {ok, set.log, ErrorText(parser.GetErrorMessage()), parser.GetDepth(), parser.GetEncoding()};
 }
 
 TEST(FileChecksum, IsXxh64WhateverThePiecesTheBytesComeIn)
@@ -185,9 +186,9 @@ TEST_F(ReadAhead, AMissingFileFailsWithoutATextAndEachFileStartsAsUtf8)
     HandlerSet set;
     CXmlParser parser(&set.Root());
     for (const bool gzip : {false, true}) {
-        parser.SetErrorMessage(std::string("left over"));
+        parser.SetErrorMessage(StringTable::IDS_NOT_TERVOLA);
         EXPECT_FALSE(gzip ? parser.ParseGzipFile(m_dir / "missing") : parser.ParseFile(m_dir / "missing"));
-        EXPECT_EQ(parser.GetErrorMessage(), "");
+        EXPECT_TRUE(parser.GetErrorMessage().Empty());
     }
     EXPECT_TRUE(parser.ParseFile(Write("latin.tvl", "<?xml version=\"1.0\" encoding=\"ISO-8859-1\" ?><a>\xE9</a>")));
     EXPECT_EQ(parser.GetEncoding(), Latin1);

@@ -120,26 +120,26 @@ TEST(ParserErrors, ComposeTheParserErrorMessage)
     struct Case
     {
         const char* input;
-        const char* refuse;  // the tag the root handler refuses
-        const char* message; // the text it sets first, if any
+        const char* refuse; // the tag the root handler refuses
+        int messageId;      // the message it sets first, if any
         std::string error;
         std::string events;
     };
     const Case cases[] = {
-        {"<r><jump z=\"1\" a=\"&amp;\xC3\xA9\">t</jump></r>", "<jump", "",
+        {"<r><jump z=\"1\" a=\"&amp;\xC3\xA9\">t</jump></r>", "<jump", 0,
          "Parser error: Open Tag: jump, a=\"&amp;\xC3\x83\xC2\xA9\" z=\"1\"", "<r> | <jump z='1' a='&\xC3\xA9'>"},
-        {"<r><a\xC3\xA9>t</a\xC3\xA9></r>", "<a\xC3\xA9", "", "Parser error: Open Tag: a\xC3\xA9", "<r> | <a\xC3\xA9>"},
-        {"<r><a>t&amp;u</a><b/></r>", "</a", "", "Parser error: Close Tag: a, t&u", "<r> | <a> | </a>'t&u'"},
-        {"<r><a></a><b/></r>", "</a", "", "Parser error: Close Tag: a", "<r> | <a> | </a>''"},
-        {"<r><a/></r>", "</a", "Mine", "Mine", "<r> | </a>''"},
-        {"<r><a x=\"1\"/></r>", "<a", "No a", "No a", "<r> | <a x='1'>"},
-        {"<r><a></r>", "", "", "", "<r> | <a> | </r>''"},
+        {"<r><a\xC3\xA9>t</a\xC3\xA9></r>", "<a\xC3\xA9", 0, "Parser error: Open Tag: a\xC3\xA9", "<r> | <a\xC3\xA9>"},
+        {"<r><a>t&amp;u</a><b/></r>", "</a", 0, "Parser error: Close Tag: a, t&u", "<r> | <a> | </a>'t&u'"},
+        {"<r><a></a><b/></r>", "</a", 0, "Parser error: Close Tag: a", "<r> | <a> | </a>''"},
+        {"<r><a/></r>", "</a", StringTable::IDS_NOT_TERVOLA, "The file is no valid tervola file.", "<r> | </a>''"},
+        {"<r><a x=\"1\"/></r>", "<a", StringTable::IDS_NEED_TIME, "Please enter a time.", "<r> | <a x='1'>"},
+        {"<r><a></r>", "", 0, "", "<r> | <a> | </r>''"},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.input);
         const ParseOutcome outcome = ParseEverySplit(c.input, [&](HandlerSet& s) {
             s.Root().refuse = c.refuse;
-            s.Root().message = c.message;
+            s.Root().messageId = c.messageId;
         });
         EXPECT_FALSE(outcome.ok);
         EXPECT_EQ(outcome.error, c.error);
@@ -224,11 +224,11 @@ TEST(ParserString, ConvertsTheTextToLatin1First)
     EXPECT_EQ(parser.GetEncoding(), Utf8);
     EXPECT_EQ(log, "<n> | </n>'\t'");
 
-    // A message number stands for its text in the string table; a new parse clears it.
+    // A new parse clears the message.
     parser.SetErrorMessage(4016);
-    EXPECT_EQ(parser.GetErrorMessage(), "Parser error: %1");
+    EXPECT_EQ(parser.GetErrorMessage().id, 4016);
     EXPECT_FALSE(parser.ParseString("<n>"));
-    EXPECT_EQ(parser.GetErrorMessage(), "");
+    EXPECT_TRUE(parser.GetErrorMessage().Empty());
 }
 
 } // namespace

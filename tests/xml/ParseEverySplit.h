@@ -1,5 +1,6 @@
 #pragma once
 
+#include "resources/StringTable.h"
 #include "xml/CXmlHandler.h"
 #include "xml/CXmlParser.h"
 
@@ -50,8 +51,8 @@ struct RecordingHandler : CXmlHandler
     {
         if (tag != refuse)
             return true;
-        if (!message.empty())
-            parser.SetErrorMessage(message);
+        if (messageId != 0)
+            parser.SetErrorMessage(messageId);
         return false;
     }
 
@@ -59,7 +60,7 @@ struct RecordingHandler : CXmlHandler
     std::string& log;
     std::map<std::string, CXmlHandler*> delegates; // start tags with these names go to their handler
     std::string refuse;                            // the tag refused: "<name" a start tag, "</name" an end tag
-    std::string message;                           // the error text set before refusing, if any
+    int messageId = 0;                             // the error message set before refusing, if any
     CXmlHandler* lateDelegate = nullptr;
 };
 
@@ -72,6 +73,12 @@ struct HandlerSet
     RecordingHandler& Root() { return handlers.front(); }
     RecordingHandler& Add(const std::string& label) { return handlers.emplace_back(label, log); }
 };
+
+// A parse's error message in English, as the tool would print it.
+inline std::string ErrorText(const CMessage& error)
+{
+    return StringTable::Format(error.id, error.arg1, error.arg2);
+}
 
 // What one parse produced.
 struct ParseOutcome
@@ -107,7 +114,7 @@ inline ParseOutcome ParseInChunks(std::string_view input, std::size_t chunk, con
             break;
         buffer.assign(buffer.size(), '\xAA');
     }
-    return {parser.Finish(), set.log, parser.GetErrorMessage(), parser.GetDepth(), parser.GetEncoding()};
+    return {parser.Finish(), set.log, ErrorText(parser.GetErrorMessage()), parser.GetDepth(), parser.GetEncoding()};
 }
 
 // Parses input whole and at chunk sizes 1, 2, 3, 4, 5, 7 and 2048, expects every run to give
