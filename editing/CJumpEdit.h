@@ -103,7 +103,6 @@ public:
     CJumpEdit(CLogbookDoc& doc, const CUnitSettings& units, ISettingsStore* store, const IClock& clock,
               const CJump* jump);
 
-    bool IsNew() const { return m_jump == nullptr; }
     // A jump that carries a signature is only viewed: nothing can be edited and OK changes nothing.
     bool IsViewOnly() const { return m_viewOnly; }
     // Date, time, "None" and heights are locked when view-only or for an imported fall rate.
@@ -123,8 +122,6 @@ public:
     // and the local time of the exit: the jump gets that date, time and fall rate, locked as for
     // any imported jump, and OK writes the recording and the exact imported values into it.
     void TakeImport(CJumpRecording recording, const CJumpFallrate& fallrate, const CZonedDateTime& exitTime);
-    // True after TakeImport.
-    bool HasTakenImport() const { return m_taken.has_value(); }
     // The recording the jump will have after OK: an imported one, else the jump's own; null when
     // there is none.
     const CJumpRecording* Recording() const;
