@@ -6,6 +6,7 @@
 #include "dialogs/CDlgJumpPageSignature.h"
 #include "document/CLogbookDoc.h"
 #include "model/CJump.h"
+#include "model/JumpFields.h"
 #include "query/CJumpIndex.h"
 #include "query/CQueryParser.h"
 #include "resources/StringTable.h"
@@ -68,30 +69,30 @@ std::string NoteSortKey(const std::string& note)
     return key;
 }
 
-bool IsText(int column)
+// The field each column shows, in column order.
+constexpr JumpField kColumnFields[CJumpTableModel::ColumnCount] = {
+    JumpField::Number,    JumpField::Date,    JumpField::Time, JumpField::Place,       JumpField::Aircraft,
+    JumpField::Type,      JumpField::Exit,    JumpField::Open, JumpField::Freefall,    JumpField::Fallrate,
+    JumpField::Equipment, JumpField::Landing, JumpField::Team, JumpField::Malfunction, JumpField::Signer,
+    JumpField::Recording, JumpField::Note,    JumpField::Seal};
+
+const JumpFieldInfo& FieldOf(int column)
 {
-    using M = CJumpTableModel;
-    switch (column) {
-    case M::PlaceColumn:
-    case M::AircraftColumn:
-    case M::TypeColumn:
-    case M::RigColumn:
-    case M::LandingColumn:
-    case M::TeamColumn:
-    case M::MalfunctionColumn:
-    case M::SignerColumn:
-    case M::NoteColumn:
-        return true;
-    default:
-        return false;
-    }
+    return JumpFieldInfoOf(kColumnFields[static_cast<std::size_t>(column)]);
 }
 
+bool IsText(int column)
+{
+    return column >= 0 && column < CJumpTableModel::ColumnCount && FieldOf(column).type == JumpFieldType::Text;
+}
+
+// Numbers stand right-aligned.
 bool IsNumeric(int column)
 {
-    using M = CJumpTableModel;
-    return column == M::NumberColumn || column == M::ExitColumn || column == M::OpenColumn ||
-           column == M::FreefallColumn;
+    if (column < 0 || column >= CJumpTableModel::ColumnCount)
+        return false;
+    const JumpFieldType type = FieldOf(column).type;
+    return type == JumpFieldType::Whole || type == JumpFieldType::Height || type == JumpFieldType::Duration;
 }
 
 } // namespace
@@ -225,54 +226,53 @@ int CJumpTableModel::columnCount(const QModelIndex& parent) const
 
 QString CJumpTableModel::Text(const CJump& jump, int column) const
 {
-    const auto text = [](const std::string& value) { return QString::fromStdString(value); };
+    if (column < 0 || column >= ColumnCount)
+        return {};
+    const JumpFieldInfo& field = FieldOf(column);
+    const CLogbookSettings& settings = m_doc.GetSettings();
     const QLocale locale;
-    switch (column) {
-    case NumberColumn:
-        return QString::number(jump.GetNumber());
-    case DateColumn:
+    std::string scratch;
+    double value = 0;
+    const bool present = JumpFieldNumber(jump, field.field, settings, value);
+    switch (field.field) {
+    case JumpField::Signer:
+        if (!jump.IsSigned())
+            return {};
+        return jump.GetSignature().GetName().empty() ? tr("Signed")
+                                                     : QString::fromStdString(jump.GetSignature().GetName());
+    case JumpField::Note:
+        return QString::fromStdString(NoteFirstLine(jump));
+    case JumpField::Seal: {
+        const int id = JumpSeal::StateTextId(jump.GetSealState());
+        return id ? MessageText::Text(id) : QString();
+    }
+    default:
+        break;
+    }
+    switch (field.type) {
+    case JumpFieldType::Whole:
+        return QString::number(static_cast<int>(value));
+    case JumpFieldType::Date:
         return CDateText::ShortDate(jump.GetTimestamp().dateTime);
-    case TimeColumn: {
-        if (!jump.HasTimeOfDay())
+    case JumpFieldType::TimeOfDay: {
+        if (!present)
             return {};
         const CDateTime& t = jump.GetTimestamp().dateTime;
         return locale.toString(QTime(t.Hour(), t.Minute(), t.Second()), QLocale::ShortFormat);
     }
-    case PlaceColumn:
-        return text(jump.GetPlace());
-    case AircraftColumn:
-        return text(jump.GetAircraft());
-    case TypeColumn:
-        return text(jump.GetType());
-    case ExitColumn:
-        return locale.toString(std::lround(m_units.HeightToDisplay(jump.GetExitHeight())));
-    case OpenColumn:
-        return locale.toString(std::lround(m_units.HeightToDisplay(jump.GetOpenHeight())));
-    case FreefallColumn:
-        return text(DurationToText(jump.FreefallTime(m_doc.GetSettings()), false));
-    case FallrateColumn: {
+    case JumpFieldType::Text: {
+        const std::string_view text = JumpFieldText(jump, field.field, settings, scratch);
+        return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+    }
+    case JumpFieldType::Height:
+        return locale.toString(std::lround(m_units.HeightToDisplay(value)));
+    case JumpFieldType::Duration:
+        return QString::fromStdString(DurationToText(static_cast<int>(value), false));
+    case JumpFieldType::Kind: {
         static constexpr int kKinds[] = {StringTable::IDS_STANDARD, StringTable::IDS_VERTICAL, StringTable::IDS_CUSTOM,
                                          StringTable::IDS_MANUAL, StringTable::IDS_IMPORT};
         const int kind = static_cast<int>(jump.GetFallrateKind());
         return kind >= 0 && kind < kFallrateKindCount ? MessageText::Text(kKinds[kind]) : QString();
-    }
-    case RigColumn:
-        return text(jump.GetEquipmentText(m_doc.GetSettings().GetEquipmentList()));
-    case LandingColumn:
-        return text(jump.GetLanding());
-    case TeamColumn:
-        return text(jump.GetTeam());
-    case MalfunctionColumn:
-        return text(jump.GetMalfunction());
-    case SignerColumn:
-        if (!jump.IsSigned())
-            return {};
-        return jump.GetSignature().GetName().empty() ? tr("Signed") : text(jump.GetSignature().GetName());
-    case NoteColumn:
-        return text(NoteFirstLine(jump));
-    case SealColumn: {
-        const int id = JumpSeal::StateTextId(jump.GetSealState());
-        return id ? MessageText::Text(id) : QString();
     }
     default:
         return {};
@@ -336,128 +336,31 @@ QVariant CJumpTableModel::headerData(int section, Qt::Orientation orientation, i
         return QVariant::fromValue(Qt::AlignVCenter | (IsNumeric(section) ? Qt::AlignRight : Qt::AlignLeft));
     if (role != Qt::DisplayRole)
         return {};
-    const QString height = QString::fromUtf8(m_units.HeightLabel().data(), qsizetype(m_units.HeightLabel().size()));
-    switch (section) {
-    case NumberColumn:
-        return tr("Jump");
-    case DateColumn:
-        return tr("Date");
-    case TimeColumn:
-        return tr("Time");
-    case PlaceColumn:
-        return tr("Place");
-    case AircraftColumn:
-        return tr("Aircraft");
-    case TypeColumn:
-        return tr("Type");
-    case ExitColumn:
-        return tr("Exit [%1]").arg(height);
-    case OpenColumn:
-        return tr("Opening [%1]").arg(height);
-    case FreefallColumn:
-        return tr("Freefall");
-    case FallrateColumn:
-        return tr("Fallrate");
-    case RigColumn:
-        return tr("Rig");
-    case LandingColumn:
-        return tr("Landing");
-    case TeamColumn:
-        return tr("Team");
-    case MalfunctionColumn:
-        return tr("Malfunction");
-    case SignerColumn:
-        return tr("Signed by");
-    case RecordingColumn:
-        return tr("Recording");
-    case NoteColumn:
-        return tr("Note");
-    case SealColumn:
-        return tr("Seal");
-    default:
+    if (section < 0 || section >= ColumnCount)
         return {};
-    }
+    const JumpFieldInfo& field = FieldOf(section);
+    const QString label = MessageText::Text(field.labelId);
+    if (field.unit != JumpFieldUnit::Height)
+        return label;
+    return label.arg(QString::fromUtf8(m_units.HeightLabel().data(), qsizetype(m_units.HeightLabel().size())));
 }
 
 CJumpTableModel::SortKey CJumpTableModel::KeyOf(const CJump& jump, int column) const
 {
     SortKey key;
-    switch (column) {
-    case NumberColumn:
-        key.number = jump.GetNumber();
-        break;
-    case DateColumn: {
-        const CDateTime& t = jump.GetTimestamp().dateTime;
-        key.number = static_cast<double>(t.DayNumber());
-        break;
-    }
-    case TimeColumn: {
-        const CDateTime& t = jump.GetTimestamp().dateTime;
-        key.number = jump.HasTimeOfDay() ? t.Hour() * 3600 + t.Minute() * 60 + t.Second() : -1;
-        break;
-    }
-    case PlaceColumn:
-        key.text = Lower(jump.GetPlace());
-        break;
-    case AircraftColumn:
-        key.text = Lower(jump.GetAircraft());
-        break;
-    case TypeColumn:
-        key.text = Lower(jump.GetType());
-        break;
-    case ExitColumn:
-        key.number = jump.GetExitHeight();
-        break;
-    case OpenColumn:
-        key.number = jump.GetOpenHeight();
-        break;
-    case FreefallColumn:
-        key.number = jump.FreefallTime(m_doc.GetSettings());
-        break;
-    case FallrateColumn:
-        key.number = static_cast<int>(jump.GetFallrateKind());
-        break;
-    case RigColumn:
-        key.text = Lower(jump.GetEquipmentText(m_doc.GetSettings().GetEquipmentList()));
-        break;
-    case LandingColumn:
-        key.text = Lower(jump.GetLanding());
-        break;
-    case TeamColumn:
-        key.text = Lower(jump.GetTeam());
-        break;
-    case MalfunctionColumn:
-        key.text = Lower(jump.GetMalfunction());
-        break;
-    case SignerColumn:
+    if (column < 0 || column >= ColumnCount)
+        return key;
+    const JumpFieldInfo& field = FieldOf(column);
+    if (field.field == JumpField::Signer) {
         // Unsigned first, then by the signer's name.
         key.text = jump.IsSigned() ? "1" + Lower(jump.GetSignature().GetName()) : std::string();
-        break;
-    case RecordingColumn:
-        key.number = jump.GetRecording().IsPresent() ? jump.GetRecording().GetKind() : 0;
-        break;
-    case NoteColumn:
+    } else if (field.field == JumpField::Note) {
         key.text = NoteSortKey(jump.GetNote());
-        break;
-    case SealColumn:
-        // Unsigned, then broken seals, then signed without a seal, then intact seals.
-        switch (jump.GetSealState()) {
-        case SealState::NotSigned:
-            key.number = 0;
-            break;
-        case SealState::Changed:
-            key.number = 1;
-            break;
-        case SealState::Unsealed:
-            key.number = 2;
-            break;
-        case SealState::Intact:
-            key.number = 3;
-            break;
-        }
-        break;
-    default:
-        break;
+    } else if (field.type == JumpFieldType::Text) {
+        std::string scratch;
+        key.text = Lower(std::string(JumpFieldText(jump, field.field, m_doc.GetSettings(), scratch)));
+    } else {
+        JumpFieldNumber(jump, field.field, m_doc.GetSettings(), key.number);
     }
     return key;
 }

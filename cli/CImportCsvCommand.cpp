@@ -123,10 +123,10 @@ int CImportCsvCommand::Execute(const QCommandLineParser& parser)
 {
     const QStringList arguments = parser.positionalArguments();
     CCsvMapping overrides;
-    std::vector<std::pair<CsvField, std::string>> maps;
+    std::vector<std::pair<JumpField, std::string>> maps;
     for (const QString& map : parser.values(kMap)) {
         const qsizetype equals = map.indexOf(QLatin1Char('='));
-        CsvField field;
+        JumpField field;
         if (equals < 0 || !CCsvJumpImport::FieldFromName(map.left(equals).toStdString(), field))
             return Usage(QStringLiteral("--map needs FIELD=COLUMN with a FIELD of the list, not \"%1\"").arg(map));
         maps.emplace_back(field, map.mid(equals + 1).toStdString());
@@ -170,7 +170,7 @@ int CImportCsvCommand::Execute(const QCommandLineParser& parser)
         const int index = column.empty() ? -1 : CCsvJumpImport::ColumnOf(read.table, column);
         if (!column.empty() && index < 0) {
             CConsole::ErrLine(csvName + ": no column \"" + column + "\" for " +
-                              std::string(CCsvJumpImport::FieldName(field)) + ".");
+                              std::string(JumpFieldInfoOf(field).name) + ".");
             return Failure;
         }
         mapping[field] = index;
@@ -202,12 +202,11 @@ int CImportCsvCommand::Execute(const QCommandLineParser& parser)
         return Failure;
     }
     std::string columns;
-    for (std::size_t i = 0; i < kCsvFieldCount; ++i) {
+    for (std::size_t i = 0; i < kSpreadsheetFieldCount; ++i) {
         const int column = mapping.column[i];
         if (column >= 0)
-            columns += (columns.empty() ? "" : ", ") +
-                       std::string(CCsvJumpImport::FieldName(static_cast<CsvField>(i))) + "=" +
-                       read.table.header[static_cast<std::size_t>(column)];
+            columns += (columns.empty() ? "" : ", ") + std::string(JumpFieldInfoOf(static_cast<JumpField>(i)).name) +
+                       "=" + read.table.header[static_cast<std::size_t>(column)];
     }
     CConsole::OutLine(
         "File: " + read.table.encoding + ", separated by " +

@@ -118,7 +118,7 @@ QWidget* CDlgCsvImport::MakePreviewPage()
 
 QWidget* CDlgCsvImport::MakeColumnsPage()
 {
-    const QString names[kCsvFieldCount] = {
+    const QString names[kSpreadsheetFieldCount] = {
         tr("Jump number"),    tr("Date"),        tr("Time"),           tr("Place"),         tr("Aircraft"),
         tr("Jump type"),      tr("Exit height"), tr("Opening height"), tr("Freefall time"), tr("Fall rate"),
         tr("Wind direction"), tr("Wind speed"),  tr("Equipment"),      tr("Landing"),       tr("Team"),
@@ -133,13 +133,12 @@ QWidget* CDlgCsvImport::MakeColumnsPage()
     auto* form = new QFormLayout(inner);
     form->setRowWrapPolicy(QFormLayout::WrapLongRows);
     form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
-    for (std::size_t i = 0; i < kCsvFieldCount; ++i) {
+    for (std::size_t i = 0; i < kSpreadsheetFieldCount; ++i) {
         auto* combo = new QComboBox(inner);
-        combo->setObjectName(
-            QStringLiteral("column_%1")
-                .arg(QString::fromUtf8(
-                    CCsvJumpImport::FieldName(static_cast<CsvField>(i)).data(),
-                    static_cast<qsizetype>(CCsvJumpImport::FieldName(static_cast<CsvField>(i)).size()))));
+        combo->setObjectName(QStringLiteral("column_%1")
+                                 .arg(QString::fromUtf8(
+                                     JumpFieldInfoOf(static_cast<JumpField>(i)).name.data(),
+                                     static_cast<qsizetype>(JumpFieldInfoOf(static_cast<JumpField>(i)).name.size()))));
         combo->addItems(columns);
         combo->setCurrentIndex(m_edit.Mapping().column[i] + 1);
         combo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
@@ -147,9 +146,9 @@ QWidget* CDlgCsvImport::MakeColumnsPage()
         m_columns[i] = combo;
         form->addRow(names[i], combo);
         connect(combo, &QComboBox::currentIndexChanged, this, [this, i](int index) {
-            m_edit.SetColumn(static_cast<CsvField>(i), index - 1);
+            m_edit.SetColumn(static_cast<JumpField>(i), index - 1);
             // A column is one field's: the field that had it shows "(none)" now.
-            for (std::size_t other = 0; other < kCsvFieldCount; ++other) {
+            for (std::size_t other = 0; other < kSpreadsheetFieldCount; ++other) {
                 QSignalBlocker block(m_columns[other]);
                 m_columns[other]->setCurrentIndex(m_edit.Mapping().column[other] + 1);
             }
@@ -229,7 +228,7 @@ void CDlgCsvImport::accept()
             m_dates->setFocus();
         } else {
             m_tabs->setCurrentIndex(1);
-            m_columns[static_cast<std::size_t>(CsvField::Date)]->setFocus();
+            m_columns[static_cast<std::size_t>(JumpField::Date)]->setFocus();
         }
         return;
     }

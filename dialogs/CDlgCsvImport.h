@@ -33,7 +33,7 @@ public:
                   const QString& fileName, QWidget* parent = nullptr);
 
     QTabWidget* Tabs() const { return m_tabs; }
-    QComboBox* ColumnCombo(CsvField field) const { return m_columns[static_cast<std::size_t>(field)]; }
+    QComboBox* ColumnCombo(JumpField field) const { return m_columns[static_cast<std::size_t>(field)]; }
     QComboBox* DatesCombo() const { return m_dates; }
     QComboBox* UnitsCombo() const { return m_units; }
     // Rows whose number the logbook has: skipped (0) or replacing an unsigned jump (1).
@@ -55,7 +55,7 @@ private:
     const CUnitSettings& m_unitSettings;
     IMessageSink* m_messages;
     QTabWidget* m_tabs;
-    std::array<QComboBox*, kCsvFieldCount> m_columns{};
+    std::array<QComboBox*, kSpreadsheetFieldCount> m_columns{};
     QComboBox* m_dates = nullptr;
     QComboBox* m_units = nullptr;
     QComboBox* m_replace = nullptr;

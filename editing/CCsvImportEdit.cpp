@@ -15,7 +15,7 @@ int CCsvImportEdit::Load(std::string_view bytes)
     return 0;
 }
 
-void CCsvImportEdit::SetColumn(CsvField field, int column)
+void CCsvImportEdit::SetColumn(JumpField field, int column)
 {
     if (column >= 0) {
         for (int& other : m_mapping.column)

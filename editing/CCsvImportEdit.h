@@ -37,7 +37,7 @@ public:
     int DatesQuestion() const { return m_datesQuestion; }
 
     // A column (-1: none) for a field; a column another field had is taken from it.
-    void SetColumn(CsvField field, int column);
+    void SetColumn(JumpField field, int column);
     void SetDates(CsvDateOrder dates);
     void SetUnits(CsvHeightUnit units);
     void SetReplaceUnsigned(bool replace);

@@ -2,6 +2,7 @@
 
 #include "document/CLogbookDoc.h"
 #include "document/IClock.h"
+#include "editing/CJumpEditChecks.h"
 #include "editing/CPickList.h"
 #include "editing/TrimBlanks.h"
 #include "resources/StringTable.h"
@@ -141,6 +142,47 @@ void CJumpEdit::LoadDefaults()
     m_values.team = last->GetTeam();
     if (last->GetFallrateKind() != FallrateKind::Import && !last->NoteHasFormat())
         last->GetNoteText(m_values.note);
+}
+
+CCheckResult CJumpEdit::Validate(Page page)
+{
+    if (m_viewOnly)
+        return CCheckResult::Pass();
+    CJumpEditChecks checks(m_doc, m_jump, m_values, m_loaded);
+    switch (page) {
+    case PageDetails: {
+        CCheckResult result = checks.ValidateDetails();
+        // The computed fall rates follow the heights just read back.
+        if (result.Passed())
+            Recompute();
+        return result;
+    }
+    case PageFallrate:
+        return checks.ValidateFallrate();
+    case PageInfo:
+        return checks.ValidateInfo();
+    case PageNote:
+        if (!m_values.noteHasFormat)
+            m_values.note = StripTrailingBreaks(std::move(m_values.note));
+        return CCheckResult::Pass();
+    case PageSignature:
+        return checks.ValidateSignature();
+    default:
+        return CCheckResult::Pass();
+    }
+}
+
+CCheckResult CJumpEdit::ValidateAll(Page* failedPage)
+{
+    for (int page = PageDetails; page < PageCount; ++page) {
+        CCheckResult result = Validate(static_cast<Page>(page));
+        if (!result.Passed()) {
+            if (failedPage)
+                *failedPage = static_cast<Page>(page);
+            return result;
+        }
+    }
+    return CCheckResult::Pass();
 }
 
 CJumpEdit::PickLists CJumpEdit::BuildPickLists() const
@@ -293,7 +335,7 @@ int CJumpEdit::StepHeight(int value, int steps)
     return value;
 }
 
-bool CJumpEdit::ParseTime(std::string_view text, int& hour, int& minute, int& second)
+bool CJumpEditPages::ParseTime(std::string_view text, int& hour, int& minute, int& second)
 {
     int parts[3] = {0, 0, 0};
     int count = 0;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "editing/CCheckResult.h"
+#include "editing/CJumpEditPages.h"
 #include "editing/CJumpValues.h"
 #include "model/CJumpFallrate.h"
 #include "model/CJumpRecording.h"
@@ -21,64 +22,13 @@ class IClock;
 // offers the pick lists, recomputes the fall rate when a kind is picked, checks each page and
 // writes everything back into the jump on OK. Nothing reaches the jump or the document before
 // Apply.
-class CJumpEdit
+class CJumpEdit : public CJumpEditPages
 {
 public:
-    // The fields a failed check can name, grouped by page.
-    enum Field
-    {
-        FieldNumber,
-        FieldDate,
-        FieldTime,
-        FieldExit,
-        FieldOpen,
-        FieldEquipment,
-        FieldMalfunction,
-        FieldKind,
-        FieldDelay,
-        FieldVMax,
-        FieldVAvg,
-        FieldWind,
-        FieldDirection,
-        FieldPlace,
-        FieldAircraft,
-        FieldType,
-        FieldLanding,
-        FieldSize,
-        FieldPoints,
-        FieldTeam,
-        FieldNote,
-        FieldSigner,
-        FieldLicence,
-        FieldSignature,
-    };
-    // The pages in tab order.
-    enum Page
-    {
-        PageDetails,
-        PageFallrate,
-        PageInfo,
-        PageNote,
-        PageSignature,
-        PageCount
-    };
-
     // Where new jumps remember whether the last one had a time of day and a wind.
     static constexpr std::string_view kSection = "Jump";
     static constexpr std::string_view kHasTime = "HasTime";
     static constexpr std::string_view kHasWind = "HasWind";
-
-    // The ranges the pages check and their spinners offer.
-    static constexpr int kMaxNumber = 99999;
-    static constexpr int kSpinnerMaxNumber = 32767;
-    static constexpr int kMaxHeight = 20000;
-    static constexpr int kMaxDelay = 200;
-    static constexpr int kMaxSpeed = 1000;
-    static constexpr int kMinWind = 1;
-    static constexpr int kMaxWind = 99;
-    static constexpr int kMaxDirection = 359;
-    static constexpr int kMaxSize = 999;
-    static constexpr int kMaxPoints = 99;
 
     // The drop-down entries of the editor's combos.
     struct PickLists
@@ -103,7 +53,6 @@ public:
     CJumpEdit(CLogbookDoc& doc, const CUnitSettings& units, ISettingsStore* store, const IClock& clock,
               const CJump* jump);
 
-    bool IsNew() const { return m_jump == nullptr; }
     // A jump that carries a signature is only viewed: nothing can be edited and OK changes nothing.
     bool IsViewOnly() const { return m_viewOnly; }
     // Date, time, "None" and heights are locked when view-only or for an imported fall rate.
@@ -123,8 +72,6 @@ public:
     // and the local time of the exit: the jump gets that date, time and fall rate, locked as for
     // any imported jump, and OK writes the recording and the exact imported values into it.
     void TakeImport(CJumpRecording recording, const CJumpFallrate& fallrate, const CZonedDateTime& exitTime);
-    // True after TakeImport.
-    bool HasTakenImport() const { return m_taken.has_value(); }
     // The recording the jump will have after OK: an imported one, else the jump's own; null when
     // there is none.
     const CJumpRecording* Recording() const;
@@ -140,8 +87,6 @@ public:
     static int StepHeight(int value, int steps);
     // A typed height cut down to a multiple of ten.
     static int CutHeight(int value) { return value - value % 10; }
-    // Reads "H:MM" or "H:MM:SS"; false for anything else. An empty text is no time.
-    static bool ParseTime(std::string_view text, int& hour, int& minute, int& second);
     // "HH:MM", or "HH:MM:SS" when the seconds are not zero.
     static std::string TimeText(int hour, int minute, int second);
     // The note without its trailing line breaks.
@@ -151,8 +96,6 @@ public:
     CCheckResult Validate(Page page);
     // Every page in tab order; the first failure and its page.
     CCheckResult ValidateAll(Page* failedPage = nullptr);
-    // The page a field lies on.
-    static Page PageOf(int field);
 
     // Writes the working values into the jump through the document (a new one is created and
     // added to it), keeping the stored precision of values the user did not change. Marks the document
@@ -177,10 +120,6 @@ private:
     void LoadFallrateValues(const CJump& jump);
     int HeightToDisplay(int metres) const;
     void Recompute();
-    CCheckResult ValidateDetails();
-    CCheckResult ValidateFallrate() const;
-    CCheckResult ValidateInfo();
-    CCheckResult ValidateSignature();
     bool WriteImport(CJump& jump) const;
     void Seal(CJump& jump) const;
 

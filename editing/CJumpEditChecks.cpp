@@ -1,25 +1,12 @@
-// The jump editor's page checks and the write-back on OK.
+// The jump editor's page checks.
 
-#include "editing/CJumpEdit.h"
+#include "editing/CJumpEditChecks.h"
 
 #include "document/CLogbookDoc.h"
-#include "document/IClock.h"
 #include "editing/TrimBlanks.h"
 #include "resources/StringTable.h"
-#include "units/CUnitSettings.h"
-#include "units/ISettingsStore.h"
-#include "units/RoundValue.h"
-
-#include <exception>
-#include <memory>
-#include <stdexcept>
 
 namespace {
-
-int RoundToInt(double value)
-{
-    return static_cast<int>(RoundValue(value, RoundHalfUp, 0));
-}
 
 // Runs checks in order and stops at the first failure.
 template <typename... Checks>
@@ -32,7 +19,7 @@ CCheckResult FirstFailure(Checks&&... checks)
 
 } // namespace
 
-CJumpEdit::Page CJumpEdit::PageOf(int field)
+CJumpEditPages::Page CJumpEditPages::PageOf(int field)
 {
     if (field <= FieldMalfunction)
         return PageDetails;
@@ -45,47 +32,13 @@ CJumpEdit::Page CJumpEdit::PageOf(int field)
     return PageSignature;
 }
 
-CCheckResult CJumpEdit::Validate(Page page)
+CJumpEditChecks::CJumpEditChecks(const CLogbookDoc& doc, const CJump* jump, CJumpValues& values,
+                                 const CJumpValues& loaded)
+    : m_doc(doc), m_jump(jump), m_values(values), m_loaded(loaded)
 {
-    if (m_viewOnly)
-        return CCheckResult::Pass();
-    switch (page) {
-    case PageDetails: {
-        CCheckResult result = ValidateDetails();
-        // The computed fall rates follow the heights just read back.
-        if (result.Passed())
-            Recompute();
-        return result;
-    }
-    case PageFallrate:
-        return ValidateFallrate();
-    case PageInfo:
-        return ValidateInfo();
-    case PageNote:
-        if (!m_values.noteHasFormat)
-            m_values.note = StripTrailingBreaks(std::move(m_values.note));
-        return CCheckResult::Pass();
-    case PageSignature:
-        return ValidateSignature();
-    default:
-        return CCheckResult::Pass();
-    }
 }
 
-CCheckResult CJumpEdit::ValidateAll(Page* failedPage)
-{
-    for (int page = PageDetails; page < PageCount; ++page) {
-        CCheckResult result = Validate(static_cast<Page>(page));
-        if (!result.Passed()) {
-            if (failedPage)
-                *failedPage = static_cast<Page>(page);
-            return result;
-        }
-    }
-    return CCheckResult::Pass();
-}
-
-CCheckResult CJumpEdit::ValidateDetails()
+CCheckResult CJumpEditChecks::ValidateDetails()
 {
     CJumpValues& v = m_values;
     v.equipment = TrimBlanks(v.equipment);
@@ -130,7 +83,7 @@ CCheckResult CJumpEdit::ValidateDetails()
                         });
 }
 
-CCheckResult CJumpEdit::ValidateFallrate() const
+CCheckResult CJumpEditChecks::ValidateFallrate() const
 {
     const CJumpValues& v = m_values;
     const bool manual = v.kind == FallrateKind::Manual;
@@ -164,7 +117,7 @@ CCheckResult CJumpEdit::ValidateFallrate() const
         });
 }
 
-CCheckResult CJumpEdit::ValidateInfo()
+CCheckResult CJumpEditChecks::ValidateInfo()
 {
     CJumpValues& v = m_values;
     for (std::string* text : {&v.place, &v.aircraft, &v.type, &v.landing, &v.team})
@@ -173,7 +126,7 @@ CCheckResult CJumpEdit::ValidateInfo()
                         [&] { return CheckChangedRange(v.points, m_loaded.points, 0, kMaxPoints, FieldPoints); });
 }
 
-CCheckResult CJumpEdit::ValidateSignature()
+CCheckResult CJumpEditChecks::ValidateSignature()
 {
     m_values.signer = TrimBlanks(m_values.signer);
     m_values.signerLicence = TrimBlanks(m_values.signerLicence);
@@ -185,130 +138,4 @@ CCheckResult CJumpEdit::ValidateSignature()
     if (!noSigner && noStrokes)
         return CCheckResult::Fail(StringTable::IDS_NEED_SIGNATURE, FieldSignature);
     return CCheckResult::Pass();
-}
-
-bool CJumpEdit::WriteImport(CJump& jump) const
-{
-    if (!m_taken)
-        return false;
-    // The recording goes with the jump whatever kind was picked at the end; the imported values
-    // only while the kind is still Import (setting the kind never touches them).
-    jump.Recording() = m_taken->recording;
-    if (m_values.kind == FallrateKind::Import)
-        jump.SetFallrateValues(m_taken->fallrate);
-    return true;
-}
-
-CJumpEdit::ApplyResult CJumpEdit::Apply()
-{
-    ApplyResult result;
-    result.jump = m_jump;
-    if (m_viewOnly)
-        return result;
-
-    const CJumpValues& v = m_values;
-    CJumpEdits edits;
-    edits.number = v.number;
-    int hour = 0, minute = 0, second = 0;
-    if (!v.noTime)
-        ParseTime(TrimBlanks(v.timeText), hour, minute, second);
-    edits.timestamp.dateTime = CDateTime(v.date.Year(), v.date.Month(), v.date.Day(), hour, minute, second);
-    edits.timestamp.offsetMinutes = m_taken  ? m_taken->offsetMinutes
-                                    : m_jump ? m_jump->GetTimestamp().offsetMinutes
-                                             : m_clock.UtcOffsetMinutes();
-    edits.fallrateKind = v.kind;
-    edits.exitHeight = RoundToInt(m_units.HeightFromDisplay(v.exitHeight));
-    edits.openHeight = RoundToInt(m_units.HeightFromDisplay(v.openHeight));
-    edits.freefallTime = v.delay;
-    edits.maxSpeed = m_units.SpeedFromDisplay(v.vMax);
-    edits.avgSpeed = m_units.SpeedFromDisplay(v.vAvg);
-    edits.windDirection = v.noWind ? 0 : v.windDirection;
-    edits.windSpeed = v.noWind ? 0.0 : m_units.WindFromDisplay(v.windSpeed);
-    if (const CJump* source = m_source) {
-        // What the user left as it was loaded (from the jump itself, or from the last jump for a
-        // new one) keeps the precision it has in the file.
-        // A track taken into a new jump brings heights of its own.
-        const bool heightsTaken = m_jump || !m_taken;
-        if (heightsTaken && v.exitHeight == m_loaded.exitHeight)
-            edits.exitHeight = source->GetExitHeight();
-        if (heightsTaken && v.openHeight == m_loaded.openHeight)
-            edits.openHeight = source->GetOpenHeight();
-        if (v.kind == FallrateKind::Manual && source->GetFallrateKind() == FallrateKind::Manual &&
-            m_loaded.kind == FallrateKind::Manual) {
-            if (v.vMax == m_loaded.vMax)
-                edits.maxSpeed = source->GetMaxSpeed();
-            if (v.vAvg == m_loaded.vAvg)
-                edits.avgSpeed = source->GetAvgSpeed();
-        }
-        if (!v.noWind && !m_loaded.noWind && v.windSpeed == m_loaded.windSpeed)
-            edits.windSpeed = source->GetWind().speed;
-    }
-    edits.equipment = v.equipment;
-    edits.malfunction = v.malfunction;
-    edits.place = v.place;
-    edits.aircraft = v.aircraft;
-    edits.type = v.type;
-    edits.landing = v.landing;
-    edits.size = v.size;
-    edits.points = v.points;
-    edits.team = v.team;
-    edits.keepNote = v.noteHasFormat;
-    edits.noteText = v.note;
-    edits.signer = v.signer;
-    // A licence number belongs to a signature; without one it is dropped.
-    edits.signerLicence = v.strokes.empty() && v.signer.empty() ? std::string() : v.signerLicence;
-    edits.strokes = v.strokes;
-
-    const CDateTime now = m_clock.Now();
-    const CEquipmentList& rigs = m_doc.GetSettings().GetEquipmentList();
-    try {
-        if (m_jump) {
-            const int index = m_doc.IndexOf(m_jump);
-            if (index < 0)
-                throw std::runtime_error("The jump is no longer in the logbook.");
-            result.changed = m_doc.ChangeJump(static_cast<std::size_t>(index), [&](CJump& jump) {
-                bool changed = jump.ApplyEdits(edits, rigs);
-                changed |= WriteImport(jump);
-                if (changed) {
-                    jump.SetModified(now);
-                    Seal(jump);
-                }
-                return changed;
-            });
-        } else {
-            auto jump = std::make_unique<CJump>(v.number, edits.timestamp, now);
-            jump->ApplyEdits(edits, rigs);
-            WriteImport(*jump);
-            Seal(*jump);
-            result.jump = m_doc.AddJump(std::move(jump));
-            result.changed = true;
-            if (m_store) {
-                m_store->SetInt(kSection, kHasTime, v.noTime ? 0 : 1);
-                m_store->SetInt(kSection, kHasWind, v.noWind ? 0 : 1);
-            }
-        }
-    } catch (const std::exception& error) {
-        // A new jump went with its unique_ptr; the document kept its totals right for a jump
-        // changed half-way.
-        result.ok = false;
-        result.error = error.what();
-        result.jump = m_jump;
-        return result;
-    }
-    if (result.changed && !edits.signer.empty() && !edits.signerLicence.empty()) {
-        CLogbookSettings settings = m_doc.GetSettings();
-        if (settings.RememberSigner(edits.signer, edits.signerLicence))
-            m_doc.ReplaceSettings(settings);
-    }
-    return result;
-}
-
-void CJumpEdit::Seal(CJump& jump) const
-{
-    // Only an unsigned jump is edited, so a signature here was given in this editor: it is
-    // sealed over the jump as it now stands. A jump left without one keeps no id.
-    if (jump.IsSigned())
-        jump.Signature().SetId(JumpSeal::Compute(jump, m_doc.GetSettings()));
-    else
-        jump.Signature().Clear();
 }

@@ -2,6 +2,7 @@
 
 #include "document/CLogbookDoc.h"
 #include "formats/CTextFormat.h"
+#include "model/JumpFields.h"
 #include "units/CUnitSettings.h"
 #include "units/DurationText.h"
 
@@ -26,42 +27,56 @@ std::string CCsvExporter::Export(const CLogbookDoc& doc, std::span<const std::si
 
 std::vector<std::string> CCsvExporter::Header() const
 {
-    const std::string height = " [" + std::string(m_units.HeightLabel()) + "]";
-    return {"Number",        "Date",          "Time",          "Place",     "Aircraft",       "Type",
-            "Exit" + height, "Open" + height, "Freefall time", "Fall rate", "Wind direction", "Wind speed [m/s]",
-            "Equipment",     "Landing",       "Team",          "Size",      "Points",         "Malfunction",
-            "Signed by",     "Note"};
+    std::vector<std::string> header;
+    for (const JumpFieldInfo& info : JumpFields().first(kSpreadsheetFieldCount)) {
+        header.emplace_back(info.header);
+        if (info.unit == JumpFieldUnit::Height)
+            header.back() += " [" + std::string(m_units.HeightLabel()) + "]";
+    }
+    return header;
+}
+
+std::string CCsvExporter::Cell(const CJump& jump, const JumpFieldInfo& info, const CLogbookSettings& settings) const
+{
+    const CDateTime& when = jump.GetTimestamp().dateTime;
+    std::string scratch;
+    double value = 0;
+    const bool present = JumpFieldNumber(jump, info.field, settings, value);
+    switch (info.type) {
+    case JumpFieldType::Whole:
+        return std::to_string(static_cast<int>(value));
+    case JumpFieldType::Count:
+        return CTextFormat::CountOrEmpty(static_cast<int>(value));
+    case JumpFieldType::Date:
+        return CTextFormat::IsoDate(when);
+    case JumpFieldType::TimeOfDay:
+        return present ? CTextFormat::TimeOfDay(when) : std::string();
+    case JumpFieldType::Text:
+        return std::string(JumpFieldText(jump, info.field, settings, scratch));
+    case JumpFieldType::Height:
+        return CTextFormat::WholeNumber(m_units.HeightToDisplay(value));
+    case JumpFieldType::Duration:
+        return DurationToText(static_cast<int>(value), false);
+    case JumpFieldType::Kind:
+        return std::string(FallrateKindName(static_cast<int>(value)));
+    case JumpFieldType::Wind:
+        if (!present)
+            return {};
+        return info.unit == JumpFieldUnit::StoredWind ? CTextFormat::Decimal(value)
+                                                      : std::to_string(static_cast<int>(value));
+    case JumpFieldType::State:
+        break;
+    }
+    return {};
 }
 
 std::vector<std::string> CCsvExporter::Row(const CJump& jump, const CLogbookDoc& doc) const
 {
-    const CLogbookSettings& settings = doc.GetSettings();
-    const CDateTime& when = jump.GetTimestamp().dateTime;
-    const CJumpWind& wind = jump.GetWind();
-    std::string note;
-    jump.GetNoteText(note); // a note whose markup is broken has no plain text
-    return {
-        std::to_string(jump.GetNumber()),
-        CTextFormat::IsoDate(when),
-        jump.HasTimeOfDay() ? CTextFormat::TimeOfDay(when) : std::string(),
-        jump.GetPlace(),
-        jump.GetAircraft(),
-        jump.GetType(),
-        CTextFormat::WholeNumber(m_units.HeightToDisplay(jump.GetExitHeight())),
-        CTextFormat::WholeNumber(m_units.HeightToDisplay(jump.GetOpenHeight())),
-        DurationToText(jump.FreefallTime(settings), false),
-        std::string(FallrateKindName(jump.GetFallrateKind())),
-        wind.IsSet() ? std::to_string(wind.direction) : std::string(),
-        wind.IsSet() ? CTextFormat::Decimal(wind.speed) : std::string(),
-        jump.GetEquipmentText(settings.GetEquipmentList()),
-        jump.GetLanding(),
-        jump.GetTeam(),
-        CTextFormat::CountOrEmpty(jump.GetSize()),
-        CTextFormat::CountOrEmpty(jump.GetPoints()),
-        jump.GetMalfunction(),
-        jump.GetSignature().GetName(),
-        note,
-    };
+    std::vector<std::string> row;
+    row.reserve(kSpreadsheetFieldCount);
+    for (const JumpFieldInfo& info : JumpFields().first(kSpreadsheetFieldCount))
+        row.push_back(Cell(jump, info, doc.GetSettings()));
+    return row;
 }
 
 void CCsvExporter::AppendRow(const std::vector<std::string>& fields, std::string& out)

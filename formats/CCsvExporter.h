@@ -8,11 +8,14 @@
 
 class CJump;
 class CLogbookDoc;
+class CLogbookSettings;
+struct JumpFieldInfo;
 class CUnitSettings;
 
-// The jumps as a spreadsheet table: a header row, then one row a jump in list order. RFC 4180:
-// fields separated by commas, rows ended by CR LF, a field holding a comma, a quote, a CR or an
-// LF put in quotes with its quotes doubled; UTF-8 text. Heights appear in the display units,
+// The jumps as a spreadsheet table: a header row, then one row a jump in list order, a column for
+// each of the spreadsheet's fields (model/JumpFields.h). RFC 4180: fields separated by commas,
+// rows ended by CR LF, a field holding a comma, a quote, a CR or an LF put in quotes with its
+// quotes doubled; UTF-8 text. Heights appear in the display units,
 // rounded to whole metres or feet; wind speeds in metres per second as stored.
 class CCsvExporter
 {
@@ -35,5 +38,8 @@ public:
     static void AppendField(std::string_view field, std::string& out);
 
 private:
+    // One field's cell, written as its type says.
+    std::string Cell(const CJump& jump, const JumpFieldInfo& info, const CLogbookSettings& settings) const;
+
     const CUnitSettings& m_units;
 };

@@ -17,108 +17,104 @@ namespace {
 
 using namespace CsvCells;
 
-constexpr std::string_view kFieldNames[kCsvFieldCount] = {
-    "number",  "date",      "time",      "place",   "aircraft", "type", "exit",   "open",        "freefall", "fallrate",
-    "winddir", "windspeed", "equipment", "landing", "team",     "size", "points", "malfunction", "signedby", "note"};
-
 // Header names per field after Normalise (lower case, units and punctuation dropped). The
 // export's own names come first.
 struct Alias
 {
-    CsvField field;
+    JumpField field;
     std::string_view name;
 };
 constexpr Alias kAliases[] = {
-    {CsvField::Number, "number"},
-    {CsvField::Number, "jump"},
-    {CsvField::Number, "jump no"},
-    {CsvField::Number, "jump number"},
-    {CsvField::Number, "no"},
-    {CsvField::Number, "nr"},
-    {CsvField::Number, "nummer"},
-    {CsvField::Number, "sprung"},
-    {CsvField::Number, "sprung nr"},
-    {CsvField::Number, "sprungnummer"},
-    {CsvField::Date, "date"},
-    {CsvField::Date, "datum"},
-    {CsvField::Date, "day"},
-    {CsvField::Date, "tag"},
-    {CsvField::Time, "time"},
-    {CsvField::Time, "uhrzeit"},
-    {CsvField::Time, "zeit"},
-    {CsvField::Place, "place"},
-    {CsvField::Place, "dz"},
-    {CsvField::Place, "dropzone"},
-    {CsvField::Place, "drop zone"},
-    {CsvField::Place, "location"},
-    {CsvField::Place, "ort"},
-    {CsvField::Place, "sprungplatz"},
-    {CsvField::Aircraft, "aircraft"},
-    {CsvField::Aircraft, "plane"},
-    {CsvField::Aircraft, "airplane"},
-    {CsvField::Aircraft, "flugzeug"},
-    {CsvField::Aircraft, "maschine"},
-    {CsvField::Type, "type"},
-    {CsvField::Type, "jump type"},
-    {CsvField::Type, "sprungart"},
-    {CsvField::Type, "art"},
-    {CsvField::Type, "typ"},
-    {CsvField::Exit, "exit"},
-    {CsvField::Exit, "altitude"},
-    {CsvField::Exit, "exit altitude"},
-    {CsvField::Exit, "exit height"},
-    {CsvField::Exit, "height"},
-    {CsvField::Exit, "absprunghöhe"},
-    {CsvField::Exit, "höhe"},
-    {CsvField::Open, "open"},
-    {CsvField::Open, "deploy"},
-    {CsvField::Open, "deployment"},
-    {CsvField::Open, "opening"},
-    {CsvField::Open, "pull"},
-    {CsvField::Open, "pull altitude"},
-    {CsvField::Open, "opening altitude"},
-    {CsvField::Open, "öffnung"},
-    {CsvField::Open, "öffnungshöhe"},
-    {CsvField::Freefall, "freefall"},
-    {CsvField::Freefall, "freefall time"},
-    {CsvField::Freefall, "delay"},
-    {CsvField::Freefall, "freifall"},
-    {CsvField::Freefall, "freifallzeit"},
-    {CsvField::Fallrate, "fall rate"},
-    {CsvField::Fallrate, "fallrate"},
-    {CsvField::WindDirection, "wind direction"},
-    {CsvField::WindDirection, "windrichtung"},
-    {CsvField::WindSpeed, "wind speed"},
-    {CsvField::WindSpeed, "windgeschwindigkeit"},
-    {CsvField::Equipment, "equipment"},
-    {CsvField::Equipment, "canopy"},
-    {CsvField::Equipment, "rig"},
-    {CsvField::Equipment, "gear"},
-    {CsvField::Equipment, "schirm"},
-    {CsvField::Equipment, "ausrüstung"},
-    {CsvField::Landing, "landing"},
-    {CsvField::Landing, "landung"},
-    {CsvField::Team, "team"},
-    {CsvField::Size, "size"},
-    {CsvField::Size, "group size"},
-    {CsvField::Size, "größe"},
-    {CsvField::Points, "points"},
-    {CsvField::Points, "punkte"},
-    {CsvField::Malfunction, "malfunction"},
-    {CsvField::Malfunction, "störung"},
-    {CsvField::SignedBy, "signed by"},
-    {CsvField::SignedBy, "witness"},
-    {CsvField::SignedBy, "signature"},
-    {CsvField::SignedBy, "zeuge"},
-    {CsvField::SignedBy, "unterschrift"},
-    {CsvField::Note, "note"},
-    {CsvField::Note, "notes"},
-    {CsvField::Note, "comment"},
-    {CsvField::Note, "comments"},
-    {CsvField::Note, "remarks"},
-    {CsvField::Note, "bemerkung"},
-    {CsvField::Note, "bemerkungen"},
-    {CsvField::Note, "notiz"},
+    {JumpField::Number, "number"},
+    {JumpField::Number, "jump"},
+    {JumpField::Number, "jump no"},
+    {JumpField::Number, "jump number"},
+    {JumpField::Number, "no"},
+    {JumpField::Number, "nr"},
+    {JumpField::Number, "nummer"},
+    {JumpField::Number, "sprung"},
+    {JumpField::Number, "sprung nr"},
+    {JumpField::Number, "sprungnummer"},
+    {JumpField::Date, "date"},
+    {JumpField::Date, "datum"},
+    {JumpField::Date, "day"},
+    {JumpField::Date, "tag"},
+    {JumpField::Time, "time"},
+    {JumpField::Time, "uhrzeit"},
+    {JumpField::Time, "zeit"},
+    {JumpField::Place, "place"},
+    {JumpField::Place, "dz"},
+    {JumpField::Place, "dropzone"},
+    {JumpField::Place, "drop zone"},
+    {JumpField::Place, "location"},
+    {JumpField::Place, "ort"},
+    {JumpField::Place, "sprungplatz"},
+    {JumpField::Aircraft, "aircraft"},
+    {JumpField::Aircraft, "plane"},
+    {JumpField::Aircraft, "airplane"},
+    {JumpField::Aircraft, "flugzeug"},
+    {JumpField::Aircraft, "maschine"},
+    {JumpField::Type, "type"},
+    {JumpField::Type, "jump type"},
+    {JumpField::Type, "sprungart"},
+    {JumpField::Type, "art"},
+    {JumpField::Type, "typ"},
+    {JumpField::Exit, "exit"},
+    {JumpField::Exit, "altitude"},
+    {JumpField::Exit, "exit altitude"},
+    {JumpField::Exit, "exit height"},
+    {JumpField::Exit, "height"},
+    {JumpField::Exit, "absprunghöhe"},
+    {JumpField::Exit, "höhe"},
+    {JumpField::Open, "open"},
+    {JumpField::Open, "deploy"},
+    {JumpField::Open, "deployment"},
+    {JumpField::Open, "opening"},
+    {JumpField::Open, "pull"},
+    {JumpField::Open, "pull altitude"},
+    {JumpField::Open, "opening altitude"},
+    {JumpField::Open, "öffnung"},
+    {JumpField::Open, "öffnungshöhe"},
+    {JumpField::Freefall, "freefall"},
+    {JumpField::Freefall, "freefall time"},
+    {JumpField::Freefall, "delay"},
+    {JumpField::Freefall, "freifall"},
+    {JumpField::Freefall, "freifallzeit"},
+    {JumpField::Fallrate, "fall rate"},
+    {JumpField::Fallrate, "fallrate"},
+    {JumpField::WindDirection, "wind direction"},
+    {JumpField::WindDirection, "windrichtung"},
+    {JumpField::WindSpeed, "wind speed"},
+    {JumpField::WindSpeed, "windgeschwindigkeit"},
+    {JumpField::Equipment, "equipment"},
+    {JumpField::Equipment, "canopy"},
+    {JumpField::Equipment, "rig"},
+    {JumpField::Equipment, "gear"},
+    {JumpField::Equipment, "schirm"},
+    {JumpField::Equipment, "ausrüstung"},
+    {JumpField::Landing, "landing"},
+    {JumpField::Landing, "landung"},
+    {JumpField::Team, "team"},
+    {JumpField::Size, "size"},
+    {JumpField::Size, "group size"},
+    {JumpField::Size, "größe"},
+    {JumpField::Points, "points"},
+    {JumpField::Points, "punkte"},
+    {JumpField::Malfunction, "malfunction"},
+    {JumpField::Malfunction, "störung"},
+    {JumpField::Signer, "signed by"},
+    {JumpField::Signer, "witness"},
+    {JumpField::Signer, "signature"},
+    {JumpField::Signer, "zeuge"},
+    {JumpField::Signer, "unterschrift"},
+    {JumpField::Note, "note"},
+    {JumpField::Note, "notes"},
+    {JumpField::Note, "comment"},
+    {JumpField::Note, "comments"},
+    {JumpField::Note, "remarks"},
+    {JumpField::Note, "bemerkung"},
+    {JumpField::Note, "bemerkungen"},
+    {JumpField::Note, "notiz"},
 };
 
 // A typical exit above this many is given in feet.
@@ -231,11 +227,11 @@ bool ReadRow(const CCsvTable& table, const CCsvTable::Row& row, const CCsvMappin
     if (row.cells.size() != table.header.size())
         return fail(StringTable::IDS_CSV_CELL_COUNT, std::to_string(row.cells.size()),
                     std::to_string(table.header.size()));
-    const auto cell = [&](CsvField field) { return Cell(row, map[field]); };
+    const auto cell = [&](JumpField field) { return Cell(row, map[field]); };
 
-    if (map[CsvField::Number] >= 0 && !WholeNumber(cell(CsvField::Number), 1, 99999999, edits.number))
-        return fail(StringTable::IDS_CSV_BAD_NUMBER, Quote(cell(CsvField::Number)));
-    const std::string_view dateCell = cell(CsvField::Date);
+    if (map[JumpField::Number] >= 0 && !WholeNumber(cell(JumpField::Number), 1, 99999999, edits.number))
+        return fail(StringTable::IDS_CSV_BAD_NUMBER, Quote(cell(JumpField::Number)));
+    const std::string_view dateCell = cell(JumpField::Date);
     if (dateCell.empty())
         return fail(StringTable::IDS_CSV_NO_DATE);
     CDateTime date;
@@ -244,19 +240,19 @@ bool ReadRow(const CCsvTable& table, const CCsvTable::Row& row, const CCsvMappin
     int hour = 0, minute = 0, second = 0;
     DateParts parts;
     SplitDate(dateCell, parts);
-    std::string_view timeCell = map[CsvField::Time] >= 0 ? cell(CsvField::Time) : parts.rest;
+    std::string_view timeCell = map[JumpField::Time] >= 0 ? cell(JumpField::Time) : parts.rest;
     if (!timeCell.empty() && !ParseTime(timeCell, hour, minute, second))
         return fail(StringTable::IDS_CSV_BAD_TIME, Quote(timeCell));
     edits.timestamp.dateTime = CDateTime(date.Year(), date.Month(), date.Day(), hour, minute, second);
 
-    if (!ParseHeight(cell(CsvField::Exit), map.units == CsvHeightUnit::Feet, edits.exitHeight))
-        return fail(StringTable::IDS_CSV_BAD_HEIGHT, Quote(cell(CsvField::Exit)));
-    if (!ParseHeight(cell(CsvField::Open), map.units == CsvHeightUnit::Feet, edits.openHeight))
-        return fail(StringTable::IDS_CSV_BAD_HEIGHT, Quote(cell(CsvField::Open)));
-    const std::string_view freefallCell = cell(CsvField::Freefall);
+    if (!ParseHeight(cell(JumpField::Exit), map.units == CsvHeightUnit::Feet, edits.exitHeight))
+        return fail(StringTable::IDS_CSV_BAD_HEIGHT, Quote(cell(JumpField::Exit)));
+    if (!ParseHeight(cell(JumpField::Open), map.units == CsvHeightUnit::Feet, edits.openHeight))
+        return fail(StringTable::IDS_CSV_BAD_HEIGHT, Quote(cell(JumpField::Open)));
+    const std::string_view freefallCell = cell(JumpField::Freefall);
     if (!freefallCell.empty() && !ParseFreefall(freefallCell, edits.freefallTime))
         return fail(StringTable::IDS_CSV_BAD_FREEFALL, Quote(freefallCell));
-    const std::string_view kindCell = cell(CsvField::Fallrate);
+    const std::string_view kindCell = cell(JumpField::Fallrate);
     edits.fallrateKind = freefallCell.empty() ? FallrateKind::Standard : FallrateKind::Manual;
     if (!kindCell.empty()) {
         int kind = -1;
@@ -269,7 +265,7 @@ bool ReadRow(const CCsvTable& table, const CCsvTable::Row& row, const CCsvMappin
     }
     fallrate = {edits.fallrateKind, edits.exitHeight, edits.openHeight, edits.freefallTime, 0, 0.0, 0.0};
 
-    const auto number = [&](CsvField field, auto& target, bool whole) {
+    const auto number = [&](JumpField field, auto& target, bool whole) {
         const std::string_view text = cell(field);
         if (text.empty())
             return true;
@@ -283,41 +279,34 @@ bool ReadRow(const CCsvTable& table, const CCsvTable::Row& row, const CCsvMappin
         target = static_cast<std::remove_reference_t<decltype(target)>>(value);
         return true;
     };
-    if (!number(CsvField::WindDirection, edits.windDirection, true) ||
-        !number(CsvField::WindSpeed, edits.windSpeed, false) || !number(CsvField::Size, edits.size, true) ||
-        !number(CsvField::Points, edits.points, true))
+    if (!number(JumpField::WindDirection, edits.windDirection, true) ||
+        !number(JumpField::WindSpeed, edits.windSpeed, false) || !number(JumpField::Size, edits.size, true) ||
+        !number(JumpField::Points, edits.points, true))
         return false;
-    edits.place = cell(CsvField::Place);
-    edits.aircraft = cell(CsvField::Aircraft);
-    edits.type = cell(CsvField::Type);
-    edits.equipment = cell(CsvField::Equipment);
-    edits.landing = cell(CsvField::Landing);
-    edits.team = cell(CsvField::Team);
-    edits.malfunction = cell(CsvField::Malfunction);
-    edits.signer = cell(CsvField::SignedBy);
-    edits.noteText = NoteText(cell(CsvField::Note));
+    edits.place = cell(JumpField::Place);
+    edits.aircraft = cell(JumpField::Aircraft);
+    edits.type = cell(JumpField::Type);
+    edits.equipment = cell(JumpField::Equipment);
+    edits.landing = cell(JumpField::Landing);
+    edits.team = cell(JumpField::Team);
+    edits.malfunction = cell(JumpField::Malfunction);
+    edits.signer = cell(JumpField::Signer);
+    edits.noteText = NoteText(cell(JumpField::Note));
     return true;
 }
 
 } // namespace
 
-std::string_view CCsvJumpImport::FieldName(CsvField field)
+bool CCsvJumpImport::FieldFromName(std::string_view name, JumpField& field)
 {
-    return kFieldNames[static_cast<std::size_t>(field)];
+    JumpField named = JumpField::Count;
+    if (!JumpFieldFromName(name, named) || static_cast<std::size_t>(named) >= kSpreadsheetFieldCount)
+        return false;
+    field = named;
+    return true;
 }
 
-bool CCsvJumpImport::FieldFromName(std::string_view name, CsvField& field)
-{
-    for (std::size_t i = 0; i < kCsvFieldCount; ++i) {
-        if (EqualNoCase(name, kFieldNames[i])) {
-            field = static_cast<CsvField>(i);
-            return true;
-        }
-    }
-    return false;
-}
-
-bool CCsvJumpImport::FieldOfHeader(std::string_view header, CsvField& field)
+bool CCsvJumpImport::FieldOfHeader(std::string_view header, JumpField& field)
 {
     const std::string name = Normalise(header);
     for (const Alias& alias : kAliases) {
@@ -371,11 +360,11 @@ CCsvProposal CCsvJumpImport::Propose(const CCsvTable& table)
     CCsvMapping& map = proposal.mapping;
     bool unitFromHeader = false;
     for (std::size_t i = 0; i < table.header.size(); ++i) {
-        CsvField field;
+        JumpField field;
         if (!FieldOfHeader(table.header[i], field) || map[field] >= 0)
             continue;
         map[field] = static_cast<int>(i);
-        if (field == CsvField::Exit || field == CsvField::Open)
+        if (field == JumpField::Exit || field == JumpField::Open)
             unitFromHeader = unitFromHeader || UnitOfHeader(table.header[i], map.units);
     }
 
@@ -383,7 +372,7 @@ CCsvProposal CCsvJumpImport::Propose(const CCsvTable& table)
     bool dayFirst = false, monthFirst = false, either = false;
     for (const CCsvTable::Row& row : table.rows) {
         DateParts parts;
-        if (!SplitDate(Cell(row, map[CsvField::Date]), parts) || parts.iso)
+        if (!SplitDate(Cell(row, map[JumpField::Date]), parts) || parts.iso)
             continue;
         const bool asDay = ValidDate(parts.year, parts.b, parts.a);
         const bool asMonth = ValidDate(parts.year, parts.a, parts.b);
@@ -403,11 +392,11 @@ CCsvProposal CCsvJumpImport::Propose(const CCsvTable& table)
         map.dates = CsvDateOrder::Iso;
 
     // Heights without a unit in the header: metres unless the exits lie where only feet do.
-    if (!unitFromHeader && map[CsvField::Exit] >= 0) {
+    if (!unitFromHeader && map[JumpField::Exit] >= 0) {
         std::vector<double> exits;
         for (const CCsvTable::Row& row : table.rows) {
             double value = 0;
-            if (Decimal(Cell(row, map[CsvField::Exit]), value) && value > 0)
+            if (Decimal(Cell(row, map[JumpField::Exit]), value) && value > 0)
                 exits.push_back(value);
         }
         if (!exits.empty()) {
@@ -422,7 +411,7 @@ CCsvImportPlan CCsvJumpImport::Plan(const CCsvTable& table, const CCsvMapping& m
                                     const CDateTime& modified, int offsetMinutes)
 {
     CCsvImportPlan plan;
-    if (mapping[CsvField::Date] < 0) {
+    if (mapping[JumpField::Date] < 0) {
         plan.messageId = StringTable::IDS_CSV_NO_DATE_COLUMN;
         return plan;
     }
@@ -446,7 +435,7 @@ CCsvImportPlan CCsvJumpImport::Plan(const CCsvTable& table, const CCsvMapping& m
             ++plan.skipped;
             continue;
         }
-        if (mapping[CsvField::Number] < 0)
+        if (mapping[JumpField::Number] < 0)
             edits.number = nextNumber++;
         const std::string number = std::to_string(edits.number);
         if (!seen.insert(edits.number).second) {

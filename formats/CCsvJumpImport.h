@@ -2,6 +2,7 @@
 
 #include "formats/CCsvReader.h"
 #include "model/CJump.h"
+#include "model/JumpFields.h"
 #include "resources/CMessage.h"
 #include "xml/CDateTime.h"
 
@@ -13,32 +14,6 @@
 #include <vector>
 
 class CLogbookDoc;
-
-// The jump fields a column of a spreadsheet can fill, in the order of the export's columns.
-enum class CsvField
-{
-    Number,
-    Date,
-    Time,
-    Place,
-    Aircraft,
-    Type,
-    Exit,
-    Open,
-    Freefall,
-    Fallrate,
-    WindDirection,
-    WindSpeed,
-    Equipment,
-    Landing,
-    Team,
-    Size,
-    Points,
-    Malfunction,
-    SignedBy,
-    Note,
-};
-inline constexpr std::size_t kCsvFieldCount = static_cast<std::size_t>(CsvField::Note) + 1;
 
 enum class CsvDateOrder
 {
@@ -61,7 +36,7 @@ struct CCsvMapping
     CCsvMapping() { column.fill(-1); }
 
     // Per field the 0-based column of the table, or -1 when no column fills it.
-    std::array<int, kCsvFieldCount> column;
+    std::array<int, kSpreadsheetFieldCount> column;
     // How the day-first and month-first forms are read; ISO dates are read as ISO in any case.
     CsvDateOrder dates = CsvDateOrder::Unknown;
     CsvHeightUnit units = CsvHeightUnit::Metres;
@@ -69,8 +44,8 @@ struct CCsvMapping
     // otherwise such rows are skipped.
     bool replaceUnsigned = false;
 
-    int& operator[](CsvField field) { return column[static_cast<std::size_t>(field)]; }
-    int operator[](CsvField field) const { return column[static_cast<std::size_t>(field)]; }
+    int& operator[](JumpField field) { return column[static_cast<std::size_t>(field)]; }
+    int operator[](JumpField field) const { return column[static_cast<std::size_t>(field)]; }
 };
 
 // What the table itself suggests: the columns recognised by their header, the date form the
@@ -119,12 +94,10 @@ struct CCsvImportPlan
 class CCsvJumpImport
 {
 public:
-    // The field's name on the tool's command line ("number", "date", ... "note").
-    static std::string_view FieldName(CsvField field);
-    // The field of a command-line name (case ignored); false when there is none.
-    static bool FieldFromName(std::string_view name, CsvField& field);
+    // The spreadsheet field of a command-line name (case ignored); false when there is none.
+    static bool FieldFromName(std::string_view name, JumpField& field);
     // The field a header cell names ("Jump #", "Datum", "Exit [ft]", ...); false when none.
-    static bool FieldOfHeader(std::string_view header, CsvField& field);
+    static bool FieldOfHeader(std::string_view header, JumpField& field);
     // The column a command line names: a header cell (case ignored) or a 1-based column
     // number; -1 when the table has no such column.
     static int ColumnOf(const CCsvTable& table, std::string_view name);

@@ -4,6 +4,7 @@
 #include "document/CLogbookDoc.h"
 #include "formats/CTextFormat.h"
 #include "model/CGpsSample.h"
+#include "model/JumpElements.h"
 #include "xml/XmlValues.h"
 
 #include <QString>
@@ -24,12 +25,18 @@ QJsonArray TextList(const std::vector<std::string>& list)
     return array;
 }
 
-QJsonObject FromPairs(std::initializer_list<std::pair<const char*, QJsonValue>> pairs)
+QJsonObject FromPairs(std::initializer_list<std::pair<std::string_view, QJsonValue>> pairs)
 {
     QJsonObject object;
     for (const auto& [key, value] : pairs)
-        object.insert(QLatin1String(key), value);
+        object.insert(QLatin1String(key.data(), static_cast<qsizetype>(key.size())), value);
     return object;
+}
+
+// A jump's child as the logbook file names it.
+std::string_view Key(JumpElement element)
+{
+    return JumpElementName(element);
 }
 
 } // namespace
@@ -122,32 +129,33 @@ QJsonObject CJsonExporter::Jump(const CJump& jump, const CLogbookSettings& setti
         {"n", jump.GetNumber()},
         {"ts", Text(XmlZonedDateTimeToString(jump.GetTimestamp()))},
         {"mod", Text(XmlDateTimeToString(jump.GetModified()))},
-        {"dz", Text(jump.GetPlace())},
-        {"ac", Text(jump.GetAircraft())},
-        {"type", Text(jump.GetType())},
-        {"fallrate", Text(FallrateKindName(fallrate.kind))},
-        {"exit", fallrate.exitHeight},
-        {"open", fallrate.openHeight},
-        {"ffTime", fallrate.freefallTime},
-        {"cpTime", fallrate.canopyTime},
-        {"vMax", fallrate.maxSpeed},
-        {"vAvg", fallrate.avgSpeed},
-        {"wind", FromPairs({{"direction", jump.GetWind().direction}, {"speed", jump.GetWind().speed}})},
-        {"landing", Text(jump.GetLanding())},
+        {Key(JumpElement::Place), Text(jump.GetPlace())},
+        {Key(JumpElement::Aircraft), Text(jump.GetAircraft())},
+        {Key(JumpElement::Type), Text(jump.GetType())},
+        {Key(JumpElement::Fallrate), Text(FallrateKindName(fallrate.kind))},
+        {Key(JumpElement::ExitHeight), fallrate.exitHeight},
+        {Key(JumpElement::OpenHeight), fallrate.openHeight},
+        {Key(JumpElement::FreefallTime), fallrate.freefallTime},
+        {Key(JumpElement::CanopyTime), fallrate.canopyTime},
+        {Key(JumpElement::MaxSpeed), fallrate.maxSpeed},
+        {Key(JumpElement::AvgSpeed), fallrate.avgSpeed},
+        {Key(JumpElement::Wind), FromPairs({{"direction", jump.GetWind().direction}, {"speed", jump.GetWind().speed}})},
+        {Key(JumpElement::Landing), Text(jump.GetLanding())},
         // "n" is the position in the rig list when the jump names a rig by number, else null.
-        {"equipment",
+        {Key(JumpElement::Equipment),
          FromPairs({{"n", equipment.mode == CJumpEquipmentRef::ByIndex ? QJsonValue(equipment.index) : QJsonValue()},
                     {"description", Text(equipment.mode == CJumpEquipmentRef::ByDescription ? equipment.description
                                                                                             : std::string())}})},
-        {"size", jump.GetSize()},
-        {"points", jump.GetPoints()},
-        {"team", Text(jump.GetTeam())},
-        {"malfunction", Text(jump.GetMalfunction())},
-        {"image", images},
-        {"video", FromPairs({{"name", Text(jump.GetVideo().name)}, {"offset", jump.GetVideo().offset}})},
-        {"note", Text(jump.GetNote())},
-        {"profile", Profile(jump.GetRecording())},
-        {"signature", Signature(jump.GetSignature())},
+        {Key(JumpElement::Size), jump.GetSize()},
+        {Key(JumpElement::Points), jump.GetPoints()},
+        {Key(JumpElement::Team), Text(jump.GetTeam())},
+        {Key(JumpElement::Malfunction), Text(jump.GetMalfunction())},
+        {Key(JumpElement::Image), images},
+        {Key(JumpElement::Video),
+         FromPairs({{"name", Text(jump.GetVideo().name)}, {"offset", jump.GetVideo().offset}})},
+        {Key(JumpElement::Note), Text(jump.GetNote())},
+        {Key(JumpElement::Profile), Profile(jump.GetRecording())},
+        {Key(JumpElement::Signature), Signature(jump.GetSignature())},
         {"freefallTime", jump.FreefallTime(settings)},
         {"noteText", Text(noteText)},
     });

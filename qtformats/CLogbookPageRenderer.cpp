@@ -4,6 +4,7 @@
 #include "document/CLogbookDoc.h"
 #include "formats/CTextFormat.h"
 #include "model/CJump.h"
+#include "model/JumpFields.h"
 #include "units/DurationText.h"
 
 #include <QFontMetricsF>
@@ -37,15 +38,6 @@ constexpr auto& Qs = CoreText::ToQt;
 QString Height(const CUnitSettings& units, int metres)
 {
     return metres == 0 ? QString() : Qs(CTextFormat::WholeNumber(units.HeightToDisplay(metres)));
-}
-
-QString FirstLine(const CJump& jump)
-{
-    std::string text;
-    if (!jump.GetNoteText(text))
-        return {};
-    const std::size_t end = text.find_first_of("\r\n");
-    return Qs(text.substr(0, end)).trimmed();
 }
 
 } // namespace
@@ -97,19 +89,20 @@ int CLogbookPageRenderer::Layout(const QSizeF& areaPoints)
         QString::fromLatin1(m_units.HeightLabel().data(), static_cast<int>(m_units.HeightLabel().size()));
     // Widths in points for a page 767 points wide, stretched or squeezed to the page.
     m_columns = {
-        {tr("No."), 34, Qt::AlignRight},
-        {tr("Date"), 50, Qt::AlignLeft},
-        {tr("Place"), 78, Qt::AlignLeft},
-        {tr("Aircraft"), 56, Qt::AlignLeft},
-        {tr("Equipment"), 66, Qt::AlignLeft},
-        {tr("Exit (%1)").arg(height), 38, Qt::AlignRight},
-        {tr("Opening (%1)").arg(height), 40, Qt::AlignRight},
-        {tr("Freefall"), 40, Qt::AlignRight},
-        {tr("Fall rate"), 46, Qt::AlignLeft},
-        {tr("Type"), 58, Qt::AlignLeft},
-        {tr("Landing"), 50, Qt::AlignLeft},
-        {tr("Description"), 101, Qt::AlignLeft},
-        {tr("Signature"), 110, Qt::AlignHCenter},
+        {JumpField::Number, tr("No."), 34, Qt::AlignRight},
+        {JumpField::Date, tr("Date"), 50, Qt::AlignLeft},
+        {JumpField::Place, tr("Place"), 78, Qt::AlignLeft},
+        {JumpField::Aircraft, tr("Aircraft"), 56, Qt::AlignLeft},
+        {JumpField::Equipment, tr("Equipment"), 66, Qt::AlignLeft},
+        {JumpField::Exit, tr("Exit (%1)").arg(height), 38, Qt::AlignRight},
+        {JumpField::Open, tr("Opening (%1)").arg(height), 40, Qt::AlignRight},
+        {JumpField::Freefall, tr("Freefall"), 40, Qt::AlignRight},
+        {JumpField::Fallrate, tr("Fall rate"), 46, Qt::AlignLeft},
+        {JumpField::Type, tr("Type"), 58, Qt::AlignLeft},
+        {JumpField::Landing, tr("Landing"), 50, Qt::AlignLeft},
+        {JumpField::Note, tr("Description"), 101, Qt::AlignLeft},
+        // The witness's strokes and name (CSignatureCell), always the last column.
+        {JumpField::Signer, tr("Signature"), 110, Qt::AlignHCenter},
     };
     double sum = 0;
     for (const Column& column : m_columns)
@@ -240,23 +233,41 @@ QString CLogbookPageRenderer::KindText(FallrateKind kind)
     return {};
 }
 
-QStringList CLogbookPageRenderer::RowTexts(const CJump& jump) const
+QString CLogbookPageRenderer::CellText(const CJump& jump, JumpField field) const
 {
     const CLogbookSettings& settings = m_doc.GetSettings();
-    return {
-        QString::number(jump.GetNumber()),
-        Qs(CTextFormat::IsoDate(jump.GetTimestamp().dateTime)),
-        Qs(jump.GetPlace()),
-        Qs(jump.GetAircraft()),
-        Qs(jump.GetEquipmentText(settings.GetEquipmentList())),
-        Height(m_units, jump.GetExitHeight()),
-        Height(m_units, jump.GetOpenHeight()),
-        Qs(DurationToText(jump.FreefallTime(settings), false)),
-        KindText(jump.GetFallrateKind()),
-        Qs(jump.GetType()),
-        Qs(jump.GetLanding()),
-        FirstLine(jump),
-    };
+    std::string scratch;
+    double value = 0;
+    JumpFieldNumber(jump, field, settings, value);
+    switch (JumpFieldInfoOf(field).type) {
+    case JumpFieldType::Whole:
+        return QString::number(static_cast<int>(value));
+    case JumpFieldType::Date:
+        return Qs(CTextFormat::IsoDate(jump.GetTimestamp().dateTime));
+    case JumpFieldType::Text: {
+        std::string_view text = JumpFieldText(jump, field, settings, scratch);
+        // A note gives its first line.
+        if (field == JumpField::Note)
+            return Qs(std::string(text.substr(0, text.find_first_of("\r\n")))).trimmed();
+        return Qs(std::string(text));
+    }
+    case JumpFieldType::Height:
+        return Height(m_units, static_cast<int>(value));
+    case JumpFieldType::Duration:
+        return Qs(DurationToText(static_cast<int>(value), false));
+    case JumpFieldType::Kind:
+        return KindText(static_cast<int>(value));
+    default:
+        return {};
+    }
+}
+
+QStringList CLogbookPageRenderer::RowTexts(const CJump& jump) const
+{
+    QStringList texts;
+    for (std::size_t c = 0; c + 1 < m_columns.size(); ++c)
+        texts << CellText(jump, m_columns[c].field);
+    return texts;
 }
 
 void CLogbookPageRenderer::PaintRows(QPainter& painter, const CPrintedPage& page, double dot)

@@ -2,6 +2,7 @@
 
 #include "formats/CLogbookPagePlan.h"
 #include "model/FallrateKind.h"
+#include "model/JumpFields.h"
 #include "qtformats/CSignatureCell.h"
 #include "units/CUnitSettings.h"
 
@@ -91,8 +92,10 @@ public:
     static double Scale(double dpi) { return dpi / 720.0; }
 
 private:
+    // A column of the rows: the jump's field it shows, its title, width and alignment.
     struct Column
     {
+        JumpField field;
         QString title;
         double width;
         Qt::Alignment align;
@@ -102,6 +105,9 @@ private:
     void PaintRows(QPainter& painter, const CPrintedPage& page, double dot);
     void PaintFooter(QPainter& painter, const CPrintedPage& page);
     void PaintDetail(QPainter& painter, const CPrintedPage& page);
+    // The text of a field in a row's cell: heights in the display units and empty for 0, the
+    // note's first line.
+    QString CellText(const CJump& jump, JumpField field) const;
     // The texts of a row's cells, in column order (the signature cell's text is not among them).
     QStringList RowTexts(const CJump& jump) const;
     // Text in cell on one line: shrunk down to minSize and then cut with an ellipsis to fit.

@@ -49,36 +49,23 @@ CJumpIndex::Entry CJumpIndex::MakeEntry(const CJump& jump) const
 {
     const CLogbookSettings& settings = m_doc.GetSettings();
     const CEquipmentList& rigs = settings.GetEquipmentList();
-    std::string note;
-    jump.GetNoteText(note); // a note whose markup is broken has no text to find
-    const std::string rig = jump.GetEquipmentText(rigs);
-    const std::string* fields[kFields] = {&jump.GetPlace(),
-                                          &jump.GetAircraft(),
-                                          &jump.GetType(),
-                                          &jump.GetTeam(),
-                                          &jump.GetLanding(),
-                                          &jump.GetMalfunction(),
-                                          &rig,
-                                          &jump.GetSignature().GetName(),
-                                          &note};
     Entry entry;
+    std::string scratch;
     for (std::size_t f = 0; f < kFields; ++f) {
         entry.starts[f] = static_cast<std::uint32_t>(entry.text.size());
-        AppendFoldedText(*fields[f], entry.text);
+        AppendFoldedText(JumpFieldText(jump, kQueryFieldSources[f], settings, scratch), entry.text);
         entry.text += '\n';
     }
     entry.starts[kFields] = static_cast<std::uint32_t>(entry.text.size());
     entry.signature = WordStartSignature(entry.text);
 
-    const CDateTime& when = jump.GetTimestamp().dateTime;
-    const auto set = [&entry](QueryNumber which, std::int64_t value) {
-        entry.numbers[static_cast<std::size_t>(which)] = static_cast<std::int32_t>(value);
-    };
-    set(QueryNumber::JumpNumber, jump.GetNumber());
-    set(QueryNumber::Day, when.IsValid() ? when.DayNumber() : kNoDay);
-    set(QueryNumber::ExitHeight, jump.GetExitHeight());
-    set(QueryNumber::OpenHeight, jump.GetOpenHeight());
-    set(QueryNumber::Freefall, jump.FreefallTime(settings));
+    for (std::size_t n = 0; n < entry.numbers.size(); ++n) {
+        double value = 0;
+        const bool present = JumpFieldNumber(jump, kQueryNumberSources[n], settings, value);
+        // A jump without a valid date is found by no date.
+        entry.numbers[n] =
+            kQueryNumberSources[n] == JumpField::Date && !present ? kNoDay : static_cast<std::int32_t>(value);
+    }
 
     const auto flag = [&entry](bool on, std::uint32_t bit) { entry.flags |= on ? bit : 0u; };
     flag(jump.IsSigned(), kFlagSigned);

@@ -1,5 +1,8 @@
 #pragma once
 
+#include "model/JumpFields.h"
+
+#include <array>
 #include <cstdint>
 #include <limits>
 #include <string>
@@ -32,6 +35,13 @@ enum class QueryNumber : std::uint8_t
     Freefall,   // "ff:" seconds as the list shows them
     Count
 };
+
+// The jump's field behind each text field and each number of a search, in their order.
+inline constexpr std::array<JumpField, static_cast<std::size_t>(QueryField::Count)> kQueryFieldSources = {
+    JumpField::Place,       JumpField::Aircraft,  JumpField::Type,   JumpField::Team, JumpField::Landing,
+    JumpField::Malfunction, JumpField::Equipment, JumpField::Signer, JumpField::Note};
+inline constexpr std::array<JumpField, static_cast<std::size_t>(QueryNumber::Count)> kQueryNumberSources = {
+    JumpField::Number, JumpField::Date, JumpField::Exit, JumpField::Open, JumpField::Freefall};
 
 // The yes/no properties of a jump ("signed:", "has:"), as bits.
 enum QueryFlag : std::uint32_t

@@ -227,14 +227,6 @@ void HeightRangeToMetres(Bound& low, Bound& high, const CUnitSettings& units)
     }
 }
 
-struct TextKey
-{
-    std::string_view key;
-    QueryField field;
-};
-constexpr TextKey kTextKeys[] = {{"dz", QueryField::Place},  {"ac", QueryField::Aircraft},   {"type", QueryField::Type},
-                                 {"team", QueryField::Team}, {"signer", QueryField::Signer}, {"rig", QueryField::Rig}};
-
 struct HasName
 {
     std::string_view name;
@@ -262,6 +254,26 @@ std::optional<int> RigNumber(std::string_view value)
     return static_cast<int>(number);
 }
 
+// The field a typed term's key names ("year" is the date's, read as whole years); null for none.
+const JumpFieldInfo* FieldOfKey(std::string_view key)
+{
+    if (key == "year")
+        return &JumpFieldInfoOf(JumpField::Date);
+    for (const JumpFieldInfo& info : JumpFields())
+        if (!info.term.empty() && info.term == key)
+            return &info;
+    return nullptr;
+}
+
+// Makes term a range of the field's number.
+void RangeOf(JumpField field, CQueryTerm& term)
+{
+    term.kind = CQueryTerm::Range;
+    for (std::size_t n = 0; n < kQueryNumberSources.size(); ++n)
+        if (kQueryNumberSources[n] == field)
+            term.number = static_cast<QueryNumber>(n);
+}
+
 QueryProblem ReadTerm(const Token& token, const CUnitSettings& units, CQueryTerm& term)
 {
     term.source = token.source;
@@ -271,7 +283,8 @@ QueryProblem ReadTerm(const Token& token, const CUnitSettings& units, CQueryTerm
     if (token.value.empty())
         return QueryProblem::NothingToFind;
     const std::string& key = token.key;
-    if (key == "rig") {
+    const JumpFieldInfo* field = FieldOfKey(key);
+    if (field && field->field == JumpField::Equipment) {
         if (const std::optional<int> number = RigNumber(token.value)) {
             term.kind = CQueryTerm::Equals;
             term.equality = CQueryTerm::RigNumber;
@@ -279,34 +292,46 @@ QueryProblem ReadTerm(const Token& token, const CUnitSettings& units, CQueryTerm
             return QueryProblem::None;
         }
     }
-    for (const TextKey& text : kTextKeys) {
-        if (key == text.key)
-            return ReadText(token, text.field, term);
-    }
-    term.kind = CQueryTerm::Range;
-    if (key == "n") {
-        term.number = QueryNumber::JumpNumber;
+    const std::string value = Lower(token.value);
+    switch (field ? field->type : JumpFieldType::State) {
+    case JumpFieldType::Text:
+        for (std::size_t f = 0; f < kQueryFieldSources.size(); ++f)
+            if (kQueryFieldSources[f] == field->field)
+                return ReadText(token, static_cast<QueryField>(f), term);
+        break;
+    case JumpFieldType::Whole:
+        RangeOf(field->field, term);
         return ReadRange(token.value, term.low, term.high, ReadNumberEnd);
-    }
-    if (key == "date" || key == "year") {
+    case JumpFieldType::Date: {
         const bool yearOnly = key == "year";
-        term.number = QueryNumber::Day;
+        RangeOf(field->field, term);
         return ReadRange(token.value, term.low, term.high, [yearOnly](std::string_view text, bool upper, Bound& v) {
             return ReadDateEnd(text, upper, v, yearOnly);
         });
     }
-    if (key == "exit" || key == "open") {
-        term.number = key == "exit" ? QueryNumber::ExitHeight : QueryNumber::OpenHeight;
+    case JumpFieldType::Height: {
+        RangeOf(field->field, term);
         const QueryProblem problem = ReadRange(token.value, term.low, term.high, ReadNumberEnd);
         if (problem == QueryProblem::None)
             HeightRangeToMetres(term.low, term.high, units);
         return problem;
     }
-    if (key == "ff") {
-        term.number = QueryNumber::Freefall;
+    case JumpFieldType::Duration:
+        RangeOf(field->field, term);
         return ReadRange(token.value, term.low, term.high, ReadDurationEnd);
+    case JumpFieldType::Kind:
+        term.kind = CQueryTerm::Equals;
+        term.equality = CQueryTerm::FallrateKind;
+        for (const int kind : {Standard, Vertical, Custom, Manual, Import}) {
+            if (value == Lower(FallrateKindName(kind))) {
+                term.value = kind;
+                return QueryProblem::None;
+            }
+        }
+        return QueryProblem::UnknownKind;
+    default:
+        break;
     }
-    const std::string value = Lower(token.value);
     if (key == "signed") {
         term.kind = CQueryTerm::Flag;
         term.flag = value == "sealed"     ? kFlagSealIntact
@@ -327,17 +352,6 @@ QueryProblem ReadTerm(const Token& token, const CUnitSettings& units, CQueryTerm
             }
         }
         return QueryProblem::UnknownHas;
-    }
-    if (key == "kind") {
-        term.kind = CQueryTerm::Equals;
-        term.equality = CQueryTerm::FallrateKind;
-        for (int kind = 0; kind < kFallrateKindCount; ++kind) {
-            if (value == Lower(FallrateKindName(static_cast<FallrateKind>(kind)))) {
-                term.value = kind;
-                return QueryProblem::None;
-            }
-        }
-        return QueryProblem::UnknownKind;
     }
     return QueryProblem::UnknownTerm;
 }

@@ -121,6 +121,28 @@ enum MessageId : int
     IDS_SEAL_INTACT = 6100,
     IDS_SEAL_CHANGED = 6101,
     IDS_SEAL_NONE = 6102,
+    // A jump's fields as the columns of a table name them (model/JumpFields.h); "%1" is the
+    // height unit.
+    IDS_FIELD_DATE = 6200,
+    IDS_FIELD_TIME = 6201,
+    IDS_FIELD_PLACE = 6202,
+    IDS_FIELD_AIRCRAFT = 6203,
+    IDS_FIELD_TYPE = 6204,
+    IDS_FIELD_EXIT = 6205,
+    IDS_FIELD_OPEN = 6206,
+    IDS_FIELD_FREEFALL = 6207,
+    IDS_FIELD_WIND_DIRECTION = 6208,
+    IDS_FIELD_WIND_SPEED = 6209,
+    IDS_FIELD_RIG = 6210,
+    IDS_FIELD_LANDING = 6211,
+    IDS_FIELD_TEAM = 6212,
+    IDS_FIELD_SIZE = 6213,
+    IDS_FIELD_POINTS = 6214,
+    IDS_FIELD_MALFUNCTION = 6215,
+    IDS_FIELD_SIGNER = 6216,
+    IDS_FIELD_NOTE = 6217,
+    IDS_FIELD_RECORDING = 6218,
+    IDS_FIELD_SEAL = 6219,
 };
 
 // The maker's support address, which ends message 4015.

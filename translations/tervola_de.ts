@@ -871,78 +871,6 @@
         <source>Profile</source>
         <translation>Profil</translation>
     </message>
-    <message>
-        <source>Jump</source>
-        <translation>Sprung</translation>
-    </message>
-    <message>
-        <source>Date</source>
-        <translation>Datum</translation>
-    </message>
-    <message>
-        <source>Time</source>
-        <translation>Zeit</translation>
-    </message>
-    <message>
-        <source>Place</source>
-        <translation>Sprungplatz</translation>
-    </message>
-    <message>
-        <source>Aircraft</source>
-        <translation>Flugzeug</translation>
-    </message>
-    <message>
-        <source>Type</source>
-        <translation>Sprungart</translation>
-    </message>
-    <message>
-        <source>Exit [%1]</source>
-        <translation>Absprung [%1]</translation>
-    </message>
-    <message>
-        <source>Opening [%1]</source>
-        <translation>Öffnung [%1]</translation>
-    </message>
-    <message>
-        <source>Freefall</source>
-        <translation>Freifall</translation>
-    </message>
-    <message>
-        <source>Fallrate</source>
-        <translation>Fallrate</translation>
-    </message>
-    <message>
-        <source>Rig</source>
-        <translation>Ausrüstung</translation>
-    </message>
-    <message>
-        <source>Landing</source>
-        <translation>Landung</translation>
-    </message>
-    <message>
-        <source>Team</source>
-        <translation>Team</translation>
-    </message>
-    <message>
-        <source>Malfunction</source>
-        <translation>Störung</translation>
-    </message>
-    <message>
-        <source>Signed by</source>
-        <translation>Unterschrieben von</translation>
-    </message>
-    <message>
-        <source>Recording</source>
-        <translation>Aufzeichnung</translation>
-    </message>
-    <message>
-        <source>Note</source>
-        <translation>Notiz</translation>
-    </message>
-    <message>
-        <source>Seal</source>
-        <translation>Siegel</translation>
-    </message>
 </context>
 <context>
     <name>CKqNumberField</name>
@@ -2238,6 +2166,106 @@ Das Sprungbuch für Fallschirmspringer.
         <source>Jump %1 can take only one track.</source>
         <comment>4233</comment>
         <translation>Sprung %1 kann nur einen Track aufnehmen.</translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <comment>6200</comment>
+        <translation>Datum</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <comment>6201</comment>
+        <translation>Zeit</translation>
+    </message>
+    <message>
+        <source>Place</source>
+        <comment>6202</comment>
+        <translation>Sprungplatz</translation>
+    </message>
+    <message>
+        <source>Aircraft</source>
+        <comment>6203</comment>
+        <translation>Flugzeug</translation>
+    </message>
+    <message>
+        <source>Type</source>
+        <comment>6204</comment>
+        <translation>Sprungart</translation>
+    </message>
+    <message>
+        <source>Exit [%1]</source>
+        <comment>6205</comment>
+        <translation>Absprung [%1]</translation>
+    </message>
+    <message>
+        <source>Opening [%1]</source>
+        <comment>6206</comment>
+        <translation>Öffnung [%1]</translation>
+    </message>
+    <message>
+        <source>Freefall</source>
+        <comment>6207</comment>
+        <translation>Freifall</translation>
+    </message>
+    <message>
+        <source>Wind direction</source>
+        <comment>6208</comment>
+        <translation>Windrichtung</translation>
+    </message>
+    <message>
+        <source>Wind speed</source>
+        <comment>6209</comment>
+        <translation>Windgeschwindigkeit</translation>
+    </message>
+    <message>
+        <source>Rig</source>
+        <comment>6210</comment>
+        <translation>Ausrüstung</translation>
+    </message>
+    <message>
+        <source>Landing</source>
+        <comment>6211</comment>
+        <translation>Landung</translation>
+    </message>
+    <message>
+        <source>Team</source>
+        <comment>6212</comment>
+        <translation>Team</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <comment>6213</comment>
+        <translation>Gruppengröße</translation>
+    </message>
+    <message>
+        <source>Points</source>
+        <comment>6214</comment>
+        <translation>Punkte</translation>
+    </message>
+    <message>
+        <source>Malfunction</source>
+        <comment>6215</comment>
+        <translation>Störung</translation>
+    </message>
+    <message>
+        <source>Signed by</source>
+        <comment>6216</comment>
+        <translation>Unterschrieben von</translation>
+    </message>
+    <message>
+        <source>Note</source>
+        <comment>6217</comment>
+        <translation>Notiz</translation>
+    </message>
+    <message>
+        <source>Recording</source>
+        <comment>6218</comment>
+        <translation>Aufzeichnung</translation>
+    </message>
+    <message>
+        <source>Seal</source>
+        <comment>6219</comment>
+        <translation>Siegel</translation>
     </message>
 </context>
 </TS>

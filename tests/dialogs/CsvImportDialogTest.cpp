@@ -92,8 +92,8 @@ private slots:
         dialog.UnitsCombo()->setCurrentIndex(1);
         QVERIFY(preview->item(1)->text().contains(QStringLiteral("Exit 1,219 m")));
         dialog.Tabs()->setCurrentIndex(1);
-        dialog.ColumnCombo(CsvField::Aircraft)->setCurrentIndex(4); // "Ort"
-        QCOMPARE(dialog.ColumnCombo(CsvField::Place)->currentIndex(), 0);
+        dialog.ColumnCombo(JumpField::Aircraft)->setCurrentIndex(4); // "Ort"
+        QCOMPARE(dialog.ColumnCombo(JumpField::Place)->currentIndex(), 0);
         QVERIFY(!preview->item(1)->text().contains(QStringLiteral("J\u00e4mij\u00e4rvi")));
 
         dialog.findChild<QPushButton*>(QStringLiteral("importButton"))->click();

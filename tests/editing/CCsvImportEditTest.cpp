@@ -32,7 +32,7 @@ TEST(CsvImportEdit, ChecksTheDateFormAndColumnBeforeApplying)
         CCsvImportEdit edit(doc, CDateTime(2024, 7, 1), 0);
         ASSERT_EQ(edit.Load(c.csv), 0);
         if (c.dateColumn >= 0)
-            edit.SetColumn(CsvField::Date, c.dateColumn);
+            edit.SetColumn(JumpField::Date, c.dateColumn);
         if (c.dates != CsvDateOrder::Unknown)
             edit.SetDates(c.dates);
         const CCheckResult check = edit.Check();

@@ -32,31 +32,31 @@ TEST(CsvJumpImport, RecognisesEnglishAndGermanHeaders)
         const char* header;
         int field; // -1: none
     } cases[] = {
-        {"Jump #", int(CsvField::Number)},
-        {"No.", int(CsvField::Number)},
-        {"Nr", int(CsvField::Number)},
-        {"Datum", int(CsvField::Date)},
-        {"DZ", int(CsvField::Place)},
-        {"Drop zone", int(CsvField::Place)},
-        {"Ort", int(CsvField::Place)},
-        {"Flugzeug", int(CsvField::Aircraft)},
-        {"Exit [ft]", int(CsvField::Exit)},
-        {"ABSPRUNGH\xC3\x96HE (m)", int(CsvField::Exit)},
-        {"Pull", int(CsvField::Open)},
-        {"Deploy", int(CsvField::Open)},
-        {"Delay", int(CsvField::Freefall)},
-        {"Freifall", int(CsvField::Freefall)},
-        {"Jump type", int(CsvField::Type)},
-        {"Rig", int(CsvField::Equipment)},
-        {"Bemerkung", int(CsvField::Note)},
-        {"Comments", int(CsvField::Note)},
-        {"Witness", int(CsvField::SignedBy)},
-        {"Signed by", int(CsvField::SignedBy)},
-        {"Wind speed [m/s]", int(CsvField::WindSpeed)},
+        {"Jump #", int(JumpField::Number)},
+        {"No.", int(JumpField::Number)},
+        {"Nr", int(JumpField::Number)},
+        {"Datum", int(JumpField::Date)},
+        {"DZ", int(JumpField::Place)},
+        {"Drop zone", int(JumpField::Place)},
+        {"Ort", int(JumpField::Place)},
+        {"Flugzeug", int(JumpField::Aircraft)},
+        {"Exit [ft]", int(JumpField::Exit)},
+        {"ABSPRUNGH\xC3\x96HE (m)", int(JumpField::Exit)},
+        {"Pull", int(JumpField::Open)},
+        {"Deploy", int(JumpField::Open)},
+        {"Delay", int(JumpField::Freefall)},
+        {"Freifall", int(JumpField::Freefall)},
+        {"Jump type", int(JumpField::Type)},
+        {"Rig", int(JumpField::Equipment)},
+        {"Bemerkung", int(JumpField::Note)},
+        {"Comments", int(JumpField::Note)},
+        {"Witness", int(JumpField::Signer)},
+        {"Signed by", int(JumpField::Signer)},
+        {"Wind speed [m/s]", int(JumpField::WindSpeed)},
         {"Colour", -1},
     };
     for (const auto& c : cases) {
-        CsvField field = CsvField::Note;
+        JumpField field = JumpField::Note;
         const bool found = CCsvJumpImport::FieldOfHeader(c.header, field);
         EXPECT_EQ(found ? int(field) : -1, c.field) << c.header;
     }

@@ -31,8 +31,8 @@ std::string FuzzCsvJumps(const std::uint8_t* data, std::size_t size)
         CCsvMapping mapping = proposal.mapping;
         if (mapping.dates == CsvDateOrder::Unknown)
             mapping.dates = order;
-        if (mapping[CsvField::Date] < 0)
-            mapping[CsvField::Date] = 0;
+        if (mapping[JumpField::Date] < 0)
+            mapping[JumpField::Date] = 0;
         CLogbookDoc doc;
         CCsvImportPlan plan = CCsvJumpImport::Plan(read.table, mapping, doc, CDateTime(2026, 1, 1), 0);
         if (plan.messageId != 0)

@@ -124,6 +124,7 @@ private slots:
         changed->SetPlace("Kiviniemi");
         changed->SetSignature("Aino Sealed", {{{0, 0}, {40, 10}}});
         changed->Signature().SetLicence("D-12345");
+        changed->SetNoteText("Short note\r\nsecond line");
         changed->Signature().SetId(JumpSeal::Compute(*changed, m_doc.GetSettings()));
         changed->SetPlace("Elsewhere");
         m_doc.AddJump(std::move(changed));
@@ -154,6 +155,9 @@ private slots:
                 if (paper == QPageSize::A4 && (page == 0 || page == pages - 1 || page == firstDetail))
                     SavePicture(image, QStringLiteral("print_page_%1.png").arg(page + 1));
             }
+            // A note's row shows its first line only.
+            for (const CLogbookPageRenderer::TextBox& box : renderer.TextBoxes())
+                QVERIFY2(!box.content.contains(QStringLiteral("second line")), qPrintable(box.content));
             const QStringList faults = LayoutFaults(renderer.TextBoxes());
             QVERIFY2(faults.isEmpty(), qPrintable(faults.mid(0, 10).join(QLatin1Char('\n'))));
             renderer.RecordTextBoxes(false);

@@ -25,7 +25,7 @@ TEST(StringTable, IdsListEveryMessageOnceInOrder)
     const std::vector<int> ids = Ids();
     ASSERT_FALSE(ids.empty());
     EXPECT_EQ(ids.front(), IDS_WRITE_ERROR);
-    EXPECT_EQ(ids.back(), IDS_SEAL_NONE);
+    EXPECT_EQ(ids.back(), IDS_FIELD_SEAL);
     for (std::size_t i = 0; i < ids.size(); ++i) {
         EXPECT_TRUE(Has(ids[i])) << ids[i];
         if (i > 0) {
