@@ -58,7 +58,7 @@ std::string CCsvExporter::Cell(const CJump& jump, const JumpFieldInfo& info, con
     case JumpFieldType::Duration:
         return DurationToText(static_cast<int>(value), false);
     case JumpFieldType::Kind:
-        return std::string(FallrateKindName(static_cast<int>(value)));
+        return std::string(FallrateKindName(static_cast<FallrateKind>(static_cast<int>(value))));
     case JumpFieldType::Wind:
         if (!present)
             return {};

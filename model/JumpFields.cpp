@@ -132,7 +132,7 @@ bool JumpFieldNumber(const CJump& jump, JumpField field, const CLogbookSettings&
         value = jump.FreefallTime(settings);
         return true;
     case JumpField::Fallrate:
-        value = jump.GetFallrateKind();
+        value = static_cast<int>(jump.GetFallrateKind());
         return true;
     case JumpField::WindDirection:
         value = jump.GetWind().direction;

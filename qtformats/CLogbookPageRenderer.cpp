@@ -256,7 +256,7 @@ QString CLogbookPageRenderer::CellText(const CJump& jump, JumpField field) const
     case JumpFieldType::Duration:
         return Qs(DurationToText(static_cast<int>(value), false));
     case JumpFieldType::Kind:
-        return KindText(static_cast<int>(value));
+        return KindText(static_cast<FallrateKind>(static_cast<int>(value)));
     default:
         return {};
     }

@@ -322,8 +322,8 @@ QueryProblem ReadTerm(const Token& token, const CUnitSettings& units, CQueryTerm
     case JumpFieldType::Kind:
         term.kind = CQueryTerm::Equals;
         term.equality = CQueryTerm::FallrateKind;
-        for (const int kind : {Standard, Vertical, Custom, Manual, Import}) {
-            if (value == Lower(FallrateKindName(kind))) {
+        for (int kind = 0; kind < kFallrateKindCount; ++kind) {
+            if (value == Lower(FallrateKindName(static_cast<FallrateKind>(kind)))) {
                 term.value = kind;
                 return QueryProblem::None;
             }

@@ -43,7 +43,7 @@ TEST(JumpFields, ValuesComeFromTheJump)
     jump.SetTeam("Sky");
     jump.SetMalfunction("Line twist");
     jump.SetEquipmentByDescription("Sabre 170");
-    jump.SetFallrate(Manual, 4000, 1000, 61, 0, 0);
+    jump.SetFallrate(FallrateKind::Manual, 4000, 1000, 61, 0, 0);
     jump.SetWind(270, 5.5);
     jump.SetSize(4);
     jump.SetPoints(12);
@@ -65,7 +65,7 @@ TEST(JumpFields, ValuesComeFromTheJump)
         {JumpField::Exit, "", 4000},
         {JumpField::Open, "", 1000},
         {JumpField::Freefall, "", 61},
-        {JumpField::Fallrate, "", Manual},
+        {JumpField::Fallrate, "", static_cast<int>(FallrateKind::Manual)},
         {JumpField::WindDirection, "", 270},
         {JumpField::WindSpeed, "", 5.5},
         {JumpField::Equipment, "Sabre 170", 0},
