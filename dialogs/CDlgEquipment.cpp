@@ -183,4 +183,3 @@ bool CDlgEquipment::Apply()
     m_edit.Store(*m_rig);
     return true;
 }
-
