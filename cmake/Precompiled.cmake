@@ -64,5 +64,14 @@ function(tervola_use_pch group)
     # plainly without a word.
     target_precompile_headers(${target} REUSE_FROM tervola_pch_${group})
     _tervola_pch_group_options(${group} ${target})
+    # A program's moc output is included by its own source ("X.moc"), so the file AUTOMOC adds to
+    # compile it besides is empty; reading the precompiled header for it would cost a second each.
+    get_target_property(type ${target} TYPE)
+    get_target_property(automoc ${target} AUTOMOC)
+    if(type STREQUAL "EXECUTABLE" AND automoc)
+      get_target_property(binary_dir ${target} BINARY_DIR)
+      set_source_files_properties(${binary_dir}/${target}_autogen/mocs_compilation.cpp TARGET_DIRECTORY ${target}
+                                  PROPERTIES SKIP_PRECOMPILE_HEADERS ON)
+    endif()
   endforeach()
 endfunction()

@@ -6,6 +6,9 @@
 set -euo pipefail
 root=$(cd "$(dirname "$0")/.." && pwd)
 jobs=$(nproc)
+# One compile more than there are cores keeps them busy while another job waits for the disk or
+# a link.
+build_jobs=$((jobs + 1))
 fuzz_seconds=${TERVOLA_FUZZ_SECONDS:-20}
 export QT_QPA_PLATFORM=offscreen
 started=$SECONDS
@@ -52,7 +55,7 @@ build="$root/build-test"
 cmake -S "$root" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DTERVOLA_WERROR=ON \
   -DCMAKE_CXX_FLAGS_RELWITHDEBINFO="-O2 -g1 -DNDEBUG" -DCMAKE_C_FLAGS_RELWITHDEBINFO="-O2 -g1 -DNDEBUG" \
   -DTERVOLA_TEST_OPTIMIZE=-O0 >/dev/null
-cmake --build "$build" -j"$jobs"
+cmake --build "$build" -j"$build_jobs"
 
 step "sanitizer build (address, undefined behaviour)"
 # Warnings are the main build's business (it has -Werror). This build is clang's, unoptimised
@@ -67,7 +70,7 @@ CC=clang CXX=clang++ cmake -S "$root" -B "$asan" -G Ninja -DCMAKE_BUILD_TYPE=Rel
   -DCMAKE_CXX_FLAGS_RELWITHDEBINFO="-O0 -g1 -DNDEBUG" -DCMAKE_C_FLAGS_RELWITHDEBINFO="-O0 -g1 -DNDEBUG" \
   -DTERVOLA_CORE_OPTIMIZE=-O1 \
   -DTERVOLA_WERROR=OFF -DTERVOLA_BUILD_BENCH=OFF >/dev/null
-cmake --build "$asan" -j"$jobs"
+cmake --build "$asan" -j"$build_jobs"
 step "sanitizer tests"
 if ! (cd "$asan" && UBSAN_OPTIONS=print_stacktrace=1 ctest --output-on-failure -j"$jobs" >"$asan/ctest.log" 2>&1); then
   tail -n 200 "$asan/ctest.log"
@@ -84,7 +87,7 @@ fuzz_targets=(xml_parser document_load xml_values query flysight_track csv_jumps
 CC=clang CXX=clang++ cmake -S "$root" -B "$fuzz" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo \
   -DCMAKE_CXX_FLAGS_RELWITHDEBINFO="-O1 -g1 -DNDEBUG" -DCMAKE_C_FLAGS_RELWITHDEBINFO="-O1 -g1 -DNDEBUG" \
   -DTERVOLA_FUZZ=ON -DTERVOLA_BUILD_GUI=OFF -DTERVOLA_BUILD_BENCH=OFF >/dev/null
-cmake --build "$fuzz" -j"$jobs" --target "${fuzz_targets[@]/#/fuzz_}"
+cmake --build "$fuzz" -j"$build_jobs" --target "${fuzz_targets[@]/#/fuzz_}"
 
 # Each target gets its full seconds; as many run at once as there are cores, since a fuzzer
 # uses one.
