@@ -8,9 +8,19 @@
 #include "tracks/TrackText.h"
 
 #include <cmath>
+#include <cstdio>
 #include <utility>
 
 namespace {
+
+// A pressure as a whole number of pascals, cut towards zero; a file may hold any number, even one
+// no integer type holds, so the text is made from the double itself.
+std::string WholePascals(double pressure)
+{
+    char text[400];
+    std::snprintf(text, sizeof text, "%.0f", std::trunc(pressure));
+    return text;
+}
 
 enum BaroColumn
 {
@@ -121,7 +131,7 @@ bool CFlySightReader::ReadSensorText(std::string_view text, std::vector<CBaroRea
                 return false;
             if (numbers[BaroPressure] < kLowestPressure || numbers[BaroPressure] > kHighestPressure)
                 return Fail(message, line.number,
-                            "the pressure " + std::to_string(static_cast<long long>(numbers[BaroPressure])) +
+                            "the pressure " + WholePascals(numbers[BaroPressure]) +
                                 " Pa is outside 5000 to 120000 Pa.");
             if (!readings.empty() && numbers[BaroTime] < readings.back().time)
                 return Fail(message, line.number, "the time goes backwards.");
